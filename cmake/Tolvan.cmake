@@ -1,0 +1,43 @@
+# What every target of the project shares: warnings, sanitizers, and the two calls by which folders declare
+# their library and their tests.
+
+add_library(tolvan_options INTERFACE)
+target_include_directories(tolvan_options INTERFACE ${CMAKE_SOURCE_DIR}/src)
+target_compile_options(
+  tolvan_options INTERFACE -Wall -Wextra -Wpedantic -Wshadow -Wconversion -Wsign-conversion -Wnon-virtual-dtor
+                           -Woverloaded-virtual -Wimplicit-fallthrough -Werror)
+if(TOLVAN_SANITIZE)
+  target_compile_options(tolvan_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all
+                                                  -fno-omit-frame-pointer)
+  target_link_options(tolvan_options INTERFACE -fsanitize=address,undefined)
+endif()
+
+# tolvan_library(NAME SOURCES file... [LINKS target...])
+#
+# A static library of one folder. Headers are included by their path below src/, such as
+# "platform/richtext/StyledText.h".
+function(tolvan_library name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  add_library(${name} STATIC ${arg_SOURCES})
+  target_link_libraries(${name} PUBLIC tolvan_options ${arg_LINKS})
+endfunction()
+
+# tolvan_test(NAME SOURCES file... [LINKS target...])
+#
+# A GoogleTest program of one folder; windows are drawn off-screen. Each of its tests is a test of its own in ctest.
+function(tolvan_test name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE tolvan_options ${arg_LINKS} GTest::gmock)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_compile_definitions(${name} PRIVATE TOLVAN_SOURCE_DIR="${CMAKE_SOURCE_DIR}"
+                                             TOLVAN_BIN_DIR="${CMAKE_RUNTIME_OUTPUT_DIRECTORY}")
+  if(NOT TARGET GTest::gtest_main)
+    message(FATAL_ERROR "GoogleTest without its main")
+  endif()
+  gtest_discover_tests(
+    ${name}
+    DISCOVERY_MODE PRE_TEST
+    DISCOVERY_TIMEOUT 60
+    PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()

@@ -1,0 +1,48 @@
+// What a running program can do to its console, whoever shows it: the window, or the text console of the command line.
+// Lengths are in the display's units (pixels at 100 % scaling), origin at the top left, y growing downwards.
+#pragma once
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tolvan {
+
+// Red in the low byte, then green, then blue.
+using Colour = std::uint32_t;
+
+class ConsoleOperations {
+  public:
+    ConsoleOperations() = default;
+    ConsoleOperations(const ConsoleOperations&) = delete;
+    ConsoleOperations& operator=(const ConsoleOperations&) = delete;
+    virtual ~ConsoleOperations() = default;
+
+    // Text is in internal text form: Latin runs in braces.
+    virtual void PrintString(std::string_view text) = 0;
+    // The typed line in internal text form, or nothing when the program was stopped while it waited.
+    virtual std::optional<std::string> InputString() = 0;
+    virtual void ClearScreen() = 0;
+    // Lets waiting window events run; false when the program is to stop.
+    virtual bool CheckForEvents() = 0;
+    virtual void StopExecution() = 0;
+
+    struct Point {
+        float x = 0;
+        float y = 0;
+    };
+    // Without a colour: the display's foreground colour. Without a start: from the current drawing position to `end`.
+    virtual void DrawPoint(Point at, std::optional<Colour> colour) = 0;
+    virtual void DrawLine(std::optional<Point> start, Point end, std::optional<Colour> colour) = 0;
+    enum class Fill : bool { Outline, Solid };
+    virtual void DrawBox(std::optional<Point> start, Point end, std::optional<Colour> colour, Fill fill) = 0;
+    virtual void DrawCircle(Point centre, float radius, std::optional<Colour> colour, Fill fill) = 0;
+    virtual float DisplayWidth() const = 0;
+    virtual float DisplayHeight() const = 0;
+
+    // A data file could not be opened, for the reason with this error number. Returns when the program is to go on.
+    virtual void FileOpenFailed(int number) = 0;
+};
+
+}  // namespace tolvan

@@ -1,0 +1,27 @@
+#include "platform/encoding/Deva.h"
+
+#include <gtest/gtest.h>
+
+namespace tolvan {
+namespace {
+
+TEST(Windows1252, EveryCodeComesBackFromItsCharacter) {
+    for (int code = 0; code < 256; ++code)
+        EXPECT_EQ(unicodeToWindows1252(windows1252ToUnicode(static_cast<std::uint8_t>(code))), code);
+}
+
+TEST(Windows1252, CharactersWithoutCode) {
+    for (const char32_t character : {0x0080U, 0x0093U, 0x0100U, 0x0915U, 0x2603U, 0x1F600U, 0x10FFFFU})
+        EXPECT_FALSE(unicodeToWindows1252(character)) << static_cast<unsigned>(character);
+}
+
+TEST(DevaLiteral, BytesOfTheFont) {
+    EXPECT_EQ("kaera"_deva, "kaera");
+    EXPECT_EQ(""_deva, "");
+    EXPECT_EQ("r<gacI €é"_deva, "r<gacI \x80\xE9");
+    EXPECT_EQ("a\u009dŽ—"_deva, "a\x9D\x8E\x97");
+    EXPECT_EQ("%\"f"_deva, "%\"f");
+}
+
+}  // namespace
+}  // namespace tolvan
