@@ -22,6 +22,14 @@ function(tolvan_library name)
   target_link_libraries(${name} PUBLIC tolvan_options ${arg_LINKS})
 endfunction()
 
+# The same for a folder with windows: classes with signals and resource files are found by themselves.
+function(tolvan_qt_library name)
+  tolvan_library(${name} ${ARGN})
+  set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
+  target_link_libraries(${name} PUBLIC Qt6::Widgets)
+  target_compile_definitions(${name} PUBLIC QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
+endfunction()
+
 # tolvan_test(NAME SOURCES file... [LINKS target...])
 #
 # A GoogleTest program of one folder; windows are drawn off-screen. Each of its tests is a test of its own in ctest.
