@@ -1,0 +1,148 @@
+#include "dialogs/RichTextView.h"
+
+#include "dialogs/Look.h"
+#include "dialogs/ProvisionalFonts.h"
+
+#include <QKeyEvent>
+#include <QPainter>
+#include <QScrollBar>
+#include <QTextOption>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tolvan {
+namespace {
+
+constexpr double unlimited = 1e6;
+
+// Ends the line at the last blank that it reaches; in a word that is longer than the line, where the line ends.
+void breakAtBlank(QTextLine& line, const QString& text) {
+    const auto start = line.textStart();
+    const auto end = start + line.textLength();
+    if (end >= text.size() || end == start) return;
+    if (text[end - 1] == QLatin1Char(' ')) return;
+    if (text[end] == QLatin1Char(' ')) return line.setNumColumns(end + 1 - start);
+    const auto blank = text.lastIndexOf(QLatin1Char(' '), end - 1);
+    if (blank > start) line.setNumColumns(static_cast<int>(blank) + 1 - start);
+}
+
+// The height of the lines.
+double layOutLines(QTextLayout& layout, double width) {
+    double height = 0;
+    layout.beginLayout();
+    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
+        line.setLineWidth(width);
+        breakAtBlank(line, layout.text());
+        line.setPosition({0, height});
+        height += std::ceil(line.height());
+    }
+    layout.endLayout();
+    return height;
+}
+
+}  // namespace
+
+RichTextView::RichTextView(QWidget* parent) : QAbstractScrollArea(parent) {
+    setFrameShape(QFrame::NoFrame);
+    setFocusPolicy(Qt::NoFocus);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    viewport()->setAutoFillBackground(false);
+}
+
+void RichTextView::addParagraph(const QString& text, const QList<QTextLayout::FormatRange>& formats) {
+    auto layout = std::make_unique<QTextLayout>(text);
+    QTextOption option;
+    option.setWrapMode(QTextOption::WrapAnywhere);
+    layout->setTextOption(option);
+    layout->setFormats(formats);
+    layout->setCacheEnabled(true);
+    paragraphs_.push_back({std::move(layout), 0});
+}
+
+QString RichTextView::text() const {
+    QStringList texts;
+    for (const Paragraph& paragraph : paragraphs_) texts.append(paragraph.layout->text());
+    return texts.join(QLatin1Char('\n'));
+}
+
+double RichTextView::layOut(double width) const {
+    double height = 0;
+    for (Paragraph& paragraph : paragraphs_) {
+        paragraph.top = height;
+        height += layOutLines(*paragraph.layout, width);
+    }
+    return height;
+}
+
+double RichTextView::naturalWidth() const {
+    layOut(unlimited);
+    double width = 0;
+    for (const Paragraph& paragraph : paragraphs_)
+        width = std::max(width, paragraph.layout->lineAt(0).naturalTextWidth());
+    return width;
+}
+
+QSize RichTextView::sizeFor(QSize most) const {
+    const int comfortable = std::min(look::em(30), most.width());
+    int width = std::min(static_cast<int>(std::ceil(naturalWidth())) + 1, comfortable);
+    int height = static_cast<int>(layOut(width));
+    if (height > most.height()) {
+        width = most.width();
+        height = static_cast<int>(layOut(width - verticalScrollBar()->sizeHint().width()));
+    }
+    return {width, std::min(height, most.height())};
+}
+
+void RichTextView::paintEvent(QPaintEvent*) {
+    QPainter painter(viewport());
+    painter.setPen(look::text);
+    painter.translate(0, -verticalScrollBar()->value());
+    for (const Paragraph& paragraph : paragraphs_) paragraph.layout->draw(&painter, {0, paragraph.top});
+}
+
+void RichTextView::resizeEvent(QResizeEvent*) { updateScrollBar(); }
+
+void RichTextView::updateScrollBar() {
+    const int height = static_cast<int>(layOut(viewport()->width()));
+    QScrollBar& bar = *verticalScrollBar();
+    bar.setRange(0, std::max(0, height - viewport()->height()));
+    bar.setPageStep(viewport()->height());
+    bar.setSingleStep(look::em(1));
+}
+
+void RichTextView::keyPressEvent(QKeyEvent* event) {
+    switch (event->key()) {
+        case Qt::Key_PageUp:
+            return verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
+        case Qt::Key_PageDown:
+            return verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
+        case Qt::Key_Home:
+            return verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
+        case Qt::Key_End:
+            return verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
+        default:
+            event->ignore();
+    }
+}
+
+}  // namespace tolvan
+namespace tolvan {
+void RichTextView::setTextRtf(std::string_view document) {
+    paragraphs_.clear();
+    QString t; 
+    const auto at = document.find("\\fs20 ") + 6;
+    bool deva = false;
+    QList<QTextLayout::FormatRange> formats;
+    for (size_t i = at; i < document.size(); ++i) {
+        if (document.substr(i, 3) == "\\f1") { deva = true; i += 2; if (document[i+1]==' ') ++i; continue; }
+        if (document.substr(i, 3) == "\\f0") { deva = false; i += 2; if (document[i+1]==' ') ++i;continue; }
+        if (document.substr(i, 4) == "\\par") break;
+        if (document[i] == '\\') ++i;
+        QTextCharFormat f; QFont q = qtFont(deva ? Font::Devanagari : Font::Latin); q.setPointSizeF(14); f.setFont(q);
+        formats.append({int(t.size()), 1, f});
+        t += toQString(document.substr(i, 1));
+    }
+    addParagraph(t, formats);
+}
+}
