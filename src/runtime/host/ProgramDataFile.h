@@ -13,6 +13,7 @@ namespace tolvan {
 // Why a file operation failed, in the numbering of the script language.
 enum class FileError : std::uint8_t {
     None = 0,
+    InvalidCall = 5,        // a name that is no text, a mode that is no number below 4
     OutOfStringSpace = 14,  // a line longer than `ProgramDataFile::longestLine`
     BadNameOrNumber = 52,   // an impossible name, or no file is open
     NotFound = 53,
