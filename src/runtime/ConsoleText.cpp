@@ -10,6 +10,11 @@ namespace {
 using Fill = PictureBox::FillStyle;
 constexpr QColor black(0, 0, 0);
 
+void replaceAll(std::string& text, std::string_view from, std::string_view to) {
+    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
+        text.replace(at, from.size(), to);
+}
+
 }  // namespace
 
 ConsoleText::ConsoleText(PictureBox& display)
@@ -47,6 +52,38 @@ void ConsoleText::PrintString(std::string_view text) {
 
 void ConsoleText::ClearScreen() {
     display_.Box(display_.ScaleWidth(), display_.ScaleHeight(), 0, 0, black, Fill::Solid);
+}
+
+void ConsoleText::printRuns(std::string_view text) {
+    drawRuns(display_, text);
+    display_.NewLine(devanagari_);
+}
+
+void ConsoleText::drawRuns(PictureBox& picture, std::string_view text) {
+    const auto print = [&picture](std::string& run, PictureFont& font) {
+        replaceAll(run, "\\{", "{");
+        replaceAll(run, "\\}", "}");
+        picture.Print(run, font);
+        run.clear();
+    };
+    std::string run;
+    bool isLatin = false;
+    char previous = 0;
+    for (const char character : text) {
+        if (character == '{' && previous != '\\') {
+            isLatin = true;
+            print(run, devanagari_);
+        } else if (character == '}' && previous != '\\') {
+            isLatin = false;
+            picture.CurrentY += LatinDrop();
+            print(run, latin_);
+            picture.CurrentY -= LatinDrop();
+        } else {
+            run += character;
+        }
+        previous = character;
+    }
+    if (!run.empty()) print(run, isLatin ? latin_ : devanagari_);
 }
 
 }  // namespace tolvan

@@ -31,8 +31,10 @@ class ConsoleText {
     void makeRoom(Room room);
     // Erases the current line, right of the margin.
     void eraseLine();
-    // Draws runs of internal text form at the current position and goes to the next line.
+    // Draws internal text form at the current position and goes to the next line.
     void printRuns(std::string_view text);
+    // The same on any picture, staying on the line.
+    void drawRuns(PictureBox& picture, std::string_view text);
 
   private:
     void moveTo(float y);

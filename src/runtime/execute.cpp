@@ -49,7 +49,11 @@ bool frmExec::goesOnAfter(const script::ErrorReport& error) {
 void frmExec::printError(const script::ErrorReport& error) {
     // Two lines of the module for each line of the program, behind its first one.
     const std::string line = std::to_string(error.line / 2);
-    PrintString(std::string("gfbf {"_deva).append(std::to_string(error.number)).append("}, Aae¦ {"_deva).append(line).append("}"));
+    PrintString(std::string("gfbf {"_deva)
+                    .append(std::to_string(error.number))
+                    .append("}, Aae¦ {"_deva)
+                    .append(line)
+                    .append("}"));
 }
 
 void frmExec::printEnd() {

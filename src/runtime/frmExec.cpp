@@ -94,8 +94,8 @@ void frmExec::setUpControls() {
     connect(inputBox_, &InputBox::textChanged, this, &frmExec::inputChanged);
     connect(inputBox_, &InputBox::entered, this, &frmExec::inputEntered);
     connect(inputBox_, &InputBox::focusLost, this, &frmExec::inputLostFocus);
-    for (QWidget* const watched : {static_cast<QWidget*>(display_), static_cast<QWidget*>(inputBox_),
-                                   static_cast<QWidget*>(inputBoxTip_)})
+    for (QWidget* const watched :
+         {static_cast<QWidget*>(display_), static_cast<QWidget*>(inputBox_), static_cast<QWidget*>(inputBoxTip_)})
         watched->installEventFilter(this);
 }
 

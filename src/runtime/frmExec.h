@@ -63,23 +63,26 @@ class frmExec : public QWidget, public ConsoleOperations {
     void closeEvent(QCloseEvent* event) override;
 
   private:
-    bool runProgram();
-    bool failed(const script::ErrorReport& error);
-    void printErrorLine(int number, int scriptLine);
-    void printEnd();
+    void setUpSystemMenu();
+    void setUpControls();
     void updateTitle();
 
-    bool previewKey(const QKeyEvent& key);
-    void displayKeyPress(const QKeyEvent& key);
-    void displayResized();
+    void prepareDisplay();
+    bool goesOnAfter(const script::ErrorReport& error);
+    bool askToGoOn(int number);
+    void printError(const script::ErrorReport& error);
+    void printEnd();
+
+    bool keyPressed(QObject* control, const QKeyEvent& key);
 
     bool inputIsVisible() const;
     void beginInput();
+    void endInput();
     void placeInput();
     void inputChanged();
     void inputEntered();
-    void abandonInput();
     void focusInput();
+    void inputLostFocus();
 
     QColor colourOf(std::optional<Colour> colour) const;
     Point startOf(std::optional<Point> start) const;
@@ -91,7 +94,6 @@ class frmExec : public QWidget, public ConsoleOperations {
     ConsoleText text_;
     PictureBox* inputBoxTip_;
     InputBox* inputBox_;
-    float inputTop_ = 0;  // where the input line stands
     bool keepInputFocus_ = false;
     bool executing_ = false;
     bool closeWanted_ = false;  // the window was closed while the program ran
