@@ -34,7 +34,7 @@ void MessageSign::paintEvent(QPaintEvent*) {
     bold.setPixelSize(height() * 6 / 10);
     painter.setFont(bold);
     painter.setPen(look::textOnAccent);
-    painter.drawText(rect(), Qt::AlignCenter, QLatin1Char(letter));
+    painter.drawText(rect(), Qt::AlignCenter, QString(QLatin1Char(letter)));
 }
 
 }  // namespace tolvan

@@ -83,15 +83,22 @@ double RichTextView::naturalWidth() const {
     return width;
 }
 
-QSize RichTextView::sizeFor(QSize most) const {
-    const int comfortable = std::min(look::em(30), most.width());
-    int width = std::min(static_cast<int>(std::ceil(naturalWidth())) + 1, comfortable);
-    int height = static_cast<int>(layOut(width));
-    if (height > most.height()) {
-        width = most.width();
-        height = static_cast<int>(layOut(width - verticalScrollBar()->sizeHint().width()));
+// So that the last line is not a single word: lines as even as they can be.
+int RichTextView::narrowestOfHeight(int height, int width) const {
+    int tooNarrow = 0;
+    while (width - tooNarrow > 1) {
+        const int middle = (tooNarrow + width) / 2;
+        (layOut(middle) > height ? tooNarrow : width) = middle;
     }
-    return {width, std::min(height, most.height())};
+    return width;
+}
+
+QSize RichTextView::sizeFor(QSize most) const {
+    const int comfortable = std::min({static_cast<int>(std::ceil(naturalWidth())), look::em(30), most.width()});
+    const int height = static_cast<int>(layOut(comfortable));
+    if (height <= most.height()) return {narrowestOfHeight(height, comfortable), height};
+    const int wideHeight = static_cast<int>(layOut(most.width() - verticalScrollBar()->sizeHint().width()));
+    return {most.width(), std::min(wideHeight, most.height())};
 }
 
 void RichTextView::paintEvent(QPaintEvent*) {

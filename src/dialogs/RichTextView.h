@@ -43,6 +43,7 @@ class RichTextView : public QAbstractScrollArea {
     void addParagraph(const QString& text, const QList<QTextLayout::FormatRange>& formats);
     double layOut(double width) const;
     double naturalWidth() const;
+    int narrowestOfHeight(int height, int width) const;
     void updateScrollBar();
 
     mutable std::vector<Paragraph> paragraphs_;
