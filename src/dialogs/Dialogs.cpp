@@ -33,24 +33,34 @@ Answer ask(std::string_view message, Answer (*read)(const Box&), Answer closed) 
 
 }  // namespace
 
-void ShowMessage(std::string_view text) { answers().ShowMessage(text); }
-int AskQuestion(std::string_view text) { return answers().AskQuestion(text); }
-bool ShowError(std::int32_t number, int errorLine) { return answers().ShowError(number, errorLine); }
+void ShowMessage(std::string_view text) {
+    answers().ShowMessage(text);
+}
+int AskQuestion(std::string_view text) {
+    return answers().AskQuestion(text);
+}
+bool ShowError(std::int32_t number, int errorLine) {
+    return answers().ShowError(number, errorLine);
+}
 
 void DialogAnswers::ShowMessage(std::string_view text) {
-    ask<frmMMsgbox, int>(text, [](const frmMMsgbox& box) { return box.result(); }, 0);
+    ask<frmMMsgbox, int>(
+        text, [](const frmMMsgbox& box) { return box.result(); }, 0);
 }
 
 int DialogAnswers::AskQuestion(std::string_view text) {
-    return ask<frmMQuestionBox, int>(text, [](const frmMQuestionBox& box) { return box.answer(); }, 0);
+    return ask<frmMQuestionBox, int>(
+        text, [](const frmMQuestionBox& box) { return box.answer(); }, 0);
 }
 
 bool DialogAnswers::ShowError(std::int32_t number, int errorLine) {
-    return ask<frmErrorBox, bool>(errorMessage(number, errorLine),
-                                  [](const frmErrorBox& box) { return box.decision(); }, false);
+    return ask<frmErrorBox, bool>(
+        errorMessage(number, errorLine), [](const frmErrorBox& box) { return box.decision(); }, false);
 }
 
 ReplacedDialogs::ReplacedDialogs(DialogAnswers& answers) : replaced_(std::exchange(current, &answers)) {}
-ReplacedDialogs::~ReplacedDialogs() { current = replaced_; }
+ReplacedDialogs::~ReplacedDialogs() {
+    current = replaced_;
+}
 
 }  // namespace tolvan

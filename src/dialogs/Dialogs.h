@@ -1,6 +1,6 @@
-// Every message, question and error that the system shows in Devanagari. The calls wait until the user has answered; the
-// application's events go on meanwhile, and the window in front is the box's parent. When the application ends or the
-// parent goes while a box is up, the box counts as closed without a button.
+// Every message, question and error that the system shows in Devanagari. The calls wait until the user has answered;
+// the application's events go on meanwhile, and the window in front is the box's parent. When the application ends or
+// the parent goes while a box is up, the box counts as closed without a button.
 //
 // A text is a rich-text fragment (see messageDocument): its backslashes and braces are escaped by the caller.
 #pragma once

@@ -3,7 +3,6 @@
 #include "dialogs/RichTextView.h"
 
 #include <QBoxLayout>
-#include <QCoreApplication>
 #include <QKeyEvent>
 #include <QScreen>
 
@@ -32,8 +31,7 @@ void MessageDialog::setMessage(std::string_view fragment) {
 }
 
 void MessageDialog::keyPressEvent(QKeyEvent* event) {
-    QCoreApplication::sendEvent(view_, event);  // scrolls; the view never has the keyboard itself
-    if (!event->isAccepted()) FramedDialog::keyPressEvent(event);
+    if (!view_->scrollByKey(event->key())) FramedDialog::keyPressEvent(event);
 }
 
 }  // namespace tolvan

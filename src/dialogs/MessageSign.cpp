@@ -20,7 +20,9 @@ MessageSign::MessageSign(Kind kind, QWidget* parent) : QWidget(parent), kind_(ki
     setSizePolicy(QSizePolicy::Fixed, QSizePolicy::Fixed);
 }
 
-QSize MessageSign::sizeHint() const { return {look::em(2.4), look::em(2.4)}; }
+QSize MessageSign::sizeHint() const {
+    return {look::em(2.4), look::em(2.4)};
+}
 
 void MessageSign::paintEvent(QPaintEvent*) {
     const auto& [letter, colour] = signs[static_cast<int>(kind_)];
@@ -34,7 +36,7 @@ void MessageSign::paintEvent(QPaintEvent*) {
     bold.setPixelSize(height() * 6 / 10);
     painter.setFont(bold);
     painter.setPen(look::textOnAccent);
-    painter.drawText(rect(), Qt::AlignCenter, QLatin1Char(letter));
+    painter.drawText(rect(), Qt::AlignCenter, QString(QLatin1Char(letter)));
 }
 
 }  // namespace tolvan

@@ -3,7 +3,7 @@
 #include "dialogs/Look.h"
 #include "dialogs/ProvisionalFonts.h"
 
-#include <QKeyEvent>
+#include <QHash>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextOption>
@@ -83,15 +83,22 @@ double RichTextView::naturalWidth() const {
     return width;
 }
 
-QSize RichTextView::sizeFor(QSize most) const {
-    const int comfortable = std::min(look::em(30), most.width());
-    int width = std::min(static_cast<int>(std::ceil(naturalWidth())) + 1, comfortable);
-    int height = static_cast<int>(layOut(width));
-    if (height > most.height()) {
-        width = most.width();
-        height = static_cast<int>(layOut(width - verticalScrollBar()->sizeHint().width()));
+// So that the last line is not a single word: lines as even as they can be.
+int RichTextView::narrowestOfHeight(int height, int width) const {
+    int tooNarrow = 0;
+    while (width - tooNarrow > 1) {
+        const int middle = (tooNarrow + width) / 2;
+        (layOut(middle) > height ? tooNarrow : width) = middle;
     }
-    return {width, std::min(height, most.height())};
+    return width;
+}
+
+QSize RichTextView::sizeFor(QSize most) const {
+    const int comfortable = std::min({static_cast<int>(std::ceil(naturalWidth())), look::em(30), most.width()});
+    const int height = static_cast<int>(layOut(comfortable));
+    if (height <= most.height()) return {narrowestOfHeight(height, comfortable), height};
+    const int wideHeight = static_cast<int>(layOut(most.width() - verticalScrollBar()->sizeHint().width()));
+    return {most.width(), std::min(wideHeight, most.height())};
 }
 
 void RichTextView::paintEvent(QPaintEvent*) {
@@ -101,7 +108,9 @@ void RichTextView::paintEvent(QPaintEvent*) {
     for (const Paragraph& paragraph : paragraphs_) paragraph.layout->draw(&painter, {0, paragraph.top});
 }
 
-void RichTextView::resizeEvent(QResizeEvent*) { updateScrollBar(); }
+void RichTextView::resizeEvent(QResizeEvent*) {
+    updateScrollBar();
+}
 
 void RichTextView::updateScrollBar() {
     const int height = static_cast<int>(layOut(viewport()->width()));
@@ -111,38 +120,49 @@ void RichTextView::updateScrollBar() {
     bar.setSingleStep(look::em(1));
 }
 
-void RichTextView::keyPressEvent(QKeyEvent* event) {
-    switch (event->key()) {
-        case Qt::Key_PageUp:
-            return verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepSub);
-        case Qt::Key_PageDown:
-            return verticalScrollBar()->triggerAction(QScrollBar::SliderPageStepAdd);
-        case Qt::Key_Home:
-            return verticalScrollBar()->triggerAction(QScrollBar::SliderToMinimum);
-        case Qt::Key_End:
-            return verticalScrollBar()->triggerAction(QScrollBar::SliderToMaximum);
-        default:
-            event->ignore();
-    }
+bool RichTextView::scrollByKey(int key) {
+    static const QHash<int, QScrollBar::SliderAction> actions = {
+        {Qt::Key_PageUp, QScrollBar::SliderPageStepSub},
+        {Qt::Key_PageDown, QScrollBar::SliderPageStepAdd},
+        {Qt::Key_Home, QScrollBar::SliderToMinimum},
+        {Qt::Key_End, QScrollBar::SliderToMaximum},
+    };
+    const auto action = actions.find(key);
+    if (action == actions.end()) return false;
+    verticalScrollBar()->triggerAction(*action);
+    return true;
 }
 
 }  // namespace tolvan
 namespace tolvan {
 void RichTextView::setTextRtf(std::string_view document) {
     paragraphs_.clear();
-    QString t; 
+    QString t;
     const auto at = document.find("\\fs20 ") + 6;
     bool deva = false;
     QList<QTextLayout::FormatRange> formats;
     for (size_t i = at; i < document.size(); ++i) {
-        if (document.substr(i, 3) == "\\f1") { deva = true; i += 2; if (document[i+1]==' ') ++i; continue; }
-        if (document.substr(i, 3) == "\\f0") { deva = false; i += 2; if (document[i+1]==' ') ++i;continue; }
+        if (document.substr(i, 3) == "\\f1") {
+            deva = true;
+            i += 2;
+            if (document[i + 1] == ' ') ++i;
+            continue;
+        }
+        if (document.substr(i, 3) == "\\f0") {
+            deva = false;
+            i += 2;
+            if (document[i + 1] == ' ') ++i;
+            continue;
+        }
         if (document.substr(i, 4) == "\\par") break;
         if (document[i] == '\\') ++i;
-        QTextCharFormat f; QFont q = qtFont(deva ? Font::Devanagari : Font::Latin); q.setPointSizeF(14); f.setFont(q);
+        QTextCharFormat f;
+        QFont q = qtFont(deva ? Font::Devanagari : Font::Latin);
+        q.setPointSizeF(14);
+        f.setFont(q);
         formats.append({int(t.size()), 1, f});
         t += toQString(document.substr(i, 1));
     }
     addParagraph(t, formats);
 }
-}
+}  // namespace tolvan

@@ -28,10 +28,12 @@ class RichTextView : public QAbstractScrollArea {
     // The size in which the whole text is comfortably read; not larger than `most`, within which it scrolls.
     QSize sizeFor(QSize most) const;
 
+    // Scrolls where the key (Qt::Key) is one that does; the view never has the keyboard itself.
+    bool scrollByKey(int key);
+
   protected:
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
-    void keyPressEvent(QKeyEvent* event) override;
 
   private:
     // One paragraph's lines; positions are relative to the paragraph.
@@ -43,6 +45,7 @@ class RichTextView : public QAbstractScrollArea {
     void addParagraph(const QString& text, const QList<QTextLayout::FormatRange>& formats);
     double layOut(double width) const;
     double naturalWidth() const;
+    int narrowestOfHeight(int height, int width) const;
     void updateScrollBar();
 
     mutable std::vector<Paragraph> paragraphs_;

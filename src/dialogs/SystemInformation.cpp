@@ -16,12 +16,9 @@ const struct {
 #elif defined(Q_OS_MACOS)
     {"open", "/System/Applications/Utilities/System Information.app"},
 #else
-    {"kinfocenter", nullptr},
-    {"gnome-control-center", "info-overview"},
-    {"cinnamon-settings", "info"},
-    {"hardinfo2", nullptr},
-    {"hardinfo", nullptr},
-    {"lshw-gtk", nullptr},
+    {"kinfocenter", nullptr},      {"gnome-control-center", "info-overview"},
+    {"cinnamon-settings", "info"}, {"hardinfo2", nullptr},
+    {"hardinfo", nullptr},         {"lshw-gtk", nullptr},
 #endif
 };
 

@@ -65,7 +65,7 @@ void WindowMover::restoreUnder(QPoint pointer) {
     const int below = pointer.y() - window_.y();
     const QSize size = window_.normalGeometry().size();
     window_.showNormal();
-    window_.move(pointer.x() - static_cast<int>(share * size.width()), pointer.y() - below);
+    window_.setGeometry({{pointer.x() - static_cast<int>(share * size.width()), pointer.y() - below}, size});
 }
 
 void WindowMover::followMouse(QPoint pointer) {

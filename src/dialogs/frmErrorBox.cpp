@@ -1,13 +1,14 @@
 #include "dialogs/frmErrorBox.h"
 
 #include "platform/encoding/Deva.h"
+#include "translator/MessageTable.h"
 
 #include <QPushButton>
 
 namespace tolvan {
 
 std::string errorMessage(std::int32_t number, int errorLine) {
-    // TABLE
+    if (const auto known = findMessage(number)) return std::string(*known);
     std::string message("\\f1tolvn beiskla Aae¦ "_deva);
     return message.append(std::to_string(errorLine)).append(" Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva);
 }
