@@ -1,6 +1,7 @@
 #include "dialogs/MessageDialog.h"
 
 #include "dialogs/RichTextView.h"
+#include "platform/richtext/RtfWriter.h"
 
 #include <QBoxLayout>
 #include <QKeyEvent>
@@ -12,10 +13,7 @@ namespace tolvan {
 constexpr double screenShare = 0.6;
 
 std::string messageDocument(std::string_view fragment) {
-    constexpr std::string_view header =
-        "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deftab720{\\fonttbl{\\f0\\fswiss Times New Roman;}{\\f1\\fnil Sanskrit "
-        "1.2;}}{\\colortbl;\\red0\\green0\\blue0;\\red255\\green255\\blue255;} \\fs20 ";
-    return std::string(header).append(fragment).append("\\par}");
+    return std::string(RtfHeader()).append(fragment).append("\\par}");
 }
 
 MessageDialog::MessageDialog(std::string_view title, MessageSign::Kind sign, const char* messageName, QWidget* parent)

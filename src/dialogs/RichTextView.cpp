@@ -2,6 +2,7 @@
 
 #include "dialogs/Look.h"
 #include "dialogs/ProvisionalFonts.h"
+#include "platform/richtext/RtfReader.h"
 
 #include <QHash>
 #include <QPainter>
@@ -16,6 +17,25 @@ namespace {
 
 constexpr double unlimited = 1e6;
 
+QColor colourOf(const RichFormat& format) {
+    if (!format.colour) return look::text;
+    const std::uint32_t colour = *format.colour;
+    return {static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF), static_cast<int>(colour >> 16 & 0xFF)};
+}
+
+QTextCharFormat charFormat(const RichFormat& format, const RichDocument& document) {
+    // A size of nothing or of a wall would only be damage.
+    constexpr double least = 6, most = 72;
+    const std::string& name = document.fontNames.at(format.fontName);
+    QFont font = qtFont(fontOfName(name));
+    if (fontOfName(name) == Font::Other) font.setFamily(toQString(name));
+    font.setPointSizeF(std::clamp(format.halfPoints / 2.0 * RichTextView::sizeScale, least, most));
+    QTextCharFormat result;
+    result.setFont(font);
+    result.setForeground(colourOf(format));
+    return result;
+}
+
 // Ends the line at the last blank that it reaches; in a word that is longer than the line, where the line ends.
 void breakAtBlank(QTextLine& line, const QString& text) {
     const auto start = line.textStart();
@@ -25,6 +45,18 @@ void breakAtBlank(QTextLine& line, const QString& text) {
     if (text[end] == QLatin1Char(' ')) return line.setNumColumns(end + 1 - start);
     const auto blank = text.lastIndexOf(QLatin1Char(' '), end - 1);
     if (blank > start) line.setNumColumns(static_cast<int>(blank) + 1 - start);
+}
+
+// The formats of a part of the text, whose first character is number 0 for them.
+QList<QTextLayout::FormatRange> formatsWithin(const QList<QTextLayout::FormatRange>& formats, std::size_t from,
+                                              std::size_t to) {
+    QList<QTextLayout::FormatRange> within;
+    for (const auto& range : formats) {
+        const int start = std::max(range.start, static_cast<int>(from));
+        const int end = std::min(range.start + range.length, static_cast<int>(to));
+        if (start < end) within.append({start - static_cast<int>(from), end - start, range.format});
+    }
+    return within;
 }
 
 // The height of the lines.
@@ -50,8 +82,27 @@ RichTextView::RichTextView(QWidget* parent) : QAbstractScrollArea(parent) {
     viewport()->setAutoFillBackground(false);
 }
 
-void RichTextView::addParagraph(const QString& text, const QList<QTextLayout::FormatRange>& formats) {
-    auto layout = std::make_unique<QTextLayout>(text);
+void RichTextView::setTextRtf(std::string_view rtf) {
+    const RichDocument document = readRtf(rtf);
+    QList<QTextLayout::FormatRange> formats;
+    int start = 0;
+    for (const auto& [length, format] : document.runs) {
+        formats.append({start, static_cast<int>(length), charFormat(format, document)});
+        start += static_cast<int>(length);
+    }
+    paragraphs_.clear();
+    const std::string_view text = document.text.text();
+    for (std::size_t begin = 0; begin <= text.size();) {
+        const std::size_t end = std::min(text.find("\r\n", begin), text.size());
+        addParagraph(text.substr(begin, end - begin), formatsWithin(formats, begin, end));
+        begin = end + 2;
+    }
+    updateScrollBar();
+    viewport()->update();
+}
+
+void RichTextView::addParagraph(std::string_view text, const QList<QTextLayout::FormatRange>& formats) {
+    auto layout = std::make_unique<QTextLayout>(toQString(text));
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAnywhere);
     layout->setTextOption(option);
@@ -133,36 +184,4 @@ bool RichTextView::scrollByKey(int key) {
     return true;
 }
 
-}  // namespace tolvan
-namespace tolvan {
-void RichTextView::setTextRtf(std::string_view document) {
-    paragraphs_.clear();
-    QString t;
-    const auto at = document.find("\\fs20 ") + 6;
-    bool deva = false;
-    QList<QTextLayout::FormatRange> formats;
-    for (size_t i = at; i < document.size(); ++i) {
-        if (document.substr(i, 3) == "\\f1") {
-            deva = true;
-            i += 2;
-            if (document[i + 1] == ' ') ++i;
-            continue;
-        }
-        if (document.substr(i, 3) == "\\f0") {
-            deva = false;
-            i += 2;
-            if (document[i + 1] == ' ') ++i;
-            continue;
-        }
-        if (document.substr(i, 4) == "\\par") break;
-        if (document[i] == '\\') ++i;
-        QTextCharFormat f;
-        QFont q = qtFont(deva ? Font::Devanagari : Font::Latin);
-        q.setPointSizeF(14);
-        f.setFont(q);
-        formats.append({int(t.size()), 1, f});
-        t += toQString(document.substr(i, 1));
-    }
-    addParagraph(t, formats);
-}
 }  // namespace tolvan

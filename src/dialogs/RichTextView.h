@@ -20,7 +20,7 @@ class RichTextView : public QAbstractScrollArea {
     explicit RichTextView(QWidget* parent = nullptr);
 
     // A complete rich-text document. A damaged one is shown as far as it can be read.
-    void setTextRtf(std::string_view document);
+    void setTextRtf(std::string_view rtf);
 
     // The characters shown, paragraphs parted by line feeds.
     QString text() const;
@@ -42,7 +42,7 @@ class RichTextView : public QAbstractScrollArea {
         double top = 0;
     };
 
-    void addParagraph(const QString& text, const QList<QTextLayout::FormatRange>& formats);
+    void addParagraph(std::string_view text, const QList<QTextLayout::FormatRange>& formats);
     double layOut(double width) const;
     double naturalWidth() const;
     int narrowestOfHeight(int height, int width) const;
