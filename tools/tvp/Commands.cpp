@@ -1,16 +1,16 @@
-#include "Commands.h"
+#include "tvp/Commands.h"
 
-#include "Input.h"
-#include "Output.h"
-#include "ProgramFile.h"
-#include "TextConsole.h"
-#include "platform/richtext/RomanMark.h"
+#include "platform/richtext/InternalText.h"
 #include "platform/transliteration/MarkRoman.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
-#include "platform/transliteration/Transliterate.h"
 #include "runtime/host/ModuleRunner.h"
 #include "translator/Formatter.h"
+#include "translator/ProgramText.h"
 #include "translator/Translator.h"
+#include "tvp/Input.h"
+#include "tvp/Output.h"
+#include "tvp/ProgramFile.h"
+#include "tvp/TextConsole.h"
 
 #include <algorithm>
 #include <cstring>
@@ -71,7 +71,7 @@ int markFile(const Invocation& invocation) {
 }
 
 int showProgram(const Invocation& invocation) {
-    const StyledText text = programText(readProgram(invocation));
+    const StyledText text = Transliterate(readProgram(invocation).roman);
     std::size_t position = 0;
     forEachLine(text.text(), [&](std::string_view line, std::string_view end) {
         invocation.output.write(RomanMark(text.view().substr(position, line.size())));
@@ -89,7 +89,7 @@ int showModule(const Invocation& invocation) {
 int formatFile(const Invocation& invocation) {
     const ProgramFile file = readProgram(invocation);
     invocation.output.write(file.caption + "\r\n");
-    invocation.output.write(formatProgram(file.roman, programText(file).text()));
+    invocation.output.write(formatProgram(file.roman, ProgramText(file.roman).text()));
     return succeeded;
 }
 

@@ -1,4 +1,4 @@
-#include "Input.h"
+#include "tvp/Input.h"
 
 #include "platform/files/PathLookup.h"
 

@@ -1,4 +1,4 @@
-#include "ProgramFile.h"
+#include "tvp/ProgramFile.h"
 
 namespace tolvan {
 namespace {

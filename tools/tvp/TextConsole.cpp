@@ -1,4 +1,4 @@
-#include "TextConsole.h"
+#include "tvp/TextConsole.h"
 
 #include "platform/script/ScriptError.h"
 #include "runtime/host/InputValue.h"

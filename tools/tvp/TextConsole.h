@@ -2,9 +2,9 @@
 // that programs can be checked by other programs. Drawing does nothing.
 #pragma once
 
-#include "Input.h"
-#include "Output.h"
 #include "runtime/host/ConsoleOperations.h"
+#include "tvp/Input.h"
+#include "tvp/Output.h"
 
 namespace tolvan {
 

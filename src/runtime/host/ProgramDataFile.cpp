@@ -2,6 +2,8 @@
 
 #include "platform/encoding/Windows1252.h"
 #include "platform/files/PathLookup.h"
+#include "platform/richtext/InternalText.h"
+#include "translator/Blanks.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -82,29 +84,17 @@ void appendUtf8(std::string& text, char16_t character) {
     text += static_cast<char>(0x80 | (character & 0x3F));
 }
 
-std::string_view withoutBlanks(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    if (first == std::string_view::npos) return {};
-    return text.substr(first, text.find_last_not_of(' ') - first + 1);
-}
-
 }  // namespace
 
 std::string plainFileName(std::string_view internalText) {
-    const auto isBrace = [](char c) { return c == '{' || c == '}'; };
     std::string name;
-    for (std::size_t i = 0; i < internalText.size(); ++i) {
-        const bool escaped = internalText[i] == '\\' && i + 1 < internalText.size() && isBrace(internalText[i + 1]);
-        if (escaped) ++i;
-        if (escaped || !isBrace(internalText[i]))
-            appendUtf8(name, windows1252ToUnicode(static_cast<std::uint8_t>(internalText[i])));
-    }
+    for (const char c : plainText(internalText)) appendUtf8(name, windows1252ToUnicode(static_cast<std::uint8_t>(c)));
     return name;
 }
 
 FileError ProgramDataFile::open(std::string_view name, Mode mode) {
     if (isOpen()) return FileError::AlreadyOpen;
-    const std::string plain = plainFileName(withoutBlanks(name));
+    const std::string plain = plainFileName(trimBlanks(name));
     if (plain.empty() || plain.find('\0') != std::string::npos) return FileError::BadNameOrNumber;
     const std::string path = findPath(forwardSlashes(plain));
     if (isOtherThanFile(path)) return FileError::PathAccess;
