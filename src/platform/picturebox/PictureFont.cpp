@@ -64,13 +64,23 @@ void PictureFont::forget() {
     bytes_ = 0;
 }
 
+double PictureFont::baseline() const {
+    return baseline_ ? *baseline_ : QFontMetricsF(font_).ascent();
+}
+
+void PictureFont::setBaseline(double logicalPixels) {
+    baseline_ = logicalPixels;
+    pixelRatio_ = 0;
+}
+
 void PictureFont::usePixelRatio(double pixelRatio) {
     if (pixelRatio == pixelRatio_) return;
     forget();
     pixelRatio_ = pixelRatio;
     const QFontMetricsF metrics(font_);
-    ascent_ = static_cast<int>(std::ceil(metrics.ascent() * pixelRatio));
-    lineHeight_ = ascent_ + static_cast<int>(std::ceil(metrics.descent() * pixelRatio));
+    // A line that starts half a pixel down is drawn a whole one down; its letters are not to.
+    ascent_ = static_cast<int>(std::ceil(baseline() * pixelRatio - 0.5));
+    lineHeight_ = static_cast<int>(std::ceil((metrics.ascent() + metrics.descent()) * pixelRatio));
 }
 
 int PictureFont::lineHeight(double pixelRatio) {
