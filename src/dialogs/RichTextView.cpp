@@ -20,7 +20,8 @@ constexpr double unlimited = 1e6;
 QColor colourOf(const RichFormat& format) {
     if (!format.colour) return look::text;
     const std::uint32_t colour = *format.colour;
-    return {static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF), static_cast<int>(colour >> 16 & 0xFF)};
+    return {static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
+            static_cast<int>(colour >> 16 & 0xFF)};
 }
 
 QTextCharFormat charFormat(const RichFormat& format, const RichDocument& document) {
@@ -153,6 +154,7 @@ QSize RichTextView::sizeFor(QSize most) const {
 }
 
 void RichTextView::paintEvent(QPaintEvent*) {
+    layOut(viewport()->width());  // sizeFor tries other widths
     QPainter painter(viewport());
     painter.setPen(look::text);
     painter.translate(0, -verticalScrollBar()->value());
@@ -164,9 +166,11 @@ void RichTextView::resizeEvent(QResizeEvent*) {
 }
 
 void RichTextView::updateScrollBar() {
-    const int height = static_cast<int>(layOut(viewport()->width()));
     QScrollBar& bar = *verticalScrollBar();
-    bar.setRange(0, std::max(0, height - viewport()->height()));
+    const QSize whole = maximumViewportSize();
+    double height = layOut(whole.width());
+    if (height > whole.height()) height = layOut(whole.width() - bar.sizeHint().width());
+    bar.setRange(0, std::max(0, static_cast<int>(height) - whole.height()));
     bar.setPageStep(viewport()->height());
     bar.setSingleStep(look::em(1));
 }

@@ -27,17 +27,27 @@ QRect moved(const QRect& from, Qt::Edges edges, QPoint way, QSize least, QSize m
     return result;
 }
 
+// Not so under Wayland, where the compositor alone knows where a window is; it also restores a maximised one.
+bool windowsPlaceThemselves() {
+    return !QGuiApplication::platformName().startsWith(QLatin1String("wayland"));
+}
+
 }  // namespace
 
 WindowMover::WindowMover(QWidget& window) : QObject(&window), window_(window) {}
 
 void WindowMover::dragWithMouse(Qt::Edges edges, QPoint from) {
-    if (!edges && window_.isMaximized()) restoreUnder(from);
+    if (!edges && window_.isMaximized() && windowsPlaceThemselves()) return restoreUnder(from);
     QWindow* handle = window_.windowHandle();
     if (handle && (edges ? handle->startSystemResize(edges) : handle->startSystemMove())) return;
+    dragByHand(edges, from, window_.geometry());
+}
+
+void WindowMover::dragByHand(Qt::Edges edges, QPoint from, const QRect& geometry) {
     edges_ = edges;
     from_ = from;
     startByHand(Mode::Mouse);
+    original_ = geometry;
 }
 
 void WindowMover::moveWithKeyboard(By by) {
@@ -60,12 +70,15 @@ void WindowMover::finish() {
 }
 
 // A maximised window that is dragged gets its normal size again, with the pointer over the same share of its caption.
+// By hand, because the window system takes its time to restore it and would start from the wrong place.
 void WindowMover::restoreUnder(QPoint pointer) {
     const double share = double(pointer.x() - window_.x()) / std::max(1, window_.width());
     const int below = pointer.y() - window_.y();
     const QSize size = window_.normalGeometry().size();
     window_.showNormal();
-    window_.setGeometry({{pointer.x() - static_cast<int>(share * size.width()), pointer.y() - below}, size});
+    const QRect geometry({pointer.x() - static_cast<int>(share * size.width()), pointer.y() - below}, size);
+    window_.setGeometry(geometry);
+    dragByHand({}, pointer, geometry);
 }
 
 void WindowMover::followMouse(QPoint pointer) {

@@ -34,6 +34,7 @@ class WindowMover : public QObject {
   private:
     enum class Mode { None, Mouse, KeyboardPlace, KeyboardSize };
 
+    void dragByHand(Qt::Edges edges, QPoint from, const QRect& geometry);
     void startByHand(Mode mode);
     void finish();
     void restoreUnder(QPoint pointer);

@@ -1,14 +1,13 @@
-#include "dialogs/RichTextView.h"
-
 #include "dialogs/MessageDialog.h"
+#include "dialogs/RichTextView.h"
 #include "platform/encoding/Deva.h"
-
-#include <gtest/gtest.h>
+#include "platform/richtext/RtfWriter.h"
 
 #include <QImage>
 #include <QScrollBar>
 
 #include <algorithm>
+#include <gtest/gtest.h>
 #include <string_view>
 
 namespace tolvan {
@@ -27,12 +26,9 @@ TEST(RichTextView, TextOfFragments) {
         std::string_view fragment;
         const char* text;
     } cases[] = {
-        {"Latin only", "Latin only"},
-        {"\\f1nahI: \\f0 C:\\\\programs\\\\a.tvp", "nahI: C:\\programs\\a.tvp"},
-        {"\\f1\\{ \\f0\\}", "{ }"},
-        {"a\\par b", "a\nb"},
-        {"a\\line b", "a\nb"},
-        {"", ""},
+        {"Latin only", "Latin only"}, {"\\f1nahI: \\f0 C:\\\\programs\\\\a.tvp", "nahI: C:\\programs\\a.tvp"},
+        {"\\f1\\{ \\f0\\}", "{ }"},   {"a\\par b", "a\nb"},
+        {"a\\line b", "a\nb"},        {"", ""},
     };
     for (const auto& [fragment, text] : cases)
         EXPECT_EQ(shown(messageDocument(fragment)), QString::fromLatin1(text)) << fragment;
@@ -51,11 +47,10 @@ TEST(RichTextView, DamagedTextsAreShownAsFarAsTheyGo) {
         EXPECT_LE(size.width(), 300);
         EXPECT_LE(size.height(), 200);
         view.resize(size);
-        EXPECT_FALSE(view.grab().isNull());
-        if (fragment.starts_with('a')) EXPECT_TRUE(view.text().startsWith(QLatin1Char('a'))) << fragment;
+        view.grab();
+        EXPECT_EQ(view.text().contains(QLatin1Char('a')), fragment.find('a') != std::string::npos) << fragment;
     }
-    for (std::size_t length = 0; length < 200; ++length)
-        shown(messageDocument("\\f1nahI {\\cf2 a}").substr(0, length));
+    for (std::size_t length = 0; length < 200; ++length) shown(messageDocument("\\f1nahI {\\cf2 a}").substr(0, length));
     EXPECT_EQ(shown("no rich text"), QStringLiteral("no rich text"));
 }
 
@@ -77,9 +72,9 @@ TEST(RichTextView, BreaksAtBlanksAlone) {
     // Characters at which Unicode would break a line are letters here. The word does not fit beside the first.
     RichTextView view;
     for (const std::string_view word : {"a-aaaa-aaa"sv, "a!aaaa!aaa"sv, "aa/aaa{aaa"sv, "aaaa|aa}aa"sv}) {
-        view.setTextRtf(messageDocument(word));
+        view.setTextRtf(messageDocument(RtfEscape(word)));
         const int wordWidth = view.sizeFor({1000, 1000}).width();
-        view.setTextRtf(messageDocument(std::string(word).append(" ").append(word)));
+        view.setTextRtf(messageDocument(RtfEscape(std::string(word).append(" ").append(word))));
         view.resize(wordWidth * 3 / 2, 300);
         EXPECT_EQ(inkedLines(view), 2) << word;
         EXPECT_EQ(view.sizeFor({wordWidth + 3, 1000}).width(), wordWidth) << word;

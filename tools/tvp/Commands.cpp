@@ -5,11 +5,11 @@
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "runtime/host/ModuleRunner.h"
 #include "translator/Formatter.h"
+#include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
 #include "tvp/Input.h"
 #include "tvp/Output.h"
-#include "tvp/ProgramFile.h"
 #include "tvp/TextConsole.h"
 
 #include <algorithm>
@@ -46,15 +46,16 @@ void forEachLine(std::string_view text, const LineCall& line) {
 }
 
 ProgramFile readProgram(const Invocation& invocation) {
-    return parseProgramFile(readInput(invocation.file));
-}
-
-StyledText programText(const ProgramFile& file) {
-    return Transliterate(markRoman(file.roman));
+    const std::string content = readInput(invocation.file);
+    if (content.empty()) throw InputFailure{invocation.file + " is empty: a program begins with its caption"};
+    ProgramFile file = readProgramFile(content);
+    if (file.problem == ProgramFile::Problem::FirstLineWithoutEnd)
+        throw InputFailure{invocation.file + " is no program: its first line, the caption, has no end"};
+    return file;
 }
 
 std::string moduleOf(const ProgramFile& file) {
-    return Translator().Compile(programText(file));
+    return Translator().Compile(ProgramText(file.roman));
 }
 
 int convertFile(const Invocation& invocation) {

@@ -222,7 +222,7 @@ FileError ConsoleObject::openDataFile(Arguments& arguments) {
     }
     if (mode < static_cast<int>(ProgramDataFile::Mode::Read) || mode > static_cast<int>(ProgramDataFile::Mode::Append))
         return FileError::BadMode;
-    return file_.open(arguments[0].view(), static_cast<ProgramDataFile::Mode>(mode));
+    return file_.open(arguments.text(0), static_cast<ProgramDataFile::Mode>(mode));
 }
 
 Value ConsoleObject::fileClose(Arguments&) {
