@@ -58,6 +58,23 @@ constexpr const char* styleSheetPattern = R"(
     QMenu::item:selected { background: @accentLight; }
     QMenu::item:disabled { color: @greyedText; background: transparent; }
     QMenu::separator { height: 1px; background: @line; margin: 0.25em 0.6em; }
+    QMenuBar { background: @background; border-bottom: 1px solid @line; }
+    QMenuBar::item { padding: 0.25em 0.7em; background: transparent; }
+    QMenuBar::item:selected, QMenuBar::item:pressed { background: @accentLight; }
+    QToolBar { background: @footer; border: none; border-bottom: 1px solid @line; padding: 0.15em; spacing: 0.1em; }
+    QToolButton { border: 1px solid transparent; border-radius: 0.25em; padding: 0.2em; }
+    QToolButton:hover { background: @accentLight; border-color: @line; }
+    QToolButton:pressed, QToolButton:checked { background: @captionActive; }
+    QStatusBar { background: @footer; border-top: 1px solid @line; }
+    QScrollBar { background: @footer; }
+    QScrollBar:vertical { width: 0.8em; }
+    QScrollBar:horizontal { height: 0.8em; }
+    QScrollBar::handle { background: @frameInactive; border-radius: 0.2em; margin: 0.15em; }
+    QScrollBar::handle:vertical { min-height: 1.6em; }
+    QScrollBar::handle:horizontal { min-width: 1.6em; }
+    QScrollBar::handle:hover { background: @frameActive; }
+    QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
+    QScrollBar::add-page, QScrollBar::sub-page { background: none; }
     QToolTip { background: @paper; color: @text; border: 1px solid @line; padding: 0.2em; }
 )";
 
@@ -66,7 +83,8 @@ QString styleSheet() {
         const char* name;
         QColor colour;
     } names[] = {
-        // A name that begins another stands behind it.
+        // A name with which another begins stands behind that one.
+        {"@background", background},
         {"@paper", paper},
         {"@textOnAccent", textOnAccent},
         {"@text", text},
