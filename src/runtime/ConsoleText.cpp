@@ -2,6 +2,7 @@
 
 #include "platform/richtext/InternalText.h"
 #include "runtime/ConsoleFonts.h"
+#include "translator/Blanks.h"
 
 namespace tolvan {
 namespace {
@@ -39,12 +40,9 @@ void ConsoleText::eraseLine() {
 }
 
 void ConsoleText::PrintString(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    text = first == std::string_view::npos ? std::string_view() : text.substr(first);
-    text = text.substr(0, text.find_last_not_of(' ') + 1);
     makeRoom(Room::ForText);
     eraseLine();
-    printRuns(text);
+    printRuns(trimBlanks(text));
 }
 
 void ConsoleText::ClearScreen() {

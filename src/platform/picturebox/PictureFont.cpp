@@ -1,6 +1,6 @@
 #include "platform/picturebox/PictureFont.h"
 
-#include "platform/encoding/Windows1252.h"
+#include "platform/fonts/FontEncoding.h"
 
 #include <QFontMetricsF>
 #include <QImage>
@@ -20,13 +20,6 @@ constexpr std::size_t longestRun = 4096;
 constexpr int widestPicture = 16384;
 // Room for parts of letters that reach out of their line or stand before its start.
 constexpr int margin = 24;
-
-QString toUnicode(std::string_view text) {
-    QString result;
-    result.reserve(static_cast<qsizetype>(text.size()));
-    for (const char byte : text) result.append(QChar(windows1252ToUnicode(static_cast<std::uint8_t>(byte))));
-    return result;
-}
 
 // The part of a grey picture that is not black.
 Coverage coverageOf(const QImage& picture, int originX, int originY) {
@@ -103,7 +96,7 @@ PictureFont::Run PictureFont::draw(std::string_view text) const {
     oneLine.setWrapMode(QTextOption::NoWrap);
     oneLine.setFlags(QTextOption::IncludeTrailingSpaces);
     oneLine.setTextDirection(Qt::LeftToRight);
-    QTextLayout layout(toUnicode(text), font_);
+    QTextLayout layout(toQString(text), font_);
     layout.setTextOption(oneLine);
     layout.beginLayout();
     const QTextLine line = layout.createLine();

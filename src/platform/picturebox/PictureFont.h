@@ -8,7 +8,6 @@
 
 #include <functional>
 #include <optional>
-#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
