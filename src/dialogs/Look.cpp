@@ -1,6 +1,7 @@
 #include "dialogs/Look.h"
 
-#include "dialogs/ProvisionalFonts.h"
+#include "platform/fonts/FontEncoding.h"
+#include "platform/fonts/Fonts.h"
 
 #include <QApplication>
 #include <QFontMetrics>
@@ -115,9 +116,7 @@ void apply(QApplication& application) {
 
 QFont controlFont(Font font) {
     const qreal desktopSize = std::max(9.0, QFontInfo(QApplication::font()).pointSizeF());
-    QFont result = qtFont(font);
-    result.setPointSizeF(desktopSize * devanagariScale);
-    return result;
+    return qtFont(font, desktopSize * devanagariScale);
 }
 
 int em() {

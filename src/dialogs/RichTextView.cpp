@@ -1,7 +1,8 @@
 #include "dialogs/RichTextView.h"
 
 #include "dialogs/Look.h"
-#include "dialogs/ProvisionalFonts.h"
+#include "platform/fonts/FontEncoding.h"
+#include "platform/fonts/Fonts.h"
 #include "platform/richtext/RtfReader.h"
 
 #include <QHash>
@@ -28,9 +29,9 @@ QTextCharFormat charFormat(const RichFormat& format, const RichDocument& documen
     // A size of nothing or of a wall would only be damage.
     constexpr double least = 6, most = 72;
     const std::string& name = document.fontNames.at(format.fontName);
-    QFont font = qtFont(fontOfName(name));
-    if (fontOfName(name) == Font::Other) font.setFamily(toQString(name));
-    font.setPointSizeF(std::clamp(format.halfPoints / 2.0 * RichTextView::sizeScale, least, most));
+    const Font kind = fontOfName(name);
+    QFont font = qtFont(kind, std::clamp(format.halfPoints / 2.0 * RichTextView::sizeScale, least, most));
+    if (kind == Font::Other) font.setFamily(toQString(name));
     QTextCharFormat result;
     result.setFont(font);
     result.setForeground(colourOf(format));

@@ -1,7 +1,7 @@
 #include "dialogs/StyledLine.h"
 
 #include "dialogs/Look.h"
-#include "dialogs/ProvisionalFonts.h"
+#include "platform/fonts/FontEncoding.h"
 
 #include <QColor>
 #include <QPainter>
