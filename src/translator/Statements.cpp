@@ -190,9 +190,16 @@ StyledText workingLine(StyledView line) {
 }
 
 StyledText workingStatement(StyledView line) {
-    StyledText text = workingLine(line);
-    text.append(" ", Font::Latin);
+    StyledText text;
+    setWorkingStatement(line, text);
     return text;
+}
+
+void setWorkingStatement(StyledView line, StyledText& text) {
+    text.clear();
+    text.append(" ", Font::Latin);
+    text.append(line);
+    text.append(" ", Font::Latin);
 }
 
 void cutStatement(const StyledText& line, std::vector<StatementPart>& parts) {

@@ -16,7 +16,7 @@ import re
 from fontTools.feaLib.builder import addOpenTypeFeaturesFromString
 from fontTools.ttLib import TTFont, newTable
 
-from assembly import Assembly, ligatures
+from assembly import Assembly, ligatures, plain_subtables
 from encodingtable import VIRAMA, texts_with_half_form
 
 FEATURE = "ccmp"
@@ -219,8 +219,11 @@ class Layout:
     def consonant_glyphs(self):
         """The consonants of the source's repertoire, joined or not: those that can end a cluster, and the half forms."""
         full = {name for code, name in self.nominal.items() if 0x0915 <= code <= 0x0939 or 0x0958 <= code <= 0x095F}
+        for lookup in self.lookups_of("locl"):
+            for subtable in plain_subtables(lookup):
+                full |= {subtable.mapping[name] for name in full & subtable.mapping.keys()}
         half = set()
-        tags = ("nukt", "locl", *JOINING_FEATURES)
+        tags = ("nukt", *JOINING_FEATURES)
         rules = [rule for tag in tags for lookup in self.lookups_of(tag) for rule in ligatures(lookup)]
         known = 0
         while known < len(full | half):
@@ -253,7 +256,8 @@ class Layout:
         )
 
     def lookups_of(self, tag):
-        return [self.gsub.LookupList.Lookup[index] for index in self.lookup_indices(tag)]
+        """With those that only Marathi has."""
+        return [self.gsub.LookupList.Lookup[index] for index in self.lookup_indices(tag, MARATHI)]
 
     def copy_joining_features(self, assembly):
         """Returns the places of those that only Marathi has."""

@@ -5,8 +5,9 @@ import re
 from functools import lru_cache
 
 import encodingtable
-from encodingtable import VIRAMA
+from encodingtable import VIRAMA, ZERO_WIDTH_JOINER
 
+ZERO_WIDTH_NON_JOINER = "\u200c"
 NUKTA = "\u093c"
 RA, YA, EYELASH_RA = "र", "य", "ऱ"
 SHORT_I, LONG_I = "ि", "ी"
@@ -29,12 +30,14 @@ COMPOSED = {
     "ौ": "ाै",
     "ॉ": "ाॅ",
 }
-DECOMPOSED_LETTERS = {chr(code): base + NUKTA for code, base in zip(range(0x958, 0x960), "कखगजडढफय")}
+LETTERS_WITH_NUKTA = {chr(code): base + NUKTA for code, base in zip(range(0x958, 0x960), "कखगजडढफय")}
+LETTERS_WITH_NUKTA |= {"ऩ": "न" + NUKTA, "ऴ": "ळ" + NUKTA}
 
 LETTER = "[क-ह]" + NUKTA + "?"
 SYLLABLE = re.compile(
     f"(?P<cluster>{LETTER}(?:{VIRAMA}{LETTER})*)(?P<virama>{VIRAMA}?)(?P<sign>[ा-ॄॅे-ौॢ]?)(?P<marks>[ंँः]*)"
 )
+REPH_OVER_VOWEL = re.compile(f"{RA}{VIRAMA}(?P<vowel>[अ-औॠॡ])")
 
 # A cluster is spelled with the fewest glyphs; these count as more than one, because a glyph of one's own is better.
 COST_RA_FORM = 3
@@ -61,13 +64,17 @@ class Speller:
 
     def spell(self, text):
         """The bytes of a text; raises Unspellable for what the encoding cannot say."""
-        for composed, parts in DECOMPOSED_LETTERS.items():
+        for composed, parts in LETTERS_WITH_NUKTA.items():
             text = text.replace(composed, parts)
-        text = text.replace("ऩ", "न" + NUKTA).replace("ऴ", "ळ" + NUKTA)
+        text = text.replace(RA + VIRAMA + ZERO_WIDTH_JOINER, EYELASH_RA + VIRAMA)
         codes, position = [], 0
         while position < len(text):
-            match = SYLLABLE.match(text, position)
-            if match:
+            if text[position] == ZERO_WIDTH_NON_JOINER:
+                position += 1
+            elif match := REPH_OVER_VOWEL.match(text, position):
+                codes += self.spell_single(match["vowel"]) + [CODE_REPH]
+                position = match.end()
+            elif match := SYLLABLE.match(text, position):
                 codes += self.spell_syllable(**match.groupdict())
                 position = match.end()
             else:
