@@ -7,7 +7,6 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <limits>
 
 namespace tolvan::script {
 
@@ -63,8 +62,9 @@ Value cutFraction(Context& context, Value& argument, Cut cut) {
 Value wholeUnits(std::int64_t tenThousandths, bool towardsZero) {
     std::int64_t rest = tenThousandths % 10000;
     if (rest < 0 && !towardsZero) rest += 10000;
-    if (tenThousandths < std::numeric_limits<std::int64_t>::min() + rest) raise(errors::Overflow);
-    return Value::currency(tenThousandths - rest);
+    std::int64_t whole = 0;
+    if (__builtin_sub_overflow(tenThousandths, rest, &whole)) raise(errors::Overflow);
+    return Value::currency(whole);
 }
 
 Value fix(Context& context, ArgumentList arguments) {
