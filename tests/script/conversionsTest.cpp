@@ -1,4 +1,5 @@
 // Conversions between types, the text of numbers, and numbers and dates read from text.
+#include "platform/script/Executor.h"
 #include "script/Expression.h"
 
 #include <gtest/gtest.h>
@@ -182,6 +183,57 @@ TEST(Conversions, CodesAndBases) {
         {"Oct(-1)", "String 177777"},
         {"Oct(CLng(-1))", "String 37777777777"},
     });
+}
+
+// Signs and points in angle brackets, yes and no for Booleans.
+class MarkedForm : public script::TextForm {
+  public:
+    std::string number(std::string_view plain) const override {
+        std::string text;
+        for (const char c : plain) text += c >= '0' && c <= '9' ? std::string(1, c) : '<' + std::string(1, c) + '>';
+        return text;
+    }
+    std::string date(std::string_view plain) const override { return "<" + std::string(plain) + ">"; }
+    std::string boolean(bool on) const override { return on ? "yes" : "no"; }
+    std::string plain(std::string_view text) const override {
+        if (text == "yes") return "True";
+        if (text == "no") return "False";
+        std::string bare;
+        for (const char c : text)
+            if (c != '<' && c != '>') bare += c;
+        return bare;
+    }
+    bool isPlain() const override { return false; }
+};
+
+TEST(Conversions, TheHostsTextFormGoesBothWays) {
+    const MarkedForm form;
+    script::Executor engine;
+    engine.setTextForm(&form);
+    const ExpressionRow rows[] = {
+        {"-2.5", "<->2<.>5"},
+        {"\"\" & 1E20", "1<E><+>20"},
+        {"Len(-2.5)", "10"},
+        {"Join(Array(CSng(0.5), CCur(-1), True))", "0<.>5 <->1 yes"},
+        {"CDbl(\"<->2<.>5\") * 2", "<->5"},
+        {"CCur(\"<->2<.>5\") + \"1<.>5\"", "<->1"},
+        {"CInt(\"&<H>FFFF\")", "<->1"},
+        {"CBool(\"yes\")", "yes"},
+        {"Not CBool(\"no\")", "yes"},
+        {"IsNumeric(\"<->2\")", "yes"},
+        {"#1/1/2000#", "<1/1/2000>"},
+        {"CDate(\"<1/1/2000>\") + 1", "<1/2/2000>"},
+        {"IsDate(\"<1/1/2000>\")", "yes"},
+        {"FormatNumber(-1234.5, 1)", "<->1<,>234<.>5"},
+        {"FormatDateTime(#1/1/2000#, 4)", "<00:00>"},
+        {"CInt(5) = \"5\"", "yes"},
+        {"CStr(-5) = -5", "yes"},
+    };
+    for (const ExpressionRow& row : rows) {
+        script::Value value;
+        ASSERT_TRUE(engine.evaluate(row.expression, value)) << row.expression << ": " << engine.error().number;
+        EXPECT_EQ(engine.text(value), row.outcome) << row.expression;
+    }
 }
 
 }  // namespace

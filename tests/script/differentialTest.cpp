@@ -294,7 +294,7 @@ TEST_F(Differential, LogicWorksOnEveryBit) {
 TEST_F(Differential, TextFunctionsOnFewLetters) {
     const auto anyText = [&](std::int64_t most) {
         std::string letters;
-        for (std::int64_t left = below(most + 1); left > 0; --left) letters += "abA"[below(3)];
+        for (std::int64_t left = below(most + 1); left > 0; --left) letters += "aaabbA"[below(6)];
         return letters;
     };
     const auto lowered = [](std::string letters) {
@@ -302,8 +302,10 @@ TEST_F(Differential, TextFunctionsOnFewLetters) {
         return letters;
     };
     for (int i = 0; i < 50000; ++i) {
-        const std::string haystack = anyText(20) + "b";
-        const std::string needle = "a" + anyText(4);
+        const std::string haystack = anyText(40) + "b";
+        // Half of them stand in it.
+        const auto cut = static_cast<std::size_t>(below(static_cast<std::int64_t>(haystack.size())));
+        const std::string needle = below(2) == 0 ? haystack.substr(cut, 12) : "a" + anyText(6);
         const bool fold = below(2) == 1;
         const std::string in = fold ? lowered(haystack) : haystack;
         const std::string wanted = fold ? lowered(needle) : needle;
