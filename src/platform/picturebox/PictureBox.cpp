@@ -13,6 +13,8 @@ namespace {
 
 constexpr int frameMilliseconds = 16;
 constexpr Pixel background = 0xFF000000U;
+// The narrowest letters of this many reach beyond any screen.
+constexpr std::size_t longestText = 4096;
 
 }  // namespace
 
@@ -94,9 +96,16 @@ void PictureBox::Circle(float x, float y, float radius, QColor colour, FillStyle
 }
 
 void PictureBox::Print(std::string_view text, PictureFont& font) {
-    const PictureFont::Run& run = font.run(text, pixelRatio_);
-    surface_.drawText(run.coverage, device(CurrentX), device(CurrentY), foreground_.rgb());
-    CurrentX += static_cast<float>(run.advance / pixelRatio_);
+    double x = 0;  // device pixels from where the text starts
+    for (text = text.substr(0, longestText); !text.empty();) {
+        const std::string_view piece = text.substr(0, PictureFont::firstPiece(text));
+        const PictureFont::Run& run = font.run(piece, pixelRatio_);
+        surface_.drawText(run.coverage, std::floor(CurrentX * pixelRatio_ + x + 0.5), device(CurrentY),
+                          foreground_.rgb());
+        x += run.advance;
+        text.remove_prefix(piece.size());
+    }
+    CurrentX += static_cast<float>(x / pixelRatio_);
     changed();
 }
 
