@@ -1,6 +1,6 @@
 #include "translator/Translator.h"
 
-#include "translator/LocalRomanMark.h"
+#include "platform/richtext/InternalText.h"
 #include "translator/Blanks.h"
 #include "translator/Keywords.h"
 #include "translator/Scanner.h"
