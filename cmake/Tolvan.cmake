@@ -11,6 +11,9 @@ if(TOLVAN_SANITIZE)
                                                   -fno-omit-frame-pointer)
   target_link_options(tolvan_options INTERFACE -fsanitize=address,undefined)
 endif()
+if(TOLVAN_FUZZ)
+  target_compile_options(tolvan_options INTERFACE -fsanitize=fuzzer-no-link)
+endif()
 
 # tolvan_library(NAME SOURCES file... [LINKS target...])
 #
@@ -34,6 +37,9 @@ endfunction()
 #
 # A GoogleTest program of one folder; windows are drawn off-screen. Each of its tests is a test of its own in ctest.
 function(tolvan_test name)
+  if(NOT TOLVAN_TESTS)
+    return()
+  endif()
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE tolvan_options ${arg_LINKS} GTest::gmock)
@@ -48,4 +54,19 @@ function(tolvan_test name)
     DISCOVERY_MODE PRE_TEST
     DISCOVERY_TIMEOUT 60
     PROPERTIES TIMEOUT 300 ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()
+
+# tolvan_fuzzer(NAME SOURCES file... [LINKS target...])
+#
+# A libFuzzer program of one folder, built by the preset "fuzz" only. A unit that takes long is a fault too: run it with
+# -timeout=10.
+function(tolvan_fuzzer name)
+  if(NOT TOLVAN_FUZZ)
+    return()
+  endif()
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE tolvan_options ${arg_LINKS})
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_link_options(${name} PRIVATE -fsanitize=fuzzer)
 endfunction()

@@ -19,7 +19,7 @@ struct Utf8Literal {
 };
 
 // One character of valid UTF-8 at `position`, which moves behind it.
-consteval char32_t nextCharacter(const char* bytes, std::size_t& position) {
+constexpr char32_t nextCharacter(const char* bytes, std::size_t& position) {
     const auto lead = static_cast<unsigned char>(bytes[position++]);
     if (lead < 0x80) return lead;
     const int following = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : 1;
@@ -31,18 +31,18 @@ consteval char32_t nextCharacter(const char* bytes, std::size_t& position) {
 
 template <Utf8Literal literal>
 struct DevaLiteral {
-    static consteval std::size_t length() {
+    static constexpr std::size_t length() {
         std::size_t count = 0;
         for (std::size_t position = 0; position + 1 < sizeof literal.bytes; ++count)
             nextCharacter(literal.bytes, position);
         return count;
     }
-    static consteval auto encode() {
-        std::array<char, length() + 1> encoded{};
+    static constexpr auto encode() {
+        std::array<char, length() + 1> bytes{};
         std::size_t position = 0;
         for (std::size_t i = 0; i < length(); ++i)
-            encoded[i] = static_cast<char>(unicodeToWindows1252(nextCharacter(literal.bytes, position)).value());
-        return encoded;
+            bytes[i] = static_cast<char>(unicodeToWindows1252(nextCharacter(literal.bytes, position)).value());
+        return bytes;
     }
     static constexpr auto encoded = encode();
 };

@@ -1,0 +1,118 @@
+#include "dialogs/CaptionBar.h"
+
+#include "dialogs/CaptionButton.h"
+#include "dialogs/Look.h"
+#include "dialogs/StyledLine.h"
+
+#include <QApplication>
+#include <QContextMenuEvent>
+#include <QMouseEvent>
+#include <QPainter>
+
+#include <algorithm>
+
+namespace tolvan {
+
+CaptionBar::CaptionBar(QWidget* parent, bool resizable) : QWidget(parent) {
+    using Sign = CaptionButton::Sign;
+    setObjectName(QStringLiteral("captionBar"));
+    icon_ = new CaptionButton(Sign::Icon, this);
+    icon_->setObjectName(QStringLiteral("cmdSystemMenu"));
+    icon_->setAccessibleName(QStringLiteral("System menu"));
+    connect(icon_, &CaptionButton::pressed, this, [this] {
+        icon_->setDown(false);
+        emit menuRequested(mapToGlobal(rect().bottomLeft()));
+    });
+    if (resizable) {
+        addButton(Sign::Minimize, "cmdMinimize", QStringLiteral("Minimize"), SystemCommand::Minimize);
+        maximize_ = addButton(Sign::Maximize, "cmdMaximize", QStringLiteral("Maximize"), SystemCommand::Maximize);
+    }
+    addButton(Sign::Close, "cmdClose", QStringLiteral("Close"), SystemCommand::Close);
+}
+
+CaptionButton* CaptionBar::addButton(CaptionButton::Sign sign, const char* name, const QString& accessibleName,
+                                     SystemCommand command) {
+    auto* button = new CaptionButton(sign, this);
+    button->setObjectName(QLatin1String(name));
+    button->setAccessibleName(accessibleName);
+    connect(button, &CaptionButton::clicked, this, [this, button, command] {
+        emit systemCommand(button->sign() == CaptionButton::Sign::Restore ? SystemCommand::Restore : command);
+    });
+    buttons_.append(button);
+    return button;
+}
+
+void CaptionBar::setTitle(StyledView title) {
+    title_ = StyledText(title);
+    updateGeometry();
+    update();
+}
+
+void CaptionBar::setActive(bool active) {
+    active_ = active;
+    for (CaptionButton* button : buttons_) button->setActive(active);
+    update();
+}
+
+void CaptionBar::setMaximized(bool maximized) {
+    if (maximize_) maximize_->setSign(maximized ? CaptionButton::Sign::Restore : CaptionButton::Sign::Maximize);
+}
+
+QSize CaptionBar::sizeHint() const {
+    return minimumSizeHint() + QSize(static_cast<int>(styledLineSize(title_).width()) + look::em(1), 0);
+}
+
+QSize CaptionBar::minimumSizeHint() const {
+    const int line = std::max(QFontMetrics(look::controlFont(Font::Devanagari)).height(),
+                              QFontMetrics(look::controlFont(Font::Latin)).height());
+    return {icon_->sizeHint().width() + buttonsWidth(), std::max(icon_->sizeHint().height(), line + look::em(0.3))};
+}
+
+int CaptionBar::buttonsWidth() const {
+    int width = 0;
+    for (const CaptionButton* button : buttons_) width += button->sizeHint().width();
+    return width;
+}
+
+void CaptionBar::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.fillRect(rect(), active_ ? look::captionActive : look::captionInactive);
+    const int left = icon_->geometry().right() + 1;
+    const QRectF area(left, 0, width() - left - buttonsWidth() - look::em(0.3), height());
+    drawStyledLine(painter, area, title_, active_ ? look::text : look::dimText);
+}
+
+void CaptionBar::resizeEvent(QResizeEvent*) {
+    icon_->setGeometry(0, 0, icon_->sizeHint().width(), height());
+    int left = width() - buttonsWidth();
+    for (CaptionButton* button : buttons_) {
+        button->setGeometry(left, 0, button->sizeHint().width(), height());
+        left += button->width();
+    }
+}
+
+void CaptionBar::mousePressEvent(QMouseEvent* event) {
+    if (event->button() == Qt::LeftButton) pressedAt_ = event->globalPosition().toPoint();
+}
+
+// The window system is asked only after a real movement: asked at once, it would swallow the double click.
+void CaptionBar::mouseMoveEvent(QMouseEvent* event) {
+    if (!pressedAt_) return;
+    const QPoint way = event->globalPosition().toPoint() - *pressedAt_;
+    if (way.manhattanLength() >= QApplication::startDragDistance()) emit dragged(*std::exchange(pressedAt_, {}));
+}
+
+void CaptionBar::mouseReleaseEvent(QMouseEvent*) {
+    pressedAt_.reset();
+}
+
+void CaptionBar::mouseDoubleClickEvent(QMouseEvent* event) {
+    pressedAt_.reset();
+    if (event->button() == Qt::LeftButton) emit doubleClicked();
+}
+
+void CaptionBar::contextMenuEvent(QContextMenuEvent* event) {
+    emit menuRequested(event->globalPos());
+}
+
+}  // namespace tolvan

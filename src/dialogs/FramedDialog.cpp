@@ -1,0 +1,49 @@
+#include "dialogs/FramedDialog.h"
+
+#include "dialogs/Look.h"
+#include "dialogs/WindowFrame.h"
+
+#include <QHBoxLayout>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tolvan {
+
+FramedDialog::FramedDialog(std::string_view title, QWidget* parent)
+    : QDialog(parent), body_(new QHBoxLayout), buttons_(new QHBoxLayout) {
+    auto* frame = new WindowFrame(*this, WindowFrame::Kind::Fixed);
+    frame->setTitle(StyledText(title, Font::Devanagari));
+
+    body_->setContentsMargins(look::em(1.2), look::em(1.2), look::em(1.4), look::em(1.2));
+    body_->setSpacing(look::em(1));
+
+    auto* footer = new QWidget(this);
+    footer->setAutoFillBackground(true);
+    footer->setPalette(look::footer);
+    footer->setMinimumWidth(frame->captionBar().sizeHint().width());
+    footer->setLayout(buttons_);
+    buttons_->setContentsMargins(look::em(1), look::em(0.6), look::em(1), look::em(0.6));
+    buttons_->setSpacing(look::em(0.6));
+    buttons_->addStretch();
+
+    auto* all = new QVBoxLayout(this);
+    all->setContentsMargins({});
+    all->setSpacing(0);
+    all->setSizeConstraint(QLayout::SetFixedSize);
+    all->addLayout(body_, 1);
+    all->addWidget(footer);
+}
+
+QPushButton* FramedDialog::addButton(const char* name, std::string_view caption) {
+    auto* button = new QPushButton(look::captionText(caption), this);
+    button->setObjectName(QLatin1String(name));
+    button->setFont(look::controlFont(Font::Devanagari));
+    if (buttons_->count() == 1) {  // only the stretch is there
+        button->setDefault(true);
+        button->setFocus();
+    }
+    buttons_->addWidget(button);
+    return button;
+}
+
+}  // namespace tolvan

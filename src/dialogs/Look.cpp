@@ -1,0 +1,120 @@
+#include "dialogs/Look.h"
+
+#include "dialogs/ProvisionalFonts.h"
+
+#include <QApplication>
+#include <QFontMetrics>
+#include <QPalette>
+#include <QStyleFactory>
+#include <QToolTip>
+
+#include <algorithm>
+
+// A static library's resources are linked only where they are asked for by name; the call must stand outside any
+// namespace.
+static void loadResources() {
+    Q_INIT_RESOURCE(dialogs);
+}
+
+namespace tolvan::look {
+namespace {
+
+constexpr qreal devanagariScale = 1.3;
+
+QPalette palette() {
+    QPalette palette(background);
+    palette.setColor(QPalette::Window, background);
+    palette.setColor(QPalette::WindowText, text);
+    palette.setColor(QPalette::Base, paper);
+    palette.setColor(QPalette::AlternateBase, footer);
+    palette.setColor(QPalette::Text, text);
+    palette.setColor(QPalette::PlaceholderText, dimText);
+    palette.setColor(QPalette::Button, paper);
+    palette.setColor(QPalette::ButtonText, text);
+    palette.setColor(QPalette::Highlight, accent);
+    palette.setColor(QPalette::HighlightedText, textOnAccent);
+    palette.setColor(QPalette::Link, accent);
+    palette.setColor(QPalette::ToolTipBase, paper);
+    palette.setColor(QPalette::ToolTipText, text);
+    for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
+        palette.setColor(QPalette::Disabled, role, greyedText);
+    return palette;
+}
+
+// Colours are written into it by their names above.
+constexpr const char* styleSheetPattern = R"(
+    QPushButton {
+        background: @paper; color: @text; border: 1px solid @line; border-radius: 0.3em;
+        padding: 0.3em 1em; min-width: 4em;
+    }
+    QPushButton:hover { background: @accentLight; border-color: @frameActive; }
+    QPushButton:pressed { background: @captionActive; }
+    QPushButton:focus, QPushButton:default { border-color: @accent; }
+    QPushButton:default { background: @accent; color: @textOnAccent; }
+    QPushButton:default:hover { background: @frameActive; }
+    QPushButton:disabled { background: @footer; color: @greyedText; border-color: @line; }
+    QMenu { background: @paper; color: @text; border: 1px solid @frameInactive; padding: 0.2em 0; }
+    QMenu::item { padding: 0.25em 2em 0.25em 1.2em; }
+    QMenu::item:selected { background: @accentLight; }
+    QMenu::item:disabled { color: @greyedText; background: transparent; }
+    QMenu::separator { height: 1px; background: @line; margin: 0.25em 0.6em; }
+    QToolTip { background: @paper; color: @text; border: 1px solid @line; padding: 0.2em; }
+)";
+
+QString styleSheet() {
+    const struct {
+        const char* name;
+        QColor colour;
+    } names[] = {
+        // A name that begins another stands behind it.
+        {"@paper", paper},
+        {"@textOnAccent", textOnAccent},
+        {"@text", text},
+        {"@line", line},
+        {"@accentLight", accentLight},
+        {"@accent", accent},
+        {"@frameActive", frameActive},
+        {"@frameInactive", frameInactive},
+        {"@captionActive", captionActive},
+        {"@footer", footer},
+        {"@greyedText", greyedText},
+    };
+    QString sheet = QString::fromLatin1(styleSheetPattern);
+    for (const auto& [name, colour] : names) sheet.replace(QLatin1String(name), colour.name());
+    return sheet;
+}
+
+}  // namespace
+
+void apply(QApplication& application) {
+    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setPalette(palette());
+    QToolTip::setPalette(palette());
+    QToolTip::setFont(controlFont(Font::Devanagari));
+    QApplication::setWindowIcon(applicationIcon());
+    application.setStyleSheet(styleSheet());
+}
+
+QFont controlFont(Font font) {
+    const qreal desktopSize = std::max(9.0, QFontInfo(QApplication::font()).pointSizeF());
+    QFont result = qtFont(font);
+    result.setPointSizeF(desktopSize * devanagariScale);
+    return result;
+}
+
+int em() {
+    return std::max(12, QFontMetrics(QApplication::font()).height());
+}
+
+QString captionText(std::string_view fontEncoded) {
+    return toQString(fontEncoded).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+QIcon applicationIcon() {
+    loadResources();
+    QIcon icon;
+    for (const int size : {16, 32, 48, 128, 256}) icon.addFile(QStringLiteral(":/tolvan/tolbasic-%1.png").arg(size));
+    return icon;
+}
+
+}  // namespace tolvan::look

@@ -1,0 +1,35 @@
+#include "dialogs/MessageDialog.h"
+
+#include "dialogs/RichTextView.h"
+#include "platform/richtext/RtfWriter.h"
+
+#include <QBoxLayout>
+#include <QKeyEvent>
+#include <QScreen>
+
+namespace tolvan {
+
+// The share of the screen's width and height that a message may take before it scrolls.
+constexpr double screenShare = 0.6;
+
+std::string messageDocument(std::string_view fragment) {
+    return std::string(RtfHeader()).append(fragment).append("\\par}");
+}
+
+MessageDialog::MessageDialog(std::string_view title, MessageSign::Kind sign, const char* messageName, QWidget* parent)
+    : FramedDialog(title, parent), view_(new RichTextView(this)) {
+    view_->setObjectName(QLatin1String(messageName));
+    body().addWidget(new MessageSign(sign, this), 0, Qt::AlignTop);
+    body().addWidget(view_, 1, Qt::AlignVCenter);
+}
+
+void MessageDialog::setMessage(std::string_view fragment) {
+    view_->setTextRtf(messageDocument(fragment));
+    view_->setFixedSize(view_->sizeFor(screen()->availableSize() * screenShare));
+}
+
+void MessageDialog::keyPressEvent(QKeyEvent* event) {
+    if (!view_->scrollByKey(event->key())) FramedDialog::keyPressEvent(event);
+}
+
+}  // namespace tolvan

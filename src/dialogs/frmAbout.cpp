@@ -1,0 +1,64 @@
+#include "dialogs/frmAbout.h"
+
+#include "dialogs/Dialogs.h"
+#include "dialogs/Look.h"
+#include "dialogs/SystemInformation.h"
+#include "platform/encoding/Deva.h"
+
+#include <QLabel>
+#include <QPointer>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tolvan {
+namespace {
+
+QLabel* addLine(QVBoxLayout& lines, const QString& text, const QFont& font, const QColor& colour) {
+    auto* label = new QLabel;
+    label->setTextFormat(Qt::PlainText);
+    label->setText(text);
+    label->setFont(font);
+    QPalette palette = label->palette();
+    palette.setColor(QPalette::WindowText, colour);
+    label->setPalette(palette);
+    lines.addWidget(label);
+    return label;
+}
+
+QFont enlarged(QFont font, qreal factor) {
+    font.setPointSizeF(font.pointSizeF() * factor);
+    return font;
+}
+
+}  // namespace
+
+frmAbout::frmAbout(QWidget* parent) : FramedDialog("tolvn beisk bÎl"_deva, parent) {
+    const QFont devanagari = look::controlFont(Font::Devanagari);
+    const QFont latin = look::controlFont(Font::Latin);
+
+    auto* picture = new QLabel;
+    picture->setPixmap(look::applicationIcon().pixmap(look::em(5), look::em(5)));
+    auto* lines = new QVBoxLayout;
+    lines->setSpacing(look::em(0.2));
+    addLine(*lines, look::captionText("tolvn beisk"_deva), enlarged(devanagari, 1.8), look::accent);
+    addLine(*lines, QStringLiteral("Tolvan Basic " TOLVAN_VERSION), latin, look::text);
+    addLine(*lines, look::captionText("mraQIt àayaejn ilih{yasaQI"_deva), devanagari, look::dimText);
+    body().addWidget(picture);
+    body().addLayout(lines, 1);
+
+    connect(addButton("cmdOK", "QIk Aahe"_deva), &QPushButton::clicked, this, &QDialog::accept);
+    connect(addButton("cmdSysInfo", "s<g[k maihtI"_deva), &QPushButton::clicked, this,
+            &frmAbout::showSystemInformation);
+}
+
+void frmAbout::showSystemInformation() {
+    if (!startSystemInformation()) ShowMessage("\\f0 System Information Is Unavailable At This Time");
+}
+
+void showAbout(QWidget* parent) {
+    const QPointer<frmAbout> box = new frmAbout(parent);
+    box->exec();
+    delete box;
+}
+
+}  // namespace tolvan

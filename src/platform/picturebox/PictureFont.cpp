@@ -1,0 +1,117 @@
+#include "platform/picturebox/PictureFont.h"
+
+#include "platform/encoding/Windows1252.h"
+
+#include <QFontMetricsF>
+#include <QImage>
+#include <QPainter>
+#include <QTextLayout>
+
+#include <algorithm>
+#include <cmath>
+
+namespace tolvan {
+namespace {
+
+// Four screens of text in distinct runs; a program that prints ever new lines does not fill the memory.
+constexpr std::size_t keptBytes = 8U << 20U;
+// The narrowest letters of this many reach beyond any screen.
+constexpr std::size_t longestRun = 4096;
+constexpr int widestPicture = 16384;
+// Room for parts of letters that reach out of their line or stand before its start.
+constexpr int margin = 24;
+
+QString toUnicode(std::string_view text) {
+    QString result;
+    result.reserve(static_cast<qsizetype>(text.size()));
+    for (const char byte : text) result.append(QChar(windows1252ToUnicode(static_cast<std::uint8_t>(byte))));
+    return result;
+}
+
+// The part of a grey picture that is not black.
+Coverage coverageOf(const QImage& picture, int originX, int originY) {
+    int left = picture.width(), right = -1, top = picture.height(), bottom = -1;
+    for (int y = 0; y < picture.height(); ++y) {
+        const uchar* line = picture.constScanLine(y);
+        const uchar* end = line + picture.width();
+        const uchar* first = std::find_if(line, end, [](uchar value) { return value != 0; });
+        if (first == end) continue;
+        const uchar* last = end;
+        while (*--last == 0) {
+        }
+        left = std::min(left, static_cast<int>(first - line));
+        right = std::max(right, static_cast<int>(last - line));
+        top = std::min(top, y);
+        bottom = y;
+    }
+    Coverage coverage;
+    if (right < left) return coverage;
+    coverage.left = left - originX;
+    coverage.top = top - originY;
+    coverage.width = right - left + 1;
+    coverage.height = bottom - top + 1;
+    for (int y = top; y <= bottom; ++y) {
+        const uchar* line = picture.constScanLine(y);
+        coverage.values.insert(coverage.values.end(), line + left, line + right + 1);
+    }
+    return coverage;
+}
+
+}  // namespace
+
+void PictureFont::forget() {
+    runs_.clear();
+    bytes_ = 0;
+}
+
+void PictureFont::usePixelRatio(double pixelRatio) {
+    if (pixelRatio == pixelRatio_) return;
+    forget();
+    pixelRatio_ = pixelRatio;
+    const QFontMetricsF metrics(font_);
+    ascent_ = static_cast<int>(std::ceil(metrics.ascent() * pixelRatio));
+    lineHeight_ = ascent_ + static_cast<int>(std::ceil(metrics.descent() * pixelRatio));
+}
+
+int PictureFont::lineHeight(double pixelRatio) {
+    usePixelRatio(pixelRatio);
+    return lineHeight_;
+}
+
+const PictureFont::Run& PictureFont::run(std::string_view text, double pixelRatio) {
+    usePixelRatio(pixelRatio);
+    text = text.substr(0, longestRun);
+    if (const auto found = runs_.find(text); found != runs_.end()) return found->second;
+    if (bytes_ > keptBytes) forget();
+    Run drawn = draw(text);
+    bytes_ += drawn.coverage.values.size() + text.size() + sizeof(Run);
+    return runs_.emplace(text, std::move(drawn)).first->second;
+}
+
+PictureFont::Run PictureFont::draw(std::string_view text) const {
+    QTextOption oneLine;
+    oneLine.setWrapMode(QTextOption::NoWrap);
+    oneLine.setFlags(QTextOption::IncludeTrailingSpaces);
+    oneLine.setTextDirection(Qt::LeftToRight);
+    QTextLayout layout(toUnicode(text), font_);
+    layout.setTextOption(oneLine);
+    layout.beginLayout();
+    const QTextLine line = layout.createLine();
+    layout.endLayout();
+
+    Run run;
+    if (!line.isValid()) return run;
+    run.advance = line.horizontalAdvance() * pixelRatio_;
+    const int width = static_cast<int>(std::min(std::ceil(run.advance), double{widestPicture}));
+    QImage picture(width + 2 * margin, lineHeight_ + 2 * margin, QImage::Format_Grayscale8);
+    picture.fill(0);
+    QPainter painter(&picture);
+    painter.setPen(Qt::white);
+    painter.scale(pixelRatio_, pixelRatio_);
+    layout.draw(&painter, QPointF(margin / pixelRatio_, (margin + ascent_) / pixelRatio_ - line.ascent()));
+    painter.end();
+    run.coverage = coverageOf(picture, margin, margin);
+    return run;
+}
+
+}  // namespace tolvan

@@ -1,0 +1,49 @@
+// A font of the picture box, with the pictures of the runs of text that were printed in it. Programs print the same
+// words again and again, and shaping a run costs far more than copying its picture.
+#pragma once
+
+#include "platform/picturebox/PixelSurface.h"
+
+#include <QFont>
+
+#include <functional>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+
+namespace tolvan {
+
+class PictureFont {
+  public:
+    struct Run {
+        Coverage coverage;   // from the top left corner of the text's line
+        double advance = 0;  // device pixels to where the next text starts
+    };
+
+    explicit PictureFont(QFont font) : font_(std::move(font)) {}
+
+    const QFont& font() const { return font_; }
+
+    // The height of a line in device pixels; whole, so that a scroll by lines is a scroll by rows.
+    int lineHeight(double pixelRatio);
+    // Text is font-encoded, without line breaks. Valid until the next call.
+    const Run& run(std::string_view text, double pixelRatio);
+
+  private:
+    struct Hash : std::hash<std::string_view> {
+        using is_transparent = void;
+    };
+
+    void forget();
+    void usePixelRatio(double pixelRatio);
+    Run draw(std::string_view text) const;
+
+    QFont font_;
+    double pixelRatio_ = 0;
+    int ascent_ = 0;  // device pixels, like the line height
+    int lineHeight_ = 0;
+    std::size_t bytes_ = 0;  // of the pictures kept
+    std::unordered_map<std::string, Run, Hash, std::equal_to<>> runs_;
+};
+
+}  // namespace tolvan

@@ -1,0 +1,33 @@
+// The internal text form: text of the Devanagari font, in which Latin runs stand in "{" and "}". "\{" and "\}" are
+// literal braces; a "\" before anything else is itself.
+#pragma once
+
+#include "platform/richtext/StyledText.h"
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tolvan {
+
+// Styled text in internal text form. Every font but the Devanagari one counts as Latin. Latin text that ends in "\"
+// cannot be told from a literal brace when it is read again; all other text comes back.
+std::string RomanMark(StyledView text);
+
+// A piece of text to be drawn in one font.
+struct InternalTextRun {
+    std::string text;
+    Font font = Font::Devanagari;
+    bool dropped = false;  // drawn lower than the line, as closed Latin runs are
+
+    friend bool operator==(const InternalTextRun&, const InternalTextRun&) = default;
+};
+
+// The runs of a text that is to be drawn, empty ones left out. Any text will do: an unclosed "{" makes the rest
+// Latin, and a "}" without "{" makes Latin what came before it.
+std::vector<InternalTextRun> InternalTextRuns(std::string_view text);
+
+// The text without its run marks, as for a file name.
+std::string plainText(std::string_view internalText);
+
+}  // namespace tolvan

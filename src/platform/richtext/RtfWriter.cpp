@@ -1,0 +1,90 @@
+#include "platform/richtext/RtfWriter.h"
+
+#include <algorithm>
+
+namespace tolvan {
+namespace {
+
+bool needsEscape(char character) {
+    return character == '\\' || character == '{' || character == '}';
+}
+
+// A reader takes raw control characters for layout of the source.
+bool isControl(char character) {
+    return static_cast<unsigned char>(character) < ' ';
+}
+
+void appendEscaped(char character, std::string& rtf) {
+    static constexpr std::string_view digits = "0123456789abcdef";
+    const auto code = static_cast<unsigned char>(character);
+    if (isControl(character)) {
+        rtf += "\\'";
+        rtf += digits[code >> 4U];
+        rtf += digits[code & 15U];
+        return;
+    }
+    if (needsEscape(character)) rtf += '\\';
+    rtf += character;
+}
+
+std::string_view fontWord(Font font) {
+    switch (font) {
+        case Font::Latin:
+            return "\\f0 ";
+        case Font::Devanagari:
+            return "\\f1 ";
+        case Font::Other:
+            break;
+    }
+    return "\\f2 ";
+}
+
+// A piece in one font.
+void appendPiece(std::string_view piece, std::string& rtf) {
+    for (std::size_t i = 0; i < piece.size(); ++i) {
+        if (piece.substr(i, 2) == "\r\n") {
+            rtf += "{\\line}";
+            ++i;
+        } else {
+            appendEscaped(piece[i], rtf);
+        }
+    }
+}
+
+}  // namespace
+
+std::string_view RtfHeader() {
+    return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deftab720{\\fonttbl{\\f0\\fswiss Times New Roman;}{\\f1\\fnil Sanskrit "
+           "1.2;}}"
+           "{\\colortbl;\\red0\\green0\\blue0;\\red255\\green255\\blue255;} \\fs20 ";
+}
+
+std::string RtfEscape(std::string_view text) {
+    std::string escaped;
+    escaped.reserve(text.size());
+    for (const char character : text) {
+        if (needsEscape(character)) escaped += '\\';
+        escaped += character;
+    }
+    return escaped;
+}
+
+std::string rtfBody(StyledView text) {
+    std::string rtf;
+    rtf.reserve(text.size() * 2);
+    while (!text.empty()) {
+        const Font* fonts = text.fonts();
+        const Font* end = std::find_if(fonts, fonts + text.size(), [&](Font font) { return font != fonts[0]; });
+        const auto length = static_cast<std::size_t>(end - fonts);
+        rtf += fontWord(fonts[0]);
+        appendPiece(text.text().substr(0, length), rtf);
+        text = text.substr(length);
+    }
+    return rtf;
+}
+
+std::string writeRtf(StyledView text) {
+    return std::string(RtfHeader()) + rtfBody(text) + "\\par}";
+}
+
+}  // namespace tolvan

@@ -1,0 +1,95 @@
+#include "platform/script/ArrayCell.h"
+
+#include "platform/script/Heap.h"
+#include "platform/script/ScriptError.h"
+
+#include <new>
+
+namespace tolvan::script {
+
+namespace {
+
+// Elements in all, or error 7 where no memory could hold them.
+std::size_t product(std::span<const std::uint32_t> extents) {
+    std::size_t size = extents.empty() ? 0 : 1;
+    for (const std::uint32_t extent : extents) {
+        if (extent != 0 && size > (std::size_t{1} << 40) / extent) throw ScriptError(errors::OutOfMemory);
+        size *= extent;
+    }
+    return size;
+}
+
+std::size_t cellSize(std::size_t rank) {
+    const std::size_t bytes = sizeof(ArrayCell) + rank * sizeof(std::uint32_t);
+    return (bytes + alignof(Value) - 1) / alignof(Value) * alignof(Value);
+}
+
+}  // namespace
+
+// The extents lie behind the cell in its block; the elements have a block of their own.
+ArrayCell* ArrayCell::create(Heap& heap, std::span<const std::uint32_t> extents, bool resizable) {
+    const std::size_t size = product(extents);
+    void* block = heap.allocate(cellSize(extents.size()));
+    auto* cell = new (block) ArrayCell;
+    cell->heap = &heap;
+    cell->rank = static_cast<std::uint16_t>(extents.size());
+    cell->resizable = resizable;
+    cell->extents = reinterpret_cast<std::uint32_t*>(cell + 1);
+    for (std::size_t i = 0; i < extents.size(); ++i) cell->extents[i] = extents[i];
+    if (size == 0) return cell;
+    try {
+        cell->items = static_cast<Value*>(heap.allocate(size * sizeof(Value)));
+    } catch (...) {
+        destroy(cell);
+        throw;
+    }
+    cell->size = size;
+    if (extents.size() == 1) cell->count1 = extents[0];
+    for (std::size_t i = 0; i < size; ++i) new (cell->items + i) Value;
+    return cell;
+}
+
+ArrayCell* ArrayCell::createList(Heap& heap, std::size_t count) {
+    if (count > 0xffffffffu) throw ScriptError(errors::OutOfMemory);
+    const auto extent = static_cast<std::uint32_t>(count);
+    return create(heap, {&extent, 1}, true);
+}
+
+ArrayCell* ArrayCell::copy(Heap& heap, const ArrayCell& other) {
+    ArrayCell* cell = create(heap, {other.extents, other.rank}, other.resizable);
+    for (std::size_t i = 0; i < other.size; ++i) cell->items[i] = other.items[i];
+    return cell;
+}
+
+// Elements may be arrays in arrays to any depth: what they hold is taken apart without recursion.
+void ArrayCell::destroy(ArrayCell* cell) noexcept {
+    static thread_local ArrayCell* waiting = nullptr;
+    static thread_local bool busy = false;
+    // The waiting cells are linked through their extents, which nobody needs any more; `rank` keeps the block's size.
+    struct Link {
+        static void push(ArrayCell* link) {
+            link->extents = reinterpret_cast<std::uint32_t*>(waiting);
+            waiting = link;
+        }
+    };
+    Link::push(cell);
+    if (busy) return;
+    busy = true;
+    while (waiting != nullptr) {
+        ArrayCell* next = waiting;
+        waiting = reinterpret_cast<ArrayCell*>(next->extents);
+        for (std::size_t i = 0; i < next->size; ++i) next->items[i].~Value();
+        if (next->items != nullptr) next->heap->release(next->items, next->size * sizeof(Value));
+        next->heap->release(next, cellSize(next->rank));
+    }
+    busy = false;
+}
+
+ArrayCell* unshare(Heap& heap, Value& array) {
+    ArrayCell* cell = array.array();
+    if (cell->references == 1) return cell;
+    array = Value::adopt(ArrayCell::copy(heap, *cell));
+    return array.array();
+}
+
+}  // namespace tolvan::script

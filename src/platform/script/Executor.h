@@ -1,0 +1,90 @@
+// The script engine: loads modules of VBScript and runs their procedures. Knows nothing of windows; what a script can
+// reach outside itself is the objects that the host adds.
+//
+// One thread at a time. A host object may be called back from inside addCode and run, and may call neither addCode,
+// run nor reset of the same engine from there.
+#pragma once
+
+#include "platform/script/HostObject.h"
+#include "platform/script/ScriptError.h"
+#include "platform/script/TextForm.h"
+#include "platform/script/Value.h"
+
+#include <chrono>
+#include <cstddef>
+#include <memory>
+#include <span>
+#include <string>
+#include <string_view>
+
+namespace tolvan::script {
+
+// Where a run or a load failed. number 0: it did not.
+struct ErrorReport {
+    int number = 0;
+    // 1-based line of the module that was added; of the statement for a run-time error, of the place for a syntax
+    // error.
+    int line = 0;
+    // 1-based; 0 if it is not known (run-time errors).
+    int column = 0;
+    std::string description;
+    std::string source;
+};
+
+class Executor {
+  public:
+    Executor();
+    ~Executor();
+    Executor(const Executor&) = delete;
+    Executor& operator=(const Executor&) = delete;
+
+    // Discards code, variables and objects, and gives back their memory. Language, timeout, limits and text form stay.
+    void reset();
+
+    // The language of the modules: "VBScript" (the start value), letter case aside. Any other name is refused (false).
+    bool setLanguage(std::string_view name);
+    std::string_view language() const;
+
+    // Longest time that one run may take, in milliseconds; -1 (the start value): no limit. A run that takes longer
+    // ends with errors::TimedOut, which no script can catch.
+    void setTimeout(int milliseconds);
+    int timeout() const;
+
+    // Most bytes of texts, arrays and objects that scripts may hold; the script that asks for more gets error 7.
+    // Start value: 1 GiB.
+    void setMemoryLimit(std::size_t bytes);
+    // Bytes that scripts hold now.
+    std::size_t memoryUsed() const;
+
+    // Not owned; must outlive the engine or its replacement. Null: plain VBScript.
+    void setTextForm(const TextForm* form);
+
+    enum class Members { OfObjectOnly, AlsoGlobal };
+    // Makes an object known to the modules loaded after it under a name; with AlsoGlobal its members are names of
+    // their own as well. A name that a module declares itself hides both.
+    void addObject(std::string_view name, HostObject& object, Members members = Members::OfObjectOnly);
+
+    // Loads a module and runs its statements outside procedures. False if it cannot be compiled (nothing of it is
+    // loaded) or fails; see error().
+    bool addCode(std::string_view module);
+
+    // Calls a procedure; true if it ended without an error. `result` receives what a function returned.
+    bool run(std::string_view procedure, std::span<const Value> arguments = {}, Value* result = nullptr);
+    bool hasProcedure(std::string_view name) const;
+
+    // The value of an expression, in the scope of the modules.
+    bool evaluate(std::string_view expression, Value& result);
+
+    // How the last addCode, run or evaluate ended.
+    const ErrorReport& error() const;
+
+    // A value as the script's CStr would write it, and as TypeName would name its type. For hosts and tests.
+    std::string text(const Value& value);
+    std::string typeName(const Value& value) const;
+
+  private:
+    class Engine;
+    std::unique_ptr<Engine> engine_;
+};
+
+}  // namespace tolvan::script

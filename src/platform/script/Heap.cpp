@@ -1,0 +1,50 @@
+#include "platform/script/Heap.h"
+
+#include "platform/script/ScriptError.h"
+
+#include <cstdlib>
+
+namespace tolvan::script {
+
+void Heap::abandon() {
+    abandoned_ = true;
+    if (used_ == 0) delete this;
+}
+
+void Heap::take(std::size_t bytes) {
+    if (bytes > limit_ || used_ > limit_ - bytes) throw ScriptError(errors::OutOfMemory);
+    used_ += bytes;
+}
+
+void Heap::give(std::size_t bytes) noexcept {
+    used_ -= bytes;
+    if (abandoned_ && used_ == 0) delete this;
+}
+
+void* Heap::allocate(std::size_t bytes) {
+    take(bytes);
+    void* block = std::malloc(bytes);
+    if (block == nullptr) {
+        used_ -= bytes;
+        throw ScriptError(errors::OutOfMemory);
+    }
+    return block;
+}
+
+void* Heap::reallocate(void* block, std::size_t oldBytes, std::size_t newBytes) {
+    if (newBytes > oldBytes) take(newBytes - oldBytes);
+    void* moved = std::realloc(block, newBytes);
+    if (moved == nullptr) {
+        if (newBytes > oldBytes) used_ -= newBytes - oldBytes;
+        throw ScriptError(errors::OutOfMemory);
+    }
+    if (newBytes < oldBytes) used_ -= oldBytes - newBytes;
+    return moved;
+}
+
+void Heap::release(void* block, std::size_t bytes) noexcept {
+    std::free(block);
+    give(bytes);
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,45 @@
+// What an Object value refers to: an instance of a script's class, the Err object, a host's object, a procedure
+// reference. Counted; deleted when the last value lets go.
+#pragma once
+
+#include "platform/script/Value.h"
+
+#include <cstdint>
+#include <span>
+#include <string_view>
+
+namespace tolvan::script {
+
+class Context;
+
+// A member name as the compiler numbers it (see Names); 0 is the default member.
+using NameId = std::uint32_t;
+
+class Object : public Cell {
+  public:
+    Object() = default;
+    Object(const Object&) = delete;
+    Object& operator=(const Object&) = delete;
+    virtual ~Object() = default;
+
+    virtual std::string_view typeName() const = 0;
+    // Calls a method, or reads a property. As it stands here: 438.
+    virtual Value call(Context& context, NameId name, std::span<Value> arguments);
+    // Assigns a property; isSet for "Set o.p = object". As it stands here: 438.
+    virtual void put(Context& context, NameId name, std::span<Value> arguments, const Value& value, bool isSet);
+    // True if the object has a default member, which stands for it where a plain value is asked for.
+    virtual bool hasDefault() const { return false; }
+    // Called when the last value has let go; deletes the object, or keeps it for what still has to run on it.
+    virtual void dispose() noexcept { delete this; }
+};
+
+inline Object* Value::object() const {
+    return static_cast<Object*>(as.cell);
+}
+inline Value Value::adopt(Object* object) {
+    Value value(Type::Object);
+    value.as.cell = object;
+    return value;
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,36 @@
+// Conversions between the types of values, as the documented conversion functions do them. All throw ScriptError:
+// 13 for what has no such form, 94 for Null, 6 out of range; an object converts as the value of its default member.
+// Fractions round half to even.
+#pragma once
+
+#include "platform/script/Context.h"
+#include "platform/script/Value.h"
+
+#include <cstdint>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tolvan::script {
+
+double toDouble(Context& context, const Value& value);
+std::int32_t toLong(Context& context, const Value& value);
+bool toBoolean(Context& context, const Value& value);
+double toDate(Context& context, const Value& value);
+std::int64_t toCurrency(Context& context, const Value& value);
+// A String value; the same one if it is a text already.
+Value toText(Context& context, const Value& value);
+// The bytes of the text form; `keep` holds them where they are not the value's own.
+std::string_view toTextView(Context& context, const Value& value, Value& keep);
+
+// A number, Boolean or date as plain VBScript writes it, without the engine's text form.
+std::string plainNumber(double number);
+std::string plainNumber(float number);
+std::string plainDate(double days);
+
+// A text as a number (15E3, &HFF, " 12 "): Double, as CDbl reads it; nothing if it is none.
+std::optional<double> parseNumber(std::string_view text);
+// The days of a text as a date or time ("2/28/2004 3:04 PM", "1-Mar-99"); nothing if it is none.
+std::optional<double> parseDate(std::string_view text);
+
+}  // namespace tolvan::script

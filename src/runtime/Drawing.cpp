@@ -1,0 +1,81 @@
+// What a program draws, and the picture of it as a whole.
+#include "dialogs/Dialogs.h"
+#include "platform/encoding/Deva.h"
+#include "runtime/frmExec.h"
+
+#include <QClipboard>
+#include <QFileDialog>
+#include <QGuiApplication>
+#include <QImageWriter>
+#include <QSaveFile>
+
+#include <algorithm>
+
+namespace tolvan {
+namespace {
+
+using FillStyle = PictureBox::FillStyle;
+
+FillStyle styleOf(ConsoleOperations::Fill fill) {
+    return fill == ConsoleOperations::Fill::Solid ? FillStyle::Solid : FillStyle::Transparent;
+}
+
+bool writePicture(const QImage& picture, const QString& path) {
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) return false;
+    return QImageWriter(&file, "png").write(picture) && file.commit();
+}
+
+}  // namespace
+
+QColor frmExec::colourOf(std::optional<Colour> colour) const {
+    if (!colour) return display_->foreground();
+    const Colour value = *colour;
+    return QColor(static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF),
+                  static_cast<int>(value >> 16 & 0xFF));
+}
+
+ConsoleOperations::Point frmExec::startOf(std::optional<Point> start) const {
+    return start.value_or(Point{display_->CurrentX, display_->CurrentY});
+}
+
+void frmExec::DrawPoint(Point at, std::optional<Colour> colour) {
+    display_->PSet(at.x, at.y, colourOf(colour));
+}
+
+void frmExec::DrawLine(std::optional<Point> start, Point end, std::optional<Colour> colour) {
+    const Point from = startOf(start);
+    display_->Line(from.x, from.y, end.x, end.y, colourOf(colour));
+}
+
+void frmExec::DrawBox(std::optional<Point> start, Point end, std::optional<Colour> colour, Fill fill) {
+    const Point from = startOf(start);
+    display_->Box(from.x, from.y, end.x, end.y, colourOf(colour), styleOf(fill));
+}
+
+void frmExec::DrawCircle(Point centre, float radius, std::optional<Colour> colour, Fill fill) {
+    display_->Circle(centre.x, centre.y, radius, colourOf(colour), styleOf(fill));
+}
+
+float frmExec::DisplayWidth() const {
+    return display_->ScaleWidth();
+}
+
+float frmExec::DisplayHeight() const {
+    return display_->ScaleHeight();
+}
+
+void frmExec::SavePicture() {
+    const QImage picture = display_->Image();  // as it is now, whatever the program draws meanwhile
+    QString path = QFileDialog::getSaveFileName(this, QStringLiteral("चित्र साठव"), QStringLiteral("tolbasic.png"),
+                                                QStringLiteral("PNG (*.png)"));
+    if (path.isEmpty()) return;
+    if (!path.endsWith(QStringLiteral(".png"), Qt::CaseInsensitive)) path += QStringLiteral(".png");
+    if (!writePicture(picture, path)) ShowMessage("\\f1icÇ saQvta Aale nahI"_deva);
+}
+
+void frmExec::CopyPicture() {
+    QGuiApplication::clipboard()->setImage(display_->Image());
+}
+
+}  // namespace tolvan

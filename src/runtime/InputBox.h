@@ -1,0 +1,32 @@
+// The box in which a program's input is typed in Roman letters, while the console shows what it means.
+#pragma once
+
+#include <QLineEdit>
+
+namespace tolvan {
+
+class InputBox : public QLineEdit {
+    Q_OBJECT
+
+  public:
+    explicit InputBox(QWidget* parent);
+
+    // Once more than this are in the box it takes no key any more that stands for a character, Enter and Backspace
+    // included; what is pasted before may be longer.
+    static constexpr int mostCharacters = 200;
+
+    // As 8-bit text.
+    std::string roman() const;
+    // Grows with its text, up to this width.
+    void fitText(int mostWidth);
+
+  signals:
+    void entered();
+    void focusLost();
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+};
+
+}  // namespace tolvan

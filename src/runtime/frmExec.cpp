@@ -1,0 +1,194 @@
+#include "runtime/frmExec.h"
+
+#include "dialogs/Dialogs.h"
+#include "dialogs/WindowFrame.h"
+#include "dialogs/frmAbout.h"
+#include "platform/encoding/Deva.h"
+#include "runtime/ConsoleSize.h"
+#include "runtime/InputBox.h"
+#include "runtime/ProgramMarker.h"
+
+#include <QApplication>
+#include <QCloseEvent>
+#include <QVBoxLayout>
+
+namespace tolvan {
+namespace {
+
+struct SystemItem {
+    std::string_view caption;
+    const char* command;  // a method of the console
+};
+constexpr SystemItem systemItems[] = {
+    {"icÇ saQv"_deva, "SavePicture"},
+    {"icÇacI àt bnv"_deva, "CopyPicture"},
+    {"tolvn beisk bÎl"_deva, "ShowAbout"},
+};
+
+bool isCtrlC(const QKeyEvent& key) {
+    return key.text() == QStringLiteral("\x03") ||
+           (key.key() == Qt::Key_C && key.modifiers().testFlag(Qt::ControlModifier));
+}
+
+bool isStopKey(const QKeyEvent& key) {
+    return key.key() == Qt::Key_F4 || isCtrlC(key);
+}
+
+// As long as it lives, the stop keys work in dialogs too: they clear the running flag and close the dialog.
+class StopKeysInDialogs : public QObject {
+  public:
+    explicit StopKeysInDialogs(bool& isRunning) : isRunning_(isRunning) { qApp->installEventFilter(this); }
+
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        if (event->type() != QEvent::KeyPress || dialog == nullptr || !isStopKey(*static_cast<QKeyEvent*>(event)))
+            return QObject::eventFilter(watched, event);
+        isRunning_ = false;
+        dialog->close();
+        return true;
+    }
+
+  private:
+    bool& isRunning_;
+};
+
+}  // namespace
+
+frmExec::frmExec(RunState& state, ProgramMarker* editor)
+    : state_(state),
+      editor_(editor),
+      frame_(new WindowFrame(*this, WindowFrame::Kind::Resizable)),
+      display_(new PictureBox(this)),
+      text_(*display_),
+      inputBoxTip_(new PictureBox(display_)),
+      inputBox_(new InputBox(display_)),
+      parentForm_(*this) {
+    setObjectName(QStringLiteral("frmExec"));
+    display_->setObjectName(QStringLiteral("Display"));
+    inputBox_->setObjectName(QStringLiteral("InputBox"));
+    inputBoxTip_->setObjectName(QStringLiteral("InputBoxTip"));
+    setUpSystemMenu();
+    updateTitle();
+    setUpControls();
+    executor_.setTimeout(-1);
+}
+
+frmExec::~frmExec() = default;
+
+void frmExec::setUpSystemMenu() {
+    for (const SystemItem& item : systemItems) frame_->systemMenu().addCommand(item.caption, item.command);
+    connect(frame_, &WindowFrame::userCommand, this,
+            [this](const QByteArray& command) { QMetaObject::invokeMethod(this, command.constData()); });
+}
+
+void frmExec::setUpControls() {
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(display_);
+    resize(rememberedConsoleSize());
+    setFocusProxy(display_);
+
+    inputBox_->hide();
+    inputBoxTip_->hide();
+    inputBoxTip_->setFocusPolicy(Qt::NoFocus);
+    connect(inputBox_, &InputBox::textChanged, this, &frmExec::inputChanged);
+    connect(inputBox_, &InputBox::entered, this, &frmExec::inputEntered);
+    connect(inputBox_, &InputBox::focusLost, this, &frmExec::inputLostFocus);
+    for (QWidget* const watched :
+         {static_cast<QWidget*>(display_), static_cast<QWidget*>(inputBox_), static_cast<QWidget*>(inputBoxTip_)})
+        watched->installEventFilter(this);
+}
+
+void frmExec::updateTitle() {
+    frame_->setTitle(StyledText("tolvn àayaejn"_deva, Font::Devanagari));
+}
+
+void frmExec::PrintString(std::string_view text) {
+    text_.PrintString(text);
+}
+
+void frmExec::ClearScreen() {
+    text_.ClearScreen();
+}
+
+bool frmExec::CheckForEvents() {
+    QCoreApplication::processEvents();
+    return state_.IsRunning;
+}
+
+void frmExec::StopExecution() {
+    state_.IsRunning = false;
+}
+
+void frmExec::FileOpenFailed(int number) {
+    if (!askToGoOn(number)) state_.IsRunning = false;
+}
+
+bool frmExec::askToGoOn(int number) {
+    const StopKeysInDialogs stopKeys(state_.IsRunning);
+    return ShowError(number, state_.ErrorLine) && state_.IsRunning;
+}
+
+bool frmExec::eventFilter(QObject* watched, QEvent* event) {
+    switch (event->type()) {
+        case QEvent::KeyPress:
+            return keyPressed(watched, static_cast<QKeyEvent&>(*event));
+        case QEvent::FocusIn:
+            if (watched == display_) focusInput();
+            break;
+        case QEvent::MouseButtonPress:
+            if (watched == inputBoxTip_) focusInput();
+            break;
+        case QEvent::Resize:
+            if (watched == display_ && inputIsVisible()) placeInput();
+            break;
+        default:
+            break;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+// The window sees every key before its controls do. Returns true for a key that they are not to see.
+bool frmExec::keyPressed(QObject* control, const QKeyEvent& key) {
+    if (isStopKey(key) && state_.IsRunning) {
+        state_.IsRunning = false;
+        return isCtrlC(key);
+    }
+    const bool standsForCharacter = !key.text().isEmpty();
+    if (control == display_ && standsForCharacter && !state_.IsRunning) CloseForm();
+    return false;
+}
+
+void frmExec::keyPressEvent(QKeyEvent* event) {
+    if (!keyPressed(this, *event)) QWidget::keyPressEvent(event);
+}
+
+void frmExec::focusInEvent(QFocusEvent* event) {
+    QWidget::focusInEvent(event);
+    focusInput();
+}
+
+void frmExec::closeEvent(QCloseEvent* event) {
+    state_.IsRunning = false;
+    if (executing_) {  // the program is in the middle of a call on this window
+        closeWanted_ = true;
+        event->ignore();
+        return;
+    }
+    rememberConsoleSize(isMaximized() || isFullScreen() ? normalGeometry().size() : size());
+    QWidget::closeEvent(event);
+}
+
+void frmExec::CloseForm() {
+    state_.IsRunning = false;
+    if (!executing_ && editor_ != nullptr) editor_->bringBack();
+    close();
+}
+
+void frmExec::ShowAbout() {
+    keepInputFocus_ = false;
+    showAbout(this);
+    keepInputFocus_ = true;
+}
+
+}  // namespace tolvan

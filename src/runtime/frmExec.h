@@ -1,0 +1,104 @@
+// The console: the window in which a program runs, prints, asks and draws.
+//
+// One thread. While a program runs, the window's events are handled inside CheckForEvents, inside the wait of
+// InputString and inside dialogs; what they can do to the program is to clear IsRunning and to hide the input box.
+#pragma once
+
+#include "platform/picturebox/PictureBox.h"
+#include "platform/script/Executor.h"
+#include "runtime/ConsoleText.h"
+#include "runtime/RunState.h"
+#include "runtime/host/ConsoleObject.h"
+#include "runtime/host/ConsoleOperations.h"
+
+#include <QWidget>
+
+class QKeyEvent;
+
+namespace tolvan {
+
+class InputBox;
+class ProgramMarker;
+class WindowFrame;
+
+class frmExec : public QWidget, public ConsoleOperations {
+    Q_OBJECT
+
+  public:
+    // `state` and `editor` must outlive it. Without an editor, errors of the program are told in the console itself.
+    explicit frmExec(RunState& state, ProgramMarker* editor = nullptr);
+    ~frmExec() override;
+
+    // Runs the compiled script; returns when it has ended. Nothing while a program runs already. The window should be
+    // visible. Closing it in the meantime stops the program; it goes when the program has returned.
+    void execute();
+
+    void PrintString(std::string_view text) override;
+    std::optional<std::string> InputString() override;
+    void ClearScreen() override;
+    bool CheckForEvents() override;
+    void StopExecution() override;
+    void DrawPoint(Point at, std::optional<Colour> colour) override;
+    void DrawLine(std::optional<Point> start, Point end, std::optional<Colour> colour) override;
+    void DrawBox(std::optional<Point> start, Point end, std::optional<Colour> colour, Fill fill) override;
+    void DrawCircle(Point centre, float radius, std::optional<Colour> colour, Fill fill) override;
+    float DisplayWidth() const override;
+    float DisplayHeight() const override;
+    void FileOpenFailed(int number) override;
+
+    // Commands of the system menu, called by these names.
+    Q_INVOKABLE void ShowAbout();
+    Q_INVOKABLE void SavePicture();
+    Q_INVOKABLE void CopyPicture();
+    // Stops the program and closes the window; the editor comes back to the front.
+    Q_INVOKABLE void CloseForm();
+
+    // Whether the input box takes the keyboard back when it loses it.
+    bool KeepInputFocus() const { return keepInputFocus_; }
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void closeEvent(QCloseEvent* event) override;
+
+  private:
+    void setUpSystemMenu();
+    void setUpControls();
+    void updateTitle();
+
+    void prepareDisplay();
+    bool goesOnAfter(const script::ErrorReport& error);
+    bool askToGoOn(int number);
+    void printError(const script::ErrorReport& error);
+    void printEnd();
+
+    bool keyPressed(QObject* control, const QKeyEvent& key);
+
+    bool inputIsVisible() const;
+    void beginInput();
+    void endInput();
+    void placeInput();
+    void inputChanged();
+    void inputEntered();
+    void focusInput();
+    void inputLostFocus();
+
+    QColor colourOf(std::optional<Colour> colour) const;
+    Point startOf(std::optional<Point> start) const;
+
+    RunState& state_;
+    ProgramMarker* editor_;
+    WindowFrame* frame_;
+    PictureBox* display_;
+    ConsoleText text_;
+    PictureBox* inputBoxTip_;
+    InputBox* inputBox_;
+    bool keepInputFocus_ = false;
+    bool executing_ = false;
+    bool closeWanted_ = false;  // the window was closed while the program ran
+    ConsoleObject parentForm_;
+    script::Executor executor_;
+};
+
+}  // namespace tolvan

@@ -1,0 +1,66 @@
+// "ParentForm": the object through which a running program reaches its console. It turns the script's arguments into
+// those of ConsoleOperations and reads and writes the program's data file, so that the window and the text console
+// answer every call in the same way.
+//
+// Coordinates are converted to single precision. Errors raised in the script: 450 wrong number of arguments, 449 a
+// required one left out, 13 and 6 where a value does not convert, and the file errors of ProgramDataFile.
+#pragma once
+
+#include "platform/script/HostObject.h"
+#include "runtime/host/ConsoleOperations.h"
+#include "runtime/host/PollGate.h"
+#include "runtime/host/ProgramDataFile.h"
+
+#include <functional>
+#include <string_view>
+
+namespace tolvan {
+
+class ConsoleObject : public script::HostObject {
+  public:
+    explicit ConsoleObject(ConsoleOperations& console) : console_(console), gate_(console) {}
+
+    // Each call but the polls, before it is made: "DrawLine 30,40,,,255". A missing argument is empty, numbers are
+    // plain, text is in internal text form.
+    using Trace = std::function<void(std::string_view call)>;
+    void setTrace(Trace trace) { trace_ = std::move(trace); }
+
+    // Before a run: closes the file that an earlier run left open.
+    void reset();
+
+    std::string_view typeName() const override { return "ParentForm"; }
+    int findMember(std::string_view name) const override;
+    script::Value call(int member, script::Arguments& arguments) override;
+    int* gateBudget(int member) override;
+
+  private:
+    struct Member;
+    static const Member members[];
+
+    script::Value printString(script::Arguments& arguments);
+    script::Value inputString(script::Arguments& arguments);
+    script::Value clearScreen(script::Arguments& arguments);
+    script::Value checkForEvents(script::Arguments& arguments);
+    script::Value stopExecution(script::Arguments& arguments);
+    script::Value drawPoint(script::Arguments& arguments);
+    script::Value drawLine(script::Arguments& arguments);
+    script::Value drawBox(script::Arguments& arguments);
+    script::Value drawCircle(script::Arguments& arguments);
+    script::Value displayWidth(script::Arguments& arguments);
+    script::Value displayHeight(script::Arguments& arguments);
+    script::Value fileOpen(script::Arguments& arguments);
+    script::Value fileClose(script::Arguments& arguments);
+    script::Value fileInput(script::Arguments& arguments);
+    script::Value fileWrite(script::Arguments& arguments);
+    script::Value endOfFile(script::Arguments& arguments);
+
+    FileError openDataFile(script::Arguments& arguments);
+    void traceCall(const Member& member, script::Arguments& arguments) const;
+
+    ConsoleOperations& console_;
+    PollGate gate_;
+    ProgramDataFile file_;
+    Trace trace_;
+};
+
+}  // namespace tolvan

@@ -1,0 +1,39 @@
+#include "runtime/host/PollGate.h"
+
+#include <algorithm>
+
+namespace tolvan {
+
+bool PollGate::poll() {
+    const Clock::time_point now = now_();
+    const Clock::duration spent = now - lastLook_;
+    lastLook_ = now;
+    if (mustAsk_ || now - lastEvents_ >= eventPeriod) {
+        const bool goOn = console_.CheckForEvents();
+        lastLook_ = lastEvents_ = now_();
+        budget_ = granted_ = 0;
+        mustAsk_ = !goOn;
+        return goOn;
+    }
+    budget_ = granted_ = nextGrant(spent);
+    return true;
+}
+
+void PollGate::lookSoon() {
+    budget_ = granted_ = 0;
+}
+
+void PollGate::mustAsk() {
+    lookSoon();
+    mustAsk_ = true;
+}
+
+// As many polls as take a quarter of a millisecond at the pace of the last ones, but growing by steps: at most one more
+// than twice as many as before.
+int PollGate::nextGrant(Clock::duration spent) const {
+    constexpr Clock::duration target = std::chrono::microseconds(250);
+    const auto polls = (granted_ + 1) * (target / std::max(spent, Clock::duration(1)));
+    return static_cast<int>(std::clamp<Clock::rep>(polls, 0, std::min(2 * granted_ + 1, mostGranted)));
+}
+
+}  // namespace tolvan

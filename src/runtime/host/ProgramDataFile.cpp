@@ -1,0 +1,172 @@
+#include "runtime/host/ProgramDataFile.h"
+
+#include "platform/encoding/Windows1252.h"
+#include "platform/files/PathLookup.h"
+#include "platform/richtext/InternalText.h"
+#include "translator/Blanks.h"
+
+#include <cerrno>
+#include <fcntl.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <utility>
+
+namespace tolvan {
+namespace {
+
+constexpr std::size_t readAhead = std::size_t{64} << 10;
+
+FileError errorOf(int number) {
+    switch (number) {
+        case ENOENT:
+        case ENOTDIR:
+            return FileError::PathNotFound;
+        case EACCES:
+        case EPERM:
+            return FileError::PermissionDenied;
+        case ENOSPC:
+        case EDQUOT:
+        case EFBIG:
+            return FileError::DiskFull;
+        case EMFILE:
+        case ENFILE:
+            return FileError::TooManyFiles;
+        case ENAMETOOLONG:
+        case EILSEQ:
+        case EINVAL:
+            return FileError::BadNameOrNumber;
+        case EISDIR:
+        case ELOOP:
+        case ENXIO:
+        case EROFS:
+        case ETXTBSY:
+            return FileError::PathAccess;
+        default:
+            return FileError::DeviceError;
+    }
+}
+
+bool isFolder(const std::string& path) {
+    struct stat entry {};
+    return ::stat(path.c_str(), &entry) == 0 && S_ISDIR(entry.st_mode);
+}
+
+// A pipe without another end would hang or end the process; a folder has no lines.
+bool isOtherThanFile(const std::string& path) {
+    struct stat entry {};
+    return ::stat(path.c_str(), &entry) == 0 && !S_ISREG(entry.st_mode) && !S_ISCHR(entry.st_mode);
+}
+
+// A missing file is not found; with its folder missing too, the path is not.
+FileError openError(int number, const std::string& path) {
+    if (number != ENOENT) return errorOf(number);
+    const std::size_t slash = path.rfind('/');
+    const bool folderExists = slash == std::string::npos || isFolder(path.substr(0, slash + 1));
+    return folderExists ? FileError::NotFound : FileError::PathNotFound;
+}
+
+int openFlags(ProgramDataFile::Mode mode) {
+    if (mode == ProgramDataFile::Mode::Read) return O_RDONLY;
+    return O_WRONLY | O_CREAT | (mode == ProgramDataFile::Mode::Append ? O_APPEND : O_TRUNC);
+}
+
+void appendUtf8(std::string& text, char16_t character) {
+    if (character < 0x80) {
+        text += static_cast<char>(character);
+        return;
+    }
+    if (character < 0x800) {
+        text += static_cast<char>(0xC0 | (character >> 6));
+    } else {
+        text += static_cast<char>(0xE0 | (character >> 12));
+        text += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
+    }
+    text += static_cast<char>(0x80 | (character & 0x3F));
+}
+
+}  // namespace
+
+std::string plainFileName(std::string_view internalText) {
+    std::string name;
+    for (const char c : plainText(internalText)) appendUtf8(name, windows1252ToUnicode(static_cast<std::uint8_t>(c)));
+    return name;
+}
+
+FileError ProgramDataFile::open(std::string_view name, Mode mode) {
+    if (isOpen()) return FileError::AlreadyOpen;
+    const std::string plain = plainFileName(trimBlanks(name));
+    if (plain.empty() || plain.find('\0') != std::string::npos) return FileError::BadNameOrNumber;
+    const std::string path = findPath(forwardSlashes(plain));
+    if (isOtherThanFile(path)) return FileError::PathAccess;
+    // Never waiting: a program that hangs here, on a terminal say, could not be stopped.
+    descriptor_ = ::open(path.c_str(), openFlags(mode) | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
+    if (!isOpen()) return openError(errno, path);
+    mode_ = mode;
+    return FileError::None;
+}
+
+FileError ProgramDataFile::close() {
+    buffer_.clear();
+    position_ = 0;
+    const int descriptor = std::exchange(descriptor_, -1);
+    if (descriptor < 0 || ::close(descriptor) == 0 || errno == EINTR) return FileError::None;
+    return errorOf(errno);
+}
+
+FileError ProgramDataFile::readLine(std::string& line) {
+    if (const FileError error = checkOpen(true); error != FileError::None) return error;
+    line.clear();
+    for (;;) {
+        const std::size_t lineEnd = unread().find('\n');
+        line.append(unread().substr(0, lineEnd));
+        if (line.size() > longestLine) return FileError::OutOfStringSpace;
+        if (lineEnd != std::string_view::npos) {
+            position_ += lineEnd + 1;
+            if (line.ends_with('\r')) line.pop_back();
+            return FileError::None;
+        }
+        if (const FileError error = fill(); error != FileError::None) return error;
+        if (unread().empty()) return line.empty() ? FileError::PastEnd : FileError::None;
+    }
+}
+
+FileError ProgramDataFile::writeLine(std::string_view text) {
+    if (const FileError error = checkOpen(false); error != FileError::None) return error;
+    std::string record(text);
+    record += "\r\n";
+    for (std::size_t written = 0; written < record.size();) {
+        const ssize_t count = ::write(descriptor_, record.data() + written, record.size() - written);
+        if (count < 0 && errno != EINTR) return errorOf(errno);
+        if (count > 0) written += static_cast<std::size_t>(count);
+    }
+    return FileError::None;
+}
+
+FileError ProgramDataFile::atEnd(bool& end) {
+    if (!isOpen()) return FileError::BadNameOrNumber;
+    end = true;
+    if (mode_ != Mode::Read) return FileError::None;
+    if (unread().empty())
+        if (const FileError error = fill(); error != FileError::None) return error;
+    end = unread().empty();
+    return FileError::None;
+}
+
+FileError ProgramDataFile::checkOpen(bool reading) const {
+    if (!isOpen()) return FileError::BadNameOrNumber;
+    return (mode_ == Mode::Read) == reading ? FileError::None : FileError::BadMode;
+}
+
+// Replaces the read-ahead, which has been used up; it stays empty at the end of the file.
+FileError ProgramDataFile::fill() {
+    position_ = 0;
+    buffer_.resize(readAhead);
+    ssize_t count = -1;
+    do {
+        count = ::read(descriptor_, buffer_.data(), buffer_.size());
+    } while (count < 0 && errno == EINTR);
+    buffer_.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
+    return count < 0 ? errorOf(errno) : FileError::None;
+}
+
+}  // namespace tolvan

@@ -1,0 +1,71 @@
+// The one text file that a running program may have open, number 1 of its language.
+//
+// Names and records are in internal text form: font-encoded text with Latin runs in braces. Every record reaches the
+// file before the call returns, so a failure belongs to the statement that wrote, and what was written before stays.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <string_view>
+
+namespace tolvan {
+
+// Why a file operation failed, in the numbering of the script language.
+enum class FileError : std::uint8_t {
+    None = 0,
+    InvalidCall = 5,        // a name that is no text, a mode that is no number below 4
+    OutOfStringSpace = 14,  // a line longer than `ProgramDataFile::longestLine`
+    BadNameOrNumber = 52,   // an impossible name, or no file is open
+    NotFound = 53,
+    BadMode = 54,  // reading a file opened for writing, or the other way round
+    AlreadyOpen = 55,
+    DeviceError = 57,
+    DiskFull = 61,
+    PastEnd = 62,
+    TooManyFiles = 67,
+    PermissionDenied = 70,
+    PathAccess = 75,  // a folder, or something else that is no place for a file
+    PathNotFound = 76,
+};
+
+class ProgramDataFile {
+  public:
+    enum class Mode : std::uint8_t { Read = 1, Write = 2, Append = 3 };
+    // Bytes; a line of a device or a damaged file may never end.
+    static constexpr std::size_t longestLine = std::size_t{256} << 20;
+
+    ProgramDataFile() = default;
+    ProgramDataFile(const ProgramDataFile&) = delete;
+    ProgramDataFile& operator=(const ProgramDataFile&) = delete;
+    ~ProgramDataFile() { close(); }
+
+    // `name` is a path as PathLookup describes. Write empties a file that exists, Append goes on at its end; both
+    // create one that does not.
+    FileError open(std::string_view name, Mode mode);
+    // Harmless when nothing is open.
+    FileError close();
+    // The next line without its line end, CR LF or LF; the last one may have none.
+    FileError readLine(std::string& line);
+    // The text and CR LF.
+    FileError writeLine(std::string_view text);
+    // Whether nothing is left to read; so in a file opened for writing.
+    FileError atEnd(bool& end);
+
+    bool isOpen() const { return descriptor_ >= 0; }
+
+  private:
+    FileError checkOpen(bool reading) const;
+    FileError fill();
+    std::string_view unread() const { return std::string_view(buffer_).substr(position_); }
+
+    int descriptor_ = -1;
+    Mode mode_ = Mode::Read;
+    std::string buffer_;  // read ahead
+    std::size_t position_ = 0;
+};
+
+// The plain name in UTF-8: run marks dropped, "\{" and "\}" as braces, a character above 127 as the one that
+// windows-1252 gives its code.
+std::string plainFileName(std::string_view internalText);
+
+}  // namespace tolvan

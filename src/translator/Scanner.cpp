@@ -1,0 +1,46 @@
+#include "translator/Scanner.h"
+
+namespace tolvan {
+namespace {
+
+constexpr char quote = '"';
+
+bool isWordCharacter(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
+}
+
+}  // namespace
+
+bool IsSeparator(char character, Font font) {
+    return character == ' ' || (font == Font::Latin && !isWordCharacter(character));
+}
+
+std::optional<Token> Scanner::next() {
+    if (atSeparator_) {
+        atSeparator_ = false;
+        if (statement_[position_] == quote) inLiteral_ = !inLiteral_;
+        return take(Token::Kind::Separator, position_ + 1);
+    }
+    if (position_ == statement_.size()) return std::nullopt;
+    const std::size_t end = findTokenEnd();
+    if (end == statement_.size()) return take(Token::Kind::Lost, end);
+    atSeparator_ = true;
+    return take(inLiteral_ ? Token::Kind::Literal : Token::Kind::Word, end);
+}
+
+// The next separator; inside a literal the next one that closes it; the end of the statement if there is none.
+std::size_t Scanner::findTokenEnd() const {
+    for (std::size_t i = position_; i < statement_.size(); ++i) {
+        if (inLiteral_ && statement_[i] != quote) continue;
+        if (IsSeparator(statement_[i], statement_.font(i))) return i;
+    }
+    return statement_.size();
+}
+
+Token Scanner::take(Token::Kind kind, std::size_t end) {
+    const StyledView text = statement_.substr(position_, end - position_);
+    position_ = end;
+    return {kind, text};
+}
+
+}  // namespace tolvan

@@ -1,0 +1,34 @@
+// The statement forms: lines that are recognised by marker words and taken apart around them, instead of being
+// translated word by word.
+#pragma once
+
+#include "platform/richtext/StyledText.h"
+
+#include <string_view>
+#include <vector>
+
+namespace tolvan {
+
+// One piece of a translated statement; the pieces follow one another in the script.
+struct StatementPart {
+    enum class Kind {
+        Script,    // `script` as it stands
+        Variable,  // the script name of the variable `text`
+        Line,      // the translation of the working line `text`
+    };
+    Kind kind = Kind::Script;
+    std::string_view script;  // a literal
+    StyledText text;
+};
+
+// A line as it is translated: with one blank before it, and before and behind it where it is a statement of its own
+// (a word counts only if a separator follows it).
+StyledText workingLine(StyledView line);
+StyledText workingStatement(StyledView line);
+
+// Takes the working line `line` apart if it has one of the forms; otherwise `parts` stays empty. The first form of
+// which the line holds all marker words decides, wherever the words stand, inside a literal too. A piece that missing
+// or misplaced markers leave without text is an empty one.
+void cutStatement(const StyledText& line, std::vector<StatementPart>& parts);
+
+}  // namespace tolvan

@@ -1,0 +1,181 @@
+#include "translator/Translator.h"
+
+#include "translator/LocalRomanMark.h"
+#include "translator/Blanks.h"
+#include "translator/Keywords.h"
+#include "translator/Scanner.h"
+#include "translator/Statements.h"
+
+#include <algorithm>
+#include <cctype>
+#include <iterator>
+#include <utility>
+#include <vector>
+
+namespace tolvan {
+namespace {
+
+constexpr std::string_view lineEnd = "\r\n";
+constexpr std::string_view pollLine = "if not parentform.checkforevents then err.raise 1001";
+constexpr char quote = '"';
+
+std::string_view withoutSign(std::string_view text) {
+    if (!text.empty() && (text[0] == '+' || text[0] == '-')) text.remove_prefix(1);
+    return text;
+}
+
+// False, with nothing taken away, if `text` does not begin with a digit.
+bool takeDigits(std::string_view& text) {
+    const std::size_t count = std::min(text.find_first_not_of("0123456789"), text.size());
+    text.remove_prefix(count);
+    return count > 0;
+}
+
+// [sign] digits [. digits] [exponent]
+bool isNumber(std::string_view text) {
+    text = withoutSign(text);
+    if (!takeDigits(text)) return false;
+    if (!text.empty() && text[0] == '.') {
+        text.remove_prefix(1);
+        if (!takeDigits(text)) return false;
+    }
+    if (!text.empty() && (text[0] == 'e' || text[0] == 'E')) {
+        text = withoutSign(text.substr(1));
+        if (!takeDigits(text)) return false;
+    }
+    return text.empty();
+}
+
+bool isOperator(std::string_view text) {
+    return text.size() == 1 && std::string_view("+-*/<>=").find(text[0]) != std::string_view::npos;
+}
+
+// The content of a script literal: Latin runs in braces, as the console prints them, and each double quote glyph put in
+// from outside the literal, which it would end.
+void appendLiteral(StyledView content, std::string& script) {
+    for (const char c : RomanMark(content)) {
+        if (c == quote)
+            script += "\" & chr(34) & \"";
+        else
+            script += c;
+    }
+}
+
+bool isFunctionHead(std::string_view line) {
+    return line.find(words::function) != std::string_view::npos && line.find(words::end) == std::string_view::npos;
+}
+
+}  // namespace
+
+std::string Translator::Compile(StyledView program, const Progress& progress) {
+    variables_.clear();
+    allowArguments(program.size());
+    CompileProgress done{0, program.size() + 1};
+    std::string module = "Sub Main()";
+    bool inFunctions = false;
+    for (std::size_t start = 0; start <= program.size();) {
+        const std::size_t end = std::min(program.text().find(lineEnd, start), program.size());
+        const StyledView line = program.substr(start, end - start);
+        if (trimBlanks(line).empty()) {
+            // gives nothing
+        } else if (isFunctionHead(line.text())) {
+            if (!std::exchange(inFunctions, true)) module.append("\r\nEnd Sub\r\n\r\n");
+            module.append("\r\n\r\n");
+            appendStatement(line, module);
+        } else {
+            module.append(lineEnd).append(pollLine).append(lineEnd);
+            appendStatement(line, module);
+        }
+        ++done.lines;
+        if (progress) progress(done);
+        start = end + lineEnd.size();
+    }
+    if (!inFunctions) module.append("\r\nEnd Sub\r\n");
+    return module;
+}
+
+void Translator::appendStatement(StyledView line, std::string& module) {
+    statement_.clear();
+    translate(workingStatement(line), statement_);
+    module.append(trimBlanks(statement_));
+}
+
+std::string Translator::TranslateLine(StyledView line) {
+    allowArguments(line.size());
+    std::string script;
+    translate(workingLine(line), script);
+    return script;
+}
+
+// Arguments are statements again, and one that holds marker words can be cut up in turn. Lines made for it would
+// multiply: the script of a line of n characters can have n * n characters. So there is a limit for all arguments
+// together. Arguments of a real program come to less than its length; the amount on top is for the odd short program.
+void Translator::allowArguments(std::size_t characters) {
+    argumentsLeft_ = 4 * characters + (64U << 20);
+}
+
+// Beyond the limit an argument is empty, and the call fails when it runs.
+void Translator::chargeArgument(StyledText& argument) {
+    if (argument.size() > argumentsLeft_) argument = workingStatement({});
+    argumentsLeft_ -= std::min(argumentsLeft_, argument.size());
+}
+
+// Forms within forms are kept on a list and not on the stack, whose size a line could exceed.
+void Translator::translate(const StyledText& workingLine, std::string& script) {
+    std::vector<StatementPart> pending;  // the next one last
+    std::vector<StatementPart> parts;
+    const auto translateOne = [&](const StyledText& line) {
+        parts.clear();
+        cutStatement(line, parts);
+        if (parts.empty()) return scan(line, script);
+        for (StatementPart& part : parts)
+            if (part.kind == StatementPart::Kind::Line) chargeArgument(part.text);
+        std::move(parts.rbegin(), parts.rend(), std::back_inserter(pending));
+    };
+    translateOne(workingLine);
+    while (!pending.empty()) {
+        const StatementPart part = std::move(pending.back());
+        pending.pop_back();
+        switch (part.kind) {
+            case StatementPart::Kind::Script:
+                script += part.script;
+                break;
+            case StatementPart::Kind::Variable:
+                script += MapIdentifier(part.text.text());
+                break;
+            case StatementPart::Kind::Line:
+                translateOne(part.text);
+                break;
+        }
+    }
+}
+
+void Translator::scan(StyledView line, std::string& script) {
+    Scanner scanner(line);
+    while (const std::optional<Token> token = scanner.next()) {
+        switch (token->kind) {
+            case Token::Kind::Word:
+                script += TranslateToken(token->text.text());
+                break;
+            case Token::Kind::Separator:
+                script += token->text.text();
+                break;
+            case Token::Kind::Literal:
+                appendLiteral(token->text, script);
+                break;
+            case Token::Kind::Lost:
+                break;
+        }
+    }
+}
+
+std::string Translator::TranslateToken(std::string_view word) {
+    const std::string_view trimmed = trimBlanks(word);
+    if (trimmed.empty()) return std::string(word);
+    if (trimmed.front() == quote && trimmed.back() == quote) return std::string(trimmed);
+    if (const std::optional<std::string_view> keyword = keywordScript(trimmed)) return std::string(*keyword);
+    if (isOperator(trimmed) || isNumber(trimmed)) return std::string(trimmed);
+    return MapIdentifier(trimmed);
+}
+
+}  // namespace tolvan

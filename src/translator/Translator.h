@@ -1,0 +1,52 @@
+// Turns the Devanagari program, line by line and word by word, into one VBScript module whose entry is "Sub Main()".
+#pragma once
+
+#include "platform/richtext/StyledText.h"
+#include "translator/VariableTable.h"
+
+#include <cstddef>
+#include <functional>
+#include <string>
+#include <string_view>
+
+namespace tolvan {
+
+struct CompileProgress {
+    std::size_t lines;       // done so far, empty ones included
+    std::size_t characters;  // of the whole program, with the one blank that is put behind it
+};
+
+// Any text at all is translated, in time that grows with its length; what is no program fails when the script is
+// loaded or run. The names of variables are kept from line to line until the next `Compile`.
+class Translator {
+  public:
+    using Progress = std::function<void(const CompileProgress&)>;
+
+    // The module of a program: lines are separated by CR LF in both. Every statement has a line of its own, behind a
+    // line that polls the console, so that a running program can be stopped; lines that are empty or blank give
+    // nothing. The main program comes first, then the functions, the first of which ends it. `progress` is called after
+    // each line.
+    std::string Compile(StyledView program, const Progress& progress = {});
+
+    // One line; a word counts only if a separator follows it. Blanks at both ends are kept.
+    std::string TranslateLine(StyledView line);
+
+    // One word: a keyword, a number, an operator, a text between quotes, or a name.
+    std::string TranslateToken(std::string_view word);
+
+    const std::string& MapIdentifier(std::string_view name) { return variables_.MapIdentifier(name); }
+    std::string GetNextVariable() { return variables_.GetNextVariable(); }
+
+  private:
+    void allowArguments(std::size_t characters);
+    void chargeArgument(StyledText& argument);
+    void translate(const StyledText& workingLine, std::string& script);
+    void scan(StyledView line, std::string& script);
+    void appendStatement(StyledView line, std::string& module);
+
+    VariableTable variables_;
+    std::size_t argumentsLeft_ = 0;  // characters of arguments that may still be cut out
+    std::string statement_;          // kept for its memory
+};
+
+}  // namespace tolvan

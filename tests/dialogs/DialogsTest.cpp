@@ -1,0 +1,232 @@
+#include "BoxUser.h"
+#include "dialogs/CaptionBar.h"
+#include "dialogs/Dialogs.h"
+#include "dialogs/MessageDialog.h"
+#include "dialogs/RichTextView.h"
+#include "dialogs/frmErrorBox.h"
+#include "platform/encoding/Deva.h"
+
+#include <QPushButton>
+#include <QScreen>
+#include <QScrollBar>
+
+#include <gtest/gtest.h>
+
+namespace tolvan {
+namespace {
+
+// The items of the system menu are reached as on the keyboard: opened, then down to the item.
+void closeBySystemMenu(QDialog& box) {
+    press(box, Qt::Key_Space, Qt::AltModifier);
+    QWidget* menu = QApplication::activePopupWidget();
+    ASSERT_NE(menu, nullptr);
+    press(*menu, Qt::Key_Down);
+    press(*menu, Qt::Key_Return);
+}
+
+struct Gesture {
+    const char* what;
+    BoxUser::Action act;
+    int answer;
+};
+
+BoxUser::Action click(const char* name) {
+    return [name](QDialog& box) { clickOn(control(box, name)); };
+}
+
+BoxUser::Action keys(QList<Qt::Key> pressed, Qt::KeyboardModifiers modifiers = {}) {
+    return [=](QDialog& box) {
+        for (const Qt::Key key : pressed) press(box, key, modifiers);
+    };
+}
+
+TEST(AskQuestion, EveryWayToAnswer) {
+    const Gesture gestures[] = {
+        {"yes", click("cmdYes"), 1},
+        {"no", click("cmdNo"), 0},
+        {"cancel", click("cmdCancel"), -1},
+        {"Enter takes the first button", keys({Qt::Key_Return}), 1},
+        {"so does Enter of the keypad", keys({Qt::Key_Enter}), 1},
+        {"and the space bar", keys({Qt::Key_Space}), 1},
+        {"Tab to the second, Enter", keys({Qt::Key_Tab, Qt::Key_Return}), 0},
+        {"arrows to the third, space bar", keys({Qt::Key_Right, Qt::Key_Right, Qt::Key_Space}), -1},
+        {"Tab goes round", keys({Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}), 1},
+        {"Escape closes", keys({Qt::Key_Escape}), 0},
+        {"Alt+F4 closes", keys({Qt::Key_F4}, Qt::AltModifier), 0},
+        {"close button", click("cmdClose"), 0},
+        {"system menu", closeBySystemMenu, 0},
+        {"the window system closes", [](QDialog& box) { box.close(); }, 0},
+    };
+    for (const auto& [what, act, answer] : gestures) {
+        BoxUser user(act);
+        EXPECT_EQ(AskQuestion("\\f1te saQvayce kay"), answer) << what;
+        EXPECT_TRUE(user.acted()) << what;
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << what;
+    }
+}
+
+TEST(ShowError, EveryWayToAnswer) {
+    const Gesture gestures[] = {
+        {"go on", click("cmdRun"), true},          {"stop", click("cmdStop"), false},
+        {"Enter", keys({Qt::Key_Return}), true},   {"Tab, Enter", keys({Qt::Key_Tab, Qt::Key_Return}), false},
+        {"Escape", keys({Qt::Key_Escape}), false}, {"Alt+F4", keys({Qt::Key_F4}, Qt::AltModifier), false},
+        {"close", click("cmdClose"), false},       {"system menu", closeBySystemMenu, false},
+    };
+    for (const auto& [what, act, answer] : gestures) {
+        BoxUser user(act);
+        EXPECT_EQ(ShowError(11, 3), bool(answer)) << what;
+        EXPECT_TRUE(user.acted()) << what;
+    }
+}
+
+TEST(ShowMessage, EveryWayToPutItAway) {
+    const BoxUser::Action actions[] = {click("cmdOK"), keys({Qt::Key_Return}), keys({Qt::Key_Escape}),
+                                       click("cmdClose"), closeBySystemMenu};
+    for (const auto& action : actions) {
+        BoxUser user(action);
+        ShowMessage("Latin");
+        EXPECT_TRUE(user.acted());
+    }
+}
+
+// What a box shows: its title, message and captions, read from the window.
+struct Seen {
+    std::string title;
+    QString message;
+    QStringList captions;
+    QSize size;
+    bool scrolls = false;
+};
+
+template <class Show>
+Seen see(const char* messageName, Show show) {
+    Seen seen;
+    BoxUser user([&](QDialog& box) {
+        const auto& view = control<RichTextView>(box, messageName);
+        seen.title = control<CaptionBar>(box, "captionBar").title().text();
+        seen.message = view.text();
+        for (const auto* button : box.findChildren<QPushButton*>()) seen.captions.append(button->text());
+        seen.size = box.size();
+        seen.scrolls = view.verticalScrollBar()->maximum() > 0;
+        press(box, Qt::Key_Escape);
+    });
+    show();
+    EXPECT_TRUE(user.acted());
+    return seen;
+}
+
+QString unicode(std::string_view fontEncoded) {
+    QString text;
+    for (const char byte : fontEncoded) text += QChar(windows1252ToUnicode(static_cast<std::uint8_t>(byte)));
+    return text;
+}
+
+TEST(Boxes, TitlesAndCaptions) {
+    const Seen message = see("txtMessage", [] { ShowMessage("x"); });
+    EXPECT_EQ(message.title, "tolvn beisk"_deva);
+    EXPECT_EQ(message.captions, QStringList{unicode("QIk Aahe")});
+    const Seen question = see("txtQuestion", [] { AskQuestion("x"); });
+    EXPECT_EQ(question.title, "àZn"_deva);
+    EXPECT_EQ(question.captions, (QStringList{unicode("hae"), unicode("nahI"), unicode("rÎ"_deva)}));
+    const Seen error = see("txtError", [] { ShowError(11, 1); });
+    EXPECT_EQ(error.title, "gfbf"_deva);
+    EXPECT_EQ(error.captions, (QStringList{unicode("calu Qev"), unicode("wa<bv")}));
+}
+
+TEST(ShowError, TellsTheTablesTextOrTheLine) {
+    const struct {
+        std::int32_t number;
+        int line;
+        std::string_view message;
+    } cases[] = {
+        {11, 7, "zuNyne -gakar tolvn beiskla krta yet nahI"_deva},
+        {12, 7, "tolvn beiskla Aae¦ 7 Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva},
+        {12, 0, "tolvn beiskla Aae¦ 0 Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva},
+        {-2147483647 - 1, -1, "tolvn beiskla Aae¦ -1 Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva},
+    };
+    for (const auto& [number, line, message] : cases)
+        EXPECT_EQ(see("txtError", [&, n = number, l = line] { ShowError(n, l); }).message, unicode(message)) << number;
+}
+
+TEST(Boxes, GrowWithTheTextAndThenScroll) {
+    std::string text;
+    const auto sizeOf = [&](int words) {
+        for (text.clear(); words > 0; --words) text += "\\f1nahI "_deva;
+        return see("txtMessage", [&] { ShowMessage(text); });
+    };
+    const Seen one = sizeOf(1), some = sizeOf(6), more = sizeOf(40), many = sizeOf(5000);
+    EXPECT_GT(some.size.width(), one.size.width());
+    EXPECT_GT(more.size.height(), some.size.height());
+    EXPECT_FALSE(more.scrolls);
+    EXPECT_TRUE(many.scrolls);
+    const QSize screen = QApplication::primaryScreen()->availableSize();
+    EXPECT_LT(many.size.height(), screen.height());
+    EXPECT_LT(many.size.width(), screen.width());
+}
+
+TEST(Boxes, ALongMessageScrollsByKeys) {
+    std::string text;
+    for (int i = 0; i < 5000; ++i) text += "nahI ";
+    BoxUser user([&](QDialog& box) {
+        QScrollBar& bar = *control<RichTextView>(box, "txtMessage").verticalScrollBar();
+        press(box, Qt::Key_PageDown);
+        EXPECT_EQ(bar.value(), bar.pageStep());
+        press(box, Qt::Key_End);
+        EXPECT_EQ(bar.value(), bar.maximum());
+        press(box, Qt::Key_PageUp);
+        press(box, Qt::Key_Home);
+        EXPECT_EQ(bar.value(), 0);
+        press(box, Qt::Key_Return);
+    });
+    ShowMessage(text);
+    EXPECT_TRUE(user.acted());
+}
+
+TEST(Boxes, CloseWhenTheApplicationQuits) {
+    int answer = 7;
+    BoxUser user([](QDialog&) { QApplication::quit(); });
+    QTimer::singleShot(0, [&] { answer = AskQuestion("x"); });
+    QApplication::exec();
+    EXPECT_EQ(answer, 0);
+    EXPECT_TRUE(user.acted());
+}
+
+TEST(Boxes, GoWithTheirParent) {
+    auto* parent = new QWidget;
+    parent->show();
+    parent->activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(parent));
+    BoxUser user([parent](QDialog& box) {
+        EXPECT_EQ(box.parentWidget(), parent);
+        delete parent;
+    });
+    EXPECT_EQ(AskQuestion("x"), 0);
+    EXPECT_TRUE(user.acted());
+}
+
+TEST(Boxes, OneOverTheOther) {
+    BoxUser user([](QDialog& outer) {
+        BoxUser inner(click("cmdCancel"));
+        EXPECT_EQ(AskQuestion("x"), -1);
+        EXPECT_TRUE(inner.acted());
+        clickOn(control(outer, "cmdNo"));
+    });
+    EXPECT_EQ(AskQuestion("x"), 0);
+    EXPECT_TRUE(user.acted());
+}
+
+TEST(Boxes, AreReplacedForAWhile) {
+    struct : DialogAnswers {
+        int AskQuestion(std::string_view text) override { return text == "-"_deva ? -1 : 1; }
+    } canned;
+    {
+        const ReplacedDialogs replaced(canned);
+        EXPECT_EQ(AskQuestion("-"), -1);
+    }
+    BoxUser user(click("cmdNo"));
+    EXPECT_EQ(AskQuestion("-"), 0);
+    EXPECT_TRUE(user.acted());
+}
+
+}  // namespace
+}  // namespace tolvan

@@ -1,0 +1,120 @@
+#include "dialogs/MessageDialog.h"
+#include "dialogs/RichTextView.h"
+#include "platform/encoding/Deva.h"
+#include "platform/richtext/RtfWriter.h"
+
+#include <QImage>
+#include <QScrollBar>
+
+#include <algorithm>
+#include <gtest/gtest.h>
+#include <string_view>
+
+namespace tolvan {
+namespace {
+
+using namespace std::string_view_literals;
+
+QString shown(std::string_view rtf) {
+    RichTextView view;
+    view.setTextRtf(rtf);
+    return view.text();
+}
+
+TEST(RichTextView, TextOfFragments) {
+    const struct {
+        std::string_view fragment;
+        const char* text;
+    } cases[] = {
+        {"Latin only", "Latin only"}, {"\\f1nahI: \\f0 C:\\\\programs\\\\a.tvp", "nahI: C:\\programs\\a.tvp"},
+        {"\\f1\\{ \\f0\\}", "{ }"},   {"a\\par b", "a\nb"},
+        {"a\\line b", "a\nb"},        {"", ""},
+    };
+    for (const auto& [fragment, text] : cases)
+        EXPECT_EQ(shown(messageDocument(fragment)), QString::fromLatin1(text)) << fragment;
+}
+
+TEST(RichTextView, DamagedTextsAreShownAsFarAsTheyGo) {
+    std::string deep;
+    for (int i = 0; i < 100000; ++i) deep += '{';
+    const std::string damaged[] = {"a}b",    "a{b",        "a\\",         "\\f99 a", "\\fs0 a", "\\fs99999999 a",
+                                   "\\'",    "\\'4",       "\\cf77 a",    deep,      "\\u-1?",  std::string("a\0b", 3),
+                                   "\\bin9", "\\fonttbl{", "\\f1\r\n\ta", "\\fs-4 a"};
+    for (const std::string& fragment : damaged) {
+        RichTextView view;
+        view.setTextRtf(messageDocument(fragment));
+        const QSize size = view.sizeFor({300, 200});
+        EXPECT_LE(size.width(), 300);
+        EXPECT_LE(size.height(), 200);
+        view.resize(size);
+        view.grab();
+        EXPECT_EQ(view.text().contains(QLatin1Char('a')), fragment.find('a') != std::string::npos) << fragment;
+    }
+    for (std::size_t length = 0; length < 200; ++length) shown(messageDocument("\\f1nahI {\\cf2 a}").substr(0, length));
+    EXPECT_EQ(shown("no rich text"), QStringLiteral("no rich text"));
+}
+
+// The lines in which the picture of a view has ink, as the number of gaps between them tells.
+int inkedLines(RichTextView& view) {
+    const QImage image = view.grab().toImage();
+    int lines = 0;
+    bool inkAbove = false;
+    for (int y = 0; y < image.height(); ++y) {
+        bool ink = false;
+        for (int x = 0; x < image.width(); ++x) ink = ink || qGray(image.pixel(x, y)) < 128;
+        lines += ink && !inkAbove;
+        inkAbove = ink;
+    }
+    return lines;
+}
+
+TEST(RichTextView, BreaksAtBlanksAlone) {
+    // Characters at which Unicode would break a line are letters here. The word does not fit beside the first.
+    RichTextView view;
+    for (const std::string_view word : {"a-aaaa-aaa"sv, "a!aaaa!aaa"sv, "aa/aaa{aaa"sv, "aaaa|aa}aa"sv}) {
+        view.setTextRtf(messageDocument(RtfEscape(word)));
+        const int wordWidth = view.sizeFor({1000, 1000}).width();
+        view.setTextRtf(messageDocument(RtfEscape(std::string(word).append(" ").append(word))));
+        view.resize(wordWidth * 3 / 2, 300);
+        EXPECT_EQ(inkedLines(view), 2) << word;
+        EXPECT_EQ(view.sizeFor({wordWidth + 3, 1000}).width(), wordWidth) << word;
+    }
+}
+
+TEST(RichTextView, AWordLongerThanTheLineIsBrokenAnywhere) {
+    RichTextView view;
+    view.setTextRtf(messageDocument(std::string(200, 'o')));
+    EXPECT_GT(view.sizeFor({100, 2000}).height(), 10 * view.sizeFor({100000, 2000}).height() / 10);
+    view.resize(100, 2000);
+    EXPECT_GT(inkedLines(view), 10);
+}
+
+TEST(RichTextView, LinesAreEven) {
+    RichTextView view;
+    std::string text;
+    for (int i = 0; i < 9; ++i) text += "nahI ";
+    view.setTextRtf(messageDocument(text));
+    const int all = view.sizeFor({100000, 1000}).width();
+    const int height = view.sizeFor({all * 8 / 9, 1000}).height();
+    const int width = view.sizeFor({all * 8 / 9, 1000}).width();
+    EXPECT_GT(height, view.sizeFor({100000, 1000}).height());
+    EXPECT_LT(width, all * 6 / 9);
+}
+
+TEST(RichTextView, SizesAndColoursOfTheText) {
+    const auto look = [](std::string_view fragment) {
+        RichTextView view;
+        view.setTextRtf(messageDocument(fragment));
+        const QSize size = view.sizeFor({1000, 1000});
+        view.resize(size);
+        return std::pair{size, view.grab().toImage()};
+    };
+    const auto normal = look("nahI"), large = look("\\fs40 nahI"), white = look("\\cf2 nahI");
+    EXPECT_NEAR(large.first.height(), 2 * normal.first.height(), 3);
+    EXPECT_EQ(white.first, normal.first);
+    EXPECT_NE(white.second, normal.second);
+    EXPECT_NE(look("\\f1 nahI").second, normal.second);
+}
+
+}  // namespace
+}  // namespace tolvan

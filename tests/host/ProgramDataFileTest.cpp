@@ -1,0 +1,175 @@
+#include "host/TemporaryFolder.h"
+#include "runtime/host/ProgramDataFile.h"
+
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+#include <unistd.h>
+#include <vector>
+
+namespace tolvan {
+
+void PrintTo(FileError error, std::ostream* out) {
+    *out << "error " << static_cast<int>(error);
+}
+
+namespace {
+
+using Mode = ProgramDataFile::Mode;
+
+std::vector<std::string> linesOf(ProgramDataFile& file) {
+    std::vector<std::string> lines;
+    for (bool end = false; file.atEnd(end) == FileError::None && !end;) {
+        lines.emplace_back();
+        EXPECT_EQ(file.readLine(lines.back()), FileError::None);
+    }
+    return lines;
+}
+
+TEST(ProgramDataFile, WritesReadsBackAndAppends) {
+    const TemporaryFolder folder;
+    ProgramDataFile file;
+    for (const auto& [mode, text] : {std::pair{Mode::Write, "namaskar"}, {Mode::Append, "{-}2{.}5"}}) {
+        ASSERT_EQ(file.open(folder / "marks.txt", mode), FileError::None);
+        EXPECT_EQ(file.writeLine(text), FileError::None);
+        bool end = false;
+        EXPECT_EQ(file.atEnd(end), FileError::None);
+        EXPECT_TRUE(end);
+        EXPECT_EQ(file.close(), FileError::None);
+    }
+    EXPECT_EQ(folder.read("marks.txt"), "namaskar\r\n{-}2{.}5\r\n");
+    ASSERT_EQ(file.open(folder / "Marks.TXT", Mode::Read), FileError::None);
+    EXPECT_EQ(linesOf(file), (std::vector<std::string>{"namaskar", "{-}2{.}5"}));
+    std::string line = "kept?";
+    EXPECT_EQ(file.readLine(line), FileError::PastEnd);
+    file.close();
+    ASSERT_EQ(file.open(folder / "marks.txt", Mode::Write), FileError::None);
+    EXPECT_EQ(folder.read("marks.txt"), "");
+}
+
+TEST(ProgramDataFile, TakesLineEndsOfOtherSystemsAndLongLines) {
+    const std::string longLine(200'000, 'k');
+    const std::string atBufferEnd((64 << 10) - 1, 'k');
+    const struct {
+        std::string content;
+        std::vector<std::string> lines;
+    } cases[] = {
+        {"", {}},
+        {"a\r\nb\r\n", {"a", "b"}},
+        {"a\nb", {"a", "b"}},
+        {"\r\n\n\r\n", {"", "", ""}},
+        {"a\rb\r\n", {"a\rb"}},
+        {std::string("a\0\xFF\n", 4), {std::string("a\0\xFF", 3)}},
+        {longLine + "\r\n" + longLine, {longLine, longLine}},
+        {atBufferEnd + "\r\nb", {atBufferEnd, "b"}},  // CR and LF in two pieces of the read-ahead
+    };
+    const TemporaryFolder folder;
+    for (const auto& [content, lines] : cases) {
+        folder.write("f", content);
+        ProgramDataFile file;
+        ASSERT_EQ(file.open(folder / "f", Mode::Read), FileError::None);
+        EXPECT_EQ(linesOf(file), lines) << content.substr(0, 20);
+    }
+}
+
+TEST(ProgramDataFile, SaysWhyAFileDoesNotOpen) {
+    const TemporaryFolder folder;
+    folder.write("f", "");
+    ASSERT_EQ(::mkfifo((folder / "pipe").c_str(), 0600), 0);
+    const struct {
+        std::string name;
+        Mode mode;
+        FileError error;
+    } cases[] = {
+        {"", Mode::Read, FileError::BadNameOrNumber},
+        {"  {}  ", Mode::Write, FileError::BadNameOrNumber},
+        {std::string("a\0b", 3), Mode::Write, FileError::BadNameOrNumber},
+        {folder / std::string(300, 'k'), Mode::Write, FileError::BadNameOrNumber},
+        {folder / "missing", Mode::Read, FileError::NotFound},
+        {"missing file of no name", Mode::Read, FileError::NotFound},
+        {folder / "no/such", Mode::Read, FileError::PathNotFound},
+        {folder / "no/such", Mode::Append, FileError::PathNotFound},
+        {folder / "f/such", Mode::Write, FileError::PathNotFound},
+        {folder.path(), Mode::Read, FileError::PathAccess},
+        {folder.path(), Mode::Write, FileError::PathAccess},
+        {folder / "pipe", Mode::Read, FileError::PathAccess},
+        {folder / "pipe", Mode::Write, FileError::PathAccess},
+    };
+    for (const auto& [name, mode, error] : cases) {
+        ProgramDataFile file;
+        EXPECT_EQ(file.open(name, mode), error) << name;
+        EXPECT_FALSE(file.isOpen());
+    }
+}
+
+// An ordinary user for a while, where the tests run as the superuser, whom no permission stops.
+class OrdinaryUser {
+  public:
+    OrdinaryUser() : before_(::geteuid()) {
+        if (before_ == 0) changed_ = ::seteuid(65534) == 0;
+    }
+    ~OrdinaryUser() {
+        if (changed_) changed_ = ::seteuid(before_) != 0;
+    }
+
+  private:
+    uid_t before_;
+    bool changed_ = false;
+};
+
+TEST(ProgramDataFile, RespectsPermissions) {
+    const TemporaryFolder folder;
+    folder.write("f", "");
+    ::chmod((folder / "f").c_str(), 0);
+    ::chmod(folder.path().c_str(), 0555);
+    const OrdinaryUser user;
+    for (const auto& [name, mode] :
+         {std::pair{"f", Mode::Read}, {"f", Mode::Write}, {"f", Mode::Append}, {"new", Mode::Write}}) {
+        ProgramDataFile file;
+        EXPECT_EQ(file.open(folder / name, mode), FileError::PermissionDenied) << name;
+    }
+}
+
+TEST(ProgramDataFile, RefusesWhatTheModeDoesNotAllow) {
+    const TemporaryFolder folder;
+    folder.write("f", "a\r\n");
+    ProgramDataFile file;
+    std::string line;
+    bool end = false;
+    EXPECT_EQ(file.readLine(line), FileError::BadNameOrNumber);
+    EXPECT_EQ(file.writeLine("a"), FileError::BadNameOrNumber);
+    EXPECT_EQ(file.atEnd(end), FileError::BadNameOrNumber);
+    EXPECT_EQ(file.close(), FileError::None);
+    ASSERT_EQ(file.open(folder / "f", Mode::Read), FileError::None);
+    EXPECT_EQ(file.writeLine("a"), FileError::BadMode);
+    EXPECT_EQ(file.open(folder / "g", Mode::Write), FileError::AlreadyOpen);
+    EXPECT_EQ(linesOf(file), std::vector<std::string>{"a"});  // still the file opened first
+    file.close();
+    ASSERT_EQ(file.open(folder / "g", Mode::Write), FileError::None);
+    EXPECT_EQ(file.readLine(line), FileError::BadMode);
+}
+
+TEST(ProgramDataFile, ReportsAFullDiskAtTheRecordThatDoesNotFit) {
+    if (::access("/dev/full", W_OK) != 0) GTEST_SKIP() << "no /dev/full here";
+    ProgramDataFile file;
+    ASSERT_EQ(file.open("/dev/full", Mode::Append), FileError::None);
+    EXPECT_EQ(file.writeLine("a"), FileError::DiskFull);
+    EXPECT_EQ(file.close(), FileError::None);
+}
+
+TEST(ProgramDataFile, ReadsNamesInInternalTextForm) {
+    const struct {
+        std::string internal;
+        std::string plain;
+    } cases[] = {
+        {"gui[ {marks.txt}", "gui[ marks.txt"},
+        {"{marks.txt}", "marks.txt"},
+        {"{C:\\data\\marks.txt}", "C:\\data\\marks.txt"},
+        {"kr\\{ya{a\\}b}", "kr{yaa}b"},
+        {"{unclosed", "unclosed"},
+        {"\xE9\x80\x9D\\", "\xC3\xA9\xE2\x82\xAC\xC2\x9D\\"},
+    };
+    for (const auto& [internal, plain] : cases) EXPECT_EQ(plainFileName(internal), plain);
+}
+
+}  // namespace
+}  // namespace tolvan

@@ -1,0 +1,43 @@
+// A folder of a test's own, gone with all it holds when the test ends.
+#pragma once
+
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <stdexcept>
+#include <stdlib.h>
+#include <string>
+#include <string_view>
+
+namespace tolvan {
+
+class TemporaryFolder {
+  public:
+    TemporaryFolder() {
+        std::string name = (std::filesystem::temp_directory_path() / "tolvan-XXXXXX").string();
+        if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+        path_ = name;
+    }
+    TemporaryFolder(const TemporaryFolder&) = delete;
+    TemporaryFolder& operator=(const TemporaryFolder&) = delete;
+    ~TemporaryFolder() {
+        std::error_code ignored;
+        std::filesystem::remove_all(path_, ignored);
+    }
+
+    std::string operator/(std::string_view name) const { return (path_ / name).string(); }
+    std::string path() const { return path_.string(); }
+
+    void write(std::string_view name, std::string_view content) const {
+        std::ofstream(path_ / name, std::ios::binary) << content;
+    }
+    std::string read(std::string_view name) const {
+        std::ifstream file(path_ / name, std::ios::binary);
+        return {std::istreambuf_iterator<char>(file), {}};
+    }
+
+  private:
+    std::filesystem::path path_;
+};
+
+}  // namespace tolvan

@@ -1,0 +1,267 @@
+#include "platform/picturebox/PictureBox.h"
+
+#include <QCoreApplication>
+#include <QElapsedTimer>
+
+#include <array>
+#include <cmath>
+#include <functional>
+#include <gtest/gtest.h>
+#include <limits>
+#include <string>
+#include <vector>
+
+namespace tolvan {
+namespace {
+
+using Fill = PictureBox::FillStyle;
+constexpr QRgb black = 0xFF000000;
+
+// The picture as rows of characters: "." black, "#" white, "r" and "g" red and green, "?" anything else.
+std::string pictureOf(PictureBox& box) {
+    const QImage image = box.Image();
+    std::string text;
+    for (int y = 0; y < image.height(); ++y) {
+        for (int x = 0; x < image.width(); ++x) {
+            const QRgb pixel = image.pixel(x, y);
+            text += pixel == black        ? '.'
+                    : pixel == 0xFFFFFFFF ? '#'
+                    : pixel == 0xFFFF0000 ? 'r'
+                    : pixel == 0xFF00FF00 ? 'g'
+                                          : '?';
+        }
+        text += '\n';
+    }
+    return text;
+}
+
+class TestBox : public PictureBox {
+  public:
+    TestBox(int width, int height) {
+        resize(width, height);
+        Cls();
+    }
+};
+
+struct Figure {
+    const char* name;
+    std::function<void(PictureBox&)> draw;
+    const char* picture;
+};
+
+class PictureBoxFigures : public testing::TestWithParam<Figure> {};
+
+TEST_P(PictureBoxFigures, HasThesePixels) {
+    TestBox box(9, 7);
+    GetParam().draw(box);
+    EXPECT_EQ(pictureOf(box), GetParam().picture);
+}
+
+const Figure figures[] = {
+    {"PointsAreRoundedToTheNearestPixel",
+     [](PictureBox& box) {
+         box.PSet(0, 0, Qt::white);
+         box.PSet(2.4F, 1.5F, Qt::red);
+         box.PSet(8, 6, Qt::green);
+         box.PSet(9, 3, Qt::white);
+         box.PSet(-1, 3, Qt::white);
+     },
+     "#........\n.........\n..r......\n.........\n.........\n.........\n........g\n"},
+    {"LineHasBothItsEnds", [](PictureBox& box) { box.Line(1, 1, 7, 4, Qt::white); },
+     ".........\n.#.......\n..##.....\n....##...\n......##.\n.........\n.........\n"},
+    {"LineIsTheSameBackwards",
+     [](PictureBox& box) {
+         box.Line(1, 1, 7, 4, Qt::white);
+         box.Line(7, 4, 1, 1, Qt::black);
+         box.Line(5, 6, 3, 0, Qt::red);
+         box.Line(3, 0, 5, 6, Qt::black);
+     },
+     ".........\n.........\n.........\n.........\n.........\n.........\n.........\n"},
+    {"StraightLines",
+     [](PictureBox& box) {
+         box.Line(2, 5, 2, -20, Qt::white);
+         box.Line(-5, 6, 40, 6, Qt::red);
+     },
+     "..#......\n..#......\n..#......\n..#......\n..#......\n..#......\nrrrrrrrrr\n"},
+    {"LineThatComesFromFarKeepsItsPlace", [](PictureBox& box) { box.Line(-6000, -6000, 6000, 6000, Qt::white); },
+     "#........\n.#.......\n..#......\n...#.....\n....#....\n.....#...\n......#..\n"},
+    {"BoxFromAnyCorner",
+     [](PictureBox& box) {
+         box.Box(6, 5, 1, 1, Qt::white, Fill::Transparent);
+         box.Box(3, 3, 4, 20, Qt::red, Fill::Solid);
+     },
+     ".........\n.######..\n.#....#..\n.#.rr.#..\n.#.rr.#..\n.##rr##..\n...rr....\n"},
+    {"BoxWithoutSize", [](PictureBox& box) { box.Box(4, 3, 4, 3, Qt::white, Fill::Transparent); },
+     ".........\n.........\n.........\n....#....\n.........\n.........\n.........\n"},
+    {"Circle", [](PictureBox& box) { box.Circle(4, 3, 3, Qt::white, Fill::Transparent); },
+     "...###...\n..#...#..\n.#.....#.\n.#.....#.\n.#.....#.\n..#...#..\n...###...\n"},
+    {"FilledCircle", [](PictureBox& box) { box.Circle(4, 3, 3, Qt::red, Fill::Solid); },
+     "...rrr...\n..rrrrr..\n.rrrrrrr.\n.rrrrrrr.\n.rrrrrrr.\n..rrrrr..\n...rrr...\n"},
+    {"SmallestCircles",
+     [](PictureBox& box) {
+         box.Circle(1, 3, 0, Qt::white, Fill::Transparent);
+         box.Circle(5, 3, 1, Qt::red, Fill::Transparent);
+         box.Circle(7, 3, -2, Qt::green, Fill::Solid);
+     },
+     ".........\n.........\n.....r...\n.#..r.r..\n.....r...\n.........\n.........\n"},
+    {"CircleCutOffByTheEdges", [](PictureBox& box) { box.Circle(0, 0, 4, Qt::white, Fill::Transparent); },
+     "....#....\n....#....\n...#.....\n..##.....\n##.......\n.........\n.........\n"},
+};
+
+INSTANTIATE_TEST_SUITE_P(, PictureBoxFigures, testing::ValuesIn(figures),
+                         [](const auto& figure) { return figure.param.name; });
+
+TEST(PictureBox, EveryOperationMovesThePositionToTheLastPointItWasGiven) {
+    TestBox box(20, 20);
+    const auto position = [&box] { return std::pair(box.CurrentX, box.CurrentY); };
+    box.PSet(3, 4, Qt::white);
+    EXPECT_EQ(position(), std::pair(3.F, 4.F));
+    box.Line(1, 2, 7.5F, 9, Qt::white);
+    EXPECT_EQ(position(), std::pair(7.5F, 9.F));
+    box.Box(9, 9, 2, 1, Qt::white, Fill::Solid);
+    EXPECT_EQ(position(), std::pair(2.F, 1.F));
+    box.Circle(5, 6, 2, Qt::white, Fill::Transparent);
+    EXPECT_EQ(position(), std::pair(5.F, 6.F));
+    box.Cls();
+    EXPECT_EQ(position(), std::pair(0.F, 0.F));
+}
+
+// Every figure with every combination of numbers that no screen has.
+TEST(PictureBox, NumbersWithoutBoundsNeitherHangNorDrawOutside) {
+    constexpr float infinity = std::numeric_limits<float>::infinity();
+    constexpr std::array numbers = {0.F,    -3.F,  1e9F,     -1e9F,     1e30F,
+                                    -1e30F, 3e38F, infinity, -infinity, std::numeric_limits<float>::quiet_NaN()};
+    TestBox box(40, 30);
+    for (const float a : numbers)
+        for (const float b : numbers)
+            for (const float c : numbers) {
+                box.PSet(a, b, Qt::white);
+                box.Circle(a, b, c, Qt::white, Fill::Transparent);
+                box.Circle(a, b, c, Qt::white, Fill::Solid);
+                box.ScrollUp(c);
+                for (const float d : numbers) {
+                    box.Line(a, b, c, d, Qt::white);
+                    box.Box(a, b, c, d, Qt::white, Fill::Transparent);
+                    box.Box(a, b, c, d, Qt::white, Fill::Solid);
+                }
+            }
+    box.Cls();
+    box.Circle(-1e6F, 15, 1e6F + 20, Qt::white, Fill::Transparent);  // as good as an upright line
+    QImage line(40, 30, QImage::Format_RGB32);
+    line.fill(Qt::black);
+    for (int y = 0; y < 30; ++y) line.setPixel(20, y, 0xFFFFFFFF);
+    EXPECT_EQ(box.Image(), line);
+}
+
+TEST(PictureBox, ScrollMovesEverythingUpAndLeavesTheStripBelow) {
+    TestBox box(3, 6);
+    box.PSet(0, 0, Qt::red);
+    box.PSet(1, 2, Qt::white);
+    box.PSet(2, 5, Qt::green);
+    box.ScrollUp(2);
+    EXPECT_EQ(pictureOf(box), ".#.\n...\n...\n..g\n...\n..g\n");
+    // Drawing goes on in the right place, and so does a second scroll of more than half the height.
+    box.Line(0, 1, 2, 1, Qt::red);
+    EXPECT_EQ(pictureOf(box), ".#.\nrrr\n...\n..g\n...\n..g\n");
+    box.ScrollUp(4);
+    EXPECT_EQ(pictureOf(box), "...\n..g\n...\n..g\n...\n..g\n");
+    box.ScrollUp(6);
+    EXPECT_EQ(pictureOf(box), "...\n..g\n...\n..g\n...\n..g\n");
+}
+
+TEST(PictureBox, KeepsThePictureWhenItIsResized) {
+    TestBox box(4, 3);
+    box.ScrollUp(1);
+    box.PSet(0, 0, Qt::white);
+    box.PSet(3, 2, Qt::red);
+    box.show();
+    box.resize(6, 4);
+    EXPECT_EQ(pictureOf(box), "#.....\n......\n...r..\n......\n");
+    box.PSet(5, 3, Qt::green);
+    box.resize(2, 2);
+    EXPECT_EQ(pictureOf(box), "#.\n..\n");
+    box.resize(6, 4);
+    EXPECT_EQ(pictureOf(box), "#.....\n......\n...r..\n.....g\n");
+}
+
+TEST(PictureBox, TextStandsAtThePositionAndMovesIt) {
+    PictureFont font(QFont(QStringLiteral("Liberation Serif"), 16));
+    TestBox box(300, 60);
+    box.CurrentX = 10;
+    box.CurrentY = 20;
+    box.Print("K", font);
+    const float width = box.CurrentX - 10;
+    EXPECT_GT(width, 8);
+    EXPECT_EQ(box.CurrentY, 20);
+    const QImage once = box.Image();
+
+    // Printing again right behind it draws the same letter, moved.
+    box.Print("K", font);
+    const QImage twice = box.Image();
+    const int moved = static_cast<int>(std::lround(10 + width)) - 10;
+    EXPECT_EQ(twice.copy(10 + moved, 0, 12, 60), once.copy(10, 0, 12, 60));
+    // A blank counts at the end of a text as well.
+    const float before = box.CurrentX;
+    box.Print("K ", font);
+    EXPECT_GT(box.CurrentX, before + width + 2);
+
+    const float line = box.TextHeight(font);
+    EXPECT_GT(line, 16);
+    EXPECT_EQ(line, std::floor(line));
+    box.NewLine(font);
+    EXPECT_EQ(box.CurrentX, 0);
+    EXPECT_EQ(box.CurrentY, 20 + line);
+    // The letter lies within its line.
+    for (int x = 0; x < 300; ++x) {
+        EXPECT_EQ(once.pixel(x, 19), black);
+        EXPECT_EQ(once.pixel(x, 20 + static_cast<int>(line)), black);
+    }
+}
+
+TEST(PictureBox, TextMayBeAnyBytes) {
+    PictureFont font(QFont(QStringLiteral("Liberation Serif"), 16));
+    TestBox box(300, 60);
+    std::string bytes;
+    for (int code = 0; code < 256; ++code) bytes += static_cast<char>(code);
+    box.Print(bytes, font);
+    box.Print("", font);
+    box.Print(std::string(3'000'000, 'm'), font);
+    EXPECT_GT(box.CurrentX, 300);
+    box.CurrentX = std::numeric_limits<float>::quiet_NaN();
+    box.Print("m", font);
+}
+
+// What reaches the screen: paints once in a while however often it is drawn on, and at last everything.
+TEST(PictureBox, IsPaintedAtFrameRate) {
+    class CountingBox : public TestBox {
+      public:
+        using TestBox::TestBox;
+        int paints = 0;
+
+      protected:
+        void paintEvent(QPaintEvent* event) override {
+            ++paints;
+            TestBox::paintEvent(event);
+        }
+    };
+    CountingBox box(200, 200);
+    box.show();
+    QCoreApplication::processEvents();
+    box.paints = 0;
+    constexpr int operations = 20'000;
+    for (int i = 0; i < operations; ++i) {
+        box.PSet(static_cast<float>(i % 200), static_cast<float>(i / 200), Qt::green);
+        if (i % 100 == 0) QCoreApplication::processEvents();
+    }
+    const int before = box.paints;
+    EXPECT_LT(before, operations / 100);
+    QElapsedTimer waited;
+    waited.start();
+    while (box.paints == before && waited.elapsed() < 10'000)
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
+    EXPECT_GT(box.paints, before);
+    EXPECT_EQ(box.grab().toImage().convertToFormat(QImage::Format_RGB32), box.Image());
+}
+
+}  // namespace
+}  // namespace tolvan

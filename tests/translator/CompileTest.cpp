@@ -1,0 +1,130 @@
+// Whole programs: the module's layout, functions, names, and programs that were made to break it.
+
+#include "platform/encoding/Deva.h"
+#include "translator/Styled.h"
+#include "translator/Translator.h"
+
+#include <gtest/gtest.h>
+#include <random>
+#include <string>
+#include <vector>
+
+namespace tolvan {
+namespace {
+
+// A text with LF line ends and a "!" for each poll line, as it is compiled.
+std::string crLf(std::string_view text) {
+    std::string lines;
+    for (const char c : text) {
+        if (c == '\n')
+            lines += "\r\n";
+        else if (c == '!')
+            lines += "if not parentform.checkforevents then err.raise 1001";
+        else
+            lines += c;
+    }
+    return lines;
+}
+
+TEST(Compile, Layout) {
+    const struct {
+        std::string_view name, program, module;
+    } rows[] = {
+        {"empty", "", "Sub Main()\nEnd Sub\n"},
+        {"blank lines", "\n  \n \n", "Sub Main()\nEnd Sub\n"},
+        {"statements", "kaera\n\n      wa<b\n"_deva,
+         "Sub Main()\n!\nparentform.ClearScreen\n!\nparentform.StopExecution\nEnd Sub\n"},
+        {"no line end", "kaera"_deva, "Sub Main()\n!\nparentform.ClearScreen\nEnd Sub\n"},
+        {"a statement that vanishes keeps its line", "taevr\nsucna\nkaera"_deva,
+         "Sub Main()\n!\n\n!\n\n!\nparentform.ClearScreen\nEnd Sub\n"},
+        {"condition", "jr x{>}1 tr\nkaera\nnahItr\nwa<b\ns<pv jr"_deva,
+         "Sub Main()\n!\nIF aaaaaaaaab>1 THEN\n!\nparentform.ClearScreen\n!\nELSE\n!\nparentform.StopExecution\n!\nEND "
+         "IF\nEnd Sub\n"},
+        {"functions", "kaera\n%pàayaejn f{(}x{)}\nf{=}x\n%pàayaejn s<pv\n%pàayaejn g\ns<pv %pàayaejn\nwa<b"_deva,
+         "Sub Main()\n!\nparentform.ClearScreen\nEnd Sub\n\n\n\nFunction "
+         "aaaaaaaaab(aaaaaaaaac)\n!\naaaaaaaaab=aaaaaaaaac"
+         "\n!\nEnd Function\n\nFunction aaaaaaaaad\n!\nEND Function\n!\nparentform.StopExecution"},
+        {"only a function", "%pàayaejn f"_deva, "Sub Main()\nEnd Sub\n\n\n\nFunction aaaaaaaaab"},
+        {"a function's head that is a comment", "sucna %pàayaejn"_deva, "Sub Main()\nEnd Sub\n\n\n\n"},
+    };
+    Translator translator;
+    for (const auto& row : rows) EXPECT_EQ(translator.Compile(styled(crLf(row.program))), crLf(row.module)) << row.name;
+}
+
+TEST(Compile, BareLineEndsStayInTheirLine) {
+    EXPECT_EQ(Translator().Compile(styled("{1\n2\r}3{\r\r\n}4")),
+              crLf("Sub Main()\n!\n1") + "\n2\r3\r" + crLf("\n!\n4\nEnd Sub\n"));
+}
+
+TEST(Compile, NamesStartAgainWithEachProgram) {
+    Translator translator;
+    translator.Compile(styled("a b c"));
+    EXPECT_EQ(translator.Compile(styled("c \r\nb \r\nc ")),
+              crLf("Sub Main()\n!\naaaaaaaaab\n!\naaaaaaaaac\n!\naaaaaaaaab\nEnd Sub\n"));
+    EXPECT_EQ(translator.MapIdentifier("b"), "aaaaaaaaac") << "the names stay until the next program";
+}
+
+TEST(Compile, ReportsEachLine) {
+    std::vector<std::size_t> lines;
+    std::size_t characters = 0;
+    Translator().Compile(styled("a\r\n\r\nb"), [&](const CompileProgress& progress) {
+        lines.push_back(progress.lines);
+        characters = progress.characters;
+    });
+    EXPECT_EQ(lines, (std::vector<std::size_t>{1, 2, 3}));
+    EXPECT_EQ(characters, 7U);
+}
+
+StyledText randomText(std::mt19937& random, std::size_t size) {
+    StyledText text;
+    for (std::size_t i = 0; i < size; ++i) {
+        const char any = static_cast<char>(random());
+        const char c = random() % 8 == 0 ? "\r\n \""[random() % 4] : any;
+        text.append(std::string_view(&c, 1), static_cast<Font>(random() % 3));
+    }
+    return text;
+}
+
+TEST(Compile, AnyBytesGiveAModule) {
+    std::mt19937 random(1);
+    Translator translator;
+    for (int i = 0; i < 200; ++i) {
+        const StyledText program = randomText(random, random() % 2000);
+        const std::string module = translator.Compile(program);
+        EXPECT_TRUE(module.starts_with("Sub Main()\r\n") && module.ends_with("\r\nEnd Sub\r\n"));
+        EXPECT_EQ(module, translator.Compile(program));
+    }
+}
+
+std::string repeated(std::string_view text, std::size_t count) {
+    std::string all;
+    for (std::size_t i = 0; i < count; ++i) all += text;
+    return all;
+}
+
+TEST(Compile, LoopsNestedByTheThousandInOneLine) {
+    constexpr std::size_t depth = 3000;
+    NameCounter names;
+    std::string statement;
+    for (std::size_t i = 0; i < depth; ++i) statement.append("for ").append(names.next()).append(" =    to ");
+    statement.append("  ").append(names.next());
+    EXPECT_EQ(Translator().Compile(styled(repeated("te ", depth) + "saQI")),
+              crLf("Sub Main()\n!\n") + statement + crLf("\nEnd Sub\n"));
+}
+
+// The script of such lines would be of the square of their length: gigabytes here.
+TEST(Compile, LinesMadeToMultiplyComeToAnEnd) {
+    const std::string loops = repeated("te ", 500'000) + "saQI";
+    const std::string startPoints =
+        "re\" Aao py¡t "_deva.data() + repeated("x ", 100'000) + "r<gacI " + repeated("pasunx ", 100'000) + "pasun ";
+    const std::string removals = repeated("py", 300'000) + " te saQI te " + repeated("\xA1t", 300'000);
+    const std::string quotes = "{\"}" + repeated("\"", 500'000) + "{\"}";
+    for (const std::string& line : {loops, startPoints, removals, quotes}) {
+        const std::string module = Translator().Compile(styled(line + "\r\nkaera"));
+        EXPECT_TRUE(module.ends_with(crLf("\n!\nparentform.ClearScreen\nEnd Sub\n")));
+        EXPECT_LT(module.size(), std::size_t{1} << 30);
+    }
+}
+
+}  // namespace
+}  // namespace tolvan

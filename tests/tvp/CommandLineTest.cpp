@@ -1,0 +1,181 @@
+#include "platform/encoding/Deva.h"
+#include "tvp/TvpProcess.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+#include <random>
+#include <signal.h>
+
+namespace tolvan {
+namespace {
+
+using testing::HasSubstr;
+using testing::StartsWith;
+
+#if defined(__SANITIZE_ADDRESS__)
+constexpr std::size_t largeFile = std::size_t{10} << 20;
+#else
+constexpr std::size_t largeFile = std::size_t{100} << 20;
+#endif
+
+std::string deva(std::string_view text) {
+    return std::string(text);
+}
+
+TEST(CommandLine, AnswersBadUseInEnglishWithStatus2) {
+    TvpProcess tvp;
+    tvp.folder().write("empty.tvp", "");
+    tvp.folder().write("caption.tvp", "caption");
+    std::filesystem::create_directory(tvp.folder() / "folder.tvp");
+    const struct {
+        std::vector<std::string> arguments;
+        const char* message;
+    } cases[] = {
+        {{}, "a command is needed"},
+        {{"translate", "a.tvp"}, "there is no command translate"},
+        {{"run"}, "run needs a file"},
+        {{"module", "a.tvp", "b.tvp"}, "module takes one file, not also b.tvp"},
+        {{"module", "--trace", "a.tvp"}, "module has no option --trace"},
+        {{"run", "-x", "a.tvp"}, "run has no option -x"},
+        {{"run", "missing.tvp"}, "cannot read missing.tvp: No such file or directory"},
+        {{"convert", "missing.txt"}, "cannot read missing.txt: No such file or directory"},
+        {{"program", "folder.tvp"}, "cannot read folder.tvp: Is a directory"},
+        {{"run", "empty.tvp/x"}, "cannot read empty.tvp/x: Not a directory"},
+        {{"run", "empty.tvp"}, "empty.tvp is empty"},
+        {{"format", "empty.tvp"}, "empty.tvp is empty"},
+        {{"run", "caption.tvp"}, "caption.tvp is no program: its first line, the caption, has no end"},
+    };
+    for (const auto& [arguments, message] : cases) {
+        const TvpResult result = tvp.run(arguments);
+        EXPECT_EQ(result.status, 2) << message;
+        EXPECT_THAT(result.errors, StartsWith("tvp: " + std::string(message)));
+        EXPECT_EQ(result.output, "");
+    }
+}
+
+TEST(CommandLine, FindsFilesInTheSpellingOfOtherSystems) {
+    TvpProcess tvp;
+    std::filesystem::create_directory(tvp.folder() / "Class");
+    tvp.folder().write("Class/Hello.tvp", "caption\r\n");
+    for (const char* name : {"Class/Hello.tvp", "class\\HELLO.TVP", ".\\Class/hello.tvp"})
+        EXPECT_EQ(tvp.run({"module", name}).status, 0) << name;
+}
+
+TEST(CommandLine, ShowsEveryStageOfAProgram) {
+    TvpProcess tvp;
+    const std::string roman = "jar A > 5 tar\r\ndAkhav #\"#ho {#}-#5\"#\r\nsaMpav jar";
+    EXPECT_EQ(tvp.run({"convert"}, "namaskAr\njag\r\n\nA").output, deva("nmSkar\njg\r\n\nAa"_deva));
+    EXPECT_EQ(tvp.run({"mark"}, "A(-5)\nb").output, "A#(-#5#)#\nb");
+    EXPECT_EQ(tvp.runProgram({"program"}, "dAkhav #\"#namaskAr\"# & -5").output,
+              deva("daov {\"}nmSkar{\"} {&} {-}5\n"_deva));
+    EXPECT_EQ(tvp.runProgram({"module"}, "A = -5").output,
+              "Sub Main()\r\nif not parentform.checkforevents then err.raise 1001\r\naaaaaaaaab = -5\r\nEnd Sub\r\n");
+    EXPECT_EQ(tvp.runProgram({"format"}, "jar A tar\r\ndAkhav A\r\nsaMpav jar").output,
+              "caption\r\njar A tar\r\n      dAkhav A\r\nsaMpav jar\r\n");
+}
+
+TEST(CommandLine, ReadsProgramsWithBareLineFeeds) {
+    TvpProcess tvp;
+    tvp.folder().write("unix.tvp", "caption\ndAkhav 1\ndAkhav 2\n");
+    EXPECT_EQ(tvp.run({"run", "unix.tvp"}).output, "1\n2\n");
+}
+
+TEST(CommandLine, ReportsErrorsWithNumberAndScriptLine) {
+    const struct {
+        const char* roman;
+        const char* output;
+        const char* error;
+    } cases[] = {
+        {"dAkhav 1\r\nA = 1 bhAgile 0\r\ndAkhav 2", "1\n", "error 11 line 5\n"},
+        {"\r\nA = #\"#kar#\"# guNile 2", "", "error 13 line 3\n"},
+        {"dAkhav nAhIch(5)", "", "error 13 line 3\n"},
+        {"A = 2\r\njar A moThA 1\r\ndAkhav A\r\nsaMpav jar", "", "error 1017 line 5\n"},
+        {"mitI A(3)\r\nA(4) = 1", "", "error 9 line 5\n"},
+        {"ghe A", "", "error 62 line 3\n"},
+        {"ughaD #\"missing.txt\"#, vAchaNyAsAThI", "", "error 53 line 3\n"},
+        {"jovar 1 = 1 tovar\r\ndAkhav 1\r\nthAMb\r\nkar", "1\n", ""},
+    };
+    for (const auto& [roman, output, error] : cases) {
+        TvpProcess tvp;
+        const TvpResult result = tvp.runProgram({"run"}, roman);
+        EXPECT_EQ(result.output, output) << roman;
+        EXPECT_EQ(result.errors, error) << roman;
+        EXPECT_EQ(result.status, *error == 0 ? 0 : 1) << roman;
+    }
+}
+
+TEST(CommandLine, RunsScripts) {
+    TvpProcess tvp;
+    tvp.folder().write("main.vbs", "PrintString 1\r\nSub Main()\r\nPrintString \" 2 \"\r\nEnd Sub\r\n");
+    tvp.folder().write("plain.vbs", "ParentForm.PrintString \"{-}5\" * 2\n");
+    tvp.folder().write("wrong.vbs", "a = 1\nif then\n");
+    EXPECT_EQ(tvp.run({"script", "main.vbs"}).output, "1\n2\n");
+    EXPECT_EQ(tvp.run({"script", "plain.vbs"}).output, "{-}10\n");
+    const TvpResult wrong = tvp.run({"script", "wrong.vbs"});
+    EXPECT_EQ(wrong.status, 1);
+    EXPECT_THAT(wrong.errors, testing::MatchesRegex("error 10[0-9][0-9] line 2\n"));
+}
+
+TEST(CommandLine, TracesConsoleCalls) {
+    TvpProcess tvp;
+    const TvpResult result = tvp.runProgram({"run", "--trace"},
+                                            "korA\r\n"
+                                            "(10,20) pAsun (30,40) paryaMt 255 raMgAchI regh Akh\r\n"
+                                            "(30,40) paryaMt 255 raMgAchI regh Akh\r\n"
+                                            "(30,40) paryaMt bharalele Ayat kADh\r\n"
+                                            "(5,6) var raMg(1,0,0) raMgAchA biMdU kADh\r\n"
+                                            "(5,6) pAsun 7 trijyAche vartuL kADh\r\n"
+                                            "dAkhav -5");
+    EXPECT_EQ(result.errors,
+              "ClearScreen\nDrawLine 30,40,10,20,255\nDrawLine 30,40,,,255\nDrawBox 30,40,True\nDrawPoint 5,6,1\n"
+              "DrawCircle 5,6,7,,False\nPrintString -5\n");
+    EXPECT_EQ(result.output, "{-}5\n");
+}
+
+TEST(CommandLine, TakesAnyBytes) {
+    std::mt19937 random(20'07);
+    for (int round = 0; round < 8; ++round) {
+        std::string bytes(5000, '\0');
+        for (char& byte : bytes) byte = static_cast<char>(random() % (round < 4 ? 256 : 128));
+        TvpProcess tvp;
+        tvp.folder().write("bytes.tvp", bytes);
+        for (const char* command : {"convert", "mark", "program", "module", "format"})
+            EXPECT_EQ(tvp.run({command, "bytes.tvp"}).status, 0) << command;
+        for (const char* command : {"run", "script"}) EXPECT_EQ(tvp.run({command, "bytes.tvp"}).status, 1) << command;
+    }
+}
+
+TEST(CommandLine, TakesLargeFiles) {
+    TvpProcess tvp;
+    std::string text = "caption\r\n";
+    while (text.size() < largeFile) text += "dAkhav #\"#namaskAr jag\"# suchanA oL\r\n";
+    tvp.folder().write("large.tvp", text);
+    const std::size_t lines = text.size() / 37;
+    for (const char* command : {"convert", "module"}) {
+        const TvpResult result = tvp.run({command, "large.tvp"});
+        EXPECT_EQ(result.status, 0) << command;
+        EXPECT_GT(result.output.size(), lines * 20) << command;
+    }
+    std::string oneLine(largeFile / 10, 'k');
+    tvp.folder().write("line.txt", oneLine);
+    EXPECT_EQ(tvp.run({"convert", "line.txt"}).output.size(), oneLine.size());
+}
+
+TEST(CommandLine, SaysWhenItsOutputCannotBeWritten) {
+    TvpProcess tvp;
+    tvp.sendOutputTo("/dev/full");
+    const TvpResult result = tvp.runProgram({"run"}, "jovar 1 = 1 tovar\r\ndAkhav 1\r\nkar");
+    EXPECT_EQ(result.status, 2) << "an endless program ends when nobody can read it";
+    EXPECT_THAT(result.errors, HasSubstr("cannot write the output: No space left on device"));
+}
+
+TEST(CommandLine, EndsAtCtrlC) {
+    TvpProcess tvp;
+    tvp.interruptAfter(200, SIGINT);
+    const TvpResult result = tvp.runProgram({"run"}, "dAkhav 1\r\njovar 1 = 1 tovar\r\nkar");
+    EXPECT_EQ(result.status, 128 + SIGINT);
+    EXPECT_EQ(result.output, "1\n") << "what was printed before is not lost";
+}
+
+}  // namespace
+}  // namespace tolvan

@@ -1,0 +1,206 @@
+#include "tvp/Commands.h"
+
+#include "platform/richtext/InternalText.h"
+#include "platform/transliteration/MarkRoman.h"
+#include "platform/transliteration/ReplaceRomanChars.h"
+#include "runtime/host/ModuleRunner.h"
+#include "translator/Formatter.h"
+#include "translator/ProgramFile.h"
+#include "translator/ProgramText.h"
+#include "translator/Translator.h"
+#include "tvp/Input.h"
+#include "tvp/Output.h"
+#include "tvp/TextConsole.h"
+
+#include <algorithm>
+#include <cstring>
+#include <new>
+#include <stdexcept>
+#include <unistd.h>
+
+namespace tolvan {
+namespace {
+
+constexpr int succeeded = 0;
+constexpr int scriptFailed = 1;
+constexpr int unusable = 2;
+
+struct Invocation {
+    std::string file;
+    bool trace = false;
+    Output& output;
+    Output& messages;
+};
+
+// Calls `line(text, end)` for each line and its own line end: LF, CR LF, or none behind the last.
+template <class LineCall>
+void forEachLine(std::string_view text, const LineCall& line) {
+    while (!text.empty()) {
+        const std::size_t lineFeed = text.find('\n');
+        const std::size_t size = lineFeed == std::string_view::npos ? text.size() : lineFeed + 1;
+        std::size_t length = std::min(lineFeed, text.size());
+        if (length < size && length > 0 && text[length - 1] == '\r') --length;
+        line(text.substr(0, length), text.substr(length, size - length));
+        text.remove_prefix(size);
+    }
+}
+
+ProgramFile readProgram(const Invocation& invocation) {
+    const std::string content = readInput(invocation.file);
+    if (content.empty()) throw InputFailure{invocation.file + " is empty: a program begins with its caption"};
+    ProgramFile file = readProgramFile(content);
+    if (file.problem == ProgramFile::Problem::FirstLineWithoutEnd)
+        throw InputFailure{invocation.file + " is no program: its first line, the caption, has no end"};
+    return file;
+}
+
+std::string moduleOf(const ProgramFile& file) {
+    return Translator().Compile(ProgramText(file.roman));
+}
+
+int convertFile(const Invocation& invocation) {
+    forEachLine(readInput(invocation.file), [&](std::string_view line, std::string_view end) {
+        invocation.output.write(ReplaceRomanChars(line));
+        invocation.output.write(end);
+    });
+    return succeeded;
+}
+
+int markFile(const Invocation& invocation) {
+    invocation.output.write(markRoman(readInput(invocation.file)));
+    return succeeded;
+}
+
+int showProgram(const Invocation& invocation) {
+    const StyledText text = Transliterate(readProgram(invocation).roman);
+    std::size_t position = 0;
+    forEachLine(text.text(), [&](std::string_view line, std::string_view end) {
+        invocation.output.write(RomanMark(text.view().substr(position, line.size())));
+        if (!end.empty()) invocation.output.write("\n");
+        position += line.size() + end.size();
+    });
+    return succeeded;
+}
+
+int showModule(const Invocation& invocation) {
+    invocation.output.write(moduleOf(readProgram(invocation)));
+    return succeeded;
+}
+
+int formatFile(const Invocation& invocation) {
+    const ProgramFile file = readProgram(invocation);
+    invocation.output.write(file.caption + "\r\n");
+    invocation.output.write(formatProgram(file.roman, ProgramText(file.roman).text()));
+    return succeeded;
+}
+
+int runOnTextConsole(const std::string& module, const Invocation& invocation) {
+    TextConsole console(invocation.output);
+    ConsoleObject object(console);
+    if (invocation.trace) object.setTrace([&](std::string_view call) { invocation.messages.writeLine(call); });
+    script::Executor executor;
+    const script::ErrorReport report = runModule(executor, object, module);
+    if (report.number == 0 || console.isStopped()) return succeeded;
+    invocation.messages.writeLine("error " + std::to_string(report.number) + " line " + std::to_string(report.line));
+    return scriptFailed;
+}
+
+int runProgram(const Invocation& invocation) {
+    return runOnTextConsole(moduleOf(readProgram(invocation)), invocation);
+}
+
+int runScript(const Invocation& invocation) {
+    return runOnTextConsole(readInput(invocation.file), invocation);
+}
+
+struct Command {
+    std::string_view name;
+    std::string_view usage;
+    int (*run)(const Invocation&);
+    bool readsStandardInput;  // when no file is named
+    bool canTrace;
+};
+
+constexpr Command commands[] = {
+    {"convert", "convert [FILE]           Roman text to font-encoded text, line by line", convertFile, true, false},
+    {"mark", "mark [FILE]              Roman text with what stays Latin between \"#\" marks", markFile, true, false},
+    {"program", "program FILE.tvp         the program text, Latin runs in braces", showProgram, false, false},
+    {"module", "module FILE.tvp          the script module that the program becomes", showModule, false, false},
+    {"run", "run [--trace] FILE.tvp   runs the program; --trace: its console calls to standard error", runProgram,
+     false, true},
+    {"script", "script [--trace] FILE    runs a script module", runScript, false, true},
+    {"format", "format FILE.tvp          the program file, indented", formatFile, false, false},
+};
+
+std::string usage() {
+    std::string text = "Usage: tvp COMMAND [FILE]\n\n";
+    for (const Command& command : commands) text.append("  tvp ").append(command.usage).append("\n");
+    return text +
+           "\nFILE is \"-\" for standard input, which [FILE] stands for when it is left out.\n"
+           "Exit status: 0 ended or stopped itself, 1 script error, 2 bad usage or unreadable file.\n";
+}
+
+// What is wrong with the use of the command line; for the user, in English.
+struct UsageFailure {
+    std::string message;
+};
+
+const Command& findCommand(const std::string& name) {
+    const auto* const found =
+        std::find_if(std::begin(commands), std::end(commands), [&](const Command& c) { return c.name == name; });
+    if (found == std::end(commands)) throw UsageFailure{"there is no command " + name};
+    return *found;
+}
+
+// Reads what follows the command's name.
+void parseArguments(const Command& command, const std::vector<std::string>& arguments, Invocation& invocation) {
+    for (std::size_t i = 1; i < arguments.size(); ++i) {
+        const std::string& argument = arguments[i];
+        const bool isOption = argument.size() > 1 && argument[0] == '-';
+        if (isOption && argument == "--trace" && command.canTrace)
+            invocation.trace = true;
+        else if (isOption)
+            throw UsageFailure{arguments[0] + " has no option " + argument};
+        else if (!invocation.file.empty())
+            throw UsageFailure{arguments[0] + " takes one file, not also " + argument};
+        else
+            invocation.file = argument;
+    }
+    if (invocation.file.empty() && !command.readsStandardInput) throw UsageFailure{arguments[0] + " needs a file"};
+    if (invocation.file.empty()) invocation.file = "-";
+}
+
+int runCommand(const std::vector<std::string>& arguments, Output& output, Output& messages) {
+    if (arguments.empty()) throw UsageFailure{"a command is needed"};
+    if (arguments[0] == "--help" || arguments[0] == "-h" || arguments[0] == "-?") {
+        output.write(usage());
+        return succeeded;
+    }
+    const Command& command = findCommand(arguments[0]);
+    Invocation invocation{{}, false, output, messages};
+    parseArguments(command, arguments, invocation);
+    return command.run(invocation);
+}
+
+}  // namespace
+
+int runCommandLine(const std::vector<std::string>& arguments) {
+    Output output(STDOUT_FILENO);
+    Output messages(STDERR_FILENO);
+    int status = unusable;
+    try {
+        status = runCommand(arguments, output, messages);
+    } catch (const UsageFailure& failure) {
+        messages.write("tvp: " + failure.message + "\n\n" + usage());
+    } catch (const InputFailure& failure) {
+        messages.writeLine("tvp: " + failure.message);
+    } catch (const std::bad_alloc&) {
+        messages.writeLine("tvp: the text is too large for the memory of this machine");
+    }
+    output.flush();
+    if (output.failure() == 0) return status;
+    messages.writeLine(std::string("tvp: cannot write the output: ") + std::strerror(output.failure()));
+    return unusable;
+}
+
+}  // namespace tolvan

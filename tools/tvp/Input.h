@@ -1,0 +1,32 @@
+// Files and standard input of the command line.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tolvan {
+
+// A file could not be read, or its content is not what the command takes; for the user, in English.
+struct InputFailure {
+    std::string message;
+};
+
+// All bytes of a file, or of standard input for "-". A name is looked up as it was typed, then without regard to case
+// and with "\" as "/". Throws InputFailure.
+std::string readInput(const std::string& name);
+
+// Standard input, line by line.
+class LineReader {
+  public:
+    // The next line without its line end (LF or CR LF); nothing at the end of the input.
+    std::optional<std::string> next();
+
+  private:
+    bool fill();
+
+    std::string buffer_;
+    std::size_t position_ = 0;
+};
+
+}  // namespace tolvan

@@ -1,0 +1,31 @@
+#include "tvp/TextConsole.h"
+
+#include "platform/script/ScriptError.h"
+#include "runtime/host/InputValue.h"
+#include "runtime/host/ProgramDataFile.h"
+#include "translator/Blanks.h"
+
+namespace tolvan {
+
+void TextConsole::PrintString(std::string_view text) {
+    output_.writeLine(trimBlanks(text));
+}
+
+std::optional<std::string> TextConsole::InputString() {
+    output_.flush();
+    const std::optional<std::string> typed = input_.next();
+    if (!typed) throw script::ScriptError(static_cast<int>(FileError::PastEnd));
+    return inputValue(*typed);
+}
+
+bool TextConsole::CheckForEvents() {
+    output_.flush();
+    if (output_.failure() != 0) stopped_ = true;
+    return !stopped_;
+}
+
+void TextConsole::FileOpenFailed(int number) {
+    throw script::ScriptError(number);
+}
+
+}  // namespace tolvan

@@ -1,0 +1,43 @@
+// A console without a window: prints lines to standard output and reads the program's input from standard input, so
+// that programs can be checked by other programs. Drawing does nothing.
+#pragma once
+
+#include "runtime/host/ConsoleOperations.h"
+#include "tvp/Input.h"
+#include "tvp/Output.h"
+
+namespace tolvan {
+
+class TextConsole : public ConsoleOperations {
+  public:
+    explicit TextConsole(Output& output) : output_(output) {}
+
+    // The program stopped itself, or nobody reads what it prints any more.
+    bool isStopped() const { return stopped_; }
+
+    void PrintString(std::string_view text) override;
+    // Throws ScriptError 62 at the end of standard input: a program that asks for more answers than there are would
+    // wait or ask for ever.
+    std::optional<std::string> InputString() override;
+    void ClearScreen() override {}
+    bool CheckForEvents() override;
+    void StopExecution() override { stopped_ = true; }
+
+    void DrawPoint(Point, std::optional<Colour>) override {}
+    void DrawLine(std::optional<Point>, Point, std::optional<Colour>) override {}
+    void DrawBox(std::optional<Point>, Point, std::optional<Colour>, Fill) override {}
+    void DrawCircle(Point, float, std::optional<Colour>, Fill) override {}
+    // The size at which the console window opens.
+    float DisplayWidth() const override { return 800; }
+    float DisplayHeight() const override { return 600; }
+
+    // Throws ScriptError with this number: nobody is there to be asked whether to go on.
+    void FileOpenFailed(int number) override;
+
+  private:
+    Output& output_;
+    LineReader input_;
+    bool stopped_ = false;
+};
+
+}  // namespace tolvan
