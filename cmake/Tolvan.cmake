@@ -37,9 +37,6 @@ endfunction()
 #
 # A GoogleTest program of one folder; windows are drawn off-screen. Each of its tests is a test of its own in ctest.
 function(tolvan_test name)
-  if(NOT TOLVAN_TESTS)
-    return()
-  endif()
   cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
   add_executable(${name} ${arg_SOURCES})
   target_link_libraries(${name} PRIVATE tolvan_options ${arg_LINKS} GTest::gmock)

@@ -25,6 +25,7 @@ struct StatementPart {
 // (a word counts only if a separator follows it).
 StyledText workingLine(StyledView line);
 StyledText workingStatement(StyledView line);
+void setWorkingStatement(StyledView line, StyledText& text);
 
 // Takes the working line `line` apart if it has one of the forms; otherwise `parts` stays empty. The first form of
 // which the line holds all marker words decides, wherever the words stand, inside a literal too. A piece that missing

@@ -95,8 +95,9 @@ std::string Translator::Compile(StyledView program, const Progress& progress) {
 }
 
 void Translator::appendStatement(StyledView line, std::string& module) {
+    setWorkingStatement(line, workingLine_);
     statement_.clear();
-    translate(workingStatement(line), statement_);
+    translate(workingLine_, statement_);
     module.append(trimBlanks(statement_));
 }
 

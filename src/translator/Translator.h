@@ -46,7 +46,8 @@ class Translator {
 
     VariableTable variables_;
     std::size_t argumentsLeft_ = 0;  // characters of arguments that may still be cut out
-    std::string statement_;          // kept for its memory
+    StyledText workingLine_;         // of the line that is compiled; kept for its memory, as is:
+    std::string statement_;          // its script
 };
 
 }  // namespace tolvan

@@ -1,6 +1,7 @@
 // Whole programs: the module's layout, functions, names, and programs that were made to break it.
 
 #include "platform/encoding/Deva.h"
+#include "translator/Modules.h"
 #include "translator/Styled.h"
 #include "translator/Translator.h"
 
@@ -11,20 +12,6 @@
 
 namespace tolvan {
 namespace {
-
-// A text with LF line ends and a "!" for each poll line, as it is compiled.
-std::string crLf(std::string_view text) {
-    std::string lines;
-    for (const char c : text) {
-        if (c == '\n')
-            lines += "\r\n";
-        else if (c == '!')
-            lines += "if not parentform.checkforevents then err.raise 1001";
-        else
-            lines += c;
-    }
-    return lines;
-}
 
 TEST(Compile, Layout) {
     const struct {
@@ -38,30 +25,30 @@ TEST(Compile, Layout) {
         {"a statement that vanishes keeps its line", "taevr\nsucna\nkaera"_deva,
          "Sub Main()\n!\n\n!\n\n!\nparentform.ClearScreen\nEnd Sub\n"},
         {"condition", "jr x{>}1 tr\nkaera\nnahItr\nwa<b\ns<pv jr"_deva,
-         "Sub Main()\n!\nIF aaaaaaaaab>1 THEN\n!\nparentform.ClearScreen\n!\nELSE\n!\nparentform.StopExecution\n!\nEND "
+         "Sub Main()\n!\nIF @1>1 THEN\n!\nparentform.ClearScreen\n!\nELSE\n!\nparentform.StopExecution\n!\nEND "
          "IF\nEnd Sub\n"},
         {"functions", "kaera\n%pàayaejn f{(}x{)}\nf{=}x\n%pàayaejn s<pv\n%pàayaejn g\ns<pv %pàayaejn\nwa<b"_deva,
          "Sub Main()\n!\nparentform.ClearScreen\nEnd Sub\n\n\n\nFunction "
-         "aaaaaaaaab(aaaaaaaaac)\n!\naaaaaaaaab=aaaaaaaaac"
-         "\n!\nEnd Function\n\nFunction aaaaaaaaad\n!\nEND Function\n!\nparentform.StopExecution"},
-        {"only a function", "%pàayaejn f"_deva, "Sub Main()\nEnd Sub\n\n\n\nFunction aaaaaaaaab"},
+         "@1(@2)\n!\n@1=@2"
+         "\n!\nEnd Function\n\nFunction @3\n!\nEND Function\n!\nparentform.StopExecution"},
+        {"only a function", "%pàayaejn f"_deva, "Sub Main()\nEnd Sub\n\n\n\nFunction @1"},
         {"a function's head that is a comment", "sucna %pàayaejn"_deva, "Sub Main()\nEnd Sub\n\n\n\n"},
     };
     Translator translator;
-    for (const auto& row : rows) EXPECT_EQ(translator.Compile(styled(crLf(row.program))), crLf(row.module)) << row.name;
+    for (const auto& row : rows)
+        EXPECT_EQ(translator.Compile(styled(moduleText(row.program))), moduleText(row.module)) << row.name;
 }
 
 TEST(Compile, BareLineEndsStayInTheirLine) {
     EXPECT_EQ(Translator().Compile(styled("{1\n2\r}3{\r\r\n}4")),
-              crLf("Sub Main()\n!\n1") + "\n2\r3\r" + crLf("\n!\n4\nEnd Sub\n"));
+              moduleText("Sub Main()\n!\n1") + "\n2\r3\r" + moduleText("\n!\n4\nEnd Sub\n"));
 }
 
 TEST(Compile, NamesStartAgainWithEachProgram) {
     Translator translator;
     translator.Compile(styled("a b c"));
-    EXPECT_EQ(translator.Compile(styled("c \r\nb \r\nc ")),
-              crLf("Sub Main()\n!\naaaaaaaaab\n!\naaaaaaaaac\n!\naaaaaaaaab\nEnd Sub\n"));
-    EXPECT_EQ(translator.MapIdentifier("b"), "aaaaaaaaac") << "the names stay until the next program";
+    EXPECT_EQ(translator.Compile(styled("c \r\nb \r\nc ")), moduleText("Sub Main()\n!\n@1\n!\n@2\n!\n@1\nEnd Sub\n"));
+    EXPECT_EQ(translator.MapIdentifier("b"), moduleText("@2")) << "the names stay until the next program";
 }
 
 TEST(Compile, ReportsEachLine) {
@@ -109,7 +96,7 @@ TEST(Compile, LoopsNestedByTheThousandInOneLine) {
     for (std::size_t i = 0; i < depth; ++i) statement.append("for ").append(names.next()).append(" =    to ");
     statement.append("  ").append(names.next());
     EXPECT_EQ(Translator().Compile(styled(repeated("te ", depth) + "saQI")),
-              crLf("Sub Main()\n!\n") + statement + crLf("\nEnd Sub\n"));
+              moduleText("Sub Main()\n!\n") + statement + moduleText("\nEnd Sub\n"));
 }
 
 // The script of such lines would be of the square of their length: gigabytes here.
@@ -121,7 +108,7 @@ TEST(Compile, LinesMadeToMultiplyComeToAnEnd) {
     const std::string quotes = "{\"}" + repeated("\"", 500'000) + "{\"}";
     for (const std::string& line : {loops, startPoints, removals, quotes}) {
         const std::string module = Translator().Compile(styled(line + "\r\nkaera"));
-        EXPECT_TRUE(module.ends_with(crLf("\n!\nparentform.ClearScreen\nEnd Sub\n")));
+        EXPECT_TRUE(module.ends_with(moduleText("\n!\nparentform.ClearScreen\nEnd Sub\n")));
         EXPECT_LT(module.size(), std::size_t{1} << 30);
     }
 }

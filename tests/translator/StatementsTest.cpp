@@ -1,6 +1,7 @@
 // One statement each, worked out by hand: what the line is taken for, what is cut out of it, and every blank.
 
 #include "platform/encoding/Deva.h"
+#include "translator/Modules.h"
 #include "translator/Styled.h"
 #include "translator/Translator.h"
 
@@ -14,20 +15,8 @@ struct Row {
     std::string_view script;  // "@1", "@2"... are the first names of the program
 };
 
-std::string withNames(std::string_view script) {
-    std::string text;
-    for (std::size_t i = 0; i < script.size(); ++i) {
-        if (script[i] == '@')
-            text.append(9, 'a').append(1, static_cast<char>('a' + script[++i] - '0'));
-        else
-            text += script[i];
-    }
-    return text;
-}
-
 std::string module(std::string_view statement) {
-    return "Sub Main()\r\nif not parentform.checkforevents then err.raise 1001\r\n" + withNames(statement) +
-           "\r\nEnd Sub\r\n";
+    return moduleText("Sub Main()\n!\n" + std::string(statement) + "\nEnd Sub\n");
 }
 
 template <std::size_t N>
