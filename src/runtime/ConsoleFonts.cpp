@@ -1,10 +1,12 @@
 #include "runtime/ConsoleFonts.h"
 
+#include "platform/fonts/Fonts.h"
+
 namespace tolvan {
 
 QFont consoleFont(Font font) {
     constexpr int points = 18;
-    return QFont(font == Font::Devanagari ? QStringLiteral("Sanskrit 1.2") : QStringLiteral("Times New Roman"), points);
+    return qtFont(font, points);
 }
 
 }  // namespace tolvan

@@ -1,8 +1,8 @@
 #include "runtime/ConsoleText.h"
 
+#include "platform/richtext/InternalText.h"
 #include "runtime/ConsoleFonts.h"
-
-#include <string>
+#include "translator/Blanks.h"
 
 namespace tolvan {
 namespace {
@@ -10,18 +10,17 @@ namespace {
 using Fill = PictureBox::FillStyle;
 constexpr QColor black(0, 0, 0);
 
-void replaceAll(std::string& text, std::string_view from, std::string_view to) {
-    for (std::size_t at = 0; (at = text.find(from, at)) != std::string::npos; at += to.size())
-        text.replace(at, from.size(), to);
-}
-
 }  // namespace
 
 ConsoleText::ConsoleText(PictureBox& display)
     : display_(display),
       devanagari_(consoleFont(Font::Devanagari)),
       latin_(consoleFont(Font::Latin)),
-      lineHeight_(display.TextHeight(devanagari_)) {}
+      lineHeight_(display.TextHeight(devanagari_)) {
+    // As low as signs below the letters allow. Latin letters that are dropped stand on one line with the others.
+    devanagari_.setBaseline(0.7 * lineHeight_);
+    latin_.setBaseline(devanagari_.baseline() - LatinDrop());
+}
 
 void ConsoleText::moveTo(float y) {
     display_.PSet(leftMargin, y, black);
@@ -42,12 +41,9 @@ void ConsoleText::eraseLine() {
 }
 
 void ConsoleText::PrintString(std::string_view text) {
-    const std::size_t first = text.find_first_not_of(' ');
-    text = first == std::string_view::npos ? std::string_view() : text.substr(first);
-    text = text.substr(0, text.find_last_not_of(' ') + 1);
     makeRoom(Room::ForText);
     eraseLine();
-    printRuns(text);
+    printRuns(trimBlanks(text));
 }
 
 void ConsoleText::ClearScreen() {
@@ -60,30 +56,12 @@ void ConsoleText::printRuns(std::string_view text) {
 }
 
 void ConsoleText::drawRuns(PictureBox& picture, std::string_view text) {
-    const auto print = [&picture](std::string& run, PictureFont& font) {
-        replaceAll(run, "\\{", "{");
-        replaceAll(run, "\\}", "}");
-        picture.Print(run, font);
-        run.clear();
-    };
-    std::string run;
-    bool isLatin = false;
-    char previous = 0;
-    for (const char character : text) {
-        if (character == '{' && previous != '\\') {
-            isLatin = true;
-            print(run, devanagari_);
-        } else if (character == '}' && previous != '\\') {
-            isLatin = false;
-            picture.CurrentY += LatinDrop();
-            print(run, latin_);
-            picture.CurrentY -= LatinDrop();
-        } else {
-            run += character;
-        }
-        previous = character;
+    for (const InternalTextRun& run : InternalTextRuns(text)) {
+        const float drop = run.dropped ? LatinDrop() : 0;
+        picture.CurrentY += drop;
+        picture.Print(run.text, run.font == Font::Devanagari ? devanagari_ : latin_);
+        picture.CurrentY -= drop;
     }
-    if (!run.empty()) print(run, isLatin ? latin_ : devanagari_);
 }
 
 }  // namespace tolvan

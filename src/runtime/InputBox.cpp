@@ -1,6 +1,7 @@
 #include "runtime/InputBox.h"
 
 #include "platform/encoding/Windows1252.h"
+#include "platform/fonts/FontEncoding.h"
 #include "runtime/ConsoleFonts.h"
 
 #include <QKeyEvent>
@@ -42,10 +43,7 @@ InputBox::InputBox(QWidget* parent) : QLineEdit(parent) {
 }
 
 std::string InputBox::roman() const {
-    std::string result;
-    for (const QChar character : text())
-        if (const auto code = unicodeToWindows1252(character.unicode())) result += static_cast<char>(*code);
-    return result;
+    return toFontEncoded(text());
 }
 
 void InputBox::fitText(int mostWidth) {

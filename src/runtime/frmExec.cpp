@@ -4,9 +4,12 @@
 #include "dialogs/WindowFrame.h"
 #include "dialogs/frmAbout.h"
 #include "platform/encoding/Deva.h"
+#include "platform/transliteration/MarkRoman.h"
 #include "runtime/ConsoleSize.h"
 #include "runtime/InputBox.h"
 #include "runtime/ProgramMarker.h"
+#include "translator/Blanks.h"
+#include "translator/ProgramText.h"
 
 #include <QApplication>
 #include <QCloseEvent>
@@ -99,8 +102,10 @@ void frmExec::setUpControls() {
         watched->installEventFilter(this);
 }
 
+// Punctuation of the caption stays Latin, as in the program's own text.
 void frmExec::updateTitle() {
-    frame_->setTitle(StyledText("tolvn àayaejn"_deva, Font::Devanagari));
+    const StyledText caption = Transliterate(markRoman(trimBlanks(state_.ProgramCaption)));
+    frame_->setTitle(caption.empty() ? StyledText("tolvn àayaejn"_deva, Font::Devanagari) : caption);
 }
 
 void frmExec::PrintString(std::string_view text) {

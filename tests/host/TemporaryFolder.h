@@ -3,11 +3,12 @@
 
 #include <filesystem>
 #include <fstream>
-#include <iterator>
+#include <sstream>
 #include <stdexcept>
 #include <stdlib.h>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tolvan {
 
@@ -32,8 +33,9 @@ class TemporaryFolder {
         std::ofstream(path_ / name, std::ios::binary) << content;
     }
     std::string read(std::string_view name) const {
-        std::ifstream file(path_ / name, std::ios::binary);
-        return {std::istreambuf_iterator<char>(file), {}};
+        std::ostringstream content;
+        content << std::ifstream(path_ / name, std::ios::binary).rdbuf();
+        return std::move(content).str();
     }
 
   private:

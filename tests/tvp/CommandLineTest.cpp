@@ -66,7 +66,7 @@ TEST(CommandLine, ShowsEveryStageOfAProgram) {
     const std::string roman = "jar A > 5 tar\r\ndAkhav #\"#ho {#}-#5\"#\r\nsaMpav jar";
     EXPECT_EQ(tvp.run({"convert"}, "namaskAr\njag\r\n\nA").output, deva("nmSkar\njg\r\n\nAa"_deva));
     EXPECT_EQ(tvp.run({"mark"}, "A(-5)\nb").output, "A#(-#5#)#\nb");
-    EXPECT_EQ(tvp.runProgram({"program"}, "dAkhav #\"#namaskAr\"# & -5").output,
+    EXPECT_EQ(tvp.runProgram({"program"}, "dAkhav #\"#namaskAr#\"# & -5").output,
               deva("daov {\"}nmSkar{\"} {&} {-}5\n"_deva));
     EXPECT_EQ(tvp.runProgram({"module"}, "A = -5").output,
               "Sub Main()\r\nif not parentform.checkforevents then err.raise 1001\r\naaaaaaaaab = -5\r\nEnd Sub\r\n");
@@ -156,7 +156,7 @@ TEST(CommandLine, TakesLargeFiles) {
         EXPECT_EQ(result.status, 0) << command;
         EXPECT_GT(result.output.size(), lines * 20) << command;
     }
-    std::string oneLine(largeFile / 10, 'k');
+    std::string oneLine(largeFile / 10, '7');
     tvp.folder().write("line.txt", oneLine);
     EXPECT_EQ(tvp.run({"convert", "line.txt"}).output.size(), oneLine.size());
 }

@@ -1,6 +1,6 @@
 #include "platform/picturebox/PictureFont.h"
 
-#include "platform/encoding/Windows1252.h"
+#include "platform/fonts/FontEncoding.h"
 
 #include <QFontMetricsF>
 #include <QImage>
@@ -20,13 +20,6 @@ constexpr std::size_t longestRun = 4096;
 constexpr int widestPicture = 16384;
 // Room for parts of letters that reach out of their line or stand before its start.
 constexpr int margin = 24;
-
-QString toUnicode(std::string_view text) {
-    QString result;
-    result.reserve(static_cast<qsizetype>(text.size()));
-    for (const char byte : text) result.append(QChar(windows1252ToUnicode(static_cast<std::uint8_t>(byte))));
-    return result;
-}
 
 // The part of a grey picture that is not black.
 Coverage coverageOf(const QImage& picture, int originX, int originY) {
@@ -64,13 +57,23 @@ void PictureFont::forget() {
     bytes_ = 0;
 }
 
+double PictureFont::baseline() const {
+    return baseline_ ? *baseline_ : QFontMetricsF(font_).ascent();
+}
+
+void PictureFont::setBaseline(double logicalPixels) {
+    baseline_ = logicalPixels;
+    pixelRatio_ = 0;
+}
+
 void PictureFont::usePixelRatio(double pixelRatio) {
     if (pixelRatio == pixelRatio_) return;
     forget();
     pixelRatio_ = pixelRatio;
     const QFontMetricsF metrics(font_);
-    ascent_ = static_cast<int>(std::ceil(metrics.ascent() * pixelRatio));
-    lineHeight_ = ascent_ + static_cast<int>(std::ceil(metrics.descent() * pixelRatio));
+    // A line that starts half a pixel down is drawn a whole one down; its letters are not to.
+    ascent_ = static_cast<int>(std::ceil(baseline() * pixelRatio - 0.5));
+    lineHeight_ = static_cast<int>(std::ceil((metrics.ascent() + metrics.descent()) * pixelRatio));
 }
 
 int PictureFont::lineHeight(double pixelRatio) {
@@ -93,7 +96,7 @@ PictureFont::Run PictureFont::draw(std::string_view text) const {
     oneLine.setWrapMode(QTextOption::NoWrap);
     oneLine.setFlags(QTextOption::IncludeTrailingSpaces);
     oneLine.setTextDirection(Qt::LeftToRight);
-    QTextLayout layout(toUnicode(text), font_);
+    QTextLayout layout(toQString(text), font_);
     layout.setTextOption(oneLine);
     layout.beginLayout();
     const QTextLine line = layout.createLine();

@@ -1,4 +1,4 @@
-// A font of the picture box, with the pictures of the runs of text that were printed in it. Programs print the same
+// A font of picture boxes, with the pictures of the runs of text that were printed in it. Programs print the same
 // words again and again, and shaping a run costs far more than copying its picture.
 #pragma once
 
@@ -7,6 +7,7 @@
 #include <QFont>
 
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
@@ -22,7 +23,10 @@ class PictureFont {
 
     explicit PictureFont(QFont font) : font_(std::move(font)) {}
 
-    const QFont& font() const { return font_; }
+    // How far below the top of the line the letters stand, in logical pixels; the font's own ascent if not set. The
+    // height of the line stays what it is.
+    double baseline() const;
+    void setBaseline(double logicalPixels);
 
     // The height of a line in device pixels; whole, so that a scroll by lines is a scroll by rows.
     int lineHeight(double pixelRatio);
@@ -39,6 +43,7 @@ class PictureFont {
     Run draw(std::string_view text) const;
 
     QFont font_;
+    std::optional<double> baseline_;
     double pixelRatio_ = 0;
     int ascent_ = 0;  // device pixels, like the line height
     int lineHeight_ = 0;

@@ -261,7 +261,10 @@ class RtfReader {
         }
     }
     void readCode() {
-        if (rtf_.size() - position_ < 2) return;
+        if (rtf_.size() - position_ < 2) {
+            position_ = rtf_.size();
+            return;
+        }
         const auto high = hexDigit(rtf_[position_]);
         const auto low = hexDigit(rtf_[position_ + 1]);
         if (!high || !low) return;

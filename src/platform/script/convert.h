@@ -14,7 +14,10 @@
 namespace tolvan::script {
 
 double toDouble(Context& context, const Value& value);
+float toSingle(Context& context, const Value& value);
 std::int32_t toLong(Context& context, const Value& value);
+std::int16_t toInteger(Context& context, const Value& value);
+std::uint8_t toByte(Context& context, const Value& value);
 bool toBoolean(Context& context, const Value& value);
 double toDate(Context& context, const Value& value);
 std::int64_t toCurrency(Context& context, const Value& value);
@@ -28,9 +31,20 @@ std::string plainNumber(double number);
 std::string plainNumber(float number);
 std::string plainDate(double days);
 
-// A text as a number (15E3, &HFF, " 12 "): Double, as CDbl reads it; nothing if it is none.
+// A text as a number (15E3, &HFF, " 12 "): Double, as CDbl reads it; nothing if it is none, infinity if it is too
+// large. See library/numberReading.cpp for what is read.
 std::optional<double> parseNumber(std::string_view text);
-// The days of a text as a date or time ("2/28/2004 3:04 PM", "1-Mar-99"); nothing if it is none.
+// The days of a text as a date or time ("2/28/2004 3:04 PM", "1-Mar-99"); nothing if it is none. See
+// library/dateReading.cpp.
 std::optional<double> parseDate(std::string_view text);
+
+// A text that has a number in the engine's text form.
+std::optional<double> textAsNumber(Context& context, std::string_view text);
+std::optional<double> textAsDate(Context& context, std::string_view text);
+// True and False, letter case aside.
+std::optional<bool> textAsBoolean(Context& context, std::string_view text);
+
+// A Double as a number of ten-thousandths; throws 6 out of range.
+std::int64_t currencyOf(double number);
 
 }  // namespace tolvan::script

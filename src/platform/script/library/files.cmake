@@ -1,2 +1,25 @@
 # Built-in functions, constants, conversions and operators: see Builtin.h.
-set(TOLVAN_SCRIPT_LIBRARY)
+set(TOLVAN_SCRIPT_LIBRARY
+    convert.cpp
+    operators.cpp
+    operatorsCompare.cpp
+    operatorsLogic.cpp
+    library/arguments.cpp
+    library/arrays.cpp
+    library/builtins.cpp
+    library/calendar.cpp
+    library/constants.cpp
+    library/conversion.cpp
+    library/dateArithmetic.cpp
+    library/dateReading.cpp
+    library/dateText.cpp
+    library/dates.cpp
+    library/formats.cpp
+    library/inspection.cpp
+    library/mathematics.cpp
+    library/numberReading.cpp
+    library/numberText.cpp
+    library/outside.cpp
+    library/Searcher.cpp
+    library/text.cpp
+    library/textSearch.cpp)

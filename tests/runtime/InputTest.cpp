@@ -1,0 +1,203 @@
+// Lines that are typed for a program.
+#include "ConsoleFixture.h"
+#include "platform/encoding/Deva.h"
+
+namespace tolvan {
+namespace {
+
+class InputTest : public ConsoleTest {
+  protected:
+    InputTest() {
+        console->ClearScreen();
+        state.IsRunning = true;
+    }
+
+    // The answer to one question, with what is done once the box is up.
+    std::optional<std::string> ask(std::function<void()> action) {
+        onceInputIsWanted(std::move(action));
+        return console->InputString();
+    }
+    void type(const char* text) { QTest::keyClicks(QApplication::focusWidget(), QLatin1String(text)); }
+    void enter() { QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return); }
+};
+
+TEST_F(InputTest, WhatIsTypedIsTheAnswer) {
+    struct {
+        const char* typed;
+        std::string_view answer;
+    } const cases[] = {
+        {"", ""}, {"5", "5"}, {"-5", "{-}5"}, {"kamal", "kml"_deva}, {"#BASIC#", "{BASIC}"}, {"#a{b#", "{a\\{b}"}};
+    for (const auto& [typed, answer] : cases) {
+        EXPECT_EQ(ask([this, typed = typed] {
+                      type(typed);
+                      enter();
+                  }),
+                  answer)
+            << typed;
+        EXPECT_FALSE(inputBox().isVisible());
+        EXPECT_FALSE(tip().isVisible());
+        EXPECT_TRUE(display().hasFocus());
+    }
+}
+
+TEST_F(InputTest, TheAnswerStandsOnItsLine) {
+    console->PrintString("nav");
+    ask([this] {
+        type("kamal 1");
+        enter();
+    });
+    console->PrintString("v");
+    EXPECT_EQ(picture(), printed({"nav", "kml 1", "v"}));
+}
+
+TEST_F(InputTest, TheTipShowsWhatTheLettersMean) {
+    ask([this] {
+        const QImage empty = tip().Image();
+        const int emptyWidth = inputBox().width();
+        type("kamal");
+        EXPECT_GT(tip().width(), empty.width());
+        EXPECT_EQ(tip().Image().copy(0, 0, empty.width() - 8, empty.height()),
+                  empty.copy(0, 0, empty.width() - 8, empty.height()));
+        EXPECT_GT(inputBox().width(), emptyWidth);
+        const int typedWidth = tip().width();
+        QTest::keyClick(&inputBox(), Qt::Key_Backspace);
+        QTest::keyClick(&inputBox(), Qt::Key_Backspace);
+        EXPECT_LT(tip().width(), typedWidth);
+        enter();
+    });
+}
+
+TEST_F(InputTest, TheBoxStandsBelowTheTipInTheUpperHalfAndAboveItInTheLower) {
+    ask([this] {
+        EXPECT_EQ(tip().pos(), QPoint(3, 0));
+        EXPECT_EQ(inputBox().pos(), QPoint(3, tip().height()));
+        enter();
+    });
+    display().CurrentY = 400;
+    ask([this] {
+        EXPECT_EQ(tip().pos(), QPoint(3, 400));
+        EXPECT_EQ(inputBox().geometry().bottom() + 1, 400);
+        enter();
+    });
+}
+
+TEST_F(InputTest, MakesRoomAtTheBottom) {
+    console->DrawLine(ConsoleOperations::Point{0, 100}, {700, 300}, 0x0000FF);
+    const QImage before = picture();
+    const int line = static_cast<int>(ConsoleText(display()).LineHeight());
+    const int bottom = display().height() - line;
+    display().CurrentY = static_cast<float>(display().height() - 2 * line + 1);
+    ask([this, bottom] {
+        EXPECT_EQ(tip().y(), bottom);
+        EXPECT_LE(inputBox().geometry().bottom(), bottom);
+        enter();
+    });
+    EXPECT_EQ(picture().copy(0, 0, display().width(), bottom), before.copy(0, line, display().width(), bottom));
+    // Where two lines fit exactly nothing moves.
+    display().CurrentY = static_cast<float>(display().height() - 2 * line);
+    ask([this, line] {
+        EXPECT_EQ(tip().y(), display().height() - 2 * line);
+        enter();
+    });
+}
+
+TEST_F(InputTest, StaysVisibleWhenTheWindowShrinks) {
+    display().CurrentY = 400;
+    const auto answer = ask([this] {
+        console->resize(500, 300);
+        soon([this] {
+            EXPECT_LE(tip().geometry().bottom(), display().height());
+            EXPECT_TRUE(display().rect().contains(inputBox().geometry()));
+            type("7");
+            enter();
+        });
+    });
+    EXPECT_EQ(answer, "7");
+}
+
+TEST_F(InputTest, Above200CharactersNoKeyIsTaken) {
+    bool entered = true;
+    const auto answer = ask([this, &entered] {
+        type(std::string(200, 'a').c_str());
+        EXPECT_EQ(inputBox().text().size(), 200);
+        QTest::keyClick(&inputBox(), Qt::Key_Backspace);
+        type("bc");
+        EXPECT_EQ(inputBox().text().size(), 201) << "the one beyond is still taken";
+        type("d");
+        enter();
+        QTest::keyClick(&inputBox(), Qt::Key_Backspace);
+        EXPECT_EQ(inputBox().text().size(), 201);
+        entered = !inputBox().isVisible();
+        QTest::keyClick(&inputBox(), Qt::Key_F4);
+    });
+    EXPECT_FALSE(entered);
+    EXPECT_EQ(answer, std::nullopt);
+}
+
+TEST_F(InputTest, With200CharactersItCanBeEntered) {
+    const auto answer = ask([this] {
+        type(std::string(200, '1').c_str());
+        enter();
+    });
+    EXPECT_EQ(answer, std::string(200, '1'));
+}
+
+TEST_F(InputTest, CharactersWithoutACodeAreNotTaken) {
+    const auto answer = ask([this] {
+        inputBox().insert(QStringLiteral("1\u0915\U0001F6002"));
+        EXPECT_EQ(inputBox().text(), QStringLiteral("12"));
+        enter();
+    });
+    EXPECT_EQ(answer, "12");
+}
+
+TEST_F(InputTest, AStoppedInputLeavesTheVariable) {
+    onceInputIsWanted([this] {
+        type("kamal");
+        QTest::keyClick(&inputBox(), Qt::Key_C, Qt::ControlModifier);
+    });
+    run({"a = \"before\"", "InputString a", "PrintString a"});
+    EXPECT_FALSE(console->isVisible());
+    EXPECT_EQ(editor.programSelections, std::vector<Span>({{7, 4}}));
+}
+
+TEST_F(InputTest, AClickBesideTheBoxLeavesItTheKeyboard) {
+    ask([this] {
+        QTest::mouseClick(&display(), Qt::LeftButton, {}, QPoint(300, 300));
+        EXPECT_TRUE(inputBox().hasFocus());
+        QTest::mouseClick(&tip(), Qt::LeftButton);
+        EXPECT_TRUE(inputBox().hasFocus());
+        console->setFocus();
+        EXPECT_TRUE(inputBox().hasFocus());
+        enter();
+    });
+}
+
+TEST_F(InputTest, TakesTheKeyboardBackOnlyAfterTheAboutBox) {
+    QLineEdit other(console.get());
+    other.show();
+    const auto keepsFocus = [this, &other] {
+        other.setFocus();
+        QApplication::processEvents();
+        return inputBox().hasFocus();
+    };
+    ask([&] {
+        EXPECT_FALSE(keepsFocus());
+        inputBox().setFocus();
+        enter();
+    });
+    onceDialogIsUp([this](QDialog& about) {
+        EXPECT_FALSE(console->KeepInputFocus());
+        about.close();
+    });
+    console->ShowAbout();
+    EXPECT_TRUE(console->KeepInputFocus());
+    QApplication::setActiveWindow(console.get());
+    ask([&] {
+        EXPECT_TRUE(keepsFocus());
+        enter();
+    });
+}
+
+}  // namespace
+}  // namespace tolvan

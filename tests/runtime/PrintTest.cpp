@@ -1,0 +1,134 @@
+#include "ConsoleFixture.h"
+
+namespace tolvan {
+namespace {
+
+using Fill = ConsoleOperations::Fill;
+using Point = ConsoleOperations::Point;
+
+class PrintTest : public ConsoleTest {
+  protected:
+    float lineHeight() { return ConsoleText(display()).LineHeight(); }
+    int line() { return static_cast<int>(lineHeight()); }
+
+    QImage band(int from, int rows) { return picture().copy(0, from, display().width(), rows); }
+    static bool isBlack(const QImage& image) {
+        QImage black(image.size(), QImage::Format_RGB32);
+        black.fill(Qt::black);
+        return image == black;
+    }
+    // The first and last row that is not black.
+    std::pair<int, int> inkRows() {
+        const QImage image = picture();
+        std::pair<int, int> rows(-1, -1);
+        for (int y = 0; y < image.height(); ++y) {
+            if (isBlack(image.copy(0, y, image.width(), 1))) continue;
+            if (rows.first < 0) rows.first = y;
+            rows.second = y;
+        }
+        return rows;
+    }
+};
+
+TEST_F(PrintTest, LinesFollowEachOtherFromTheTop) {
+    console->ClearScreen();
+    console->PrintString("kml");
+    const QImage first = band(0, line());
+    EXPECT_FALSE(isBlack(first));
+    console->PrintString("   ");
+    console->PrintString("   kml  ");
+    EXPECT_EQ(band(0, line()), first);
+    EXPECT_TRUE(isBlack(band(line(), line())));
+    EXPECT_EQ(band(2 * line(), line()), first);
+    EXPECT_EQ(display().CurrentY, 3 * lineHeight());
+}
+
+TEST_F(PrintTest, ScrollsByOneLineWhenTheLastIsFull) {
+    console->ClearScreen();
+    const int visible = static_cast<int>(std::ceil(display().ScaleHeight() / lineHeight())) - 1;
+    for (int i = 0; i < visible; ++i) console->PrintString(std::to_string(i));
+    console->DrawLine(Point{100, 200}, {300, 250}, 0x0000FF);
+    display().CurrentY = display().ScaleHeight() - lineHeight();  // where printing stood, or nearly
+    const QImage before = picture();
+
+    console->PrintString("kml");
+    const int bottom = display().height() - line();
+    EXPECT_EQ(band(0, bottom), before.copy(0, line(), display().width(), bottom));
+    const QImage last = band(bottom, line());
+    EXPECT_FALSE(isBlack(last));
+
+    console->PrintString("kml");
+    EXPECT_EQ(band(bottom - line(), line()), last);
+    EXPECT_EQ(band(bottom, line()), last);
+    EXPECT_EQ(display().CurrentY, display().ScaleHeight());
+}
+
+TEST_F(PrintTest, LatinRunsStandLowerOnlyWhenTheyAreClosed) {
+    const auto rowsOf = [this](const std::string& text) {
+        console->ClearScreen();
+        console->PrintString("");
+        console->PrintString(text);
+        return inkRows();
+    };
+    const auto closed = rowsOf("{HHH}");
+    const auto unclosed = rowsOf("{HHH");
+    const int drop = static_cast<int>(std::lround(lineHeight() / 4));
+    EXPECT_NEAR(closed.first - unclosed.first, drop, 1);
+    EXPECT_EQ(closed.second - closed.first, unclosed.second - unclosed.first);
+    EXPECT_EQ(rowsOf("}{HHH}"), closed) << "a stray brace is nothing";
+    EXPECT_NE(rowsOf("HHH"), closed);
+}
+
+TEST_F(PrintTest, BracesAreSwitchesUnlessEscaped) {
+    const auto pictureOf = [this](const std::string& text) {
+        console->ClearScreen();
+        console->PrintString(text);
+        return picture();
+    };
+    EXPECT_EQ(pictureOf("k{}ml"), pictureOf("kml"));
+    EXPECT_EQ(pictureOf("{ab}{cd}"), pictureOf("{ab}{}{cd}"));
+    EXPECT_NE(pictureOf("k\\{ml"), pictureOf("kml"));
+    EXPECT_NE(pictureOf("k\\{ml"), pictureOf("k\\}ml"));
+    EXPECT_NE(pictureOf("{k\\{ml}"), pictureOf("k\\{ml"));
+}
+
+TEST_F(PrintTest, PrintingErasesWhatStandsInItsLine) {
+    console->ClearScreen();
+    console->DrawBox(Point{0, 0}, {700, 500}, 0xFFFFFF, Fill::Solid);
+    display().CurrentY = 100;
+    console->PrintString("");
+    EXPECT_TRUE(isBlack(picture().copy(3, 100, display().width() - 3, line())));
+    EXPECT_EQ(picture().pixel(2, 110), 0xFFFFFFFF);
+    EXPECT_EQ(picture().pixel(50, 99), 0xFFFFFFFF);
+    EXPECT_EQ(picture().pixel(50, 100 + line() + 1), 0xFFFFFFFF);
+    console->ClearScreen();
+    EXPECT_TRUE(isBlack(picture()));
+    EXPECT_EQ(display().CurrentY, 0);
+}
+
+TEST_F(PrintTest, DrawsInTheForegroundColourUnlessOneIsGiven) {
+    console->ClearScreen();
+    console->DrawPoint({5, 6}, std::nullopt);
+    console->DrawLine(std::nullopt, {5, 20}, 0x0000FF);  // red is the low byte
+    console->DrawBox(Point{30, 30}, {40, 40}, 0x00FF00, Fill::Outline);
+    console->DrawBox(std::nullopt, {50, 50}, 0xFF0000, Fill::Solid);
+    console->DrawCircle({100, 100}, 10, std::nullopt, Fill::Solid);
+    console->DrawCircle({200, 100}, 10, 0x0000FF, Fill::Outline);
+    const QImage image = picture();
+    EXPECT_EQ(image.pixel(5, 5), 0xFF000000);
+    EXPECT_EQ(image.pixel(5, 7), 0xFFFF0000);
+    EXPECT_EQ(image.pixel(5, 20), 0xFFFF0000);
+    EXPECT_EQ(image.pixel(30, 35), 0xFF00FF00);
+    EXPECT_EQ(image.pixel(35, 35), 0xFF000000);
+    EXPECT_EQ(image.pixel(45, 45), 0xFF0000FF);
+    EXPECT_EQ(image.pixel(100, 100), 0xFFFFFFFF);
+    EXPECT_EQ(image.pixel(200, 100), 0xFF000000);
+    EXPECT_EQ(image.pixel(210, 100), 0xFFFF0000);
+    // A drawing is where the next text goes on from.
+    console->DrawPoint({400, 300}, 0xFFFFFF);
+    console->PrintString("kml");
+    EXPECT_EQ(display().CurrentY, 300 + lineHeight());
+}
+
+}  // namespace
+}  // namespace tolvan

@@ -1,0 +1,224 @@
+// Whole runs of programs in the window.
+#include "ConsoleFixture.h"
+#include "dialogs/Dialogs.h"
+
+namespace tolvan {
+namespace {
+
+using testing::ElementsAre;
+using testing::IsEmpty;
+using testing::Pair;
+
+class RunTest : public ConsoleTest {
+  protected:
+    void expectEnded(const std::vector<std::string>& lines) {
+        EXPECT_FALSE(state.IsRunning);
+        EXPECT_TRUE(console->isVisible());
+        EXPECT_EQ(picture(), printed(withEnd(lines)));
+        EXPECT_THAT(editor.programSelections, IsEmpty());
+    }
+    void expectClosedAt(Span program, Span roman) {
+        EXPECT_FALSE(state.IsRunning);
+        EXPECT_FALSE(console->isVisible());
+        EXPECT_THAT(editor.programSelections, ElementsAre(program));
+        EXPECT_THAT(editor.romanSelections, ElementsAre(roman));
+        EXPECT_EQ(editor.broughtBack, 1);
+    }
+    // What the error box would be shown for.
+    struct Answers : DialogAnswers {
+        explicit Answers(bool goOn) : answer(goOn) {}
+        bool ShowError(std::int32_t number, int errorLine) override {
+            errors.emplace_back(number, errorLine);
+            return answer;
+        }
+        bool answer;
+        std::vector<std::pair<int, int>> errors;
+    };
+};
+
+TEST_F(RunTest, EndsWithItsMessagesAndClosesByAKey) {
+    run({"PrintString \"kml\"", "parentform.printstring 12 ' numbers are text too"});
+    expectEnded({"kml", "12"});
+    EXPECT_EQ(state.CompiledScript, "");
+
+    QTest::keyClick(&display(), Qt::Key_Shift);
+    QTest::keyClick(&display(), Qt::Key_F4);
+    EXPECT_TRUE(console->isVisible()) << "these are no characters";
+    QTest::keyClick(&display(), Qt::Key_Space);
+    EXPECT_FALSE(console->isVisible());
+    EXPECT_EQ(editor.broughtBack, 1);
+}
+
+TEST_F(RunTest, RunsNothingWithoutANewCompile) {
+    run({"PrintString \"kml\"", "DrawBox 0, 100, 300, 300, 255, True"});
+    console->execute();
+    expectEnded({});
+}
+
+TEST_F(RunTest, AProgramThatStopsItselfClosesAtItsNextStatement) {
+    run({"a = 1", "parentform.StopExecution", "PrintString \"never\""});
+    expectClosedAt({7, 4}, {6, 2});
+}
+
+TEST_F(RunTest, StopAsTheLastStatementIsAnEnd) {
+    run({"parentform.StopExecution"});
+    expectEnded({});
+}
+
+TEST_F(RunTest, GoOnAfterAnErrorAbandonsTheScript) {
+    Answers answers(true);
+    const ReplacedDialogs replaced(answers);
+    run({"PrintString \"k\"", "a = 1 / 0", "PrintString \"never\""});
+    EXPECT_THAT(answers.errors, ElementsAre(Pair(11, 2)));  // line 5 of the module: 1.5, to even
+    expectEnded({"k"});
+}
+
+TEST_F(RunTest, StopAfterAnErrorMarksTheLine) {
+    Answers answers(false);
+    const ReplacedDialogs replaced(answers);
+    run({"PrintString \"k\"", "b = 2", "a = \"k\" * 2", "PrintString \"never\""});
+    EXPECT_THAT(answers.errors, ElementsAre(Pair(13, 2)));
+    EXPECT_EQ(state.ErrorLine, 2);
+    expectClosedAt({7, 4}, {6, 2});
+}
+
+TEST_F(RunTest, ASyntaxErrorIsToldLikeAnyOther) {
+    Answers answers(false);
+    const ReplacedDialogs replaced(answers);
+    run({"PrintString \"k\"", "If a = 1", "End If"});
+    ASSERT_EQ(answers.errors.size(), 1U);
+    EXPECT_EQ(answers.errors[0], std::pair(1017, 2));
+    expectClosedAt({7, 4}, {6, 2});
+}
+
+TEST_F(RunTest, AnErrorBeforeTheProgramMarksItsFirstLine) {
+    Answers answers(false);
+    const ReplacedDialogs replaced(answers);
+    state.CompiledScript = "Sub Main(\r\nEnd Sub\r\n";
+    console->execute();
+    EXPECT_EQ(answers.errors.size(), 1U);
+    expectClosedAt({0, 2}, {0, 2});
+}
+
+TEST_F(RunTest, AFileThatCannotBeOpenedAsksAsWell) {
+    Answers answers(true);
+    const ReplacedDialogs replaced(answers);
+    run({"parentform.FileOpen \"{/no/such/file}\", 1", "PrintString \"k\""});
+    EXPECT_THAT(answers.errors, ElementsAre(Pair(76, testing::_)));
+    expectEnded({"k"});
+
+    answers.answer = false;
+    run({"parentform.FileOpen \"{/no/such/file}\", 1", "PrintString \"never\""});
+    expectClosedAt({3, 3}, {3, 2});
+}
+
+TEST_F(RunTest, WithoutAnEditorErrorsAreToldInTheConsole) {
+    open(nullptr);
+    run({"PrintString \"k\"", "a = 1 / 0"});
+    expectEnded({"k", "gfbf {11}, Aae\xA6 {2}"});
+    QTest::keyClick(&display(), Qt::Key_Return);
+    EXPECT_FALSE(console->isVisible());
+}
+
+// The real error box.
+TEST_F(RunTest, TheErrorBoxIsAnsweredByItsButtons) {
+    onceDialogIsUp([](QDialog& box) { click(box, "cmdRun"); });
+    run({"PrintString \"k\"", "a = 1 / 0"});
+    expectEnded({"k"});
+    onceDialogIsUp([](QDialog& box) { click(box, "cmdStop"); });
+    run({"PrintString \"k\"", "a = 1 / 0"});
+    expectClosedAt({7, 4}, {6, 2});
+}
+
+// What a program is doing when it is stopped, and how.
+struct Busy {
+    const char* name;
+    std::initializer_list<std::string> statements;
+    bool asks = false;
+    bool fails = false;
+};
+const Busy busyPrograms[] = {
+    {"Looping", {"Do", "a = a + 1", "Loop"}},
+    {"Printing", {"Do", "PrintString \"kml {12}\"", "Loop"}},
+    {"Drawing", {"Do", "DrawLine Rnd * 800, Rnd * 600, Rnd * 800, Rnd * 600, Rnd * 16777215", "Loop"}},
+    {"Asking", {"Do", "InputString a", "Loop"}, true, false},
+    {"Failing", {"a = 1", "b = 2 / 0", "PrintString \"never\""}, false, true},
+};
+struct Stop {
+    const char* name;
+    void (*press)(frmExec&);
+};
+QWidget* keyboardOf(frmExec& console) {
+    QWidget* const focused = QApplication::focusWidget();
+    return focused != nullptr ? focused : &console;
+}
+const Stop stops[] = {
+    {"ByF4", [](frmExec& console) { QTest::keyClick(keyboardOf(console), Qt::Key_F4); }},
+    {"ByCtrlC", [](frmExec& console) { QTest::keyClick(keyboardOf(console), Qt::Key_C, Qt::ControlModifier); }},
+    {"ByClosing", [](frmExec& console) { console.close(); }},
+    {"ByCloseForm", [](frmExec& console) { console.CloseForm(); }},
+};
+
+class StopTest : public RunTest, public testing::WithParamInterface<std::tuple<Busy, Stop>> {};
+
+TEST_P(StopTest, EndsAndCloses) {
+    const auto& [program, stop] = GetParam();
+    const auto press = [this, how = stop.press] { how(*console); };
+    if (program.asks)
+        onceInputIsWanted(press);
+    else if (program.fails)
+        onceDialogIsUp([press](QDialog& box) {
+            press();
+            if (box.isVisible()) box.close();  // closing a window does not close the dialog above it
+        });
+    else
+        QTimer::singleShot(30, console.get(), press);
+    run(program.statements);
+    EXPECT_FALSE(state.IsRunning);
+    EXPECT_FALSE(console->isVisible());
+    EXPECT_EQ(editor.programSelections.size(), 1U);
+    EXPECT_EQ(editor.broughtBack, 1);
+    EXPECT_FALSE(inputBox().isVisible());
+}
+
+INSTANTIATE_TEST_SUITE_P(, StopTest, testing::Combine(testing::ValuesIn(busyPrograms), testing::ValuesIn(stops)),
+                         [](const auto& test) {
+                             return std::string(std::get<0>(test.param).name) + std::get<1>(test.param).name;
+                         });
+
+TEST_F(RunTest, RunsAgainAfterItWasStopped) {
+    soon([this] { QTest::keyClick(&display(), Qt::Key_F4); });
+    run({"Do", "Loop"});
+    EXPECT_FALSE(console->isVisible());
+    editor.programSelections.clear();
+    console->show();
+    run({"PrintString \"kml\""});
+    expectEnded({"kml"});
+}
+
+TEST_F(RunTest, KeysDoNothingToARunningProgram) {
+    soon([this] {
+        QTest::keyClicks(&display(), QStringLiteral("abc \r"));
+        QTest::keyClick(&display(), Qt::Key_Escape);
+        console->execute();  // nor does a second run
+        once([] { return true; }, [this] { state.IsRunning = false; });
+    });
+    run({"Do", "a = a + 1", "Loop"});
+    EXPECT_EQ(editor.programSelections.size(), 1U);
+}
+
+TEST_F(RunTest, ResizedInTheMiddle) {
+    soon([this] {
+        console->resize(900, 700);
+        soon([this] { console->resize(500, 400); });
+    });
+    run({"PrintString \"kml\"", "w = DisplayWidth", "Do While DisplayWidth = w", "Loop",
+         "DrawPoint DisplayWidth - 1, 50, 255", "Do While DisplayWidth > 500", "Loop", "PrintString \"kml\""});
+    EXPECT_EQ(picture(), printed(withEnd({"kml", "kml"})));
+    console->resize(900, 700);
+    QApplication::processEvents();
+    EXPECT_EQ(picture().pixel(display().width() - 1, 50), 0xFFFF0000) << "what was drawn before is still there";
+}
+
+}  // namespace
+}  // namespace tolvan

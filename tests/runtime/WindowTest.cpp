@@ -1,0 +1,97 @@
+// The console as a window.
+#include "ConsoleFixture.h"
+#include "dialogs/Dialogs.h"
+#include "dialogs/WindowFrame.h"
+#include "platform/encoding/Deva.h"
+
+#include <QClipboard>
+#include <QFileDialog>
+#include <QSettings>
+#include <QTemporaryDir>
+
+namespace tolvan {
+namespace {
+
+class WindowTest : public ConsoleTest {
+  protected:
+    ~WindowTest() override { QSettings().clear(); }
+
+    QAction* item(const char* command) {
+        for (QAction* const action : frame().systemMenu().actions())
+            if (action->data().toByteArray() == command) return action;
+        return nullptr;
+    }
+    WindowFrame& frame() { return *console->findChild<WindowFrame*>(); }
+    std::string title() { return std::string(frame().captionBar().title().text()); }
+};
+
+TEST_F(WindowTest, OpensAt800By600AndRemembersItsSize) {
+    EXPECT_EQ(console->size(), QSize(800, 600));
+    console->resize(640, 500);
+    console->close();
+    open(&editor);
+    EXPECT_EQ(console->size(), QSize(640, 500));
+    for (const char* damaged : {"", "-5", "7", "wide"}) {
+        QSettings().setValue(QStringLiteral("Settings/ConsoleWidth"), QLatin1String(damaged));
+        open(&editor);
+        EXPECT_EQ(console->size(), QSize(800, 600)) << damaged;
+    }
+}
+
+TEST_F(WindowTest, TheTitleIsTheProgramsCaption) {
+    EXPECT_EQ(title(), "tolvn àayaejn"_deva);
+    state.ProgramCaption = "kamal";
+    console->execute();
+    EXPECT_EQ(title(), "kml"_deva);
+    state.ProgramCaption = "   ";
+    open(&editor);
+    EXPECT_EQ(title(), "tolvn àayaejn"_deva);
+}
+
+TEST_F(WindowTest, TheSystemMenuCallsTheConsolesOwnCommands) {
+    console->DrawBox(ConsoleOperations::Point{5, 5}, {100, 100}, 0x0000FF, ConsoleOperations::Fill::Solid);
+    emit frame().userCommand("CopyPicture");
+    EXPECT_EQ(QApplication::clipboard()->image().convertToFormat(QImage::Format_RGB32), picture());
+    bool shown = false;
+    onceDialogIsUp([&shown](QDialog& about) {
+        shown = true;
+        about.close();
+    });
+    emit frame().userCommand("ShowAbout");
+    EXPECT_TRUE(shown);
+}
+
+// Answers the file dialog with a path.
+void chooseFile(QDialog& dialog, const QString& path) {
+    auto* const files = qobject_cast<QFileDialog*>(&dialog);
+    ASSERT_NE(files, nullptr);
+    files->findChild<QLineEdit*>()->setText(path);
+    static_cast<QDialog*>(files)->accept();
+}
+
+TEST_F(WindowTest, SavesThePictureAsPng) {
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const QTemporaryDir folder;
+    const QString path = folder.filePath(QStringLiteral("picture"));
+    console->PrintString("kml");
+    onceDialogIsUp([&path](QDialog& dialog) { chooseFile(dialog, path); });
+    console->SavePicture();
+    EXPECT_EQ(QImage(path + QStringLiteral(".png")).convertToFormat(QImage::Format_RGB32), picture());
+
+    onceDialogIsUp([](QDialog& dialog) { dialog.reject(); });
+    console->SavePicture();
+}
+
+TEST_F(WindowTest, TellsWhenThePictureCannotBeSaved) {
+    struct Messages : DialogAnswers {
+        void ShowMessage(std::string_view text) override { texts.emplace_back(text); }
+        std::vector<std::string> texts;
+    } messages;
+    const ReplacedDialogs replaced(messages);
+    onceDialogIsUp([](QDialog& dialog) { chooseFile(dialog, QStringLiteral("/dev/full/picture.png")); });
+    console->SavePicture();
+    EXPECT_EQ(messages.texts.size(), 1U);
+}
+
+}  // namespace
+}  // namespace tolvan
