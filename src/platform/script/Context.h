@@ -30,8 +30,11 @@ class Context {
     // an operand that is an object. Throws ScriptError 91 for Nothing, 438 without a default member.
     Value plain(const Value& value);
 
+    static constexpr int LongestDefaultChain = 16;
+
     // The state of Rnd: 24 bits.
-    std::uint32_t randomSeed = 0x50000;
+    static constexpr std::uint32_t FirstRandomSeed = 0x50000;
+    std::uint32_t randomSeed = FirstRandomSeed;
 
   private:
     Heap* heap_;

@@ -80,7 +80,7 @@ class Executor {
 
     // A value as the script's CStr would write it, and as TypeName would name its type. For hosts and tests.
     std::string text(const Value& value);
-    std::string typeName(const Value& value) const;
+    std::string typeName(const Value& value);
 
   private:
     class Engine;

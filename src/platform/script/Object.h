@@ -10,10 +10,12 @@
 
 namespace tolvan::script {
 
+class ClassInstance;
 class Context;
 
 // A member name as the compiler numbers it (see Names); 0 is the default member.
 using NameId = std::uint32_t;
+inline constexpr NameId DefaultMember = 0;
 
 class Object : public Cell {
   public:
@@ -29,6 +31,8 @@ class Object : public Cell {
     virtual void put(Context& context, NameId name, std::span<Value> arguments, const Value& value, bool isSet);
     // True if the object has a default member, which stands for it where a plain value is asked for.
     virtual bool hasDefault() const { return false; }
+    // The object as an instance of a script's class, or null.
+    virtual ClassInstance* asInstance() { return nullptr; }
     // Called when the last value has let go; deletes the object, or keeps it for what still has to run on it.
     virtual void dispose() noexcept { delete this; }
 };

@@ -24,20 +24,16 @@ Value Value::text(std::string_view bytes) {
     return adopt(cell);
 }
 
-void Value::retainCell() const noexcept {
-    if (is(Type::Pin))
-        ++array()->pins;
-    else
-        ++as.cell->references;
+void Value::retainPin() const noexcept {
+    ++array()->pins;
 }
 
-void Value::releaseCell() noexcept {
+void Value::releaseLast() noexcept {
     if (is(Type::Pin)) {
         ArrayCell* cell = array();
         if (--cell->pins == 0 && cell->references == 0) ArrayCell::destroy(cell);
         return;
     }
-    if (--as.cell->references != 0) return;
     if (is(Type::String))
         StringCell::destroy(string());
     else if (is(Type::Object))

@@ -136,13 +136,19 @@ class Value {
         return value;
     }
     void retain() const noexcept {
-        if ((tag & HeapTypes) != 0 && as.cell != nullptr) retainCell();
+        if ((tag & HeapTypes) == 0 || as.cell == nullptr) return;
+        if (tag != bits(Type::Pin))
+            ++as.cell->references;
+        else
+            retainPin();
     }
     void release() noexcept {
-        if ((tag & HeapTypes) != 0 && as.cell != nullptr) releaseCell();
+        if ((tag & HeapTypes) == 0 || as.cell == nullptr) return;
+        if (tag == bits(Type::Pin) || --as.cell->references == 0) releaseLast();
     }
-    void retainCell() const noexcept;
-    void releaseCell() noexcept;
+    void retainPin() const noexcept;
+    // Of a Pin, or of a cell that nobody refers to any more.
+    void releaseLast() noexcept;
 };
 
 static_assert(sizeof(Value) == 16);

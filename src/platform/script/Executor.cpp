@@ -1,0 +1,123 @@
+#include "platform/script/Executor.h"
+
+#include "platform/script/Builtin.h"
+#include "platform/script/convert.h"
+#include "platform/script/errorText.h"
+#include "platform/script/machine/Machine.h"
+#include "platform/script/syntax/SyntaxError.h"
+
+namespace tolvan::script {
+
+class Executor::Engine {
+  public:
+    // Does something with the machine and reports how it ended.
+    template <class Action>
+    bool attempt(Action action) {
+        report = ErrorReport{};
+        machine.startClock();
+        try {
+            action();
+            return true;
+        } catch (const SyntaxError& error) {
+            report.number = static_cast<int>(error.number);
+            report.line = static_cast<int>(error.line);
+            report.column = static_cast<int>(error.column);
+        } catch (const ScriptError& error) {
+            report.number = error.number;
+            report.line = machine.errorLine();
+            report.description = error.description;
+            report.source = error.source;
+        } catch (const std::bad_alloc&) {
+            report.number = errors::OutOfMemory;
+            report.line = machine.errorLine();
+        }
+        if (report.description.empty()) report.description = errorText(report.number);
+        return false;
+    }
+
+    Machine machine;
+    ErrorReport report;
+};
+
+Executor::Executor() : engine_(std::make_unique<Engine>()) {}
+Executor::~Executor() = default;
+
+void Executor::reset() {
+    engine_->machine.reset();
+}
+
+bool Executor::setLanguage(std::string_view name) {
+    return lowerCase(name) == "vbscript";
+}
+std::string_view Executor::language() const {
+    return "VBScript";
+}
+
+void Executor::setTimeout(int milliseconds) {
+    engine_->machine.timeout = milliseconds < 0 ? -1 : milliseconds;
+}
+int Executor::timeout() const {
+    return engine_->machine.timeout;
+}
+
+void Executor::setMemoryLimit(std::size_t bytes) {
+    engine_->machine.heap().setLimit(bytes);
+}
+std::size_t Executor::memoryUsed() const {
+    return engine_->machine.heap().used();
+}
+
+void Executor::setTextForm(const TextForm* form) {
+    engine_->machine.setTextForm(form);
+}
+
+void Executor::addObject(std::string_view name, HostObject& object, Members members) {
+    Machine& machine = engine_->machine;
+    Value reference = Value::adopt(new HostReference(object, machine.names()));
+    machine.symbols().addHost(machine.names().intern(name), object, std::move(reference),
+                              members == Members::AlsoGlobal);
+}
+
+bool Executor::addCode(std::string_view module) {
+    return engine_->attempt([&] { engine_->machine.addModule(module); });
+}
+
+bool Executor::hasProcedure(std::string_view name) const {
+    Machine& machine = engine_->machine;
+    const Symbol* symbol = machine.symbols().find(machine.names().intern(name));
+    return symbol != nullptr && symbol->kind == Symbol::Kind::Procedure;
+}
+
+bool Executor::run(std::string_view procedure, std::span<const Value> arguments, Value* result) {
+    return engine_->attempt([&] {
+        Machine& machine = engine_->machine;
+        const Symbol* symbol = machine.symbols().find(machine.names().intern(procedure));
+        if (symbol == nullptr || symbol->kind != Symbol::Kind::Procedure) throw ScriptError(errors::UndefinedProcedure);
+        Value value = machine.invoke(*symbol->procedure->procedure, nullptr, arguments);
+        if (result != nullptr) *result = std::move(value);
+    });
+}
+
+bool Executor::evaluate(std::string_view expression, Value& result) {
+    return engine_->attempt([&] { result = engine_->machine.evaluate(expression); });
+}
+
+const ErrorReport& Executor::error() const {
+    return engine_->report;
+}
+
+std::string Executor::text(const Value& value) {
+    Value keep;
+    return std::string(toTextView(engine_->machine, value, keep));
+}
+
+std::string Executor::typeName(const Value& value) {
+    for (const Builtin& builtin : builtins()) {
+        if (builtin.name != "TypeName") continue;
+        Value argument = value;
+        return std::string(builtin.function(engine_->machine, {&argument, 1}).view());
+    }
+    return {};
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,15 @@
+#include "platform/script/Object.h"
+
+#include "platform/script/ScriptError.h"
+
+namespace tolvan::script {
+
+Value Object::call(Context&, NameId, std::span<Value>) {
+    throw ScriptError(errors::NoSuchMember);
+}
+
+void Object::put(Context&, NameId, std::span<Value>, const Value&, bool) {
+    throw ScriptError(errors::NoSuchMember);
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,353 @@
+#include "platform/script/compiler/ProcedureCompiler.h"
+#include "platform/script/operators.h"
+
+namespace tolvan::script {
+
+namespace {
+
+struct OperationRow {
+    Token token;
+    Op registers;
+    Op constant;
+};
+
+constexpr OperationRow Operations[] = {
+    {Token::Plus, Op::AddRR, Op::AddRK},
+    {Token::Minus, Op::SubtractRR, Op::SubtractRK},
+    {Token::Times, Op::MultiplyRR, Op::MultiplyRK},
+    {Token::Divide, Op::DivideRR, Op::DivideRK},
+    {Token::IntegerDivide, Op::IntegerDivideRR, Op::IntegerDivideRK},
+    {Token::Mod, Op::ModuloRR, Op::ModuloRK},
+    {Token::Power, Op::PowerRR, Op::PowerRK},
+    {Token::Concatenate, Op::ConcatenateRR, Op::ConcatenateRK},
+    // These have no form with a constant.
+    {Token::And, Op::AndRR, Op::AndRR},
+    {Token::Or, Op::OrRR, Op::OrRR},
+    {Token::Xor, Op::XorRR, Op::XorRR},
+    {Token::Eqv, Op::EqvRR, Op::EqvRR},
+    {Token::Imp, Op::ImpRR, Op::ImpRR},
+    {Token::Is, Op::Is, Op::Is},
+};
+
+struct ComparisonRow {
+    Token token;
+    Token swapped;  // with the operands the other way round
+    Token inverse;  // true where this one is false
+    Op registers, constant;
+    Op jumpRegisters, jumpConstant;
+    Op jumpUnlessRegisters, jumpUnlessConstant;
+};
+
+#define ROW(name, swapped, inverse)                                                                    \
+    {                                                                                                  \
+        Token::name, Token::swapped, Token::inverse, Op::name##RR, Op::name##RK, Op::JumpIf##name##RR, \
+            Op::JumpIf##name##RK, Op::JumpUnless##name##RR, Op::JumpUnless##name##RK                   \
+    }
+constexpr ComparisonRow Comparisons[] = {
+    ROW(Equal, Equal, NotEqual),           ROW(NotEqual, NotEqual, Equal), ROW(Less, Greater, GreaterEqual),
+    ROW(LessEqual, GreaterEqual, Greater), ROW(Greater, Less, LessEqual),  ROW(GreaterEqual, LessEqual, Less),
+};
+#undef ROW
+
+const OperationRow& operationOf(Token token) {
+    for (const OperationRow& row : Operations)
+        if (row.token == token) return row;
+    return Operations[0];
+}
+
+const ComparisonRow* comparisonOf(Token token) {
+    for (const ComparisonRow& row : Comparisons)
+        if (row.token == token) return &row;
+    return nullptr;
+}
+
+constexpr std::uint32_t LargestConstantOperand = 0xffff;
+
+}  // namespace
+
+ProcedureCompiler::Binding ProcedureCompiler::bind(NameId name, Use use) {
+    Binding binding;
+    const auto outer = scope_.outer.find(name);
+    if (outer != scope_.outer.end()) {
+        binding.kind = Binding::Kind::Outside;
+        binding.variable = outer->second;
+        return binding;
+    }
+    const auto reg = scope_.registers.find(name);
+    // "f(1)" in the function f calls it; "f" is its result.
+    if (reg != scope_.registers.end() && !(use == Use::Callee && reg->second == 0)) {
+        binding.kind = scope_.isByReference(reg->second) ? Binding::Kind::Referred : Binding::Kind::Register;
+        binding.index = reg->second;
+        return binding;
+    }
+    const auto constant = scope_.constants.find(name);
+    if (constant != scope_.constants.end()) {
+        binding.kind = Binding::Kind::Constant;
+        binding.constant = &constant->second;
+        return binding;
+    }
+    if (scope_.owner != nullptr) {
+        if (const ScriptClass::Member* member = scope_.owner->find(name)) {
+            binding.kind = member->field >= 0 ? Binding::Kind::Field : Binding::Kind::Method;
+            binding.index = static_cast<std::uint32_t>(member->field);
+            return binding;
+        }
+    }
+    binding.symbol = module_.find(name);
+    if (binding.symbol == nullptr) return binding;
+    binding.variable = binding.symbol->variable;
+    binding.constant = &binding.symbol->constant;
+    switch (binding.symbol->kind) {
+        case Symbol::Kind::Variable:
+            binding.kind = Binding::Kind::Outside;
+            break;
+        case Symbol::Kind::Constant:
+            binding.kind = Binding::Kind::Constant;
+            break;
+        case Symbol::Kind::Procedure:
+            binding.kind = Binding::Kind::Procedure;
+            break;
+        case Symbol::Kind::Class:
+            binding.kind = Binding::Kind::Class;
+            break;
+        case Symbol::Kind::HostObject:
+            binding.kind = Binding::Kind::HostObject;
+            break;
+        case Symbol::Kind::HostMember:
+            binding.kind = Binding::Kind::HostMember;
+            break;
+        case Symbol::Kind::Builtin:
+            binding.kind = Binding::Kind::Builtin;
+            break;
+        case Symbol::Kind::Special:
+            binding.kind = Binding::Kind::Special;
+            break;
+        case Symbol::Kind::None:
+            break;
+    }
+    return binding;
+}
+
+void ProcedureCompiler::loadConstant(const Value& value, std::uint32_t target) {
+    code_.emitWide(Op::LoadConstant, target, static_cast<std::int32_t>(code_.constant(value)));
+}
+
+// Literals, signed literals and constants.
+bool ProcedureCompiler::literalOf(const Expr& expression, Value& value) const {
+    const Expr* inside = &expression;
+    while (inside->kind == ExprKind::Group) inside = inside->left;
+    if (inside->kind == ExprKind::Literal) {
+        value = literals_[inside->literal];
+        return !value.is(Type::Object);
+    }
+    if (inside->kind != ExprKind::Unary || inside->op != Token::Minus) return false;
+    if (!literalOf(*inside->left, value)) return false;
+    if (!value.isOneOf(bits(Type::Integer, Type::Long, Type::Double))) return false;
+    value = negate(context_, value);
+    return true;
+}
+
+ProcedureCompiler::Operand ProcedureCompiler::operand(const Expr& expression) {
+    if (expression.kind == ExprKind::Group) return operand(*expression.left);
+    Value literal;
+    bool isConstant = literalOf(expression, literal);
+    if (expression.kind == ExprKind::Name) {
+        const Binding binding = bind(expression.name);
+        if (binding.kind == Binding::Kind::Register) return {false, binding.index};
+        if (binding.kind == Binding::Kind::Constant && !binding.constant->is(Type::Object)) {
+            literal = *binding.constant;
+            isConstant = true;
+        }
+    }
+    if (isConstant) {
+        const std::uint32_t index = code_.constant(literal);
+        if (index <= LargestConstantOperand) return {true, index};
+    }
+    const std::uint32_t target = code_.takeRegisters();
+    into(expression, target);
+    return {false, target};
+}
+
+ProcedureCompiler::Operand ProcedureCompiler::operandBefore(const Expr& expression, const Expr* later) {
+    const Expr* inside = &expression;
+    while (inside->kind == ExprKind::Group) inside = inside->left;
+    if (inside->kind == ExprKind::Name && later != nullptr && mayChange(*later, inside->name)) {
+        const std::uint32_t target = code_.takeRegisters();
+        into(*inside, target);
+        return {false, target};
+    }
+    return operand(expression);
+}
+
+std::uint32_t ProcedureCompiler::inRegister(Operand from) {
+    if (!from.isConstant) return from.index;
+    const std::uint32_t target = code_.takeRegisters();
+    code_.emitWide(Op::LoadConstant, target, static_cast<std::int32_t>(from.index));
+    return target;
+}
+
+// Whether evaluating the expression can assign the procedure's variable: only by handing it on as a reference.
+bool ProcedureCompiler::mayChange(const Expr& expression, NameId variable) {
+    if (expression.kind == ExprKind::Call && callMayChange(expression, variable)) return true;
+    if (scope_.runsText && (expression.kind == ExprKind::Call || expression.kind == ExprKind::Member)) return true;
+    if (expression.left != nullptr && mayChange(*expression.left, variable)) return true;
+    if (expression.right != nullptr && mayChange(*expression.right, variable)) return true;
+    for (const Expr* argument : expression.arguments)
+        if (mayChange(*argument, variable)) return true;
+    return false;
+}
+
+bool ProcedureCompiler::callMayChange(const Expr& call, NameId variable) {
+    if (call.left->kind == ExprKind::Name) {
+        const Binding callee = bind(call.left->name, Use::Callee);
+        if (callee.isVariable() || callee.kind == Binding::Kind::Builtin) return false;
+    }
+    for (const Expr* argument : call.arguments) {
+        const Expr* root = rootName(*argument);
+        if (root != nullptr && root->name == variable) return true;
+    }
+    return false;
+}
+
+void ProcedureCompiler::into(const Expr& expression, std::uint32_t target) {
+    Value literal;
+    if (literalOf(expression, literal)) return loadConstant(literal, target);
+    switch (expression.kind) {
+        case ExprKind::Literal:
+            return loadConstant(literals_[expression.literal], target);
+        case ExprKind::Missing:
+            return loadConstant(Value::missing(), target);
+        case ExprKind::Name:
+            return nameInto(expression, target);
+        case ExprKind::Member:
+            return memberInto(expression, {}, target);
+        case ExprKind::Call:
+            return callInto(expression, target, Wanted::Value);
+        case ExprKind::Unary:
+            return unaryInto(expression, target);
+        case ExprKind::Binary:
+            return comparisonOf(expression.op) != nullptr ? comparisonInto(expression, target)
+                                                          : binaryInto(expression, target);
+        case ExprKind::Group:
+            return into(*expression.left, target);
+        case ExprKind::New: {
+            const Symbol* symbol = module_.find(expression.name);
+            if (symbol == nullptr || symbol->kind != Symbol::Kind::Class) return raise(errors::ClassNotDefined);
+            code_.emitWithWord(Op::NewObject, target, 0, 0, symbol->scriptClass);
+            return forgetGate();
+        }
+        case ExprKind::Me:
+            code_.emit(Op::LoadMe, target);
+            return;
+        case ExprKind::WithTarget:
+            code_.emit(Op::Copy, target, withRegister_);
+            return;
+    }
+}
+
+void ProcedureCompiler::nameInto(const Expr& name, std::uint32_t target) {
+    const Binding binding = bind(name.name);
+    switch (binding.kind) {
+        case Binding::Kind::Register:
+            code_.emit(Op::Copy, target, binding.index);
+            return;
+        case Binding::Kind::Referred:
+            code_.emit(Op::LoadReferred, target, binding.index);
+            return;
+        case Binding::Kind::Outside:
+            code_.emitWithWord(Op::LoadGlobal, target, 0, 0, binding.variable);
+            return;
+        case Binding::Kind::Field:
+            code_.emit(Op::LoadField, target, binding.index);
+            return;
+        case Binding::Kind::Constant:
+        case Binding::Kind::HostObject:
+            return loadConstant(*binding.constant, target);
+        case Binding::Kind::Undefined:
+            return raise(errors::UndefinedVariable);
+        case Binding::Kind::Class:
+            return raise(errors::TypeMismatch);
+        default: {
+            Expr call = name;
+            call.kind = ExprKind::Call;
+            call.left = const_cast<Expr*>(&name);
+            call.arguments = {};
+            return callInto(call, target, Wanted::Value);
+        }
+    }
+}
+
+void ProcedureCompiler::unaryInto(const Expr& expression, std::uint32_t target) {
+    const Temporaries temporaries(code_);
+    const std::uint32_t of = inRegister(operand(*expression.left));
+    const Op op = expression.op == Token::Not ? Op::Not : expression.op == Token::Minus ? Op::Negate : Op::Plus;
+    code_.emit(op, target, of);
+}
+
+void ProcedureCompiler::binaryInto(const Expr& expression, std::uint32_t target) {
+    const Temporaries temporaries(code_);
+    const OperationRow& row = operationOf(expression.op);
+    const std::uint32_t left = inRegister(operandBefore(*expression.left, expression.right));
+    Operand right = operand(*expression.right);
+    if (right.isConstant && row.registers == row.constant) right = {false, inRegister(right)};
+    if (!right.isConstant) {
+        code_.emit(row.registers, target, left, right.index);
+        return;
+    }
+    const Value& constant = code_.procedure().constants[right.index];
+    const bool isSum = expression.op == Token::Plus || expression.op == Token::Minus;
+    if (isSum && constant.is(Type::Integer) && constant.as.i != INT16_MIN) {
+        const std::int32_t summand = expression.op == Token::Plus ? constant.as.i : -constant.as.i;
+        code_.emit(Op::AddInteger, target, left, static_cast<std::uint16_t>(summand));
+        return;
+    }
+    code_.emit(row.constant, target, left, right.index);
+}
+
+void ProcedureCompiler::comparisonInto(const Expr& expression, std::uint32_t target) {
+    const Temporaries temporaries(code_);
+    const ComparisonRow* row = comparisonOf(expression.op);
+    Operand left = operandBefore(*expression.left, expression.right);
+    Operand right = operand(*expression.right);
+    if (left.isConstant && !right.isConstant) {
+        std::swap(left, right);
+        row = comparisonOf(row->swapped);
+    }
+    const std::uint32_t leftRegister = inRegister(left);
+    code_.emit(right.isConstant ? row->constant : row->registers, target, leftRegister, right.index);
+}
+
+// Jumps to `target` when the condition is True (jumpWhen), or when it is anything else. A comparison needs no value;
+// its negation is the opposite comparison, as both are Null together.
+void ProcedureCompiler::condition(const Expr& expression, Label& target, bool jumpWhen) {
+    if (expression.kind == ExprKind::Group) return condition(*expression.left, target, jumpWhen);
+    const Temporaries temporaries(code_);
+    const Expr* inside = &expression;
+    bool inverted = false;
+    while (inside->kind == ExprKind::Group || (inside->kind == ExprKind::Unary && inside->op == Token::Not)) {
+        if (inside->kind == ExprKind::Unary) inverted = !inverted;
+        inside = inside->left;
+    }
+    const ComparisonRow* row = inside->kind == ExprKind::Binary ? comparisonOf(inside->op) : nullptr;
+    if (row == nullptr) {
+        const std::uint32_t value = inRegister(operand(expression));
+        code_.jump(jumpWhen ? Op::JumpIf : Op::JumpUnless, value, target);
+        return;
+    }
+    if (inverted) row = comparisonOf(row->inverse);
+    Operand left = operandBefore(*inside->left, inside->right);
+    Operand right = operand(*inside->right);
+    if (left.isConstant && !right.isConstant) {
+        std::swap(left, right);
+        row = comparisonOf(row->swapped);
+    }
+    const std::uint32_t leftRegister = inRegister(left);
+    Op op = row->jumpRegisters;
+    if (jumpWhen)
+        op = right.isConstant ? row->jumpConstant : row->jumpRegisters;
+    else
+        op = right.isConstant ? row->jumpUnlessConstant : row->jumpUnlessRegisters;
+    code_.jumpWithWord(op, leftRegister, right.index, target);
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,148 @@
+// The machine's instructions, one a line. R: registers of the running procedure, K: its constants.
+//
+// An instruction is 8 bytes: the operation and three operands a, b, c of 16 bits; `bc` is b and c as one signed number.
+// Operations marked "+ offset", "+ pointer" and so on have a second word of 8 bytes with that content. Offsets count
+// from the first word of the instruction.
+//
+// "Let" assigns as a statement without Set does: an object gives its default member's value. "Take" moves a value out
+// of a temporary and leaves Empty.
+#pragma once
+
+#include <cstdint>
+#include <cstring>
+
+namespace tolvan::script {
+
+// clang-format off
+#define TOLVAN_BINARY_OPERATIONS(X) \
+    X(Add) X(Subtract) X(Multiply) X(Divide) X(IntegerDivide) X(Modulo) X(Power) X(Concatenate)
+
+#define TOLVAN_LOGICAL_OPERATIONS(X) X(And) X(Or) X(Xor) X(Eqv) X(Imp)
+
+#define TOLVAN_COMPARISONS(X) \
+    X(Equal) X(NotEqual) X(Less) X(LessEqual) X(Greater) X(GreaterEqual)
+
+#define TOLVAN_BINARY_FORMS(name) \
+    X(name##RR)             /* R[a] = R[b] op R[c] */ \
+    X(name##RK)             /* R[a] = R[b] op K[c] */
+#define TOLVAN_COMPARISON_FORMS(name) \
+    X(name##RR)             /* R[a] = R[b] op R[c], a Boolean or Null */ \
+    X(name##RK)             /* R[a] = R[b] op K[c] */ \
+    X(JumpIf##name##RR)     /* if R[a] op R[b] jump; + offset */ \
+    X(JumpIf##name##RK)     /* if R[a] op K[b] jump; + offset */ \
+    X(JumpUnless##name##RR) /* if R[a] op R[b] is not True (but False or Null) jump; + offset */ \
+    X(JumpUnless##name##RK) /* the same with K[b]; + offset */
+
+#define TOLVAN_OPCODES(X) \
+    X(LoadConstant)         /* R[a] = K[bc] */ \
+    X(Copy)                 /* R[a] = R[b] */ \
+    X(Take)                 /* R[a] = R[b], taken */ \
+    X(Let)                  /* R[a] = R[b], Let */ \
+    X(LetTake)              /* R[a] = R[b], Let, taken */ \
+    X(SetTake)              /* R[a] = R[b], taken; 424 if it is no object */ \
+    X(Clear)                /* R[a] = Empty */ \
+    X(LoadReferred)         /* R[a] = the variable that R[b] refers to */ \
+    X(LetReferred)          /* the variable that R[a] refers to = R[b], Let, taken */ \
+    X(SetReferred)          /* the same with Set */ \
+    X(LoadGlobal)           /* R[a] = *pointer; + pointer to the variable */ \
+    X(LetGlobal)            /* *pointer = R[a], Let, taken; + pointer */ \
+    X(SetGlobal)            /* the same with Set; + pointer */ \
+    X(LoadField)            /* R[a] = field b of Me */ \
+    X(LetField)             /* field b of Me = R[a], Let, taken */ \
+    X(SetField)             /* the same with Set */ \
+    X(LoadMe)               /* R[a] = Me */ \
+    X(ReferRegister)        /* R[a] = reference to R[b], or to what R[b] refers to */ \
+    X(ReferGlobal)          /* R[a] = reference to *pointer; + pointer */ \
+    X(ReferField)           /* R[a] = reference to field b of Me */ \
+    X(ReferElement)         /* R[a] = reference to the element R[c..] of the array R[b]; its value if R[b] is none; + count */ \
+    X(PinArray)             /* R[a] = pin on the array R[b], if it is one */ \
+    X(AddInteger)           /* R[a] = R[b] + c, c an Integer */ \
+    X(Negate)               /* R[a] = -R[b] */ \
+    X(Plus)                 /* R[a] = the number that R[b] is */ \
+    X(Not)                  /* R[a] = Not R[b] */ \
+    X(Is)                   /* R[a] = R[b] Is R[c] */ \
+    X(Jump)                 /* jump bc */ \
+    X(JumpIf)               /* if R[a] is True jump bc */ \
+    X(JumpUnless)           /* if R[a] is not True jump bc */ \
+    X(Tick)                 /* watches the time in loops that ask no gate */ \
+    X(Gate)                 /* if the budget at pointer is above 0 count it down, else jump bc; + pointer */ \
+    X(AskGate)              /* R[a] = the answer of the host's gate; + pointer to HostMember */ \
+    X(ForPrepare)           /* R[b], R[b+1]: limit and step of the loop of R[a]; 13 or 94 if one is no number; jumps if there is no pass; + offset */ \
+    X(ForNext)              /* R[a] += step; jumps if not past the limit R[b]; + offset */ \
+    X(ForNextOne)           /* the same where the step is the Integer 1 */ \
+    X(EachPrepare)          /* R[a], R[a+1]: what For Each runs over and how far it is, from R[b] */ \
+    X(EachNext)             /* R[b] = the next element and jump, or fall through at the end; + offset */ \
+    X(Index)                /* R[a] = R[b](R[c]) */ \
+    X(IndexLet)             /* the same, Let */ \
+    X(IndexMany)            /* R[a] = R[b](R[c], R[c+1], ...); + count */ \
+    X(PutIndexR)            /* R[a](R[b]) = R[c], Let */ \
+    X(PutIndexK)            /* R[a](R[b]) = K[c] */ \
+    X(PutIndexMany)         /* R[a](R[b], R[b+1], ...) = R[c]; + count, and whether it is a Set */ \
+    X(MakeArray)            /* R[a] = a new array with c bounds R[b..], unless it is an array */ \
+    X(ReDim)                /* the variable that R[a] refers to: c bounds R[b..]; + preserve */ \
+    X(Erase)                /* the variable that R[a] refers to */ \
+    X(CallProcedure)        /* R[a] = procedure(R[a+1], ... b of them); + pointer to Procedure */ \
+    X(CallBuiltin)          /* R[a] = function(R[a+1], ... b of them); + pointer to the function */ \
+    X(CallHost)             /* R[a] = host member(R[a+1], ... b of them); + pointer to HostMember */ \
+    X(CallMember)           /* R[a] = R[a].name(R[a+1], ... b of them); + name */ \
+    X(CallValue)            /* R[a] = R[a](R[a+1], ... b of them): a call of what the object is */ \
+    X(CallStatement)        /* the same as a statement: 13 for what cannot be called */ \
+    X(PutHost)              /* host member(R[a+1], ... b of them) = the register behind them; + pointer to HostMember */ \
+    X(PutMember)            /* R[a].name(R[a+1], ... b of them) = the register behind them; c: Set; + name */ \
+    X(Evaluate)             /* R[a] = Eval, Execute, ExecuteGlobal or GetRef (c) of R[a+1] */ \
+    X(NewObject)            /* R[a] = New class; + pointer to the class */ \
+    X(OnError)              /* a: Resume Next; else GoTo 0 */ \
+    X(Raise)                /* raises the error bc */ \
+    X(Return)               /* leaves the procedure; its result is R[0] */
+// clang-format on
+
+enum class Op : std::uint16_t {
+#define X(name) name,
+    TOLVAN_OPCODES(X)
+#undef X
+#define X(name) name,
+#define Y(name) TOLVAN_BINARY_FORMS(name)
+        TOLVAN_BINARY_OPERATIONS(Y)
+#undef Y
+#define Y(name) X(name##RR)
+            TOLVAN_LOGICAL_OPERATIONS(Y)
+#undef Y
+#define Y(name) TOLVAN_COMPARISON_FORMS(name)
+                TOLVAN_COMPARISONS(Y)
+#undef Y
+#undef X
+};
+
+struct Instruction {
+    Op op;
+    std::uint16_t a;
+    std::uint16_t b;
+    std::uint16_t c;
+
+    std::int32_t bc() const {
+        std::int32_t number = 0;
+        std::memcpy(&number, &b, sizeof number);
+        return number;
+    }
+    void setBc(std::int32_t number) { std::memcpy(&b, &number, sizeof number); }
+
+    // As a second word.
+    template <class T>
+    T word() const {
+        static_assert(sizeof(T) <= sizeof(Instruction));
+        T content;
+        std::memcpy(&content, static_cast<const void*>(this), sizeof content);
+        return content;
+    }
+    template <class T>
+    static Instruction ofWord(T content) {
+        static_assert(sizeof(T) <= sizeof(Instruction));
+        Instruction made{};
+        std::memcpy(static_cast<void*>(&made), &content, sizeof content);
+        return made;
+    }
+};
+
+static_assert(sizeof(Instruction) == 8);
+
+}  // namespace tolvan::script

@@ -1,0 +1,167 @@
+// Makes the instructions of one procedure from its tree. Throws SyntaxError where it gets too big.
+#pragma once
+
+#include "platform/script/Context.h"
+#include "platform/script/compiler/CodeBuilder.h"
+#include "platform/script/compiler/Scope.h"
+#include "platform/script/syntax/Ast.h"
+
+#include <cstdint>
+#include <deque>
+#include <vector>
+
+namespace tolvan::script {
+
+class ProcedureCompiler {
+  public:
+    ProcedureCompiler(ModuleScope& module, ProcedureScope& scope, const std::vector<Value>& literals, Context& context,
+                      Procedure& procedure);
+
+    void compileBody(const Block& body, std::uint32_t lastLine);
+    // A procedure whose result is the expression.
+    void compileExpression(const Expr& expression);
+
+  private:
+    // What a name stands for, here.
+    struct Binding {
+        enum class Kind : std::uint8_t {
+            Register,
+            Referred,  // a register with a reference
+            Outside,   // a variable at a fixed place
+            Field,
+            Method,  // of the own class
+            Constant,
+            Procedure,
+            HostObject,
+            HostMember,
+            Builtin,
+            Special,
+            Class,
+            Undefined,
+        };
+        Kind kind = Kind::Undefined;
+        std::uint32_t index = 0;  // of the register or field
+        Value* variable = nullptr;
+        const Value* constant = nullptr;
+        const Symbol* symbol = nullptr;
+
+        bool isVariable() const { return kind <= Kind::Field; }
+    };
+    enum class Use { Value, Callee };
+    Binding bind(NameId name, Use use = Use::Value);
+
+    // Expressions.
+    struct Operand {
+        bool isConstant;
+        std::uint32_t index;
+    };
+    Operand operand(const Expr& expression);
+    // Like operand, and safe from changes that `later` makes to variables before it is used.
+    Operand operandBefore(const Expr& expression, const Expr* later);
+    std::uint32_t inRegister(Operand operand);
+    void into(const Expr& expression, std::uint32_t target);
+    void nameInto(const Expr& name, std::uint32_t target);
+    void unaryInto(const Expr& expression, std::uint32_t target);
+    void binaryInto(const Expr& expression, std::uint32_t target);
+    void comparisonInto(const Expr& expression, std::uint32_t target);
+    void loadConstant(const Value& value, std::uint32_t target);
+    bool literalOf(const Expr& expression, Value& value) const;
+    bool mayChange(const Expr& expression, NameId variable);
+    bool callMayChange(const Expr& call, NameId variable);
+    void condition(const Expr& expression, Label& target, bool jumpWhen);
+
+    // Calls and elements.
+    enum class Wanted { Value, Nothing };
+    void callInto(const Expr& call, std::uint32_t target, Wanted wanted);
+    void memberInto(const Expr& member, std::span<Expr* const> arguments, std::uint32_t target);
+    void indexInto(std::uint32_t array, std::span<Expr* const> arguments, std::uint32_t target, bool let);
+    class CallFrame;
+    void passArguments(std::span<Expr* const> arguments, CallFrame& frame, const std::vector<bool>* byReference);
+    bool isReferable(const Expr& argument);
+    bool isElement(const Expr& argument);
+    void passReference(const Expr& argument, std::uint32_t target, std::uint32_t pin);
+    void callProcedure(const Symbol& symbol, std::span<Expr* const> arguments, std::uint32_t target);
+    void callHost(const HostMember* member, std::span<Expr* const> arguments, std::uint32_t target);
+    void callBuiltin(const Builtin& builtin, std::span<Expr* const> arguments, std::uint32_t target);
+    void callSpecial(Special special, std::span<Expr* const> arguments, std::uint32_t target);
+    void callOwnMember(NameId name, std::span<Expr* const> arguments, std::uint32_t target);
+    void callMissing(std::span<Expr* const> arguments, int number);
+    const HostObject* hostObject(const Expr& expression);
+    // A register from which element instructions reach a variable: the variable itself, or a reference to it.
+    std::uint32_t place(const Binding& binding);
+    std::uint32_t placeOf(const Expr& expression);
+    std::uint32_t evaluateInOrder(std::span<Expr* const> expressions);
+
+    // Gates.
+    const HostMember* gateOf(const Expr& condition);
+    const HostMember* pollOf(const IfStmt& statement, const CallStmt*& otherwise);
+    bool isRaise(const CallStmt& statement);
+    void poll(const HostMember* gate, const CallStmt& otherwise, std::uint32_t line);
+    bool startsWithPoll(const Block& body);
+    void emitColdCode();
+
+    // Statements.
+    void block(const Block& body);
+    void statement(const Stmt& statement);
+    void callStatement(const CallStmt& statement);
+    void dim(const DimStmt& statement);
+    void makeArray(const Variable& variable, std::uint32_t placeRegister);
+    void reDim(const ReDimStmt& statement);
+    void erase(const EraseStmt& statement);
+    void ifStatement(const IfStmt& statement);
+    void select(const SelectStmt& statement);
+    void forLoop(const ForStmt& statement);
+    void forEach(const ForEachStmt& statement);
+    void loop(const LoopStmt& statement);
+    void with(const WithStmt& statement);
+    void exit(const ExitStmt& statement);
+
+    // Assignments.
+    void assign(const AssignStmt& statement);
+    void assignRegister(const AssignStmt& statement, std::uint32_t reg);
+    bool appendToRegister(const AssignStmt& statement, std::uint32_t reg);
+    void assignName(const AssignStmt& statement);
+    void assignMember(const AssignStmt& statement, const Expr& member, std::span<Expr* const> arguments);
+    void assignElement(const AssignStmt& statement);
+    void assignHost(const HostMember* member, const AssignStmt& statement, std::span<Expr* const> arguments);
+    void putOwnMember(NameId name, const AssignStmt& statement, std::span<Expr* const> arguments);
+    void putInto(std::uint32_t array, std::span<Expr* const> arguments, const AssignStmt& statement);
+    // Assigns the value in a temporary.
+    void store(const Binding& binding, std::uint32_t from, bool isSet);
+    void raise(int number);
+
+    // After an instruction that may run code of the host or of scripts, or where ways meet, the gate has to be asked
+    // again.
+    void forgetGate() { fresh_ = nullptr; }
+    void bindLabel(Label& label) {
+        code_.bind(label);
+        forgetGate();
+    }
+
+    struct Loop {
+        ExitKind kind;
+        Label* exit;
+    };
+    // What a poll does when the gate says no; stands behind the procedure, out of the way.
+    struct ColdCode {
+        Label start;
+        Label back;
+        const HostMember* gate;
+        const CallStmt* otherwise;
+        std::uint32_t line;
+        std::uint32_t firstRegister;
+        std::uint32_t withRegister;
+    };
+
+    ModuleScope& module_;
+    ProcedureScope& scope_;
+    const std::vector<Value>& literals_;
+    Context& context_;
+    CodeBuilder code_;
+    std::vector<Loop> loops_;
+    std::uint32_t withRegister_ = 0;
+    std::deque<ColdCode> cold_;
+    const HostMember* fresh_ = nullptr;  // the gate that would still give the answer that it gave
+};
+
+}  // namespace tolvan::script

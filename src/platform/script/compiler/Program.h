@@ -1,0 +1,163 @@
+// What a compiled module consists of, and the names by which modules and hosts know each other.
+#pragma once
+
+#include "platform/script/Builtin.h"
+#include "platform/script/HostObject.h"
+#include "platform/script/Value.h"
+#include "platform/script/compiler/Opcode.h"
+#include "platform/script/syntax/Ast.h"
+#include "platform/script/syntax/Names.h"
+
+#include <cstdint>
+#include <deque>
+#include <memory>
+#include <string>
+#include <unordered_map>
+#include <vector>
+
+namespace tolvan::script {
+
+class ScriptClass;
+
+// A statement begins at this instruction; an error behind it, up to the next mark, is that line's.
+struct LineMark {
+    std::uint32_t pc;
+    std::uint32_t line;
+};
+
+// One compiled procedure. Its registers: R[0] the result, then the parameters, the other variables, and temporaries.
+struct Procedure {
+    NameId name = 0;
+    ProcedureKind kind = ProcedureKind::Sub;
+    ScriptClass* owner = nullptr;  // of a method
+    bool isModule = false;         // the statements outside procedures: their variables are the module's
+    std::vector<Instruction> code;
+    std::vector<Value> constants;
+    std::vector<LineMark> lines;  // by pc
+
+    std::uint32_t parameterCount = 0;
+    std::uint32_t variableCount = 0;  // registers that start as Empty: result, parameters, variables
+    std::uint32_t registerCount = 0;  // all
+    // For each parameter whether the code reads it as what an argument refers to. Callers that know the procedure when
+    // they are compiled pass values for the others; other callers pass references, which are then loaded on entry.
+    std::vector<bool> byReference;
+    bool checksArguments = false;  // took the place of another procedure: its callers may not know which are which
+
+    // The names of R[0], R[1], ..., for Execute and Eval in its scope; 0 where there is none.
+    std::vector<NameId> variableNames;
+
+    std::uint32_t lineAt(std::uint32_t pc) const;
+    // The statement after the one at pc, in the order of the code.
+    std::uint32_t statementAfter(std::uint32_t pc) const;
+};
+
+// A procedure's place under its name; a later definition takes it over.
+struct ProcedureSlot {
+    std::shared_ptr<const Procedure> procedure;
+};
+
+// One member of a host object, looked up once.
+struct HostMember {
+    HostObject* object;
+    int member;
+};
+
+// A class of a script. Members that are private are found only by the class's own code.
+class ScriptClass {
+  public:
+    struct Member {
+        std::shared_ptr<const Procedure> call;  // Sub, Function, Property Get
+        std::shared_ptr<const Procedure> let;
+        std::shared_ptr<const Procedure> set;
+        int field = -1;
+        bool isPrivate = false;     // of field and call
+        bool isPrivateLet = false;  // of let and set
+    };
+
+    NameId name = 0;
+    std::string spelling;
+    std::unordered_map<NameId, Member> members;
+    std::vector<std::vector<std::uint32_t>> fieldBounds;  // extents of the fields that are arrays from the start
+    std::vector<bool> fieldIsArray;
+    NameId defaultMember = DefaultMember;  // its name, if there is one
+    std::shared_ptr<const Procedure> initialize;
+    std::shared_ptr<const Procedure> terminate;
+
+    std::size_t fieldCount() const { return fieldIsArray.size(); }
+    const Member* find(NameId member) const {
+        const auto place = members.find(member == DefaultMember ? defaultMember : member);
+        return place == members.end() ? nullptr : &place->second;
+    }
+};
+
+// The functions that need the compiler.
+enum class Special : std::uint8_t { Eval, Execute, ExecuteGlobal, GetRef };
+
+// What a name stands for outside procedures.
+struct Symbol {
+    enum class Kind : std::uint8_t {
+        None,
+        Variable,
+        Constant,
+        Procedure,
+        Class,
+        HostObject,  // constant: the Object
+        HostMember,
+        Builtin,
+        Special,
+    };
+    Kind kind = Kind::None;
+    Special special = Special::Eval;
+    Value* variable = nullptr;
+    ProcedureSlot* procedure = nullptr;
+    ScriptClass* scriptClass = nullptr;
+    HostObject* host = nullptr;
+    const HostMember* member = nullptr;
+    const Builtin* builtin = nullptr;
+    Value constant;
+};
+
+// All names that are known outside procedures: those of the scripts first, then those of hosts, then the language's
+// own. Owns what they stand for, at places that do not move.
+class SymbolTable {
+  public:
+    using Map = std::unordered_map<NameId, Symbol>;
+
+    // `errObject` is what the name Err stands for.
+    SymbolTable(Names& names, Value errObject);
+    SymbolTable(const SymbolTable&) = delete;
+    SymbolTable& operator=(const SymbolTable&) = delete;
+
+    // Null for an unknown name. The symbol stays where it is until its name is defined anew.
+    const Symbol* find(NameId name);
+
+    void define(NameId name, Symbol symbol) { scripts_[name] = std::move(symbol); }
+    Value* makeVariable() { return &variables_.emplace_back(); }
+    ProcedureSlot* makeSlot() { return &slots_.emplace_back(); }
+    ScriptClass* makeClass() { return &classes_.emplace_back(); }
+
+    // `reference` is the Object value through which scripts hold the host's object.
+    void addHost(NameId name, HostObject& object, Value reference, bool membersToo);
+    // The same place for the same member each time.
+    const HostMember* hostMember(HostObject& object, int member);
+
+    bool isErr(NameId name) const { return name == err_; }
+    // Empties all variables of scripts, so that what they hold is let go while the scripts' code still exists.
+    void clearVariables();
+
+  private:
+    const Symbol* findAddedMember(NameId name);
+
+    Names& names_;
+    NameId err_;
+    Map scripts_;
+    Map hosts_;
+    Map language_;
+    std::deque<Value> variables_;
+    std::deque<ProcedureSlot> slots_;
+    std::deque<ScriptClass> classes_;
+    std::deque<HostMember> hostMembers_;
+    std::vector<HostObject*> global_;  // those whose members are names of their own
+};
+
+}  // namespace tolvan::script

@@ -1,0 +1,130 @@
+#include "platform/script/compiler/Scope.h"
+
+#include "platform/script/syntax/AstVisitor.h"
+#include "platform/script/syntax/SyntaxError.h"
+
+namespace tolvan::script {
+
+const Symbol* ModuleScope::find(NameId name) {
+    const auto place = pending_.find(name);
+    return place != pending_.end() ? &place->second : engine_.find(name);
+}
+
+Symbol* ModuleScope::findPending(NameId name) {
+    const auto place = pending_.find(name);
+    return place == pending_.end() ? nullptr : &place->second;
+}
+
+void ModuleScope::commit() {
+    for (auto& [name, symbol] : pending_) engine_.define(name, std::move(symbol));
+    pending_.clear();
+}
+
+const std::vector<bool>* ModuleScope::modesOf(const ProcedureSlot* slot) const {
+    const auto place = modes_.find(slot);
+    if (place != modes_.end()) return place->second;
+    return slot->procedure == nullptr ? nullptr : &slot->procedure->byReference;
+}
+
+const Expr* rootName(const Expr& expression) {
+    const Expr* root = &expression;
+    while (root->kind == ExprKind::Call) root = root->left;
+    return root->kind == ExprKind::Name ? root : nullptr;
+}
+
+Value constantOf(const Expr& expression, const std::vector<Value>& literals) {
+    if (expression.kind == ExprKind::Literal) return literals[expression.literal];
+    if (expression.kind == ExprKind::Group) return constantOf(*expression.left, literals);
+    Value inside = constantOf(*expression.left, literals);
+    if (expression.op != Token::Minus) return inside;
+    if (inside.isOneOf(bits(Type::Integer, Type::Long)) && inside.as.i != INT32_MIN) {
+        inside.as.i = -inside.as.i;
+        if (inside.as.i > 0x7fff) inside.tag = bits(Type::Long);
+    } else if (inside.isOneOf(bits(Type::Double, Type::Date))) {
+        inside.as.d = -inside.as.d;
+    } else {
+        throw SyntaxError{Syntax::ExpectedLiteral, expression.line, 0};
+    }
+    return inside;
+}
+
+namespace {
+
+// First reading: what Dim and Const declare, wherever in the procedure they stand.
+class Declarations : public AstVisitor {
+  public:
+    Declarations(ProcedureScope& scope, const std::vector<Value>& literals) : scope_(scope), literals_(literals) {}
+
+  protected:
+    void onDim(const DimStmt& statement) override {
+        for (const Variable& variable : statement.variables) {
+            refuseSecond(variable.name, statement.line);
+            scope_.registers[variable.name] = static_cast<std::uint32_t>(scope_.variables.size());
+            scope_.variables.push_back(variable.name);
+        }
+    }
+    void onConst(const ConstStmt& statement) override {
+        refuseSecond(statement.name, statement.line);
+        scope_.constants[statement.name] = constantOf(*statement.value, literals_);
+    }
+    void onError(const OnErrorStmt& statement) override {
+        if (statement.resumeNext) scope_.handlesErrors = true;
+    }
+
+  private:
+    void refuseSecond(NameId name, std::uint32_t line) const {
+        if (scope_.knows(name)) throw SyntaxError{Syntax::NameRedefined, line, 0};
+    }
+
+    ProcedureScope& scope_;
+    const std::vector<Value>& literals_;
+};
+
+// Second reading: names that are used without a declaration.
+class Uses : public AstVisitor {
+  public:
+    Uses(ProcedureScope& scope, ModuleScope& module, const std::function<bool(NameId)>& becomesLocal)
+        : scope_(scope), module_(module), becomesLocal_(becomesLocal) {}
+
+  protected:
+    void onName(const Expr& name) override {
+        if (scope_.knows(name.name)) return;
+        if (scope_.owner != nullptr && scope_.owner->find(name.name) != nullptr) return;
+        const Symbol* symbol = module_.find(name.name);
+        if (symbol != nullptr) {
+            if (symbol->kind == Symbol::Kind::Special && symbol->special != Special::GetRef) scope_.runsText = true;
+            return;
+        }
+        if (!becomesLocal_(name.name)) return;
+        scope_.registers[name.name] = static_cast<std::uint32_t>(scope_.variables.size());
+        scope_.variables.push_back(name.name);
+    }
+
+  private:
+    ProcedureScope& scope_;
+    ModuleScope& module_;
+    const std::function<bool(NameId)>& becomesLocal_;
+};
+
+}  // namespace
+
+void findVariables(ProcedureScope& scope, const Block& body, ModuleScope& module, const std::vector<Value>& literals,
+                   const std::function<bool(NameId)>& becomesLocal) {
+    if (scope.node != nullptr) {
+        if (scope.hasResult()) {
+            scope.variables[0] = scope.node->name;
+            scope.registers[scope.node->name] = 0;
+        }
+        for (const Parameter& parameter : scope.node->parameters) {
+            const auto reg = static_cast<std::uint32_t>(scope.variables.size());
+            if (!scope.registers.emplace(parameter.name, reg).second)
+                throw SyntaxError{Syntax::NameRedefined, scope.node->line, 0};
+            scope.variables.push_back(parameter.name);
+            scope.byReference.push_back(false);
+        }
+        Declarations(scope, literals).visit(body);
+    }
+    Uses(scope, module, becomesLocal).visit(body);
+}
+
+}  // namespace tolvan::script

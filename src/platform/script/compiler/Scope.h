@@ -1,0 +1,86 @@
+// The names that code sees while it is being compiled: those of its procedure, its class, its module and the engine.
+#pragma once
+
+#include "platform/script/compiler/Program.h"
+#include "platform/script/syntax/Ast.h"
+
+#include <cstdint>
+#include <functional>
+#include <unordered_map>
+#include <unordered_set>
+#include <vector>
+
+namespace tolvan::script {
+
+// The names of a module on top of those that its engine knows already. The engine learns them only when all of the
+// module is compiled.
+class ModuleScope {
+  public:
+    ModuleScope(SymbolTable& engine, Names& names) : engine_(engine), names_(names) {}
+
+    SymbolTable& engine() { return engine_; }
+    Names& names() { return names_; }
+
+    const Symbol* find(NameId name);
+    // Null if this module has not defined the name.
+    Symbol* findPending(NameId name);
+    void define(NameId name, Symbol symbol) { pending_[name] = std::move(symbol); }
+    void commit();
+
+    // Which parameters a procedure takes as references; null if it is not known.
+    void setModes(const ProcedureSlot* slot, const std::vector<bool>& modes) { modes_[slot] = &modes; }
+    const std::vector<bool>* modesOf(const ProcedureSlot* slot) const;
+
+    bool optionExplicit = false;
+    bool hasClasses = false;
+
+  private:
+    SymbolTable& engine_;
+    Names& names_;
+    SymbolTable::Map pending_;
+    std::unordered_map<const ProcedureSlot*, const std::vector<bool>*> modes_;
+};
+
+// The names of one procedure, and how its parameters are handled.
+//
+// Arguments are passed by reference. Where a procedure never changes a parameter and nobody else can change the
+// caller's variable meanwhile, nobody can tell a reference from a copy, and the parameter is a plain register.
+struct ProcedureScope {
+    const ProcedureNode* node = nullptr;  // null: the statements outside procedures
+    ScriptClass* owner = nullptr;
+    ProcedureSlot* slot = nullptr;     // outside classes
+    std::vector<NameId> variables{0};  // R[0], R[1], ...; 0 where a register has no name
+    std::unordered_map<NameId, std::uint32_t> registers;
+    std::unordered_map<NameId, Value> constants;
+    // For a text that Execute runs: the variables of the procedure around it.
+    std::unordered_map<NameId, Value*> outer;
+    std::vector<bool> byReference;  // of R[1], R[2], ...: the parameters
+    bool runsText = false;          // Eval, Execute or ExecuteGlobal: anything may happen to any variable
+    bool handlesErrors = false;     // On Error Resume Next
+
+    bool hasResult() const {
+        return node != nullptr && (node->kind == ProcedureKind::Function || node->kind == ProcedureKind::PropertyGet);
+    }
+    bool isByReference(std::uint32_t reg) const {
+        return reg >= 1 && reg <= byReference.size() && byReference[reg - 1];
+    }
+    // Whether the procedure itself gives the name a meaning.
+    bool knows(NameId name) const { return registers.count(name) + constants.count(name) + outer.count(name) != 0; }
+};
+
+// The variable at the bottom of a target or argument: a in "a", "a(1)", "a(1)(2)"; null where there is none.
+const Expr* rootName(const Expr& expression);
+
+// Fills in the names of a procedure. `becomesLocal` is asked about each name that nothing gives a meaning: whether it
+// becomes a variable of the procedure. Throws SyntaxError 1041.
+void findVariables(ProcedureScope& scope, const Block& body, ModuleScope& module, const std::vector<Value>& literals,
+                   const std::function<bool(NameId)>& becomesLocal);
+
+// Decides which parameters are references, for all procedures of a module at once; the one without a node stands for
+// the statements outside procedures.
+void findReferences(std::vector<ProcedureScope*>& procedures, const Block& outside, ModuleScope& module);
+
+// The value of a constant expression: a literal, perhaps in parentheses and behind signs.
+Value constantOf(const Expr& expression, const std::vector<Value>& literals);
+
+}  // namespace tolvan::script

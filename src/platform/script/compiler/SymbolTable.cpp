@@ -1,0 +1,86 @@
+#include "platform/script/compiler/Program.h"
+
+#include <array>
+
+namespace tolvan::script {
+
+namespace {
+
+struct SpecialName {
+    std::string_view name;
+    Special special;
+};
+constexpr std::array<SpecialName, 4> SpecialNames = {{{"Eval", Special::Eval},
+                                                      {"Execute", Special::Execute},
+                                                      {"ExecuteGlobal", Special::ExecuteGlobal},
+                                                      {"GetRef", Special::GetRef}}};
+
+}  // namespace
+
+SymbolTable::SymbolTable(Names& names, Value errObject) : names_(names), err_(names.intern("Err")) {
+    for (const Builtin& builtin : builtins()) {
+        Symbol symbol;
+        symbol.kind = Symbol::Kind::Builtin;
+        symbol.builtin = &builtin;
+        language_[names.intern(builtin.name)] = symbol;
+    }
+    for (const BuiltinConstant& constant : builtinConstants()) {
+        Symbol symbol;
+        symbol.kind = Symbol::Kind::Constant;
+        symbol.constant = constant.value;
+        language_[names.intern(constant.name)] = symbol;
+    }
+    for (const SpecialName& entry : SpecialNames) {
+        Symbol symbol;
+        symbol.kind = Symbol::Kind::Special;
+        symbol.special = entry.special;
+        language_[names.intern(entry.name)] = symbol;
+    }
+    Symbol err;
+    err.kind = Symbol::Kind::Constant;
+    err.constant = std::move(errObject);
+    language_[err_] = err;
+}
+
+const Symbol* SymbolTable::find(NameId name) {
+    const auto inScripts = scripts_.find(name);
+    if (inScripts != scripts_.end()) return &inScripts->second;
+    const auto inHosts = hosts_.find(name);
+    if (inHosts != hosts_.end()) return inHosts->second.kind == Symbol::Kind::None ? nullptr : &inHosts->second;
+    if (const Symbol* member = findAddedMember(name)) return member;
+    const auto inLanguage = language_.find(name);
+    return inLanguage == language_.end() ? nullptr : &inLanguage->second;
+}
+
+const Symbol* SymbolTable::findAddedMember(NameId name) {
+    for (HostObject* object : global_) {
+        const int number = object->findMember(names_.spelling(name));
+        if (number == HostObject::NoMember) continue;
+        Symbol symbol;
+        symbol.kind = Symbol::Kind::HostMember;
+        symbol.member = hostMember(*object, number);
+        return &(hosts_[name] = symbol);
+    }
+    return nullptr;
+}
+
+void SymbolTable::addHost(NameId name, HostObject& object, Value reference, bool membersToo) {
+    Symbol symbol;
+    symbol.kind = Symbol::Kind::HostObject;
+    symbol.host = &object;
+    symbol.constant = std::move(reference);
+    hosts_[name] = symbol;
+    if (membersToo) global_.push_back(&object);
+}
+
+const HostMember* SymbolTable::hostMember(HostObject& object, int member) {
+    for (const HostMember& known : hostMembers_)
+        if (known.object == &object && known.member == member) return &known;
+    return &hostMembers_.emplace_back(HostMember{&object, member});
+}
+
+void SymbolTable::clearVariables() {
+    for (Value& variable : variables_) variable = Value();
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,619 @@
+// The loop that executes instructions. Integer, Long and Double operands are worked out here; what any operation means
+// for all others stands in a function of its own.
+
+#include "platform/script/ArrayCell.h"
+#include "platform/script/machine/Frames.h"
+
+#include <cmath>
+#include <cstdint>
+
+// Each operation jumps straight to the next one's code, which lets the processor predict each place by itself.
+#pragma GCC diagnostic ignored "-Wpedantic"
+
+namespace tolvan::script {
+
+namespace {
+
+constexpr std::uint32_t Whole = bits(Type::Integer, Type::Long);
+constexpr std::uint32_t Numeric = Whole | bits(Type::Double);
+
+// Neither infinite nor no number: what an operation may leave in a variable.
+inline bool isSound(double number) {
+    return std::fabs(number) <= 1.7976931348623157e308;
+}
+
+inline double asDouble(const Value& value) {
+    return value.tag == bits(Type::Double) ? value.as.d : static_cast<double>(value.as.i);
+}
+
+inline void putDouble(Value& target, double number) {
+    letGo(target);
+    target.tag = bits(Type::Double);
+    target.as.d = number;
+}
+
+inline void putLong(Value& target, std::int32_t number) {
+    letGo(target);
+    target.tag = bits(Type::Long);
+    target.as.i = number;
+}
+
+inline void putBoolean(Value& target, bool on) {
+    letGo(target);
+    target.tag = bits(Type::Boolean);
+    target.as.i = on ? -1 : 0;
+}
+
+// `tags`: those of the operands, or-ed. Two Integers give an Integer as long as the result is one.
+inline void putWhole(Value& target, std::int32_t number, std::uint32_t tags) {
+    letGo(target);
+    const bool isLong = (tags & bits(Type::Long)) != 0 || number != static_cast<std::int16_t>(number);
+    target.tag = isLong ? bits(Type::Long) : bits(Type::Integer);
+    target.as.i = number;
+}
+
+// The quick paths: false where the operation is left to its full meaning.
+
+struct Add {
+    static bool whole(std::int32_t left, std::int32_t right, std::int32_t* sum) {
+        return __builtin_add_overflow(left, right, sum);
+    }
+    static double real(double left, double right) { return left + right; }
+};
+struct Subtract {
+    static bool whole(std::int32_t left, std::int32_t right, std::int32_t* difference) {
+        return __builtin_sub_overflow(left, right, difference);
+    }
+    static double real(double left, double right) { return left - right; }
+};
+struct Multiply {
+    static bool whole(std::int32_t left, std::int32_t right, std::int32_t* product) {
+        return __builtin_mul_overflow(left, right, product);
+    }
+    static double real(double left, double right) { return left * right; }
+};
+
+template <class Operation>
+inline bool arithmetic(Value& target, const Value& left, const Value& right) {
+    const std::uint32_t tags = left.tag | right.tag;
+    if ((tags & ~Whole) == 0) {
+        std::int32_t result = 0;
+        if (Operation::whole(left.as.i, right.as.i, &result)) [[unlikely]]
+            return false;
+        putWhole(target, result, tags);
+        return true;
+    }
+    double result = 0;
+    if (tags == bits(Type::Double))
+        result = Operation::real(left.as.d, right.as.d);
+    else if ((tags & ~Numeric) == 0)
+        result = Operation::real(asDouble(left), asDouble(right));
+    else
+        return false;
+    if (!isSound(result)) [[unlikely]]
+        return false;
+    putDouble(target, result);
+    return true;
+}
+
+inline bool divided(Value& target, const Value& left, const Value& right) {
+    if (((left.tag | right.tag) & ~Numeric) != 0) return false;
+    const double quotient = asDouble(left) / asDouble(right);
+    if (!isSound(quotient)) [[unlikely]]
+        return false;
+    putDouble(target, quotient);
+    return true;
+}
+
+// By -1 the smallest Long would overflow.
+inline bool dividesWhole(const Value& left, const Value& right) {
+    return ((left.tag | right.tag) & ~Whole) == 0 && static_cast<std::uint32_t>(right.as.i) + 1 > 1;
+}
+
+inline bool integerDivided(Value& target, const Value& left, const Value& right) {
+    if (!dividesWhole(left, right)) return false;
+    putWhole(target, left.as.i / right.as.i, left.tag | right.tag);
+    return true;
+}
+
+inline bool moduloOf(Value& target, const Value& left, const Value& right) {
+    if (!dividesWhole(left, right)) return false;
+    putWhole(target, left.as.i % right.as.i, left.tag | right.tag);
+    return true;
+}
+
+// Booleans, or whole numbers bit by bit; Not included, as Xor with -1.
+template <class Operation>
+inline bool logical(Value& target, const Value& left, const Value& right, Operation operation) {
+    const std::uint32_t tags = left.tag | right.tag;
+    if (tags == bits(Type::Boolean)) {
+        const bool result = operation(left.as.i, right.as.i) != 0;
+        putBoolean(target, result);
+        return true;
+    }
+    if ((tags & ~Whole) != 0) return false;
+    putWhole(target, operation(left.as.i, right.as.i), tags);
+    return true;
+}
+
+// What can be compared at once, as whole numbers or as reals; `Compare` is the comparison.
+template <class Compare>
+inline bool compared(const Value& left, const Value& right, bool& result) {
+    const std::uint32_t tags = left.tag | right.tag;
+    if ((tags & ~Whole) == 0 || tags == bits(Type::Boolean)) {
+        result = Compare::of(left.as.i, right.as.i);
+        return true;
+    }
+    if ((tags & ~Numeric) != 0) return false;
+    result = Compare::of(asDouble(left), asDouble(right));
+    return true;
+}
+
+#define COMPARISON(name, sign, isTrueFor)                                           \
+    struct name {                                                                   \
+        template <class Number>                                                     \
+        static bool of(Number left, Number right) {                                 \
+            return left sign right;                                                 \
+        }                                                                           \
+        static bool of(Order order) { return order != Order::Null && (isTrueFor); } \
+    };
+COMPARISON(Equal, ==, order == Order::Equal)
+COMPARISON(NotEqual, !=, order != Order::Equal)
+COMPARISON(Less, <, order == Order::Less)
+COMPARISON(LessEqual, <=, order != Order::Greater)
+COMPARISON(Greater, >, order == Order::Greater)
+COMPARISON(GreaterEqual, >=, order != Order::Less)
+#undef COMPARISON
+
+inline bool isSimple(const Value& value) {
+    return (value.tag & Value::HeapTypes) == 0;
+}
+
+inline Value& followed(Value& value) {
+    return value.tag == bits(Type::Reference) ? *value.as.ref : value;
+}
+
+// The element where array and index are of the most frequent kind, or null.
+inline Value* quickElement(Value& array, const Value& index) {
+    if (array.tag != bits(Type::Array) || (index.tag & ~Whole) != 0) return nullptr;
+    ArrayCell* cell = array.array();
+    const auto number = static_cast<std::uint32_t>(index.as.i);
+    return number < cell->count1 ? cell->items + number : nullptr;
+}
+
+}  // namespace
+
+void Machine::execute() {
+    static const void* const labels[] = {
+#define X(name) &&L_##name,
+#define Y(name) TOLVAN_BINARY_FORMS(name)
+#define Z(name) X(name##RR)
+#define W(name) TOLVAN_COMPARISON_FORMS(name)
+        TOLVAN_OPCODES(X) TOLVAN_BINARY_OPERATIONS(Y) TOLVAN_LOGICAL_OPERATIONS(Z) TOLVAN_COMPARISONS(W)
+#undef W
+#undef Z
+#undef Y
+#undef X
+    };
+
+    Frame* frame = &top();
+    const Instruction* pc = frame->pc;
+    Value* R = frame->base;
+    const Value* K = frame->procedure->constants.data();
+
+#define NEXT goto* labels[static_cast<std::size_t>(pc->op)]
+#define STEP(words) \
+    pc += (words);  \
+    NEXT
+#define A R[pc->a]
+#define B R[pc->b]
+#define C R[pc->c]
+#define KC K[pc->c]
+#define WORD(type) pc[1].word<type>()
+#define LIST(first) std::span<Value>(&(first), WORD(std::uint32_t))
+#define REFRESH                   \
+    frame = &frames_[depth_ - 1]; \
+    pc = frame->pc;               \
+    R = frame->base;              \
+    K = frame->procedure->constants.data()
+
+#define BINARY(name, quick, slow)                                     \
+    L_##name##RR : if (!quick(A, B, C)) [[unlikely]] slow(A, B, C);   \
+    STEP(1);                                                          \
+    L_##name##RK : if (!quick(A, B, KC)) [[unlikely]] slow(A, B, KC); \
+    STEP(1);
+
+#define LOGICAL(name, expression)                                                                    \
+    L_##name##RR : if (!logical(A, B, C, [](std::int32_t l, std::int32_t r) { return expression; })) \
+                       [[unlikely]] slow##name(A, B, C);                                             \
+    STEP(1);
+
+#define COMPARE_INTO(label, name, right, literal)               \
+    L_##label : {                                               \
+        bool result = false;                                    \
+        if (compared<name>(B, right, result)) [[likely]] {      \
+            putBoolean(A, result);                              \
+        } else {                                                \
+            const Order order = slowCompare(B, right, literal); \
+            if (order == Order::Null)                           \
+                A = Value::null();                              \
+            else                                                \
+                putBoolean(A, name::of(order));                 \
+        }                                                       \
+    }                                                           \
+    STEP(1);
+
+#define COMPARE_JUMP(label, name, right, literal, jumpWhen)    \
+    L_##label : {                                              \
+        bool result = false;                                   \
+        if (!compared<name>(A, right, result)) [[unlikely]]    \
+            result = name::of(slowCompare(A, right, literal)); \
+        if (result == (jumpWhen)) {                            \
+            STEP(WORD(std::int32_t));                          \
+        }                                                      \
+    }                                                          \
+    STEP(2);
+
+#define COMPARISON(name)                                                 \
+    COMPARE_INTO(name##RR, name, C, Literal::Neither)                    \
+    COMPARE_INTO(name##RK, name, KC, Literal::Right)                     \
+    COMPARE_JUMP(JumpIf##name##RR, name, B, Literal::Neither, true)      \
+    COMPARE_JUMP(JumpIf##name##RK, name, K[pc->b], Literal::Right, true) \
+    COMPARE_JUMP(JumpUnless##name##RR, name, B, Literal::Neither, false) \
+    COMPARE_JUMP(JumpUnless##name##RK, name, K[pc->b], Literal::Right, false)
+
+    try {
+        NEXT;
+
+        // Moving values.
+    L_LoadConstant:
+        A = K[pc->bc()];
+        STEP(1);
+    L_Copy:
+        A = B;
+        STEP(1);
+    L_Take:
+        A = std::move(B);
+        STEP(1);
+    L_Let:
+        if (isSimple(A) && isSimple(B)) [[likely]] {
+            A.tag = B.tag;
+            A.as = B.as;
+        } else {
+            let(A, B);
+        }
+        STEP(1);
+    L_LetTake:
+        if (isSimple(A) && isSimple(B)) [[likely]] {
+            A.tag = B.tag;
+            A.as = B.as;
+        } else {
+            letValue(A, std::move(B));
+        }
+        STEP(1);
+    L_SetTake:
+        setValue(A, std::move(B));
+        STEP(1);
+    L_Clear:
+        letGo(A);
+        A.tag = bits(Type::Empty);
+        STEP(1);
+    L_LoadReferred:
+        A = followed(B);
+        STEP(1);
+    L_LetReferred:
+        letValue(followed(A), std::move(B));
+        STEP(1);
+    L_SetReferred:
+        setValue(followed(A), std::move(B));
+        STEP(1);
+    L_LoadGlobal:
+        A = *WORD(Value*);
+        STEP(2);
+    L_LetGlobal:
+        letValue(*WORD(Value*), std::move(A));
+        STEP(2);
+    L_SetGlobal:
+        setValue(*WORD(Value*), std::move(A));
+        STEP(2);
+    L_LoadField:
+        A = static_cast<ClassInstance*>(frame->me)->field(pc->b);
+        STEP(1);
+    L_LetField:
+        letValue(static_cast<ClassInstance*>(frame->me)->field(pc->b), std::move(A));
+        STEP(1);
+    L_SetField:
+        setValue(static_cast<ClassInstance*>(frame->me)->field(pc->b), std::move(A));
+        STEP(1);
+    L_LoadMe:
+        ++frame->me->references;
+        A = Value::adopt(frame->me);
+        STEP(1);
+
+        // References.
+    L_ReferRegister : {
+        Value* const variable = &followed(B);
+        letGo(A);
+        A.tag = bits(Type::Reference);
+        A.as.ref = variable;
+        STEP(1);
+    }
+    L_ReferGlobal:
+        letGo(A);
+        A.tag = bits(Type::Reference);
+        A.as.ref = WORD(Value*);
+        STEP(2);
+    L_ReferField:
+        letGo(A);
+        A.tag = bits(Type::Reference);
+        A.as.ref = &static_cast<ClassInstance*>(frame->me)->field(pc->b);
+        STEP(1);
+    L_ReferElement:
+        referElement(A, followed(B), LIST(C));
+        STEP(2);
+    L_PinArray:
+        pinArray(A, followed(B));
+        STEP(1);
+
+        // Arithmetic and logic.
+        BINARY(Add, arithmetic<Add>, slowAdd)
+        BINARY(Subtract, arithmetic<Subtract>, slowSubtract)
+        BINARY(Multiply, arithmetic<Multiply>, slowMultiply)
+        BINARY(Divide, divided, slowDivide)
+        BINARY(IntegerDivide, integerDivided, slowIntegerDivide)
+        BINARY(Modulo, moduloOf, slowModulo)
+    L_PowerRR:
+        slowPower(A, B, C);
+        STEP(1);
+    L_PowerRK:
+        slowPower(A, B, KC);
+        STEP(1);
+    L_ConcatenateRR:
+        slowConcatenate(A, B, C);
+        STEP(1);
+    L_ConcatenateRK:
+        slowConcatenate(A, B, KC);
+        STEP(1);
+    L_AddInteger : {
+        const Value& left = B;
+        const auto right = static_cast<std::int16_t>(pc->c);
+        std::int32_t sum = 0;
+        if ((left.tag & ~Whole) == 0 && !__builtin_add_overflow(left.as.i, right, &sum)) [[likely]]
+            putWhole(A, sum, left.tag);
+        else if (left.tag == bits(Type::Double))
+            putDouble(A, left.as.d + right);
+        else
+            slowAddInteger(A, left, right);
+        STEP(1);
+    }
+    L_Negate:
+        if (B.tag == bits(Type::Double))
+            putDouble(A, -B.as.d);
+        else
+            negateInto(A, B);
+        STEP(1);
+    L_Plus:
+        plusInto(A, B);
+        STEP(1);
+    L_Not:
+        if (B.tag == bits(Type::Boolean)) [[likely]]
+            putBoolean(A, B.as.i == 0);
+        else
+            notInto(A, B);
+        STEP(1);
+        LOGICAL(And, l & r)
+        LOGICAL(Or, l | r)
+        LOGICAL(Xor, l ^ r)
+        LOGICAL(Eqv, ~(l ^ r))
+        LOGICAL(Imp, ~l | r)
+    L_Is:
+        isInto(A, B, C);
+        STEP(1);
+        COMPARISON(Equal)
+        COMPARISON(NotEqual)
+        COMPARISON(Less)
+        COMPARISON(LessEqual)
+        COMPARISON(Greater)
+        COMPARISON(GreaterEqual)
+
+        // Jumps and loops.
+    L_Jump:
+        STEP(pc->bc());
+    L_JumpIf:
+        if (A.tag == bits(Type::Boolean) ? A.as.i != 0 : isTrue(A)) {
+            STEP(pc->bc());
+        }
+        STEP(1);
+    L_JumpUnless:
+        if (A.tag == bits(Type::Boolean) ? A.as.i != 0 : isTrue(A)) {
+            STEP(1);
+        }
+        STEP(pc->bc());
+    L_Tick:
+        if (--ticks_ <= 0) [[unlikely]]
+            slowTick();
+        STEP(1);
+    L_Gate : {
+        int* const budget = WORD(int*);
+        const int left = *budget;
+        if (left <= 0) [[unlikely]] {
+            STEP(pc->bc());
+        }
+        *budget = left - 1;
+        STEP(2);
+    }
+    L_AskGate:
+        putBoolean(A, askGate(*WORD(const HostMember*)));
+        STEP(2);
+    L_ForPrepare:
+        if (prepareFor(A, B, (&B)[1])) {
+            STEP(2);
+        }
+        STEP(WORD(std::int32_t));
+    L_ForNextOne : {
+        Value& counter = A;
+        const Value& limit = B;
+        if (((counter.tag | limit.tag) & ~Whole) == 0 && counter.as.i != INT32_MAX) [[likely]] {
+            const std::int32_t next = ++counter.as.i;
+            if (next > INT16_MAX) counter.tag = bits(Type::Long);
+            if (next <= limit.as.i) {
+                STEP(WORD(std::int32_t));
+            }
+            STEP(2);
+        }
+        if (slowForNext(counter, limit, (&limit)[1])) {
+            STEP(WORD(std::int32_t));
+        }
+        STEP(2);
+    }
+    L_ForNext : {
+        Value& counter = A;
+        const Value& limit = B;
+        const Value& step = (&limit)[1];
+        if (((counter.tag | limit.tag | step.tag) & ~Numeric) == 0 && arithmetic<Add>(counter, counter, step)) {
+            const bool goesOn =
+                asDouble(step) >= 0 ? asDouble(counter) <= asDouble(limit) : asDouble(counter) >= asDouble(limit);
+            if (goesOn) {
+                STEP(WORD(std::int32_t));
+            }
+            STEP(2);
+        }
+        if (slowForNext(counter, limit, step)) {
+            STEP(WORD(std::int32_t));
+        }
+        STEP(2);
+    }
+    L_EachPrepare:
+        prepareEach(&A, B);
+        STEP(1);
+    L_EachNext:
+        if (nextOfEach(&A, B)) {
+            STEP(WORD(std::int32_t));
+        }
+        STEP(2);
+
+        // Arrays.
+    L_Index:
+        if (const Value* element = quickElement(followed(B), C)) [[likely]]
+            A = *element;
+        else
+            index(A, followed(B), {&C, 1});
+        STEP(1);
+    L_IndexLet : {
+        const Value* element = quickElement(followed(B), C);
+        if (element != nullptr && isSimple(*element) && isSimple(A)) [[likely]] {
+            A.tag = element->tag;
+            A.as = element->as;
+        } else {
+            indexLet(A, followed(B), {&C, 1});
+        }
+        STEP(1);
+    }
+    L_IndexMany:
+        index(A, followed(B), LIST(C));
+        STEP(2);
+    L_PutIndexR : {
+        Value* const element = quickElement(A, B);
+        if (element != nullptr && A.as.cell->references == 1 && isSimple(*element) && isSimple(C)) [[likely]] {
+            element->tag = C.tag;
+            element->as = C.as;
+        } else {
+            putIndex(followed(A), {&B, 1}, C, false);
+        }
+        STEP(1);
+    }
+    L_PutIndexK : {
+        Value* const element = quickElement(A, B);
+        if (element != nullptr && A.as.cell->references == 1 && isSimple(*element) && isSimple(KC)) [[likely]] {
+            element->tag = KC.tag;
+            element->as = KC.as;
+        } else {
+            putIndex(followed(A), {&B, 1}, KC, false);
+        }
+        STEP(1);
+    }
+    L_PutIndexMany : {
+        const auto word = WORD(std::uint64_t);
+        const auto count = static_cast<std::uint32_t>(word);
+        putIndex(followed(A), {&B, count}, C, (word >> 32) != 0);
+        STEP(2);
+    }
+    L_MakeArray:
+        makeArray(followed(A), {&B, pc->c});
+        STEP(1);
+    L_ReDim:
+        reDim(followed(A), {&B, pc->c}, WORD(std::uint32_t) != 0);
+        STEP(2);
+    L_Erase:
+        erase(followed(A));
+        STEP(1);
+
+        // Calls.
+    L_CallProcedure : {
+        const Procedure& procedure = *WORD(const ProcedureSlot*)->procedure;
+        if (procedure.parameterCount != pc->b) throw ScriptError(errors::ArgumentCount);
+        if (procedure.checksArguments) loadArguments(procedure, &A);
+        if (--ticks_ <= 0) [[unlikely]]
+            slowTick();
+        frame->pc = pc + 2;
+        enter(procedure, &A, nullptr, false);
+        ++frame;
+        pc = procedure.code.data();
+        R = frame->base;
+        K = procedure.constants.data();
+        NEXT;
+    }
+    L_CallBuiltin:
+        callBuiltin(WORD(BuiltinFunction), &A, pc->b);
+        STEP(2);
+    L_CallHost:
+        callHost(*WORD(const HostMember*), &A, pc->b);
+        STEP(2);
+    L_CallMember:
+        frame->pc = pc + 2;
+        callMember(WORD(NameId), &A, pc->b, pc->c != 0);
+        REFRESH;
+        NEXT;
+    L_CallValue:
+        frame->pc = pc + 1;
+        callValue(&A, pc->b, false);
+        REFRESH;
+        NEXT;
+    L_CallStatement:
+        frame->pc = pc + 1;
+        callValue(&A, pc->b, true);
+        REFRESH;
+        NEXT;
+    L_PutHost:
+        putHost(*WORD(const HostMember*), &A, pc->b);
+        STEP(2);
+    L_PutMember:
+        putMember(WORD(NameId), &A, pc->b, (pc->c & 1) != 0, (pc->c & 2) != 0);
+        STEP(2);
+    L_Evaluate:
+        evaluateText(static_cast<Special>(pc->c), &A);
+        STEP(1);
+    L_NewObject:
+        newObject(A, *WORD(ScriptClass*));
+        STEP(2);
+    L_OnError:
+        setOnError(pc->a != 0);
+        STEP(1);
+    L_Raise:
+        throw ScriptError(pc->bc());
+    L_Return : {
+        leave();
+        if (frame->isEntry) return;
+        --frame;
+        pc = frame->pc;
+        R = frame->base;
+        K = frame->procedure->constants.data();
+        NEXT;
+    }
+    } catch (...) {
+        frames_[depth_ - 1].pc = pc;
+        throw;
+    }
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,168 @@
+// Arrays: their elements, bounds and For Each.
+
+#include "platform/script/ArrayCell.h"
+#include "platform/script/convert.h"
+#include "platform/script/machine/Machine.h"
+
+#include <algorithm>
+#include <vector>
+
+namespace tolvan::script {
+
+namespace {
+
+constexpr std::int64_t LargestBound = 0x7ffffffe;
+
+}  // namespace
+
+std::size_t Machine::elementNumber(const ArrayCell& cell, std::span<const Value> indexes) {
+    if (indexes.size() != cell.rank) throw ScriptError(errors::Subscript);
+    std::size_t number = 0;
+    std::size_t stride = 1;
+    for (std::size_t i = 0; i < indexes.size(); ++i) {
+        const std::int32_t index = toLong(*this, indexes[i]);
+        if (index < 0 || static_cast<std::uint32_t>(index) >= cell.extents[i]) throw ScriptError(errors::Subscript);
+        number += static_cast<std::size_t>(index) * stride;
+        stride *= cell.extents[i];
+    }
+    return number;
+}
+
+// The element, in an array that nobody else holds.
+Value& Machine::element(Value& array, std::span<const Value> indexes) {
+    if (!array.is(Type::Array)) throw ScriptError(errors::TypeMismatch);
+    const std::size_t number = elementNumber(*array.array(), indexes);
+    return unshare(heap(), array)->items[number];
+}
+
+// An element, or what the default member of an object gives for the arguments.
+void Machine::index(Value& target, Value& array, std::span<const Value> indexes) {
+    if (array.is(Type::Array)) {
+        target = Value(array.array()->items[elementNumber(*array.array(), indexes)]);
+        return;
+    }
+    if (!array.is(Type::Object)) throw ScriptError(errors::TypeMismatch);
+    if (array.object() == nullptr) throw ScriptError(errors::ObjectNotSet);
+    const Value holder = array;
+    std::vector<Value> arguments(indexes.begin(), indexes.end());
+    target = holder.object()->call(*this, DefaultMember, arguments);
+}
+
+void Machine::indexLet(Value& target, Value& array, std::span<const Value> indexes) {
+    Value found;
+    index(found, array, indexes);
+    letValue(target, std::move(found));
+}
+
+void Machine::putIndex(Value& array, std::span<const Value> indexes, const Value& value, bool isSet) {
+    Value assigned = value;
+    if (array.is(Type::Object)) {
+        if (array.object() == nullptr) throw ScriptError(errors::ObjectNotSet);
+        std::vector<Value> arguments(indexes.begin(), indexes.end());
+        const Value holder = array;
+        if (ClassInstance* instance = holder.object()->asInstance()) {
+            arguments.push_back(std::move(assigned));
+            putInstance(*instance, DefaultMember, arguments, isSet, false);
+        } else {
+            holder.object()->put(*this, DefaultMember, arguments, assigned, isSet);
+        }
+        return;
+    }
+    if (!array.is(Type::Array)) throw ScriptError(errors::TypeMismatch);
+    if (isSet && !assigned.is(Type::Object)) throw ScriptError(errors::ObjectRequired);
+    if (!isSet) letValue(assigned, Value(value));
+    element(array, indexes) = std::move(assigned);
+}
+
+// For an argument or a chain of indexes; what is no array gives a value instead.
+void Machine::referElement(Value& target, Value& array, std::span<const Value> indexes) {
+    if (!array.is(Type::Array)) return index(target, array, indexes);
+    Value* const found = &element(array, indexes);
+    target = Value();
+    target.tag = bits(Type::Reference);
+    target.as.ref = found;
+}
+
+void Machine::pinArray(Value& target, Value& array) {
+    target = Value();
+    if (!array.is(Type::Array)) return;
+    ArrayCell* cell = unshare(heap(), array);
+    ++cell->pins;
+    target.tag = bits(Type::Pin);
+    target.as.cell = cell;
+}
+
+namespace {
+
+std::vector<std::uint32_t> extentsOf(Context& context, std::span<const Value> bounds) {
+    if (bounds.size() > ArrayCell::MostDimensions) throw ScriptError(errors::Subscript);
+    std::vector<std::uint32_t> extents;
+    for (const Value& bound : bounds) {
+        const std::int64_t upper = toLong(context, bound);
+        if (upper < -1 || upper > LargestBound) throw ScriptError(errors::Subscript);
+        extents.push_back(static_cast<std::uint32_t>(upper + 1));
+    }
+    return extents;
+}
+
+// Copies the elements that both have; only the last extent may differ.
+void keepElements(const ArrayCell& from, ArrayCell& to) {
+    if (from.rank == 0 || from.size == 0) return;
+    if (from.rank != to.rank || !std::equal(from.extents, from.extents + from.rank - 1, to.extents))
+        throw ScriptError(errors::Subscript);
+    const std::size_t count = std::min(from.size, to.size);
+    for (std::size_t i = 0; i < count; ++i) to.items[i] = from.items[i];
+}
+
+}  // namespace
+
+void Machine::makeArray(Value& target, std::span<const Value> bounds) {
+    if (target.is(Type::Array)) return;
+    target = Value::adopt(ArrayCell::create(heap(), extentsOf(*this, bounds), bounds.empty()));
+}
+
+void Machine::reDim(Value& target, std::span<const Value> bounds, bool preserve) {
+    const bool isArray = target.is(Type::Array);
+    if (isArray && (!target.array()->resizable || target.array()->pins != 0)) throw ScriptError(errors::ArrayLocked);
+    if (preserve && !isArray && !target.is(Type::Empty)) throw ScriptError(errors::TypeMismatch);
+    const std::vector<std::uint32_t> extents = extentsOf(*this, bounds);
+    Value made = Value::adopt(ArrayCell::create(heap(), extents, true));
+    if (preserve && isArray) keepElements(*target.array(), *made.array());
+    target = std::move(made);
+}
+
+void Machine::erase(Value& target) {
+    if (!target.is(Type::Array)) throw ScriptError(errors::TypeMismatch);
+    ArrayCell* cell = target.array();
+    if (cell->pins != 0) throw ScriptError(errors::ArrayLocked);
+    const bool isFixed = !cell->resizable;
+    const std::vector<std::uint32_t> extents(cell->extents, cell->extents + (isFixed ? cell->rank : 0));
+    target = Value::adopt(ArrayCell::create(heap(), extents, !isFixed));
+}
+
+// For Each: state[0] pins the array, state[1] is the number of the next element.
+void Machine::prepareEach(Value* state, Value& group) {
+    if (group.is(Type::Object)) {
+        throw ScriptError(group.object() == nullptr ? errors::ObjectNotSet : errors::NotACollection);
+    }
+    if (!group.is(Type::Array)) throw ScriptError(errors::NotACollection);
+    ++group.array()->pins;
+    state[0] = Value();
+    state[0].tag = bits(Type::Pin);
+    state[0].as.cell = group.as.cell;
+    state[1] = Value();
+    state[1].tag = bits(Type::Currency);
+    state[1].as.c = 0;
+}
+
+bool Machine::nextOfEach(Value* state, Value& target) {
+    if (!state[0].is(Type::Pin)) throw ScriptError(errors::ForNotInitialised);
+    const ArrayCell& cell = *state[0].array();
+    const auto next = static_cast<std::size_t>(state[1].as.c);
+    if (next >= cell.size) return false;
+    ++state[1].as.c;
+    target = Value(cell.items[next]);
+    return true;
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,85 @@
+#include "platform/script/machine/ErrObject.h"
+
+#include "platform/script/convert.h"
+#include "platform/script/errorText.h"
+
+namespace tolvan::script {
+
+namespace {
+
+const Value& followed(const Value& argument) {
+    return argument.is(Type::Reference) ? *argument.as.ref : argument;
+}
+
+std::string textOf(Context& context, std::span<Value> arguments, std::size_t index) {
+    if (index >= arguments.size() || followed(arguments[index]).isMissing()) return {};
+    Value keep;
+    return std::string(toTextView(context, followed(arguments[index]), keep));
+}
+
+constexpr int LargestNumber = 65535;  // of an error that is not an object's own (those are negative)
+constexpr std::size_t MostRaiseArguments = 5;
+
+}  // namespace
+
+ErrObject::ErrObject(Names& names)
+    : number_(names.intern("Number")),
+      description_(names.intern("Description")),
+      source_(names.intern("Source")),
+      helpFile_(names.intern("HelpFile")),
+      helpContext_(names.intern("HelpContext")),
+      raise_(names.intern("Raise")),
+      clear_(names.intern("Clear")) {}
+
+void ErrObject::set(const ScriptError& error) {
+    currentNumber_ = error.number;
+    currentDescription_ = error.description.empty() ? std::string(errorText(error.number)) : error.description;
+    currentSource_ = error.source.empty() ? "VBScript runtime error" : error.source;
+}
+
+void ErrObject::clear() {
+    currentNumber_ = 0;
+    currentDescription_.clear();
+    currentSource_.clear();
+    currentHelpFile_.clear();
+    currentHelpContext_ = 0;
+}
+
+void ErrObject::raise(Context& context, std::span<Value> arguments) const {
+    if (arguments.empty() || arguments.size() > MostRaiseArguments) throw ScriptError(errors::ArgumentCount);
+    const std::int32_t number = toLong(context, followed(arguments[0]));
+    if (number == 0 || number > LargestNumber) throw ScriptError(errors::InvalidCall);
+    throw ScriptError(number, textOf(context, arguments, 2), textOf(context, arguments, 1));
+}
+
+Value ErrObject::call(Context& context, NameId name, std::span<Value> arguments) {
+    if (name == raise_) raise(context, arguments);
+    if (!arguments.empty()) throw ScriptError(errors::ArgumentCount);
+    if (name == number_ || name == DefaultMember) return Value::longInteger(currentNumber_);
+    if (name == description_) return context.text(currentDescription_);
+    if (name == source_) return context.text(currentSource_);
+    if (name == helpFile_) return context.text(currentHelpFile_);
+    if (name == helpContext_) return Value::longInteger(currentHelpContext_);
+    if (name != clear_) throw ScriptError(errors::NoSuchMember);
+    clear();
+    return {};
+}
+
+void ErrObject::put(Context& context, NameId name, std::span<Value> arguments, const Value& value, bool) {
+    if (!arguments.empty()) throw ScriptError(errors::ArgumentCount);
+    Value keep;
+    if (name == number_ || name == DefaultMember)
+        currentNumber_ = toLong(context, value);
+    else if (name == description_)
+        currentDescription_ = toTextView(context, value, keep);
+    else if (name == source_)
+        currentSource_ = toTextView(context, value, keep);
+    else if (name == helpFile_)
+        currentHelpFile_ = toTextView(context, value, keep);
+    else if (name == helpContext_)
+        currentHelpContext_ = toLong(context, value);
+    else
+        throw ScriptError(errors::NoSuchMember);
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,117 @@
+#include "platform/script/machine/Frames.h"
+
+#include <exception>
+#include <new>
+
+namespace tolvan::script {
+
+namespace {
+
+// Loops and calls between two looks at the clock.
+constexpr int TicksPerLook = 4096;
+
+// Counts one level of calls that take native stack.
+class NestingGuard {
+  public:
+    explicit NestingGuard(int& nesting) : nesting_(nesting) { ++nesting_; }
+    NestingGuard(const NestingGuard&) = delete;
+    NestingGuard& operator=(const NestingGuard&) = delete;
+    ~NestingGuard() { --nesting_; }
+
+  private:
+    int& nesting_;
+};
+
+}  // namespace
+
+Value* Machine::freeRegisters() {
+    return depth_ == 0 ? stack_ : top().base + top().procedure->registerCount;
+}
+
+Value Machine::invoke(const Procedure& procedure, Object* me, std::span<const Value> arguments) {
+    if (procedure.parameterCount != arguments.size()) throw ScriptError(errors::ArgumentCount);
+    Value* const base = freeRegisters();
+    const bool fits = static_cast<std::size_t>(stackEnd_ - base) > arguments.size() + procedure.registerCount;
+    if (nesting_ == DeepestNesting || depth_ == DeepestCalls || !fits) throw ScriptError(errors::OutOfStack);
+    for (std::size_t i = 0; i < arguments.size(); ++i) base[i + 1] = arguments[i];
+    loadArguments(procedure, base);
+    if (me != nullptr) ++me->references;
+    enter(procedure, base, me, true);
+    const NestingGuard guard(nesting_);
+    run();
+    return std::move(base[0]);
+}
+
+// For callers that did not know how the procedure takes its arguments: references only where it expects them.
+void Machine::loadArguments(const Procedure& procedure, Value* base) {
+    for (std::uint32_t i = 0; i < procedure.parameterCount; ++i) {
+        Value& argument = base[i + 1];
+        if (argument.is(Type::Reference) && !procedure.byReference[i]) argument = Value(*argument.as.ref);
+    }
+}
+
+void Machine::leaveSlowly(Frame& frame) {
+    delete std::exchange(frame.made, nullptr);
+    if (frame.me != nullptr) const Value released = Value::adopt(std::exchange(frame.me, nullptr));
+}
+
+// Runs the procedure entered last until it returns. Throws the error that none of its procedures caught.
+void Machine::run() {
+    for (;;) {
+        try {
+            execute();
+            return;
+        } catch (const ScriptError& error) {
+            if (!recover(error)) throw;
+        } catch (const std::bad_alloc&) {
+            if (!recover(ScriptError(errors::OutOfMemory))) throw ScriptError(errors::OutOfMemory);
+        }
+    }
+}
+
+// Finds the procedure that goes on after an error and prepares it for that; the others are left. The error's line is
+// that of the statement which failed first.
+bool Machine::recover(const ScriptError& error) {
+    for (bool isInnermost = true;; isInnermost = false) {
+        Frame& frame = top();
+        const auto next = static_cast<std::uint32_t>(frame.pc - frame.procedure->code.data());
+        // Procedures that wait for another one stand behind the call.
+        const std::uint32_t pc = isInnermost ? next : next - 1;
+        if (!hasErrorLine_) {
+            errorLine_ = static_cast<int>(frame.procedure->lineAt(pc));
+            hasErrorLine_ = true;
+        }
+        if (frame.resumeNext && error.number != errors::TimedOut) {
+            hasErrorLine_ = false;
+            err_->set(error);
+            frame.pc = frame.procedure->code.data() + frame.procedure->statementAfter(pc);
+            return true;
+        }
+        const bool isEntry = frame.isEntry;
+        leave();
+        if (isEntry) return false;
+    }
+}
+
+void Machine::startClock() {
+    ticks_ = TicksPerLook;
+    hasErrorLine_ = false;
+    errorLine_ = 0;
+    if (timeout >= 0) deadline_ = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout);
+}
+
+void Machine::checkClock() {
+    if (timeout >= 0 && std::chrono::steady_clock::now() >= deadline_) throw ScriptError(errors::TimedOut);
+}
+
+void Machine::slowTick() {
+    ticks_ = TicksPerLook;
+    checkClock();
+}
+
+void Machine::setOnError(bool resumeNext) {
+    top().resumeNext = resumeNext;
+    err_->clear();
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,46 @@
+// Entering and leaving procedures; inline, because calls are frequent.
+#pragma once
+
+#include "platform/script/machine/Machine.h"
+
+namespace tolvan::script {
+
+// Lets go what a register holds; leaves its tag to be written.
+inline void letGo(Value& value) {
+    if ((value.tag & Value::HeapTypes) != 0) [[unlikely]]
+        value = Value();
+}
+
+// The window at `base` holds the result's register and `count` arguments, as many as the procedure has. Takes over a
+// reference to `me`.
+inline void Machine::enter(const Procedure& procedure, Value* base, Object* me, bool isEntry) {
+    if (base + procedure.registerCount > stackEnd_ || depth_ == DeepestCalls) [[unlikely]]
+        throw ScriptError(errors::OutOfStack);
+    letGo(base[0]);
+    base[0].tag = bits(Type::Empty);
+    Value* const end = base + procedure.variableCount;
+    for (Value* variable = base + 1 + procedure.parameterCount; variable < end; ++variable) {
+        letGo(*variable);
+        variable->tag = bits(Type::Empty);
+    }
+    Frame& frame = frames_[depth_++];
+    frame.procedure = &procedure;
+    frame.pc = procedure.code.data();
+    frame.base = base;
+    frame.me = me;
+    frame.made = nullptr;
+    frame.resumeNext = false;
+    frame.isEntry = isEntry;
+}
+
+// Leaves the running procedure; its result stays in its first register.
+inline void Machine::leave() {
+    Frame& frame = frames_[depth_ - 1];
+    Value* const end = frame.base + frame.procedure->registerCount;
+    for (Value* variable = frame.base + 1; variable < end; ++variable) letGo(*variable);
+    if (frame.me != nullptr || frame.made != nullptr) [[unlikely]]
+        leaveSlowly(frame);
+    --depth_;
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,56 @@
+#include "platform/script/machine/Machine.h"
+
+#include <cstdlib>
+#include <new>
+
+namespace tolvan::script {
+
+Machine::Machine()
+    : err_(new ErrObject(names_)),
+      errValue_(Value::adopt(err_)),
+      symbols_(std::make_unique<SymbolTable>(names_, errValue_)),
+      stack_(static_cast<Value*>(std::calloc(StackSize, sizeof(Value)))),
+      stackEnd_(stack_ + StackSize),
+      frames_(std::make_unique_for_overwrite<Frame[]>(DeepestCalls)) {
+    if (stack_ == nullptr) throw std::bad_alloc();
+}
+
+Machine::~Machine() {
+    reset();
+    std::free(stack_);
+}
+
+void Machine::reset() {
+    resetting_ = true;
+    symbols_->clearVariables();
+    // What is left holds itself, or is held by the host.
+    while (instances_ != nullptr) {
+        ClassInstance* instance = instances_;
+        const Value holder = [instance] {
+            ++instance->references;
+            return Value::adopt(instance);
+        }();
+        removeInstance(*instance);
+        instance->next = instance->previous = nullptr;
+        instance->detach();
+    }
+    names_ = Names();
+    err_ = new ErrObject(names_);
+    errValue_ = Value::adopt(err_);
+    symbols_ = std::make_unique<SymbolTable>(names_, errValue_);
+    texts_.clear();
+    randomSeed = FirstRandomSeed;
+    resetting_ = false;
+}
+
+void Machine::addModule(std::string_view source) {
+    const auto body = ModuleCompiler(*symbols_, names_, *this).compileModule(source);
+    invoke(*body, nullptr, {});
+}
+
+Value Machine::evaluate(std::string_view expression) {
+    const auto procedure = ModuleCompiler(*symbols_, names_, *this).compileExpression(expression);
+    return invoke(*procedure, nullptr, {});
+}
+
+}  // namespace tolvan::script

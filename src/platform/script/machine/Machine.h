@@ -1,0 +1,170 @@
+// Runs compiled procedures. One stack of registers; calls between procedures of the script take no native stack, calls
+// that start from within an operation (a default member, Eval, Class_Terminate) do, and are limited in depth.
+//
+// Each register always holds a valid value, or remains of one that needs no release; registers above the running
+// procedure hold nothing that would have to be released.
+#pragma once
+
+#include "platform/script/Context.h"
+#include "platform/script/ScriptError.h"
+#include "platform/script/compiler/ModuleCompiler.h"
+#include "platform/script/compiler/Program.h"
+#include "platform/script/machine/ClassInstance.h"
+#include "platform/script/machine/ErrObject.h"
+#include "platform/script/operators.h"
+
+#include <chrono>
+#include <cstddef>
+#include <cstdint>
+#include <map>
+#include <memory>
+#include <span>
+#include <string_view>
+
+namespace tolvan::script {
+
+// Variables that Execute made in a running procedure.
+using MadeVariables = std::map<NameId, std::unique_ptr<Value>>;
+
+struct Frame {
+    const Procedure* procedure;
+    const Instruction* pc;  // where to go on; kept up to date only while another frame runs
+    Value* base;            // R[0]
+    Object* me;             // counted; null outside methods
+    MadeVariables* made;    // owned; null as a rule
+    bool resumeNext;
+    bool isEntry;  // called from C++: returning ends the dispatch loop
+};
+
+class Machine : public Context {
+  public:
+    Machine();
+    ~Machine();
+
+    Names& names() { return names_; }
+    SymbolTable& symbols() { return *symbols_; }
+    ErrObject& err() { return *err_; }
+
+    // Discards all code, variables and objects.
+    void reset();
+
+    // All three throw ScriptError, and SyntaxError for what cannot be compiled.
+    void addModule(std::string_view source);
+    Value evaluate(std::string_view expression);
+    // Arguments may be References. `me` is the instance of a method.
+    Value invoke(const Procedure& procedure, Object* me, std::span<const Value> arguments);
+
+    // -1: no limit. Counts from startClock().
+    int timeout = -1;
+    void startClock();
+
+    // The line of the statement that raised the error which left the outermost procedure.
+    int errorLine() const { return errorLine_; }
+
+    void addInstance(ClassInstance& instance);
+    void removeInstance(ClassInstance& instance);
+    // Runs Class_Terminate of an instance that nobody holds any more, and deletes it.
+    void bury(ClassInstance& instance) noexcept;
+
+    // Registers of all procedures that can be active at once (16 bytes each), and procedures: as many as a script
+    // needs that recurses 20,000 deep. Beyond: error 28.
+    static constexpr std::size_t StackSize = std::size_t{1} << 18;
+    static constexpr std::size_t DeepestCalls = 20000;
+    // Calls within each other that take native stack.
+    static constexpr int DeepestNesting = 100;
+
+  private:
+    // Running (Dispatch.cpp, Frames.cpp).
+    void run();
+    void execute();
+    bool recover(const ScriptError& error);
+    Frame& top() { return frames_[depth_ - 1]; }
+    Value* freeRegisters();
+    void enter(const Procedure& procedure, Value* base, Object* me, bool isEntry);
+    void loadArguments(const Procedure& procedure, Value* base);
+    void leave();
+    void leaveSlowly(Frame& frame);
+    void slowTick();
+    void checkClock();
+
+    // Meanings of instructions: assignments (Operations.cpp).
+    void letValue(Value& target, Value&& value);
+    void setValue(Value& target, Value&& value);
+    void loadReferred(Value& target, const Value& from);
+    void let(Value& target, const Value& value);
+    bool isTrue(const Value& value);
+    void slowAdd(Value& target, const Value& left, const Value& right);
+    void slowAddInteger(Value& target, const Value& left, std::int16_t right);
+    void slowSubtract(Value& target, const Value& left, const Value& right);
+    void slowMultiply(Value& target, const Value& left, const Value& right);
+    void slowDivide(Value& target, const Value& left, const Value& right);
+    void slowIntegerDivide(Value& target, const Value& left, const Value& right);
+    void slowModulo(Value& target, const Value& left, const Value& right);
+    void slowPower(Value& target, const Value& left, const Value& right);
+    void slowConcatenate(Value& target, const Value& left, const Value& right);
+    void slowAnd(Value& target, const Value& left, const Value& right);
+    void slowOr(Value& target, const Value& left, const Value& right);
+    void slowXor(Value& target, const Value& left, const Value& right);
+    void slowEqv(Value& target, const Value& left, const Value& right);
+    void slowImp(Value& target, const Value& left, const Value& right);
+    void negateInto(Value& target, const Value& of);
+    void plusInto(Value& target, const Value& of);
+    void notInto(Value& target, const Value& of);
+    void isInto(Value& target, const Value& left, const Value& right);
+    Order slowCompare(const Value& left, const Value& right, Literal literal);
+    bool prepareFor(Value& counter, Value& limit, Value& step);
+    bool slowForNext(Value& counter, const Value& limit, const Value& step);
+
+    // Arrays (Elements.cpp).
+    Value& element(Value& array, std::span<const Value> indexes);
+    std::size_t elementNumber(const ArrayCell& cell, std::span<const Value> indexes);
+    void index(Value& target, Value& array, std::span<const Value> indexes);
+    void indexLet(Value& target, Value& array, std::span<const Value> indexes);
+    void putIndex(Value& array, std::span<const Value> indexes, const Value& value, bool isSet);
+    void referElement(Value& target, Value& array, std::span<const Value> indexes);
+    void pinArray(Value& target, Value& array);
+    void makeArray(Value& target, std::span<const Value> bounds);
+    void reDim(Value& target, std::span<const Value> bounds, bool preserve);
+    void erase(Value& target);
+    void prepareEach(Value* state, Value& group);
+    bool nextOfEach(Value* state, Value& target);
+
+    // Calls and objects (Calls.cpp). Those that return bool tell whether a procedure was entered.
+    void callBuiltin(BuiltinFunction function, Value* base, std::uint32_t count);
+    void callHost(const HostMember& member, Value* base, std::uint32_t count);
+    void putHost(const HostMember& member, Value* base, std::uint32_t count);
+    bool callMember(NameId name, Value* base, std::uint32_t count, bool isOwn);
+    bool callInstance(ClassInstance& instance, NameId name, Value* base, std::uint32_t count, bool isOwn);
+    bool callValue(Value* base, std::uint32_t count, bool isStatement);
+    void putMember(NameId name, Value* base, std::uint32_t count, bool isSet, bool isOwn);
+    void putInstance(ClassInstance& instance, NameId name, std::span<Value> arguments, bool isSet, bool isOwn);
+    void newObject(Value& target, ScriptClass& scriptClass);
+    bool askGate(const HostMember& member);
+    void evaluateText(Special what, Value* base);
+    Value runText(std::string_view source, bool isExpression, bool isGlobal);
+    ModuleCompiler::Surroundings surroundings();
+    void setOnError(bool resumeNext);
+
+    Names names_;
+    ErrObject* err_;  // held by errValue_
+    Value errValue_;
+    std::unique_ptr<SymbolTable> symbols_;
+    std::vector<std::shared_ptr<const Procedure>> texts_;  // of Execute: what they defined may still refer to them
+
+    Value* stack_;  // StackSize registers; the pages that are never used are never touched
+    Value* stackEnd_;
+    std::unique_ptr<Frame[]> frames_;
+    std::size_t depth_ = 0;
+    int nesting_ = 0;
+    int ticks_ = 0;
+    std::chrono::steady_clock::time_point deadline_;
+    int errorLine_ = 0;
+    bool hasErrorLine_ = false;
+
+    ClassInstance* instances_ = nullptr;
+    ClassInstance* dying_ = nullptr;
+    bool deleting_ = false;
+    bool resetting_ = false;
+};
+
+}  // namespace tolvan::script

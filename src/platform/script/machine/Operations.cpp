@@ -1,0 +1,168 @@
+// Assignments, operators and loops for operands of every type.
+
+#include "platform/script/ArrayCell.h"
+#include "platform/script/convert.h"
+#include "platform/script/machine/Machine.h"
+
+#include <cmath>
+
+namespace tolvan::script {
+
+namespace {
+
+bool areTexts(const Value& left, const Value& right) {
+    return left.is(Type::String) && right.is(Type::String);
+}
+
+constexpr std::uint32_t WholeTypes = bits(Type::Integer, Type::Long);
+
+}  // namespace
+
+// An array with fixed bounds is copied at once: its copy can be resized.
+void Machine::letValue(Value& target, Value&& value) {
+    Value taken(std::move(value));
+    if (taken.is(Type::Object)) taken = plain(taken);
+    if (taken.is(Type::Array) && !taken.array()->resizable) {
+        taken = Value::adopt(ArrayCell::copy(heap(), *taken.array()));
+        taken.array()->resizable = true;
+    }
+    target = std::move(taken);
+}
+
+void Machine::let(Value& target, const Value& value) {
+    letValue(target, Value(value));
+}
+
+void Machine::setValue(Value& target, Value&& value) {
+    Value taken(std::move(value));
+    if (!taken.is(Type::Object)) throw ScriptError(errors::ObjectRequired);
+    target = std::move(taken);
+}
+
+// As a condition; Null is not True.
+bool Machine::isTrue(const Value& value) {
+    return !value.is(Type::Null) && toBoolean(*this, value);
+}
+
+void Machine::slowAdd(Value& target, const Value& left, const Value& right) {
+    if (&target == &left && areTexts(left, right))
+        appendText(heap(), target, right.view());
+    else
+        target = add(*this, left, right);
+}
+
+void Machine::slowAddInteger(Value& target, const Value& left, std::int16_t right) {
+    target = add(*this, left, Value::integer(right));
+}
+
+void Machine::slowSubtract(Value& target, const Value& left, const Value& right) {
+    target = subtract(*this, left, right);
+}
+void Machine::slowMultiply(Value& target, const Value& left, const Value& right) {
+    target = multiply(*this, left, right);
+}
+void Machine::slowDivide(Value& target, const Value& left, const Value& right) {
+    target = divide(*this, left, right);
+}
+void Machine::slowIntegerDivide(Value& target, const Value& left, const Value& right) {
+    target = integerDivide(*this, left, right);
+}
+void Machine::slowModulo(Value& target, const Value& left, const Value& right) {
+    target = modulo(*this, left, right);
+}
+void Machine::slowPower(Value& target, const Value& left, const Value& right) {
+    target = power(*this, left, right);
+}
+
+// Where the text stays in its variable or temporary, it grows in place.
+void Machine::slowConcatenate(Value& target, const Value& left, const Value& right) {
+    if (&target != &left || !left.is(Type::String)) {
+        target = concatenate(*this, left, right);
+        return;
+    }
+    if (right.is(Type::String)) return appendText(heap(), target, right.view());
+    if (right.is(Type::Null)) return;
+    Value keep;
+    const std::string_view tail = toTextView(*this, right, keep);
+    appendText(heap(), target, tail);
+}
+
+void Machine::slowAnd(Value& target, const Value& left, const Value& right) {
+    target = logicalAnd(*this, left, right);
+}
+void Machine::slowOr(Value& target, const Value& left, const Value& right) {
+    target = logicalOr(*this, left, right);
+}
+void Machine::slowXor(Value& target, const Value& left, const Value& right) {
+    target = logicalXor(*this, left, right);
+}
+void Machine::slowEqv(Value& target, const Value& left, const Value& right) {
+    target = logicalEqv(*this, left, right);
+}
+void Machine::slowImp(Value& target, const Value& left, const Value& right) {
+    target = logicalImp(*this, left, right);
+}
+void Machine::negateInto(Value& target, const Value& of) {
+    target = negate(*this, of);
+}
+void Machine::notInto(Value& target, const Value& of) {
+    target = logicalNot(*this, of);
+}
+
+// A plus in front leaves a number as it is and makes one of a text.
+void Machine::plusInto(Value& target, const Value& of) {
+    Value value = plain(of);
+    if (value.is(Type::String)) value = Value::number(toDouble(*this, value));
+    if (value.is(Type::Array)) throw ScriptError(errors::TypeMismatch);
+    target = std::move(value);
+}
+
+void Machine::isInto(Value& target, const Value& left, const Value& right) {
+    if (!left.is(Type::Object) || !right.is(Type::Object)) throw ScriptError(errors::ObjectRequired);
+    target = Value::boolean(left.object() == right.object());
+}
+
+Order Machine::slowCompare(const Value& left, const Value& right, Literal literal) {
+    if (areTexts(left, right)) {
+        const int order = left.view().compare(right.view());
+        return order < 0 ? Order::Less : order > 0 ? Order::Greater : Order::Equal;
+    }
+    return compare(*this, left, right, literal);
+}
+
+// Makes numbers of the loop's three values; false if the loop is not to run at all. A limit with a fraction becomes the
+// last whole number within it where the counter is whole, so that the loop stays one of whole numbers.
+bool Machine::prepareFor(Value& counter, Value& limit, Value& step) {
+    for (Value* value : {&counter, &limit, &step}) {
+        if (value->isOneOf(WholeTypes | bits(Type::Double))) continue;
+        if (value->is(Type::Null)) throw ScriptError(errors::InvalidNull);
+        if (value->is(Type::Empty))
+            *value = Value::integer(0);
+        else
+            plusInto(*value, *value);
+        if (value->is(Type::Boolean)) *value = Value::integer(static_cast<std::int16_t>(value->as.i));
+        if (value->is(Type::Byte)) *value = Value::integer(static_cast<std::int16_t>(value->as.i));
+        if (value->is(Type::Error)) throw ScriptError(errors::TypeMismatch);
+    }
+    const bool isUp = compare(*this, step, Value::integer(0)) != Order::Less;
+    const Order order = compare(*this, counter, limit);
+    if (order == (isUp ? Order::Greater : Order::Less)) return false;
+    if (counter.isOneOf(WholeTypes) && step.isOneOf(WholeTypes) && limit.is(Type::Double)) {
+        const double within = isUp ? std::floor(limit.as.d) : std::ceil(limit.as.d);
+        if (std::fabs(within) < 2147483647.0) limit = Value::longInteger(static_cast<std::int32_t>(within));
+    }
+    return true;
+}
+
+// True if the loop goes on. The counter may have become anything meanwhile.
+bool Machine::slowForNext(Value& counter, const Value& limit, const Value& step) {
+    if (!limit.isOneOf(WholeTypes | bits(Type::Single, Type::Double, Type::Currency, Type::Date)))
+        throw ScriptError(errors::ForNotInitialised);
+    counter = add(*this, counter, step);
+    const bool isUp = compare(*this, step, Value::integer(0)) != Order::Less;
+    const Order order = compare(*this, counter, limit);
+    if (order == Order::Null) throw ScriptError(errors::InvalidNull);
+    return order != (isUp ? Order::Greater : Order::Less);
+}
+
+}  // namespace tolvan::script

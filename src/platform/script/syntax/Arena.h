@@ -1,0 +1,53 @@
+// Memory of a syntax tree: taken piece by piece, given back all at once. Holds only types without a destructor.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+#include <new>
+#include <span>
+#include <type_traits>
+#include <utility>
+#include <vector>
+
+namespace tolvan::script {
+
+class Arena {
+  public:
+    template <class T, class... Arguments>
+    T* make(Arguments&&... arguments) {
+        static_assert(std::is_trivially_destructible_v<T>);
+        return new (take(sizeof(T))) T{std::forward<Arguments>(arguments)...};
+    }
+
+    template <class T>
+    std::span<T> copy(const std::vector<T>& items) {
+        static_assert(std::is_trivially_copyable_v<T>);
+        if (items.empty()) return {};
+        T* block = static_cast<T*>(take(items.size() * sizeof(T)));
+        for (std::size_t i = 0; i < items.size(); ++i) new (block + i) T(items[i]);
+        return {block, items.size()};
+    }
+
+  private:
+    void* take(std::size_t bytes) {
+        bytes = (bytes + Alignment - 1) / Alignment * Alignment;
+        if (bytes > left_) {
+            const std::size_t size = bytes > BlockSize ? bytes : BlockSize;
+            blocks_.push_back(std::make_unique_for_overwrite<std::byte[]>(size));
+            next_ = blocks_.back().get();
+            left_ = size;
+        }
+        std::byte* piece = next_;
+        next_ += bytes;
+        left_ -= bytes;
+        return piece;
+    }
+
+    static constexpr std::size_t Alignment = alignof(std::max_align_t);
+    static constexpr std::size_t BlockSize = 64 * 1024;
+    std::vector<std::unique_ptr<std::byte[]>> blocks_;
+    std::byte* next_ = nullptr;
+    std::size_t left_ = 0;
+};
+
+}  // namespace tolvan::script

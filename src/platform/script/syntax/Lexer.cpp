@@ -1,0 +1,315 @@
+#include "platform/script/syntax/Lexer.h"
+
+#include "platform/script/StringCell.h"
+#include "platform/script/convert.h"
+
+#include <array>
+#include <charconv>
+#include <cstdlib>
+#include <unordered_map>
+
+namespace tolvan::script {
+
+namespace {
+
+// In the order of Token.
+constexpr std::array<std::string_view, 53> ReservedWords = {
+    "and",    "byref",  "byval", "call",    "case",   "class", "const", "dim",      "do",     "each",    "else",
+    "elseif", "empty",  "end",   "eqv",     "exit",   "false", "for",   "function", "goto",   "if",      "imp",
+    "in",     "is",     "let",   "loop",    "me",     "mod",   "new",   "next",     "not",    "nothing", "null",
+    "on",     "option", "or",    "private", "public", "redim", "rem",   "resume",   "select", "set",     "stop",
+    "sub",    "then",   "to",    "true",    "until",  "wend",  "while", "with",     "xor"};
+static_assert(ReservedWords.size() == static_cast<std::size_t>(Token::Xor) - static_cast<std::size_t>(Token::And) + 1);
+constexpr std::size_t LongestReserved = 8;
+
+Token reservedOrName(std::string_view word) {
+    static const std::unordered_map<std::string_view, Token> table = [] {
+        std::unordered_map<std::string_view, Token> map;
+        for (std::size_t i = 0; i < ReservedWords.size(); ++i)
+            map[ReservedWords[i]] = static_cast<Token>(static_cast<std::size_t>(Token::And) + i);
+        return map;
+    }();
+    if (word.size() > LongestReserved) return Token::Name;
+    const auto place = table.find(lowerCase(word));
+    return place == table.end() ? Token::Name : place->second;
+}
+
+bool isLetter(char byte) {
+    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
+}
+bool isDigit(char byte) {
+    return byte >= '0' && byte <= '9';
+}
+bool isNameByte(char byte) {
+    return isLetter(byte) || isDigit(byte) || byte == '_';
+}
+bool isBlank(char byte) {
+    return byte == ' ' || byte == '\t' || byte == '\v' || byte == '\f';
+}
+
+int digitValue(char byte) {
+    if (isDigit(byte)) return byte - '0';
+    if (byte >= 'a' && byte <= 'f') return byte - 'a' + 10;
+    if (byte >= 'A' && byte <= 'F') return byte - 'A' + 10;
+    return 99;
+}
+
+Value wholeNumber(std::int64_t number) {
+    if (number <= 0x7fff) return Value::integer(static_cast<std::int16_t>(number));
+    return Value::longInteger(static_cast<std::int32_t>(number));
+}
+
+}  // namespace
+
+Lexer::Lexer(std::string_view source, Names& names, std::vector<Value>& literals)
+    : source_(source), names_(names), literals_(literals) {
+    advance();
+}
+
+void Lexer::fail(Syntax number) const {
+    throw SyntaxError{number, state_.tokenLine, state_.tokenColumn};
+}
+
+void Lexer::failHere(Syntax number) const {
+    throw SyntaxError{number, state_.line, static_cast<std::uint32_t>(state_.next - state_.lineStart + 1)};
+}
+
+bool Lexer::atLineEnd(std::size_t ahead) const {
+    return atEnd(ahead) || peek(ahead) == '\r' || peek(ahead) == '\n';
+}
+
+void Lexer::takeLineEnd() {
+    if (atEnd()) return;
+    state_.next += peek() == '\r' && peek(1) == '\n' ? std::size_t{2} : std::size_t{1};
+    ++state_.line;
+    state_.lineStart = state_.next;
+}
+
+// A blank, "_" and the end of the line: the statement goes on in the next line.
+bool Lexer::skipContinuation() {
+    if (peek() != '_' || state_.next == 0 || !isBlank(source_[state_.next - 1])) return false;
+    std::size_t ahead = 1;
+    while (isBlank(peek(ahead))) ++ahead;
+    if (!atLineEnd(ahead)) return false;
+    state_.next += ahead;
+    takeLineEnd();
+    return true;
+}
+
+void Lexer::skipBlanks() {
+    do {
+        while (isBlank(peek())) ++state_.next;
+    } while (skipContinuation());
+}
+
+void Lexer::skipComment() {
+    while (!atLineEnd(0)) ++state_.next;
+}
+
+void Lexer::endLine() {
+    state_.token = atEnd() ? Token::EndOfFile : Token::EndOfLine;
+    takeLineEnd();
+}
+
+void Lexer::advance() {
+    skipBlanks();
+    state_.start = state_.next;
+    state_.tokenLine = state_.line;
+    state_.tokenColumn = static_cast<std::uint32_t>(state_.next - state_.lineStart + 1);
+    const char byte = peek();
+    if (byte == '\'') skipComment();
+    if (atLineEnd(0)) return endLine();
+    if (isLetter(byte)) return word();
+    if (isDigit(byte) || (byte == '.' && isDigit(peek(1)))) return number();
+    switch (byte) {
+        case '"':
+            return text();
+        case '#':
+            return date();
+        case '[':
+            return bracketedName();
+        case '&':
+            if (peek(1) == 'h' || peek(1) == 'H' || peek(1) == 'o' || peek(1) == 'O' || isDigit(peek(1)))
+                return hexOrOctal();
+            break;
+        default:
+            break;
+    }
+    sign();
+}
+
+void Lexer::word() {
+    while (isNameByte(peek())) ++state_.next;
+    const std::string_view spelled = spelling();
+    state_.token = reservedOrName(spelled);
+    if (state_.token == Token::Rem) {
+        skipComment();
+        return endLine();
+    }
+    if (state_.token != Token::Name) return;
+    if (spelled.size() > LongestName) fail(Syntax::IdentifierTooLong);
+    state_.name = names_.intern(spelled);
+}
+
+NameId Lexer::wordName() {
+    return state_.token == Token::Name ? state_.name : names_.intern(spelling());
+}
+
+void Lexer::bracketedName() {
+    ++state_.next;
+    const std::size_t first = state_.next;
+    while (!atLineEnd(0) && peek() != ']') ++state_.next;
+    if (atLineEnd(0)) fail(Syntax::InvalidCharacter);
+    const std::string_view spelled = source_.substr(first, state_.next - first);
+    ++state_.next;
+    if (spelled.empty()) fail(Syntax::ExpectedIdentifier);
+    if (spelled.size() > LongestName) fail(Syntax::IdentifierTooLong);
+    state_.token = Token::Name;
+    state_.name = names_.intern(spelled);
+}
+
+// Two-part signs may have blanks between their parts ("< =").
+void Lexer::sign() {
+    const char first = peek();
+    ++state_.next;
+    const auto second = [this](char wanted) {
+        std::size_t ahead = 0;
+        while (isBlank(peek(ahead))) ++ahead;
+        if (peek(ahead) != wanted) return false;
+        state_.next += ahead + 1;
+        return true;
+    };
+    switch (first) {
+        case '(':
+            state_.token = Token::Open;
+            return;
+        case ')':
+            state_.token = Token::Close;
+            return;
+        case ',':
+            state_.token = Token::Comma;
+            return;
+        case '.':
+            state_.token = Token::Dot;
+            return;
+        case ':':
+            state_.token = Token::Colon;
+            return;
+        case '+':
+            state_.token = Token::Plus;
+            return;
+        case '-':
+            state_.token = Token::Minus;
+            return;
+        case '*':
+            state_.token = Token::Times;
+            return;
+        case '/':
+            state_.token = Token::Divide;
+            return;
+        case '\\':
+            state_.token = Token::IntegerDivide;
+            return;
+        case '^':
+            state_.token = Token::Power;
+            return;
+        case '&':
+            state_.token = Token::Concatenate;
+            return;
+        case '=':
+            state_.token = second('<') ? Token::LessEqual : second('>') ? Token::GreaterEqual : Token::Equal;
+            return;
+        case '<':
+            state_.token = second('=') ? Token::LessEqual : second('>') ? Token::NotEqual : Token::Less;
+            return;
+        case '>':
+            state_.token = second('=') ? Token::GreaterEqual : second('<') ? Token::NotEqual : Token::Greater;
+            return;
+        default:
+            fail(Syntax::InvalidCharacter);
+    }
+}
+
+void Lexer::addLiteral(Value value) {
+    state_.token = Token::Literal;
+    state_.literal = static_cast<std::uint32_t>(literals_.size());
+    literals_.push_back(std::move(value));
+}
+
+void Lexer::number() {
+    bool isWhole = true;
+    while (isDigit(peek())) ++state_.next;
+    if (peek() == '.') {
+        isWhole = false;
+        ++state_.next;
+        while (isDigit(peek())) ++state_.next;
+    }
+    if (peek() == 'e' || peek() == 'E') {
+        isWhole = false;
+        ++state_.next;
+        if (peek() == '+' || peek() == '-') ++state_.next;
+        if (!isDigit(peek())) fail(Syntax::InvalidNumber);
+        while (isDigit(peek())) ++state_.next;
+    }
+    const std::string digits(spelling());
+    double value = std::strtod(digits.c_str(), nullptr);
+    if (value > 1.7976931348623157e308) fail(Syntax::InvalidNumber);
+    addLiteral(isWhole && value <= 0x7fffffff ? wholeNumber(static_cast<std::int64_t>(value)) : Value::number(value));
+}
+
+// &HFFFF is the Integer -1, &HFFFF& the Long 65535: four digits' worth of bits wrap round unless "&" follows.
+void Lexer::hexOrOctal() {
+    ++state_.next;
+    int radix = 8;
+    if (!isDigit(peek())) {
+        radix = peek() == 'h' || peek() == 'H' ? 16 : 8;
+        ++state_.next;
+    }
+    std::uint64_t bits = 0;
+    std::size_t digits = 0;
+    while (isLetter(peek()) || isDigit(peek())) {
+        const int digit = digitValue(peek());
+        if (digit >= radix) fail(Syntax::InvalidNumber);
+        bits = bits * static_cast<std::uint64_t>(radix) + static_cast<std::uint64_t>(digit);
+        if (bits > 0xffffffffu) fail(Syntax::InvalidNumber);
+        ++digits;
+        ++state_.next;
+    }
+    if (digits == 0) fail(Syntax::InvalidNumber);
+    const bool isLong = peek() == '&';
+    if (isLong) ++state_.next;
+    if (bits <= 0xffff && !isLong)
+        addLiteral(Value::integer(static_cast<std::int16_t>(static_cast<std::uint16_t>(bits))));
+    else
+        addLiteral(Value::longInteger(static_cast<std::int32_t>(static_cast<std::uint32_t>(bits))));
+}
+
+void Lexer::text() {
+    ++state_.next;
+    std::string bytes;
+    for (;;) {
+        if (atLineEnd(0)) fail(Syntax::UnterminatedString);
+        const char byte = peek();
+        ++state_.next;
+        if (byte == '"') {
+            if (peek() != '"') break;
+            ++state_.next;
+        }
+        bytes += byte;
+    }
+    addLiteral(Value::text(bytes));
+}
+
+void Lexer::date() {
+    ++state_.next;
+    const std::size_t first = state_.next;
+    while (!atLineEnd(0) && peek() != '#') ++state_.next;
+    if (atLineEnd(0)) fail(Syntax::General);
+    const std::string_view inside = source_.substr(first, state_.next - first);
+    ++state_.next;
+    const std::optional<double> days = parseDate(inside);
+    if (!days) fail(Syntax::General);
+    addLiteral(Value::date(*days));
+}
+
+}  // namespace tolvan::script

@@ -1,0 +1,22 @@
+#include "platform/script/syntax/Names.h"
+
+namespace tolvan::script {
+
+std::string lowerCase(std::string_view text) {
+    std::string lower(text);
+    for (char& byte : lower)
+        if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte + ('a' - 'A'));
+    return lower;
+}
+
+Names::Names() {
+    spellings_.push_back(std::make_unique<const std::string>());
+}
+
+NameId Names::intern(std::string_view name) {
+    const auto [place, isNew] = ids_.try_emplace(lowerCase(name), static_cast<NameId>(spellings_.size()));
+    if (isNew) spellings_.push_back(std::make_unique<const std::string>(name));
+    return place->second;
+}
+
+}  // namespace tolvan::script

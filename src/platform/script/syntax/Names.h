@@ -1,0 +1,31 @@
+// The names of an engine's scripts and hosts, each numbered once; letter case does not count.
+#pragma once
+
+#include "platform/script/Object.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <unordered_map>
+#include <vector>
+
+namespace tolvan::script {
+
+class Names {
+  public:
+    Names();
+
+    // Never DefaultMember.
+    NameId intern(std::string_view name);
+    // The spelling that came first.
+    std::string_view spelling(NameId id) const { return *spellings_[id]; }
+
+  private:
+    std::unordered_map<std::string, NameId> ids_;  // by lower-case name
+    std::vector<std::unique_ptr<const std::string>> spellings_;
+};
+
+std::string lowerCase(std::string_view text);
+
+}  // namespace tolvan::script

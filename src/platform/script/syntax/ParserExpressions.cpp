@@ -1,0 +1,240 @@
+#include "platform/script/syntax/Parser.h"
+
+#include <algorithm>
+
+namespace tolvan::script {
+
+namespace {
+
+// How tightly operators bind, loosest first; 0 is none of them.
+enum Precedence {
+    Imp = 1,
+    Eqv,
+    Xor,
+    Or,
+    And,
+    Not,
+    Compare,
+    Concatenate,
+    Add,
+    Modulo,
+    IntegerDivide,
+    Multiply,
+    Sign,
+    Power
+};
+
+int precedence(Token token) {
+    switch (token) {
+        case Token::Imp:
+            return Imp;
+        case Token::Eqv:
+            return Eqv;
+        case Token::Xor:
+            return Xor;
+        case Token::Or:
+            return Or;
+        case Token::And:
+            return And;
+        case Token::Equal:
+        case Token::NotEqual:
+        case Token::Less:
+        case Token::LessEqual:
+        case Token::Greater:
+        case Token::GreaterEqual:
+        case Token::Is:
+            return Compare;
+        case Token::Concatenate:
+            return Concatenate;
+        case Token::Plus:
+        case Token::Minus:
+            return Add;
+        case Token::Mod:
+            return Modulo;
+        case Token::IntegerDivide:
+            return IntegerDivide;
+        case Token::Times:
+        case Token::Divide:
+            return Multiply;
+        case Token::Power:
+            return Power;
+        default:
+            return 0;
+    }
+}
+
+std::uint16_t depthOf(const Expr* node) {
+    return node == nullptr ? std::uint16_t{0} : node->depth;
+}
+
+}  // namespace
+
+Expr* Parser::make(ExprKind kind) {
+    Expr* made = module_->arena.make<Expr>(kind);
+    made->line = line();
+    return made;
+}
+
+Expr* Parser::node(ExprKind kind, Token op, Expr* left, Expr* right, std::uint32_t atLine) {
+    Expr* made = make(kind);
+    made->op = op;
+    made->left = left;
+    made->right = right;
+    made->line = atLine;
+    made->depth = static_cast<std::uint16_t>(1 + std::max(depthOf(left), depthOf(right)));
+    refuseTooDeep(made);
+    return made;
+}
+
+void Parser::refuseTooDeep(Expr* tree) const {
+    if (tree->depth > DeepestTree) lexer_.fail(Syntax::OutOfMemory);
+}
+
+// Operators of one level group from the left, ^ too.
+Expr* Parser::binary(int lowestLevel) {
+    Expr* left = unary();
+    for (;;) {
+        const Token op = token();
+        const int level = precedence(op);
+        if (level == 0 || level < lowestLevel) return left;
+        const std::uint32_t atLine = line();
+        lexer_.advance();
+        left = node(ExprKind::Binary, op, left, binary(level + 1), atLine);
+    }
+}
+
+Expr* Parser::unary() {
+    const Token op = token();
+    if (op != Token::Not && op != Token::Minus && op != Token::Plus) return operand();
+    const Level level(*this);
+    const std::uint32_t atLine = line();
+    lexer_.advance();
+    Expr* of = binary(op == Token::Not ? Compare : Power);
+    return node(ExprKind::Unary, op, of, nullptr, atLine);
+}
+
+Expr* Parser::operand() {
+    return postfixes(primary());
+}
+
+Expr* Parser::primary() {
+    Expr* made = nullptr;
+    switch (token()) {
+        case Token::Literal:
+            made = make(ExprKind::Literal);
+            made->literal = lexer_.state().literal;
+            break;
+        case Token::True:
+        case Token::False:
+        case Token::Empty:
+        case Token::Null:
+        case Token::Nothing:
+            return constantValue();
+        case Token::Name:
+            made = make(ExprKind::Name);
+            made->name = lexer_.state().name;
+            break;
+        case Token::Me:
+            if (!inClass_) lexer_.fail(Syntax::InvalidMe);
+            made = make(ExprKind::Me);
+            break;
+        case Token::Dot:
+            if (withDepth_ == 0) lexer_.fail(Syntax::ExpectedExpression);
+            return member(make(ExprKind::WithTarget));
+        case Token::New:
+            lexer_.advance();
+            made = make(ExprKind::New);
+            made->name = expectName();
+            return made;
+        case Token::Open: {
+            const Level level(*this);
+            const std::uint32_t atLine = line();
+            lexer_.advance();
+            Expr* inside = expression();
+            expect(Token::Close, Syntax::ExpectedClose);
+            return node(ExprKind::Group, Token::EndOfFile, inside, nullptr, atLine);
+        }
+        default:
+            lexer_.fail(Syntax::ExpectedExpression);
+    }
+    lexer_.advance();
+    return made;
+}
+
+// The words that stand for a value.
+Expr* Parser::constantValue() {
+    Expr* made = make(ExprKind::Literal);
+    made->literal = static_cast<std::uint32_t>(module_->literals.size());
+    switch (token()) {
+        case Token::True:
+            module_->literals.push_back(Value::boolean(true));
+            break;
+        case Token::False:
+            module_->literals.push_back(Value::boolean(false));
+            break;
+        case Token::Null:
+            module_->literals.push_back(Value::null());
+            break;
+        case Token::Nothing:
+            module_->literals.push_back(Value::nothing());
+            break;
+        default:
+            module_->literals.emplace_back();
+            break;
+    }
+    lexer_.advance();
+    return made;
+}
+
+Expr* Parser::postfixes(Expr* start) {
+    Expr* chain = start;
+    for (;;) {
+        if (token() == Token::Dot)
+            chain = member(chain);
+        else if (token() == Token::Open && chain->kind != ExprKind::Literal)
+            chain = call(chain);
+        else
+            return chain;
+    }
+}
+
+// At the dot.
+Expr* Parser::member(Expr* object) {
+    const std::uint32_t atLine = line();
+    lexer_.advance();
+    if (token() != Token::Name && !isReserved(token())) lexer_.fail(Syntax::ExpectedIdentifier);
+    Expr* made = node(ExprKind::Member, Token::Dot, object, nullptr, atLine);
+    made->name = lexer_.wordName();
+    lexer_.advance();
+    return made;
+}
+
+// At the opening parenthesis.
+Expr* Parser::call(Expr* callee) {
+    const Level level(*this);
+    const std::uint32_t atLine = line();
+    lexer_.advance();
+    Expr* made = node(ExprKind::Call, Token::Open, callee, nullptr, atLine);
+    made->arguments = argumentsUpTo(Token::Close);
+    for (const Expr* argument : made->arguments)
+        made->depth = std::max(made->depth, static_cast<std::uint16_t>(argument->depth + 1));
+    refuseTooDeep(made);
+    expect(Token::Close, Syntax::ExpectedClose);
+    return made;
+}
+
+// A list with commas, in which arguments may be left out; ends before `end`, or at the end of the statement where
+// `end` is EndOfLine.
+std::span<Expr*> Parser::argumentsUpTo(Token end) {
+    std::vector<Expr*> list;
+    const auto atListEnd = [this, end] { return end == Token::Close ? token() == Token::Close : atStatementEnd(); };
+    if (atListEnd()) return {};
+    for (;;) {
+        if (list.size() == MostArguments) lexer_.fail(Syntax::OutOfMemory);
+        list.push_back(token() == Token::Comma || atListEnd() ? make(ExprKind::Missing) : expression());
+        if (!accept(Token::Comma)) break;
+    }
+    return module_->arena.copy(list);
+}
+
+}  // namespace tolvan::script
