@@ -17,7 +17,8 @@ ConsoleText::ConsoleText(PictureBox& display)
       devanagari_(consoleFont(Font::Devanagari)),
       latin_(consoleFont(Font::Latin)),
       lineHeight_(display.TextHeight(devanagari_)) {
-    // Latin letters that are dropped stand on one line with the Devanagari ones.
+    // As low as signs below the letters allow. Latin letters that are dropped stand on one line with the others.
+    devanagari_.setBaseline(0.7 * lineHeight_);
     latin_.setBaseline(devanagari_.baseline() - LatinDrop());
 }
 

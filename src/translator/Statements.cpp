@@ -27,6 +27,7 @@ constexpr std::string_view filled = " -rlele "_deva;
 constexpr std::string_view radius = " iÇJya "_deva;
 constexpr std::string_view ofRadius = " iÇJyace "_deva;
 constexpr std::string_view which = " Aaslele "_deva;
+static_assert(which.size() == ofRadius.size(), "either one stands before the colour of a circle");
 }  // namespace marker
 
 class WorkingLine {
@@ -39,18 +40,23 @@ class WorkingLine {
     }
     bool contains(std::string_view word) const { return pos(word) > 0; }
 
-    // At most `count` characters from position `start`; none if `count` is negative.
-    StyledView piece(Position start, Position count) const {
-        if (count <= 0) return {};
-        return text_.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(count));
+    // From position `start` to the one before `end`; nothing if `end` is not behind it.
+    StyledView between(Position start, Position end) const {
+        if (end <= start) return {};
+        return text_.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(end - start));
     }
-    StyledView head(Position count) const { return piece(1, count); }
-    StyledView from(Position start) const { return piece(start, static_cast<Position>(text_.size())); }
+    StyledView upTo(Position last) const { return between(1, last + 1); }
+    StyledView from(Position start) const { return text_.substr(static_cast<std::size_t>(start - 1)); }
     StyledView text() const { return text_; }
 
   private:
     StyledView text_;
 };
+
+// An argument begins with the blank that ends the marker before it. A missing marker counts like one at position 0.
+constexpr Position lastOf(std::string_view marker, Position position) {
+    return position + static_cast<Position>(marker.size()) - 1;
+}
 
 class PartList {
   public:
@@ -80,7 +86,7 @@ StyledText withoutWord(StyledView line, std::string_view word) {
 }
 
 void cutComment(const WorkingLine& line, PartList& parts) {
-    parts.line(line.head(line.pos(words::comment) - 1));
+    parts.line(line.upTo(line.pos(words::comment) - 1));
 }
 
 void cutCountedLoop(const WorkingLine& whole, PartList& parts) {
@@ -89,11 +95,11 @@ void cutCountedLoop(const WorkingLine& whole, PartList& parts) {
     const Position s = line.pos(words::loopVariable);
     const Position t = line.pos(words::loopEnd);
     parts.script("for ");
-    parts.variable(line.head(s - 1));
+    parts.variable(line.upTo(s - 1));
     parts.script(" = ");
-    parts.argument(line.piece(s + 5, t - s - 5));
+    parts.argument(line.between(lastOf(words::loopVariable, s), t));
     parts.script(" to ");
-    parts.argument(line.from(t + 3));
+    parts.argument(line.from(lastOf(words::loopEnd, t)));
 }
 
 // End point, start point and colour of a line or a box. The host takes the end point first.
@@ -101,14 +107,14 @@ void cutTwoPoints(const WorkingLine& line, std::string_view colourMarker, PartLi
     const Position p = line.pos(marker::from);
     const Position q = line.pos(marker::upTo);
     const Position r = line.pos(colourMarker);
-    parts.coordinates(trimBlanks(p > 0 ? line.piece(p + 6, q - p - 6) : line.head(q)));
+    parts.coordinates(trimBlanks(p > 0 ? line.between(lastOf(marker::from, p), q) : line.upTo(q)));
     if (p > 0) {
         parts.script(",");
-        parts.coordinates(trimBlanks(line.head(p)));
+        parts.coordinates(trimBlanks(line.upTo(p)));
     }
     if (r > 0) {
         parts.script(p > 0 ? "," : ",,,");
-        parts.argument(trimBlanks(line.piece(q + 6, r - q - 6)));
+        parts.argument(trimBlanks(line.between(lastOf(marker::upTo, q) + 1, r)));
     }
 }
 
@@ -127,10 +133,10 @@ void cutPoint(const WorkingLine& line, PartList& parts) {
     const Position v = line.pos(marker::on);
     const Position r = line.pos(marker::pointColour);
     parts.script("ParentForm.DrawPoint ");
-    parts.coordinates(trimBlanks(line.head(v)));
+    parts.coordinates(trimBlanks(line.upTo(v)));
     if (r > 0) {
         parts.script(",");
-        parts.argument(line.piece(v + 3, r - v - 2));
+        parts.argument(line.between(lastOf(marker::on, v), r + 1));
     }
 }
 
@@ -139,13 +145,13 @@ void cutCircle(const WorkingLine& line, PartList& parts) {
     const Position r = line.pos(marker::colour);
     const Position ofRadius = line.pos(marker::ofRadius);
     const Position radiusEnd = ofRadius > 0 ? ofRadius : line.pos(marker::radius);
-    const Position a = ofRadius > 0 ? ofRadius : line.pos(marker::which);
+    const Position a = ofRadius > 0 ? ofRadius : line.pos(marker::which);  // before the colour
     parts.script("ParentForm.DrawCircle ");
-    parts.coordinates(trimBlanks(line.head(p - 1)));
+    parts.coordinates(trimBlanks(line.upTo(p - 1)));
     parts.script(", ");
-    parts.argument(line.piece(p + 6, radiusEnd - p - 6));
+    parts.argument(line.between(lastOf(marker::from, p), radiusEnd));
     parts.script(",");
-    if (r > 0) parts.argument(line.piece(a + 8, r - a - 8));
+    if (r > 0) parts.argument(line.between(lastOf(marker::which, a), r));
     parts.script(line.contains(marker::filled) ? ", TRUE" : ", FALSE");
 }
 
@@ -154,15 +160,14 @@ void cutFunctionEnd(const WorkingLine&, PartList& parts) {
 }
 
 struct StatementForm {
-    enum class Order {
-        Any,
-        AsListed
-    };  // where the later words may begin: anywhere, or behind the beginning of the first
+    enum class Order { Any, FirstBeforeOthers };
+
     std::array<std::string_view, 4> words;  // unused ones are empty, which every line holds
     Order order;
     void (*cut)(const WorkingLine&, PartList&);
 };
 
+// In the order in which a line is tested for them.
 constexpr auto forms = std::to_array<StatementForm>({
     {{words::comment}, StatementForm::Order::Any, cutComment},
     {{words::loopEnd, words::loopVariable}, StatementForm::Order::Any, cutCountedLoop},
@@ -170,13 +175,13 @@ constexpr auto forms = std::to_array<StatementForm>({
     {{upTo, "Aayt"_deva, "kaF"_deva}, StatementForm::Order::Any, cutBox},
     {{" ib<Ë "_deva, " kaF"_deva}, StatementForm::Order::Any, cutPoint},
     {{"iÇJya"_deva, "pasun"_deva, "vtuR¦"_deva, "kaF"_deva}, StatementForm::Order::Any, cutCircle},
-    {{words::function, words::end}, StatementForm::Order::AsListed, cutFunctionEnd},
+    {{words::function, words::end}, StatementForm::Order::FirstBeforeOthers, cutFunctionEnd},
 });
 
 bool hasForm(const StatementForm& form, std::string_view line) {
     const std::size_t first = line.find(form.words[0]);
     if (first == std::string_view::npos) return false;
-    const std::size_t start = form.order == StatementForm::Order::AsListed ? first + 1 : 0;
+    const std::size_t start = form.order == StatementForm::Order::FirstBeforeOthers ? first + 1 : 0;
     return std::all_of(form.words.begin() + 1, form.words.end(),
                        [&](std::string_view word) { return line.find(word, start) != std::string_view::npos; });
 }

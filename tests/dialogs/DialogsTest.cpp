@@ -5,6 +5,7 @@
 #include "dialogs/RichTextView.h"
 #include "dialogs/frmErrorBox.h"
 #include "platform/encoding/Deva.h"
+#include "platform/fonts/FontEncoding.h"
 
 #include <QPushButton>
 #include <QScreen>
@@ -115,22 +116,16 @@ Seen see(const char* messageName, Show show) {
     return seen;
 }
 
-QString unicode(std::string_view fontEncoded) {
-    QString text;
-    for (const char byte : fontEncoded) text += QChar(windows1252ToUnicode(static_cast<std::uint8_t>(byte)));
-    return text;
-}
-
 TEST(Boxes, TitlesAndCaptions) {
     const Seen message = see("txtMessage", [] { ShowMessage("x"); });
     EXPECT_EQ(message.title, "tolvn beisk"_deva);
-    EXPECT_EQ(message.captions, QStringList{unicode("QIk Aahe")});
+    EXPECT_EQ(message.captions, QStringList{toQString("QIk Aahe")});
     const Seen question = see("txtQuestion", [] { AskQuestion("x"); });
     EXPECT_EQ(question.title, "àZn"_deva);
-    EXPECT_EQ(question.captions, (QStringList{unicode("hae"), unicode("nahI"), unicode("rÎ"_deva)}));
+    EXPECT_EQ(question.captions, (QStringList{toQString("hae"), toQString("nahI"), toQString("rÎ"_deva)}));
     const Seen error = see("txtError", [] { ShowError(11, 1); });
     EXPECT_EQ(error.title, "gfbf"_deva);
-    EXPECT_EQ(error.captions, (QStringList{unicode("calu Qev"), unicode("wa<bv")}));
+    EXPECT_EQ(error.captions, (QStringList{toQString("calu Qev"), toQString("wa<bv")}));
 }
 
 TEST(ShowError, TellsTheTablesTextOrTheLine) {
@@ -145,7 +140,8 @@ TEST(ShowError, TellsTheTablesTextOrTheLine) {
         {-2147483647 - 1, -1, "tolvn beiskla Aae¦ -1 Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva},
     };
     for (const auto& [number, line, message] : cases)
-        EXPECT_EQ(see("txtError", [&, n = number, l = line] { ShowError(n, l); }).message, unicode(message)) << number;
+        EXPECT_EQ(see("txtError", [&, n = number, l = line] { ShowError(n, l); }).message, toQString(message))
+            << number;
 }
 
 TEST(Boxes, GrowWithTheTextAndThenScroll) {

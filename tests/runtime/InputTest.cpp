@@ -25,13 +25,8 @@ TEST_F(InputTest, WhatIsTypedIsTheAnswer) {
     struct {
         const char* typed;
         std::string_view answer;
-    } const cases[] = {{"", ""},
-                       {"5", "5"},
-                       {"-5", "{-}5"},
-                       {"kamal", "kml"_deva},
-                       {"k", "k!"_deva},
-                       {"#BASIC#", "{BASIC}"},
-                       {"#a{b#", "{a\\{b}"}};
+    } const cases[] = {
+        {"", ""}, {"5", "5"}, {"-5", "{-}5"}, {"kamal", "kml"_deva}, {"#BASIC#", "{BASIC}"}, {"#a{b#", "{a\\{b}"}};
     for (const auto& [typed, answer] : cases) {
         EXPECT_EQ(ask([this, typed = typed] {
                       type(typed);
@@ -197,6 +192,7 @@ TEST_F(InputTest, TakesTheKeyboardBackOnlyAfterTheAboutBox) {
     });
     console->ShowAbout();
     EXPECT_TRUE(console->KeepInputFocus());
+    QApplication::setActiveWindow(console.get());
     ask([&] {
         EXPECT_TRUE(keepsFocus());
         enter();

@@ -15,7 +15,13 @@ ANUSVARA = "ं"
 CODE_VIRAMA, CODE_YA_FORM, CODE_RA_FORM, CODE_REPH, CODE_REPH_ANUSVARA = 33, 40, 43, 82, 161
 CODE_SHORT_I, CODE_ANUSVARA, CODE_ANUSVARA_AFTER_LONG_I = 105, 60, 151
 CODE_NUKTA, CODE_NUKTA_LOW = 136, 150
+CODE_U, CODE_UU, CODE_VOCALIC_R, CODE_VOCALIC_RR = 117, 85, 38, 169
 LOW_NUKTA_LETTERS = "डढ"
+# The signs under a letter have three places: the usual one, right of a stem in the middle, below what reaches low.
+MIDDLE_STEMS = (107, 41, 179, 181, 172)
+LOW_LETTERS = (113, 81, 102, 70, 68, 39)
+SIGNS_RIGHT = {CODE_U: 133, CODE_UU: 170, CODE_VOCALIC_R: 171, CODE_VOCALIC_RR: 168}
+SIGNS_LOW = {CODE_U: 130, CODE_UU: 131, CODE_VOCALIC_R: 175, CODE_VOCALIC_RR: 176}
 
 # What the table has no single code for.
 COMPOSED = {
@@ -35,7 +41,8 @@ LETTERS_WITH_NUKTA |= {"ऩ": "न" + NUKTA, "ऴ": "ळ" + NUKTA}
 
 LETTER = "[क-ह]" + NUKTA + "?"
 SYLLABLE = re.compile(
-    f"(?P<cluster>{LETTER}(?:{VIRAMA}{LETTER})*)(?P<virama>{VIRAMA}?)(?P<sign>[ा-ॄॅे-ौॢ]?)(?P<marks>[ंँः]*)"
+    f"(?P<cluster>{LETTER}(?:{VIRAMA}{LETTER})*)(?P<virama>{VIRAMA}?)"
+    + "(?P<sign>[ा-ॄॅे-ौॢ]?)(?P<marks>[ंँः]*)"
 )
 REPH_OVER_VOWEL = re.compile(f"{RA}{VIRAMA}(?P<vowel>[अ-औॠॡ])")
 
@@ -61,6 +68,7 @@ class Speller:
         for row in rows:
             if row.kind in ("blank", "vowel", "sign", "mark", "digit", "other"):
                 self.single.setdefault(row.draws, row.code)
+        self.single |= {"ु": CODE_U, "ू": CODE_UU, "ृ": CODE_VOCALIC_R, "ॄ": CODE_VOCALIC_RR}
 
     def spell(self, text):
         """The bytes of a text; raises Unspellable for what the encoding cannot say."""
@@ -101,7 +109,7 @@ class Speller:
             if syllable and codes[-1] == self.full[letters[-1]]:
                 codes[-1] = syllable
             else:
-                codes += self.spell_single(sign)
+                codes += self.spell_sign(sign, codes[-1])
         if reph and marks.startswith(ANUSVARA):
             codes.append(CODE_REPH_ANUSVARA)
             marks = marks[1:]
@@ -111,6 +119,10 @@ class Speller:
             after_long_i = mark == ANUSVARA and sign == LONG_I and not reph
             codes += [CODE_ANUSVARA_AFTER_LONG_I] if after_long_i else self.spell_single(mark)
         return codes
+
+    def spell_sign(self, sign, letter):
+        places = SIGNS_RIGHT if letter in MIDDLE_STEMS else SIGNS_LOW if letter in LOW_LETTERS else {}
+        return [places.get(code, code) for code in self.spell_single(sign)]
 
     @lru_cache(maxsize=None)
     def spell_cluster(self, letters):

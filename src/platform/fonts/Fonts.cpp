@@ -41,8 +41,7 @@ const StandIn* standInOf(Font font) {
 
 bool load(const StandIn& standIn) {
     bool loaded = true;
-    for (const QString& file : standIn.files)
-        loaded = QFontDatabase::addApplicationFont(file) >= 0 && loaded;
+    for (const QString& file : standIn.files) loaded = QFontDatabase::addApplicationFont(file) >= 0 && loaded;
     return loaded && QFontDatabase::families().contains(standIn.family);
 }
 

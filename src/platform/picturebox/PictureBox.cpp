@@ -106,8 +106,8 @@ void PictureBox::NewLine(PictureFont& font) {
 }
 
 void PictureBox::ScrollUp(float distance) {
-    const double rows = device(distance);
-    if (rows >= 1 && rows < surface_.height()) surface_.scrollUp(static_cast<int>(rows));
+    const double rows = std::clamp(device(distance), 0.0, surface_.height() * 1.0);
+    if (rows > 0) surface_.scrollUp(static_cast<int>(rows));
     changed();
 }
 

@@ -48,7 +48,7 @@ class PictureBox : public QWidget {
     // To the start of the next line in this font.
     void NewLine(PictureFont& font);
 
-    // Moves the picture up; the strip at the bottom keeps what it showed.
+    // Moves the picture up; the strip that comes in at the bottom is black.
     void ScrollUp(float distance);
     // Wipes everything; the position moves to the top left.
     void Cls();

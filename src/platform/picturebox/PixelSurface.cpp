@@ -148,10 +148,9 @@ void PixelSurface::drawText(const Coverage& text, double x, double y, Pixel colo
 }
 
 void PixelSurface::scrollUp(int rows) {
-    if (rows <= 0 || rows >= height_) return;
+    if (rows >= height_) return clear();
     top_ = (top_ + rows) % height_;
-    // The rows that came round from the top take what the bottom showed, which has moved away from there.
-    for (int y = height_ - rows; y < height_; ++y) std::copy_n(row((y - rows + height_) % height_), width_, row(y));
+    for (int y = height_ - rows; y < height_; ++y) fillRow(y, 0, width_ - 1, background_);
 }
 
 }  // namespace tolvan

@@ -44,7 +44,7 @@ class PixelSurface {
     void fillCircle(double x, double y, double radius, int pen, Pixel colour);
     void drawText(const Coverage& text, double x, double y, Pixel colour);
 
-    // Moves everything up. The rows at the bottom keep what they showed.
+    // Moves everything up; the rows that come in at the bottom are background.
     void scrollUp(int rows);
 
   private:

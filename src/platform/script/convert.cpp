@@ -149,6 +149,10 @@ double toDate(Context& context, const Value& value) {
 }
 
 std::int64_t currencyOf(double number) {
+    // A product of Doubles is as near to a half as the decimals that were meant; from 2^53 on only the wider type has
+    // room for all its digits.
+    const double product = number * 10000;
+    if (std::abs(product) < 9007199254740992.0) return static_cast<std::int64_t>(std::nearbyint(product));
     const long double scaled = std::nearbyint(static_cast<long double>(number) * 10000);
     constexpr long double Limit = 9223372036854775808.0L;
     if (scaled < -Limit || scaled >= Limit) throw ScriptError(errors::Overflow);

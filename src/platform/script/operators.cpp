@@ -249,10 +249,10 @@ Value concatenate(Context& context, const Value& left, const Value& right) {
     if (leftNull && rightNull) return Value::null();
     if (rightNull) return toText(context, operands.left);
     Value joined = leftNull ? context.text({}) : toText(context, operands.left);
+    if (joined.view().empty()) return toText(context, operands.right);
     Value keep;
     const std::string_view tail = toTextView(context, operands.right, keep);
     if (tail.empty()) return joined;
-    if (joined.string()->length == 0) return operands.right.is(Type::String) ? operands.right : std::move(keep);
     appendText(context.heap(), joined, tail);
     return joined;
 }

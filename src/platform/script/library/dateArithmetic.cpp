@@ -51,7 +51,9 @@ std::int64_t monthsOf(const CivilDay& civil) {
 std::int64_t addMonths(std::int64_t day, std::int64_t months) {
     CivilDay civil = civilOf(day);
     const std::int64_t sum = monthsOf(civil) + months;
-    if (sum < 100 * 12 || sum >= 10000 * 12) raise(errors::InvalidCall);
+    constexpr std::int64_t First = 100 * 12;
+    constexpr std::int64_t Last = 9999 * 12 + 11;
+    if (sum < First || sum > Last) raise(errors::InvalidCall);
     civil.year = sum / 12;
     civil.month = static_cast<int>(sum % 12) + 1;
     civil.day = std::min(civil.day, daysInMonth(civil.year, civil.month));

@@ -32,7 +32,7 @@ FixedPoint fixedPoint(const Digits& digits, int decimals) {
         text.insert(0, static_cast<std::size_t>(-point), '0');
         point = 0;
     }
-    const auto size = static_cast<std::size_t>(point + decimals);
+    const auto size = static_cast<std::size_t>(point) + static_cast<std::size_t>(decimals);
     const bool up = size < text.size() && text[size] >= '5';
     text.resize(size, '0');
     std::size_t last = size;

@@ -7,7 +7,7 @@
 #include <algorithm>
 #include <bit>
 #include <cmath>
-#include <limits>
+#include <iterator>
 
 namespace tolvan::script {
 
@@ -63,8 +63,9 @@ Value cutFraction(Context& context, Value& argument, Cut cut) {
 Value wholeUnits(std::int64_t tenThousandths, bool towardsZero) {
     std::int64_t rest = tenThousandths % 10000;
     if (rest < 0 && !towardsZero) rest += 10000;
-    if (tenThousandths < std::numeric_limits<std::int64_t>::min() + rest) raise(errors::Overflow);
-    return Value::currency(tenThousandths - rest);
+    std::int64_t whole = 0;
+    if (__builtin_sub_overflow(tenThousandths, rest, &whole)) raise(errors::Overflow);
+    return Value::currency(whole);
 }
 
 Value fix(Context& context, ArgumentList arguments) {
@@ -79,9 +80,11 @@ Value intOf(Context& context, ArgumentList arguments) {
 }
 
 double roundDecimals(double number, int decimals) {
-    if (decimals == 0) return std::nearbyint(number);
-    if (decimals > 22) return number;
-    const double scale = std::pow(10.0, decimals);
+    // The powers of ten that a Double holds exactly.
+    constexpr double Powers[] = {1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
+    if (decimals >= static_cast<int>(std::size(Powers))) return number;
+    const double scale = Powers[decimals];
     const double scaled = number * scale;
     // From 2^53 on there is no fraction to round.
     if (std::abs(scaled) >= 9007199254740992.0) return number;

@@ -137,17 +137,26 @@ double valueOf(Decimal decimal) {
     return sign * value;
 }
 
-// The most common texts: a sign and up to 15 digits, perhaps with a point.
+// The most common texts: a sign and up to 15 digits, perhaps with a point. The digits and the power of ten are exact
+// then, and their quotient is the nearest number.
 std::optional<double> parseShort(std::string_view text) {
     const bool negative = !text.empty() && text.front() == '-';
     if (negative) text.remove_prefix(1);
-    if (text.empty() || text.size() > 15) return std::nullopt;
+    if (text.empty() || text.size() > 16) return std::nullopt;
     std::int64_t whole = 0;
+    double unit = 0;  // of the last digit, upside down; 0 before the point
     for (const char c : text) {
+        if (c == '.' && unit == 0) {
+            unit = 1;
+            continue;
+        }
         if (!isDigit(c)) return std::nullopt;
         whole = whole * 10 + (c - '0');
+        unit *= 10;
     }
-    return static_cast<double>(negative ? -whole : whole);
+    if (unit == 0 ? text.size() > 15 : text.size() == 1) return std::nullopt;
+    const auto number = static_cast<double>(negative ? -whole : whole);
+    return unit == 0 ? number : number / unit;
 }
 
 int digitValue(char c) {

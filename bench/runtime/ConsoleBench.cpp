@@ -1,0 +1,108 @@
+// What a program that prints and draws without pause gets done in the console at its opening size, with its polls and
+// the painting of the window; and how long it takes to stop.
+#include "platform/fonts/Fonts.h"
+#include "runtime/frmExec.h"
+
+#include <QApplication>
+#include <QKeyEvent>
+#include <QTimer>
+
+#include <benchmark/benchmark.h>
+#include <chrono>
+#include <string>
+
+namespace tolvan {
+namespace {
+
+constexpr const char* poll = "\r\nif not parentform.checkforevents then err.raise 1001\r\n";
+
+// A counted loop around one statement, as the translator writes it; `i` counts.
+std::string loopModule(int count, const std::string& statement) {
+    return std::string("Sub Main()") + poll + "For i = 1 To " + std::to_string(count) + poll + statement + poll +
+           "Next\r\nEnd Sub\r\n";
+}
+
+void runLoop(benchmark::State& state, const char* statement, int count) {
+    const std::string module = loopModule(count, statement);
+    RunState run;
+    frmExec console(run);
+    console.show();
+    for (auto _ : state) {
+        run.CompiledScript = module;
+        console.execute();
+    }
+    state.SetItemsProcessed(state.iterations() * count);
+}
+
+void printSameLine(benchmark::State& state) {
+    runLoop(state, "parentform.PrintString \"he {=} kml \"", 20'000);
+}
+void printNumbers(benchmark::State& state) {
+    runLoop(state, "parentform.PrintString i & \" * {=} \" & i * i", 20'000);
+}
+void printNewWords(benchmark::State& state) {
+    runLoop(state, "parentform.PrintString \"kml\" & i & \"rIt \" & i + 7 & \"paca\"", 20'000);
+}
+void drawPoints(benchmark::State& state) {
+    runLoop(state, "ParentForm.DrawPoint i Mod 797,i Mod 557,i", 300'000);
+}
+void drawShortLines(benchmark::State& state) {
+    runLoop(state, "parentform.DrawLine i Mod 797,i Mod 557,i Mod 797 + 15,i Mod 557 + 9,i", 100'000);
+}
+void drawCircles(benchmark::State& state) {
+    runLoop(state, "ParentForm.DrawCircle i Mod 797,i Mod 557,12,i, TRUE", 100'000);
+}
+void emptyLoop(benchmark::State& state) {
+    runLoop(state, "a = i", 1'000'000);
+}
+
+BENCHMARK(printSameLine)->Unit(benchmark::kMillisecond);
+BENCHMARK(printNumbers)->Unit(benchmark::kMillisecond);
+BENCHMARK(printNewWords)->Unit(benchmark::kMillisecond);
+BENCHMARK(drawPoints)->Unit(benchmark::kMillisecond);
+BENCHMARK(drawShortLines)->Unit(benchmark::kMillisecond);
+BENCHMARK(drawCircles)->Unit(benchmark::kMillisecond);
+BENCHMARK(emptyLoop)->Unit(benchmark::kMillisecond);
+
+// From the key that stops an endless loop around a statement until the run has returned.
+void stop(benchmark::State& state, const char* statement) {
+    const std::string module = loopModule(2'000'000'000, statement);
+    RunState run;
+    frmExec console(run);
+    double longest = 0;
+    for (auto _ : state) {
+        console.show();
+        std::chrono::steady_clock::time_point pressed;
+        QTimer::singleShot(100, &console, [&] {
+            pressed = std::chrono::steady_clock::now();
+            QApplication::postEvent(&console, new QKeyEvent(QEvent::KeyPress, Qt::Key_F4, Qt::NoModifier));
+        });
+        run.CompiledScript = module;
+        console.execute();
+        const std::chrono::duration<double> waited = std::chrono::steady_clock::now() - pressed;
+        state.SetIterationTime(waited.count());
+        longest = std::max(longest, waited.count());
+    }
+    state.counters["longest_ms"] = longest * 1000;
+}
+BENCHMARK_CAPTURE(stop, loop, "a = i")->UseManualTime()->Unit(benchmark::kMillisecond)->Iterations(20);
+BENCHMARK_CAPTURE(stop, printing, "parentform.PrintString \"kml\"")
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(20);
+BENCHMARK_CAPTURE(stop, drawing, "parentform.DrawLine 0,0,800,600,i")
+    ->UseManualTime()
+    ->Unit(benchmark::kMillisecond)
+    ->Iterations(20);
+
+}  // namespace
+}  // namespace tolvan
+
+int main(int argumentCount, char** arguments) {
+    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    QApplication application(argumentCount, arguments);
+    QApplication::setOrganizationName(QStringLiteral("TolbasicBench"));
+    tolvan::loadStandIns();
+    benchmark::Initialize(&argumentCount, arguments);
+    benchmark::RunSpecifiedBenchmarks();
+}
