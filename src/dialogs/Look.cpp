@@ -42,11 +42,11 @@ QPalette palette() {
     return palette;
 }
 
-// Colours are written into it by their names above.
+// Colours are written into it by their names above; @above and @below are paddings that centre Devanagari text.
 constexpr const char* styleSheetPattern = R"(
     QPushButton {
         background: @paper; color: @text; border: 1px solid @line; border-radius: 0.3em;
-        padding: 0.3em 1em; min-width: 4em;
+        padding: @above 1em @below 1em; min-width: 4em;
     }
     QPushButton:hover { background: @accentLight; border-color: @frameActive; }
     QPushButton:pressed { background: @captionActive; }
@@ -55,12 +55,12 @@ constexpr const char* styleSheetPattern = R"(
     QPushButton:default:hover { background: @frameActive; }
     QPushButton:disabled { background: @footer; color: @greyedText; border-color: @line; }
     QMenu { background: @paper; color: @text; border: 1px solid @frameInactive; padding: 0.2em 0; }
-    QMenu::item { padding: 0.25em 2em 0.25em 1.2em; }
+    QMenu::item { padding: @above 2em @below 1.2em; }
     QMenu::item:selected { background: @accentLight; }
     QMenu::item:disabled { color: @greyedText; background: transparent; }
     QMenu::separator { height: 1px; background: @line; margin: 0.25em 0.6em; }
     QMenuBar { background: @background; border-bottom: 1px solid @line; }
-    QMenuBar::item { padding: 0.25em 0.7em; background: transparent; }
+    QMenuBar::item { padding: @above 0.7em @below 0.7em; background: transparent; }
     QMenuBar::item:selected, QMenuBar::item:pressed { background: @accentLight; }
     QToolBar { background: @footer; border: none; border-bottom: 1px solid @line; padding: 0.15em; spacing: 0.1em; }
     QToolButton { border: 1px solid transparent; border-radius: 0.25em; padding: 0.2em; }
@@ -100,6 +100,9 @@ QString styleSheet() {
     };
     QString sheet = QString::fromLatin1(styleSheetPattern);
     for (const auto& [name, colour] : names) sheet.replace(QLatin1String(name), colour.name());
+    const auto pixels = [](int count) { return QString::number(std::max(0, count)) + QLatin1String("px"); };
+    sheet.replace(QLatin1String("@above"), pixels(em(0.3) + devanagariDrop()));
+    sheet.replace(QLatin1String("@below"), pixels(em(0.3) - devanagariDrop()));
     return sheet;
 }
 
@@ -117,6 +120,15 @@ void apply(QApplication& application) {
 QFont controlFont(Font font) {
     const qreal desktopSize = std::max(9.0, QFontInfo(QApplication::font()).pointSizeF());
     return qtFont(font, desktopSize * devanagariScale);
+}
+
+int devanagariBodyHeight() {
+    return QFontMetrics(controlFont(Font::Devanagari)).tightBoundingRect(toQString("k")).height();
+}
+
+int devanagariDrop() {
+    const QFontMetrics metrics(controlFont(Font::Devanagari));
+    return (metrics.height() + devanagariBodyHeight()) / 2 - metrics.ascent();
 }
 
 int em() {

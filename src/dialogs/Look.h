@@ -41,6 +41,13 @@ void apply(QApplication& application);
 // desktop's texts.
 QFont controlFont(Font font);
 
+// How far below the middle of its line Devanagari text of controls must stand to look centred: the font leaves more
+// room under its letters than over them. Logical pixels.
+int devanagariDrop();
+
+// Between the base line of control text and its head line. Logical pixels.
+int devanagariBodyHeight();
+
 // The unit of distances: logical pixels, the height of an "M" square of the desktop's font. At least 12.
 int em();
 inline int em(double count) {

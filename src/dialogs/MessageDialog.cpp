@@ -1,5 +1,6 @@
 #include "dialogs/MessageDialog.h"
 
+#include "dialogs/Look.h"
 #include "dialogs/RichTextView.h"
 #include "platform/richtext/RtfWriter.h"
 
@@ -20,7 +21,11 @@ MessageDialog::MessageDialog(std::string_view title, MessageSign::Kind sign, con
     : FramedDialog(title, parent), view_(new RichTextView(this)) {
     view_->setObjectName(QLatin1String(messageName));
     body().addWidget(new MessageSign(sign, this), 0, Qt::AlignTop);
-    body().addWidget(view_, 1, Qt::AlignVCenter);
+    auto* column = new QVBoxLayout;  // one line of text looks centred beside the sign
+    column->setContentsMargins(0, 2 * look::devanagariDrop(), 0, 0);
+    column->addWidget(view_, 0, Qt::AlignVCenter);
+    body().addLayout(column);
+    body().addStretch(1);
 }
 
 void MessageDialog::setMessage(std::string_view fragment) {

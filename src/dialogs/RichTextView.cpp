@@ -16,7 +16,8 @@
 namespace tolvan {
 namespace {
 
-constexpr double unlimited = 1e6;
+// The head line of a letter reaches a little beyond its own width, so that words look whole.
+constexpr int overhang = 2;
 
 QColor colourOf(const RichFormat& format) {
     if (!format.colour) return look::text;
@@ -38,41 +39,35 @@ QTextCharFormat charFormat(const RichFormat& format, const RichDocument& documen
     return result;
 }
 
-// Ends the line at the last blank that it reaches; in a word that is longer than the line, where the line ends.
-void breakAtBlank(QTextLine& line, const QString& text) {
-    const auto start = line.textStart();
-    const auto end = start + line.textLength();
-    if (end >= text.size() || end == start) return;
-    if (text[end - 1] == QLatin1Char(' ')) return;
-    if (text[end] == QLatin1Char(' ')) return line.setNumColumns(end + 1 - start);
-    const auto blank = text.lastIndexOf(QLatin1Char(' '), end - 1);
-    if (blank > start) line.setNumColumns(static_cast<int>(blank) + 1 - start);
-}
-
 // The formats of a part of the text, whose first character is number 0 for them.
-QList<QTextLayout::FormatRange> formatsWithin(const QList<QTextLayout::FormatRange>& formats, std::size_t from,
-                                              std::size_t to) {
+QList<QTextLayout::FormatRange> formatsWithin(const QList<QTextLayout::FormatRange>& formats, qsizetype from,
+                                              qsizetype to) {
     QList<QTextLayout::FormatRange> within;
     for (const auto& range : formats) {
-        const int start = std::max(range.start, static_cast<int>(from));
-        const int end = std::min(range.start + range.length, static_cast<int>(to));
-        if (start < end) within.append({start - static_cast<int>(from), end - start, range.format});
+        const qsizetype start = std::max<qsizetype>(range.start, from);
+        const qsizetype end = std::min<qsizetype>(range.start + range.length, to);
+        if (start < end) within.append({static_cast<int>(start - from), static_cast<int>(end - start), range.format});
     }
     return within;
 }
 
-// The height of the lines.
-double layOutLines(QTextLayout& layout, double width) {
-    double height = 0;
+// A text is measured in pieces, because finding a character's place takes longer the farther from the start it stands.
+qsizetype pieceEnd(const QString& text, qsizetype begin) {
+    constexpr qsizetype longest = 200;
+    if (text.size() - begin <= longest) return text.size();
+    const qsizetype blank = QStringView(text).sliced(begin, longest).lastIndexOf(u' ');
+    return begin + (blank >= 0 ? blank + 1 : longest);
+}
+
+// One line, without breaks, in a layout that is used at once.
+void layOutLine(QTextLayout& layout, const QList<QTextLayout::FormatRange>& formats) {
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    layout.setTextOption(option);
+    layout.setFormats(formats);
     layout.beginLayout();
-    for (QTextLine line = layout.createLine(); line.isValid(); line = layout.createLine()) {
-        line.setLineWidth(width);
-        breakAtBlank(line, layout.text());
-        line.setPosition({0, height});
-        height += std::ceil(line.height());
-    }
+    layout.createLine();
     layout.endLayout();
-    return height;
 }
 
 }  // namespace
@@ -96,44 +91,60 @@ void RichTextView::setTextRtf(std::string_view rtf) {
     const std::string_view text = document.text.text();
     for (std::size_t begin = 0; begin <= text.size();) {
         const std::size_t end = std::min(text.find("\r\n", begin), text.size());
-        addParagraph(text.substr(begin, end - begin), formatsWithin(formats, begin, end));
+        addParagraph(text.substr(begin, end - begin),
+                     formatsWithin(formats, static_cast<qsizetype>(begin), static_cast<qsizetype>(end)));
         begin = end + 2;
     }
-    updateScrollBar();
-    viewport()->update();
+    layOut();
 }
 
-void RichTextView::addParagraph(std::string_view text, const QList<QTextLayout::FormatRange>& formats) {
-    auto layout = std::make_unique<QTextLayout>(toQString(text));
-    QTextOption option;
-    option.setWrapMode(QTextOption::WrapAnywhere);
-    layout->setTextOption(option);
-    layout->setFormats(formats);
-    layout->setCacheEnabled(true);
-    paragraphs_.push_back({std::move(layout), 0});
+void RichTextView::addParagraph(std::string_view text, QList<QTextLayout::FormatRange> formats) {
+    Paragraph paragraph{toQString(text), std::move(formats), {0}, 0};
+    qsizetype begin = 0;
+    do {  // once also for an empty paragraph, which has a height
+        const qsizetype end = pieceEnd(paragraph.text, begin);
+        measure(paragraph, begin, end);
+        begin = end;
+    } while (begin < paragraph.text.size());
+    paragraphs_.push_back(std::move(paragraph));
+}
+
+void RichTextView::measure(Paragraph& paragraph, qsizetype begin, qsizetype end) {
+    QTextLayout layout(paragraph.text.mid(begin, end - begin));
+    layOutLine(layout, formatsWithin(paragraph.formats, begin, end));
+    const QTextLine line = layout.lineAt(0);
+    const double left = paragraph.edges.back();
+    for (int i = 1; i <= end - begin; ++i) paragraph.edges.push_back(left + line.cursorToX(i));
+    paragraph.lineHeight = std::max(paragraph.lineHeight, std::ceil(line.height()));
 }
 
 QString RichTextView::text() const {
     QStringList texts;
-    for (const Paragraph& paragraph : paragraphs_) texts.append(paragraph.layout->text());
+    for (const Paragraph& paragraph : paragraphs_) texts.append(paragraph.text);
     return texts.join(QLatin1Char('\n'));
 }
 
-double RichTextView::layOut(double width) const {
-    double height = 0;
-    for (Paragraph& paragraph : paragraphs_) {
-        paragraph.top = height;
-        height += layOutLines(*paragraph.layout, width);
+std::vector<RichTextView::Line> RichTextView::linesFor(double width) const {
+    std::vector<Line> lines;
+    double top = 0;
+    for (const Paragraph& paragraph : paragraphs_) {
+        for (const LineRange& range : breakLines(paragraph.text, paragraph.edges, width - overhang)) {
+            lines.push_back({&paragraph, range, top});
+            top += paragraph.lineHeight;
+        }
     }
-    return height;
+    return lines;
 }
 
-double RichTextView::naturalWidth() const {
-    layOut(unlimited);
+int RichTextView::heightFor(double width) const {
+    const std::vector<Line> lines = linesFor(width);
+    return lines.empty() ? 0 : static_cast<int>(lines.back().top + lines.back().paragraph->lineHeight);
+}
+
+int RichTextView::naturalWidth() const {
     double width = 0;
-    for (const Paragraph& paragraph : paragraphs_)
-        width = std::max(width, paragraph.layout->lineAt(0).naturalTextWidth());
-    return width;
+    for (const Paragraph& paragraph : paragraphs_) width = std::max(width, paragraph.edges.back());
+    return static_cast<int>(std::ceil(width)) + overhang;
 }
 
 // So that the last line is not a single word: lines as even as they can be.
@@ -141,39 +152,47 @@ int RichTextView::narrowestOfHeight(int height, int width) const {
     int tooNarrow = 0;
     while (width - tooNarrow > 1) {
         const int middle = (tooNarrow + width) / 2;
-        (layOut(middle) > height ? tooNarrow : width) = middle;
+        (heightFor(middle) > height ? tooNarrow : width) = middle;
     }
     return width;
 }
 
 QSize RichTextView::sizeFor(QSize most) const {
-    const int comfortable = std::min({static_cast<int>(std::ceil(naturalWidth())), look::em(30), most.width()});
-    const int height = static_cast<int>(layOut(comfortable));
+    const int comfortable = std::min({naturalWidth(), look::em(30), most.width()});
+    const int height = heightFor(comfortable);
     if (height <= most.height()) return {narrowestOfHeight(height, comfortable), height};
-    const int wideHeight = static_cast<int>(layOut(most.width() - verticalScrollBar()->sizeHint().width()));
+    const int wideHeight = heightFor(most.width() - verticalScrollBar()->sizeHint().width());
     return {most.width(), std::min(wideHeight, most.height())};
 }
 
-void RichTextView::paintEvent(QPaintEvent*) {
-    layOut(viewport()->width());  // sizeFor tries other widths
+void RichTextView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
     painter.setPen(look::text);
     painter.translate(0, -verticalScrollBar()->value());
-    for (const Paragraph& paragraph : paragraphs_) paragraph.layout->draw(&painter, {0, paragraph.top});
+    const QRect shown = event->rect().translated(0, verticalScrollBar()->value());
+    for (const auto& [paragraph, range, top] : lines_) {
+        // Marks may reach beyond their line.
+        if (top > shown.bottom() + paragraph->lineHeight || top + 2 * paragraph->lineHeight < shown.top()) continue;
+        QTextLayout layout(paragraph->text.mid(range.begin, range.end - range.begin));
+        layOutLine(layout, formatsWithin(paragraph->formats, range.begin, range.end));
+        layout.draw(&painter, {0, top});
+    }
 }
 
 void RichTextView::resizeEvent(QResizeEvent*) {
-    updateScrollBar();
+    layOut();
 }
 
-void RichTextView::updateScrollBar() {
+void RichTextView::layOut() {
     QScrollBar& bar = *verticalScrollBar();
     const QSize whole = maximumViewportSize();
-    double height = layOut(whole.width());
-    if (height > whole.height()) height = layOut(whole.width() - bar.sizeHint().width());
-    bar.setRange(0, std::max(0, static_cast<int>(height) - whole.height()));
-    bar.setPageStep(viewport()->height());
+    const bool scrolls = heightFor(whole.width()) > whole.height();
+    const int width = scrolls ? whole.width() - bar.sizeHint().width() : whole.width();
+    lines_ = linesFor(width);
+    bar.setRange(0, scrolls ? std::max(0, heightFor(width) - whole.height()) : 0);
+    bar.setPageStep(whole.height());
     bar.setSingleStep(look::em(1));
+    viewport()->update();
 }
 
 bool RichTextView::scrollByKey(int key) {

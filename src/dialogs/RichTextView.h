@@ -1,11 +1,11 @@
-// Shows a rich text that is only read: a message. Lines break at blanks alone, because any other character, also what
-// Unicode takes for a hyphen or a bracket, may be a letter of the Devanagari font.
+// Shows a rich text that is only read: a message.
 #pragma once
+
+#include "dialogs/LineBreaks.h"
 
 #include <QAbstractScrollArea>
 #include <QTextLayout>
 
-#include <memory>
 #include <string_view>
 #include <vector>
 
@@ -36,19 +36,29 @@ class RichTextView : public QAbstractScrollArea {
     void resizeEvent(QResizeEvent* event) override;
 
   private:
-    // One paragraph's lines; positions are relative to the paragraph.
     struct Paragraph {
-        std::unique_ptr<QTextLayout> layout;
-        double top = 0;
+        QString text;
+        QList<QTextLayout::FormatRange> formats;
+        std::vector<double> edges;  // of the characters, see breakLines
+        double lineHeight = 0;
     };
 
-    void addParagraph(std::string_view text, const QList<QTextLayout::FormatRange>& formats);
-    double layOut(double width) const;
-    double naturalWidth() const;
-    int narrowestOfHeight(int height, int width) const;
-    void updateScrollBar();
+    struct Line {
+        const Paragraph* paragraph;
+        LineRange range;
+        double top;
+    };
 
-    mutable std::vector<Paragraph> paragraphs_;
+    void addParagraph(std::string_view text, QList<QTextLayout::FormatRange> formats);
+    static void measure(Paragraph& paragraph, qsizetype begin, qsizetype end);
+    std::vector<Line> linesFor(double width) const;
+    int heightFor(double width) const;
+    int naturalWidth() const;
+    int narrowestOfHeight(int height, int width) const;
+    void layOut();
+
+    std::vector<Paragraph> paragraphs_;
+    std::vector<Line> lines_;  // at the view's present width
 };
 
 }  // namespace tolvan

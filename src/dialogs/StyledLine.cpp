@@ -7,6 +7,8 @@
 #include <QPainter>
 #include <QTextOption>
 
+#include <cmath>
+
 namespace tolvan {
 namespace {
 
@@ -62,7 +64,8 @@ void drawStyledLine(QPainter& painter, const QRectF& area, StyledView text, cons
     painter.save();
     painter.setClipRect(area, Qt::IntersectClip);
     painter.setPen(colour);
-    layout.draw(&painter, {area.left(), area.center().y() - layout.lineAt(0).height() / 2});
+    const double baseLine = area.center().y() + look::devanagariBodyHeight() / 2.0;
+    layout.draw(&painter, {area.left(), std::round(baseLine - layout.lineAt(0).ascent())});
     painter.restore();
 }
 

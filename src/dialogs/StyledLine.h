@@ -19,7 +19,8 @@ QList<QTextLayout::FormatRange> controlFormats(StyledView text);
 // The size that the line needs.
 QSizeF styledLineSize(StyledView text);
 
-// Draws at the left, in the middle of the height; what does not fit is left out and an ellipsis put in its place.
+// Draws at the left, its letters in the middle of the height; what does not fit is left out and an ellipsis put in its
+// place.
 void drawStyledLine(QPainter& painter, const QRectF& area, StyledView text, const QColor& colour);
 
 }  // namespace tolvan

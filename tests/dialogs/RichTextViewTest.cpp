@@ -101,6 +101,36 @@ TEST(RichTextView, LinesAreEven) {
     EXPECT_LT(width, all * 6 / 9);
 }
 
+TEST(RichTextView, TheWholeTextIsInsideTheSizeItAsksFor) {
+    // Marks without a width of their own stand at the ends of words here.
+    RichTextView view;
+    view.setTextRtf(messageDocument("\\f1tolvn beiskla Aae¦ 17 Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva));
+    for (int most = 60; most < 600; most += 7) {
+        const QSize size = view.sizeFor({most, 2000});
+        view.resize(size);
+        const QImage exact = view.grab().toImage();
+        view.resize(size + QSize(1, 0));
+        view.grab();
+        EXPECT_EQ(view.verticalScrollBar()->maximum(), 0);
+        const QImage wider = view.grab().toImage();
+        for (int y = 0; y < exact.height(); ++y)
+            ASSERT_GT(qGray(wider.pixel(exact.width(), y)), 128) << "cut off at " << most;
+        EXPECT_EQ(exact, wider.copy(exact.rect()));
+    }
+}
+
+TEST(RichTextView, AHugeTextIsShownAtOnce) {
+    for (const char* word : {"o", "nahI "}) {
+        std::string text;
+        while (text.size() < 300000) text += word;
+        RichTextView view;
+        view.setTextRtf(messageDocument(text));
+        view.resize(view.sizeFor({300, 200}));
+        view.scrollByKey(Qt::Key_End);
+        EXPECT_GT(inkedLines(view), 3);
+    }
+}
+
 TEST(RichTextView, SizesAndColoursOfTheText) {
     const auto look = [](std::string_view fragment) {
         RichTextView view;

@@ -31,7 +31,7 @@ QByteArray builtFontNamed(const QString& family) {
     const qsizetype names = number32(table + 8);
     const qsizetype texts = names + number16(names + 4);
     for (int i = 0; i < number16(names + 2); ++i) {
-        const qsizetype record = names + 6 + 12 * i;
+        const qsizetype record = names + 6 + qsizetype{12} * i;
         const int nameId = number16(record + 6);
         if (nameId != 1 && nameId != 4) continue;
         qToBigEndian<quint16>(static_cast<quint16>(family.size() * 2), font.data() + record + 8);

@@ -176,15 +176,20 @@ class Layout:
     def settling_rules(self):
         """A joining virama that joined nothing is seen."""
         full, half = self.consonant_glyphs()
+        either = glyph_class(sorted(full | half))
         full, half = glyph_class(sorted(full)), glyph_class(sorted(half))
-        return block("show_viramas", [f"sub {JOINER} by {VIRAMA_GLYPH};"]) + self.move_i(full, half) + self.move_reph(full, half)
+        return (
+            block("show_viramas", [f"sub {JOINER} by {VIRAMA_GLYPH};"])
+            + self.move_i(full, half, either)
+            + self.move_reph(full, half)
+        )
 
-    def move_i(self, full, half):
+    def move_i(self, full, half, either):
         """A short i stands behind the last virama that is seen in its cluster."""
         moves = [
             f"sub {SHORT_I_GLYPH}' lookup drop_i "
             + f"{half}' " * halves
-            + f"{full}' {VIRAMA_GLYPH}' lookup put_i {full[:-1]} {half[1:]};"
+            + f"{full}' {VIRAMA_GLYPH}' lookup put_i {either};"
             for halves in range(MOST_HALVES, -1, -1)
         ]
         return (
@@ -199,11 +204,13 @@ class Layout:
         drops = [f"sub {both} by {mark or NO_GLYPH};" for both, mark in REPH_GLYPHS.items()]
         signs = glyph_class(self.nominal[ord(sign)] for sign in VOWEL_SIGNS)
         moves = []
-        for halves, short_i, last_halves, sign in itertools.product(range(MOST_HALVES + 1), (0, 1), range(MOST_HALVES + 1), (0, 1)):
+        some_halves = range(MOST_HALVES + 1)
+        for halves, short_i, last_halves, sign in itertools.product(some_halves, (0, 1), some_halves, (0, 1)):
             tail = f"{SHORT_I_GLYPH}' " * short_i + f"{half}' " * last_halves + f"{full}' " + f"{signs}' " * sign
             between = f"{half}' " * halves + f"{full}' {VIRAMA_GLYPH}' "
             moves += [between + tail, tail]
-        moves.sort(key=len, reverse=True)
+        # The first rule that fits is taken: the longest come first. Each glyph of a rule has its prime.
+        moves.sort(key=lambda move: move.count("'"), reverse=True)
         rules = [
             f"sub {full} {VIRAMA_GLYPH}' lookup put_reph {move} {reph}' lookup drop_reph;"
             for move in dict.fromkeys(moves)
@@ -217,7 +224,7 @@ class Layout:
         )
 
     def consonant_glyphs(self):
-        """The consonants of the source's repertoire, joined or not: those that can end a cluster, and the half forms."""
+        """The consonants of the source's repertoire, alone and joined: those that end a cluster, and half forms."""
         full = {name for code, name in self.nominal.items() if 0x0915 <= code <= 0x0939 or 0x0958 <= code <= 0x095F}
         for lookup in self.lookups_of("locl"):
             for subtable in plain_subtables(lookup):

@@ -41,7 +41,8 @@ LETTERS_WITH_NUKTA |= {"ऩ": "न" + NUKTA, "ऴ": "ळ" + NUKTA}
 
 LETTER = "[क-ह]" + NUKTA + "?"
 SYLLABLE = re.compile(
-    f"(?P<cluster>{LETTER}(?:{VIRAMA}{LETTER})*)(?P<virama>{VIRAMA}?)(?P<sign>[ा-ॄॅे-ौॢ]?)(?P<marks>[ंँः]*)"
+    f"(?P<cluster>{LETTER}(?:{VIRAMA}{LETTER})*)(?P<virama>{VIRAMA}?)"
+    + "(?P<sign>[ा-ॄॅे-ौॢ]?)(?P<marks>[ंँः]*)"
 )
 REPH_OVER_VOWEL = re.compile(f"{RA}{VIRAMA}(?P<vowel>[अ-औॠॡ])")
 
