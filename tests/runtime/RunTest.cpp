@@ -221,7 +221,6 @@ TEST_F(RunTest, ResizedInTheMiddle) {
     EXPECT_EQ(line(100), line(0));
     console->resize(900, 700);
     QApplication::processEvents();
-    std::cerr << display().width() << " " << display().height() << "\n";
     EXPECT_EQ(picture().pixel(display().width() - 1, 600), 0xFFFF0000) << "what was drawn before and cut off";
 }
 

@@ -44,6 +44,10 @@ double PictureBox::device(float length) const {
     return std::floor(length * pixelRatio_ + 0.5);
 }
 
+double PictureBox::deviceEnd(float length) const {
+    return std::floor((length + 1.0) * pixelRatio_ + 0.5) - 1;
+}
+
 int PictureBox::pen() const {
     return std::max(static_cast<int>(std::lround(pixelRatio_)), 1);
 }
@@ -58,7 +62,10 @@ float PictureBox::TextHeight(PictureFont& font) const {
 }
 
 void PictureBox::PSet(float x, float y, QColor colour) {
-    Line(x, y, x, y, colour);
+    surface_.fillRectangle(device(x), device(y), deviceEnd(x), deviceEnd(y), colour.rgb());
+    CurrentX = x;
+    CurrentY = y;
+    changed();
 }
 
 void PictureBox::Line(float x1, float y1, float x2, float y2, QColor colour) {
@@ -70,8 +77,8 @@ void PictureBox::Line(float x1, float y1, float x2, float y2, QColor colour) {
 
 void PictureBox::Box(float x1, float y1, float x2, float y2, QColor colour, FillStyle fill) {
     const int edge = pen() - 1;
-    const double left = device(std::min(x1, x2)), right = device(std::max(x1, x2)) + edge;
-    const double top = device(std::min(y1, y2)), bottom = device(std::max(y1, y2)) + edge;
+    const double left = device(std::min(x1, x2)), right = deviceEnd(std::max(x1, x2));
+    const double top = device(std::min(y1, y2)), bottom = deviceEnd(std::max(y1, y2));
     if (fill == FillStyle::Solid) {
         surface_.fillRectangle(left, top, right, bottom, colour.rgb());
     } else {
