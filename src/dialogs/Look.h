@@ -9,6 +9,7 @@
 #include <QIcon>
 #include <QString>
 
+#include <cmath>
 #include <string_view>
 
 class QApplication;
@@ -51,7 +52,7 @@ int devanagariBodyHeight();
 // The unit of distances: logical pixels, the height of an "M" square of the desktop's font. At least 12.
 int em();
 inline int em(double count) {
-    return static_cast<int>(count * em() + 0.5);
+    return static_cast<int>(std::lround(count * em()));
 }
 
 // Font-encoded text as the caption of a button, menu item or label: an ampersand is a letter there, not the mark of a

@@ -35,7 +35,7 @@ BoxUser::Action click(const char* name) {
     return [name](QDialog& box) { clickOn(control(box, name)); };
 }
 
-BoxUser::Action keys(QList<Qt::Key> pressed, Qt::KeyboardModifiers modifiers = {}) {
+BoxUser::Action keys(const QList<Qt::Key>& pressed, Qt::KeyboardModifiers modifiers = {}) {
     return [=](QDialog& box) {
         for (const Qt::Key key : pressed) press(box, key, modifiers);
     };
