@@ -21,8 +21,8 @@ struct StatementPart {
     StyledText text;
 };
 
-// A line as it is translated: with one blank before it, and before and behind it where it is a statement of its own
-// (a word counts only if a separator follows it).
+// Lines are translated with a blank before them. A statement, and an argument cut out of one, gets a blank behind it
+// too: a word counts only if a separator follows it.
 StyledText workingLine(StyledView line);
 StyledText workingStatement(StyledView line);
 void setWorkingStatement(StyledView line, StyledText& text);

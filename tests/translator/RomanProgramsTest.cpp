@@ -62,7 +62,8 @@ TEST(RomanPrograms, EveryKeywordAmongOtherWords) {
     std::set<std::string_view> words;
     for (const Row& row : keywordRows) {
         const std::string roman(row.roman);
-        const std::string line = Translator().TranslateLine(ProgramText("vay " + roman + "(" + roman + "q 7"));
+        const std::string program = std::string("vay ").append(roman).append("(").append(roman).append("q 7");
+        const std::string line = Translator().TranslateLine(ProgramText(program));
         EXPECT_EQ(line, moduleText(" @1 " + std::string(row.script) + "(@2 7  ")) << roman;
     }
     for (const Keyword& keyword : keywords()) words.insert(keyword.word);
@@ -172,7 +173,7 @@ End Sub
     };
     const auto crLf = [](std::string_view roman) {
         std::string text;
-        for (const char c : roman) c == '\n' ? text += "\r\n" : text += c;
+        for (const char c : roman) text.append(c == '\n' ? "\r" : "").append(1, c);
         return text;
     };
     for (const Row& row : rows)
