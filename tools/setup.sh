@@ -9,7 +9,7 @@ mkdir -p "$logs"
 # Qt asks for it; outside a desktop session nobody has set it.
 if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
     export XDG_RUNTIME_DIR=$root/build/runtime
-    mkdir -p -m 700 "$XDG_RUNTIME_DIR"
+    [ -d "$XDG_RUNTIME_DIR" ] || mkdir -m 700 "$XDG_RUNTIME_DIR"
 fi
 
 build_packages=(cmake ninja-build g++ qt6-base-dev libgtest-dev libgmock-dev libbenchmark-dev fonts-liberation2)
