@@ -147,6 +147,7 @@ class SymbolTable {
 
   private:
     const Symbol* findAddedMember(NameId name);
+    void removeHost(const HostObject* object);
 
     Names& names_;
     NameId err_;

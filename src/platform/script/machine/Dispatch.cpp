@@ -32,12 +32,6 @@ inline void putDouble(Value& target, double number) {
     target.as.d = number;
 }
 
-inline void putLong(Value& target, std::int32_t number) {
-    letGo(target);
-    target.tag = bits(Type::Long);
-    target.as.i = number;
-}
-
 inline void putBoolean(Value& target, bool on) {
     letGo(target);
     target.tag = bits(Type::Boolean);
