@@ -174,9 +174,10 @@ TEST(CommandLine, SaysWhenItsOutputCannotBeWritten) {
 TEST(CommandLine, EndsAtCtrlC) {
     TvpProcess tvp;
     tvp.interruptAfter(200, SIGINT);
-    const TvpResult result = tvp.runProgram({"run"}, "dAkhav 1\r\njovar 1 = 1 tovar\r\nkar");
+    const TvpResult result = tvp.runProgram({"run", "--trace"}, "dAkhav 1\r\njovar 1 = 1 tovar\r\nkar");
     EXPECT_EQ(result.status, 128 + SIGINT);
     EXPECT_EQ(result.output, "1\n") << "what was printed before is not lost";
+    EXPECT_EQ(result.errors, "PrintString 1\n");
 }
 
 }  // namespace
