@@ -168,6 +168,7 @@ void Machine::evaluateText(Special what, Value* base) {
 }
 
 Value Machine::runText(std::string_view source, bool isExpression, bool isGlobal) {
+    checkClock();
     ModuleCompiler compiler(*symbols_, names_, *this);
     const ModuleCompiler::Surroundings around = isGlobal ? ModuleCompiler::Surroundings{} : surroundings();
     std::shared_ptr<const Procedure> procedure;
