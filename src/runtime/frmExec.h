@@ -37,7 +37,7 @@ class frmExec : public QWidget, public ConsoleOperations {
     // Until then the window must not be destroyed, only closed.
     bool isExecuting() const { return executing_; }
 
-    // Each call that programs make, see ConsoleObject.
+    // The program's calls of the console from the next run on.
     void setTrace(ConsoleObject::Trace trace) { parentForm_.setTrace(std::move(trace)); }
 
     void PrintString(std::string_view text) override;
