@@ -18,7 +18,7 @@ struct ProgramLine {
     Font lineEnd = Font::Devanagari;  // of the CR LF behind it, if it is not the last line
 };
 
-// These lines stand in the place of `removed` lines from line `first` (from 0).
+// These lines, one or more, stand in the place of `removed` lines, one or more, from line `first` (from 0).
 struct ProgramLinesUpdate {
     std::size_t first = 0;
     std::size_t removed = 0;
@@ -33,8 +33,8 @@ class ProgramLines {
     std::size_t count() const { return lines_.size(); }
     const std::string& roman(std::size_t line) const { return lines_[line].roman; }
 
-    // Puts Roman lines, which hold no CR LF, in the place of others. At least one line must be left. The updates bring
-    // the program text up to date if they are made in their order.
+    // Puts Roman lines, which hold no CR LF, in the place of others; one at least of either. The updates bring the
+    // program text up to date if they are made in their order.
     std::vector<ProgramLinesUpdate> replace(std::size_t first, std::size_t removed, std::vector<std::string> roman);
 
     // Whether a user who types in column `column` (from 0) of a line types into a "#" span. A span that nothing closes
