@@ -54,6 +54,20 @@ QString plainText(const QMimeData& source) {
     return {};
 }
 
+struct Difference {
+    qsizetype start;
+    qsizetype end;  // in the text before
+    QString inserted;
+};
+
+Difference difference(const QString& before, const QString& after) {
+    const qsizetype shorter = std::min(before.size(), after.size());
+    const auto start = std::mismatch(before.begin(), before.begin() + shorter, after.begin()).first - before.begin();
+    const auto most = shorter - start;
+    const auto same = std::mismatch(before.rbegin(), before.rbegin() + most, after.rbegin()).first - before.rbegin();
+    return {start, before.size() - same, after.mid(start, after.size() - same - start)};
+}
+
 // Not a key that only does something.
 bool isTyped(const QString& keyText) {
     return !keyText.isEmpty() && (keyText[0].isPrint() || keyText[0].isSurrogate());
@@ -101,13 +115,20 @@ void RomanBox::setText(std::string_view bytes) {
 }
 
 void RomanBox::replaceText(std::string_view bytes) {
-    const std::string before = text();
-    if (isLocked() || before == bytes) return;
+    if (isLocked()) return;
+    const QString before = documentText(text());
+    const QString after = documentText(bytes);
+    if (before == after) return;
+    const auto [start, end, inserted] = difference(before, after);
+
     const int line = textCursor().blockNumber();
+    const int column = textCursor().positionInBlock();
     QTextCursor cursor(document());
-    cursor.select(QTextCursor::Document);
-    cursor.insertText(documentText(bytes));
-    cursor.setPosition(document()->findBlockByNumber(std::min(line, blockCount() - 1)).position());
+    cursor.setPosition(static_cast<int>(start));
+    cursor.setPosition(static_cast<int>(end), QTextCursor::KeepAnchor);
+    cursor.insertText(inserted);
+    const QTextBlock block = document()->findBlockByNumber(std::min(line, blockCount() - 1));
+    cursor.setPosition(block.position() + std::min(column, block.length() - 1));
     setTextCursor(cursor);
 }
 
@@ -172,7 +193,7 @@ bool RomanBox::focusNextPrevChild(bool next) {
     return next ? TextPane::focusNextPrevChild(next) : QWidget::focusNextPrevChild(next);
 }
 
-void RomanBox::setPaneFonts(const PaneFonts& fonts) {
+void RomanBox::applyFonts(const PaneFonts& fonts) {
     setFont(fonts.roman);
     setTabStopDistance(tabWidth * QFontMetricsF(fonts.roman).horizontalAdvance(u' '));
 }

@@ -53,7 +53,7 @@ class RomanBox : public TextPane {
     bool focusNextPrevChild(bool next) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
-    void setPaneFonts(const PaneFonts& fonts) override;
+    void applyFonts(const PaneFonts& fonts) override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
 
