@@ -37,13 +37,12 @@ QString documentText(std::string_view bytes) {
     }
 }
 
-// Line ends of any kind, as other applications write them.
-std::string withLineEnds(QString text) {
+// With a line feed at the end of each line, in the place of what other applications write.
+QString withLineFeeds(QString text) {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     for (const QChar other : {QChar(u'\r'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
         text.replace(other, u'\n');
-    text.replace(u'\n', QStringLiteral("\r\n"));
-    return toFontEncoded(text);
+    return text;
 }
 
 QString plainText(const QMimeData& source) {
@@ -66,6 +65,13 @@ Difference difference(const QString& before, const QString& after) {
     const auto most = shorter - start;
     const auto same = std::mismatch(before.rbegin(), before.rbegin() + most, after.rbegin()).first - before.rbegin();
     return {start, before.size() - same, after.mid(start, after.size() - same - start)};
+}
+
+// Text that is typed one letter after the other is one step of undo; this is never part of it.
+void insertAsOneStep(QTextCursor& cursor, const QString& shown) {
+    cursor.beginEditBlock();
+    cursor.insertText(shown);
+    cursor.endEditBlock();
 }
 
 // Not a key that only does something.
@@ -126,7 +132,7 @@ void RomanBox::replaceText(std::string_view bytes) {
     QTextCursor cursor(document());
     cursor.setPosition(static_cast<int>(start));
     cursor.setPosition(static_cast<int>(end), QTextCursor::KeepAnchor);
-    cursor.insertText(inserted);
+    insertAsOneStep(cursor, inserted);
     const QTextBlock block = document()->findBlockByNumber(std::min(line, blockCount() - 1));
     cursor.setPosition(block.position() + std::min(column, block.length() - 1));
     setTextCursor(cursor);
@@ -143,7 +149,7 @@ void RomanBox::replaceSelection(std::string_view bytes) {
 void RomanBox::insertShown(const QString& shown) {
     QTextCursor cursor = textCursor();
     const QTextBlock line = document()->findBlock(cursor.selectionStart());
-    cursor.insertText(withoutTabs(shown, cursor.selectionStart() - line.position()));
+    insertAsOneStep(cursor, withoutTabs(shown, cursor.selectionStart() - line.position()));
     setTextCursor(cursor);
     ensureCursorVisible();
 }
@@ -213,9 +219,11 @@ bool RomanBox::canInsertFromMimeData(const QMimeData* source) const {
 }
 
 void RomanBox::insertFromMimeData(const QMimeData* source) {
-    const QString text = plainText(*source);
+    const QString text = withLineFeeds(plainText(*source));
     if (isLocked() || text.isEmpty() || refuses(text)) return;
-    insertShown(documentText(withLineEnds(text)));
+    QStringList lines = text.split(u'\n');
+    for (QString& line : lines) line = toShown(toFontEncoded(line));
+    insertShown(lines.join(u'\n'));
 }
 
 }  // namespace tolvan

@@ -4,19 +4,20 @@
 
 #include <QScrollBar>
 
+#include <utility>
+
 namespace tolvan {
 
 ScrollTogether::ScrollTogether(TextPane& first, TextPane& second) : first_(first), second_(second) {
-    QScrollBar* firstBar = first.verticalScrollBar();
-    QScrollBar* secondBar = second.verticalScrollBar();
-    connect(firstBar, &QScrollBar::valueChanged, secondBar, &QScrollBar::setValue);
-    connect(secondBar, &QScrollBar::valueChanged, firstBar, &QScrollBar::setValue);
+    // A pane that scrolls to show its caret does not say so by its bar.
+    connect(&first, &TextPane::updateRequest, this, [this] { align(first_, second_); });
+    connect(&second, &TextPane::updateRequest, this, [this] { align(second_, first_); });
     for (TextPane* pane : {&first, &second}) {
-        connect(pane->verticalScrollBar(), &QScrollBar::rangeChanged, this, &ScrollTogether::align);
+        connect(pane->verticalScrollBar(), &QScrollBar::rangeChanged, this, [this] { align(first_, second_); });
         connect(pane->horizontalScrollBar(), &QScrollBar::rangeChanged, this, &ScrollTogether::showSameBars);
     }
     showSameBars();
-    align();
+    align(first_, second_);
 }
 
 // A pane with a bar below its text shows fewer lines, and would scroll farther than the other.
@@ -26,8 +27,11 @@ void ScrollTogether::showSameBars() {
         pane->setHorizontalScrollBarPolicy(needed ? Qt::ScrollBarAlwaysOn : Qt::ScrollBarAlwaysOff);
 }
 
-void ScrollTogether::align() {
-    second_.verticalScrollBar()->setValue(first_.verticalScrollBar()->value());
+// While a text changes, one pane has its new lines sooner than the other and cannot follow yet; it must not lead then.
+void ScrollTogether::align(const TextPane& leader, TextPane& follower) {
+    if (std::exchange(aligning_, true)) return;
+    follower.verticalScrollBar()->setValue(leader.verticalScrollBar()->value());
+    aligning_ = false;
 }
 
 }  // namespace tolvan

@@ -15,10 +15,11 @@ class ScrollTogether : public QObject {
 
   private:
     void showSameBars();
-    void align();
+    void align(const TextPane& leader, TextPane& follower);
 
     TextPane& first_;
     TextPane& second_;
+    bool aligning_ = false;
 };
 
 }  // namespace tolvan
