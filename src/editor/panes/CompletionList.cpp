@@ -1,21 +1,42 @@
 #include "editor/panes/CompletionList.h"
 
 #include "dialogs/Look.h"
-#include "editor/panes/PaneFonts.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 
 #include <QHeaderView>
+#include <QPainter>
 #include <QScreen>
 #include <QScrollBar>
+#include <QStyledItemDelegate>
 
 #include <algorithm>
-#include <cmath>
+#include <utility>
 
 namespace tolvan {
 namespace {
 
 constexpr int mostRows = 8;
+
+// The three columns are in three fonts; their letters stand on one line.
+class OnBaseLine : public QStyledItemDelegate {
+  public:
+    OnBaseLine(QObject* parent, int baseLine) : QStyledItemDelegate(parent), baseLine_(baseLine) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyleOptionViewItem cell = option;
+        initStyleOption(&cell, index);
+        const QString text = std::exchange(cell.text, {});
+        option.widget->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
+        const bool chosen = (cell.state & QStyle::State_Selected) != 0;
+        painter->setFont(cell.font);
+        painter->setPen(cell.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
+        painter->drawText(cell.rect.left() + look::em(0.4), cell.rect.top() + baseLine_, text);
+    }
+
+  private:
+    int baseLine_;
+};
 
 QTableWidgetItem* cell(const QString& text, const QFont& font, QColor colour) {
     auto* item = new QTableWidgetItem(text);  // the table owns it
@@ -27,7 +48,8 @@ QTableWidgetItem* cell(const QString& text, const QFont& font, QColor colour) {
 
 }  // namespace
 
-CompletionList::CompletionList(QWidget* owner) : QTableWidget(0, 3, owner) {
+CompletionList::CompletionList(QWidget* owner) : QTableWidget(0, 3, owner), fonts_(PaneFonts::ofZoom(90)) {
+    setItemDelegate(new OnBaseLine(this, static_cast<int>(fonts_.baseLine)));
     setWindowFlags(Qt::ToolTip);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus);
@@ -51,14 +73,13 @@ void CompletionList::setWords(const std::vector<const LanguageWord*>& words) {
 }
 
 void CompletionList::addRow(const LanguageWord& word) {
-    const PaneFonts fonts = PaneFonts::ofZoom(90);
     const int row = rowCount();
     insertRow(row);
-    setRowHeight(row, static_cast<int>(std::ceil(fonts.lineHeight)));
+    setRowHeight(row, static_cast<int>(fonts_.lineHeight));
     setItem(row, 0,
-            cell(QString::fromLatin1(word.roman.data(), static_cast<qsizetype>(word.roman.size())), fonts.roman,
+            cell(QString::fromLatin1(word.roman.data(), static_cast<qsizetype>(word.roman.size())), fonts_.roman,
                  look::text));
-    setItem(row, 1, cell(toQString(LineConvert(word.roman)), fonts.devanagari, look::accent));
+    setItem(row, 1, cell(toQString(LineConvert(word.roman)), fonts_.devanagari, look::accent));
     setItem(row, 2, cell(toQString(LineConvert(word.meaning)), look::controlFont(Font::Devanagari), look::dimText));
 }
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/panes/LanguageWords.h"
+#include "editor/panes/PaneFonts.h"
 
 #include <QTableWidget>
 
@@ -31,6 +32,7 @@ class CompletionList : public QTableWidget {
     void addRow(const LanguageWord& word);
     void fit();
 
+    PaneFonts fonts_;
     std::vector<const LanguageWord*> words_;
 };
 

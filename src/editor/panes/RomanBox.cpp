@@ -163,6 +163,14 @@ void RomanBox::cut() {
     replaceSelection({});
 }
 
+void RomanBox::undo() {
+    if (!isLocked()) TextPane::undo();
+}
+
+void RomanBox::redo() {
+    if (!isLocked()) TextPane::redo();
+}
+
 void RomanBox::setLocked(bool locked) {
     setReadOnly(locked);
     if (locked) setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
@@ -205,7 +213,8 @@ void RomanBox::applyFonts(const PaneFonts& fonts) {
 }
 
 void RomanBox::inputMethodEvent(QInputMethodEvent* event) {
-    if (!refuses(event->commitString())) TextPane::inputMethodEvent(event);
+    if (refuses(event->commitString())) event->setCommitString({});
+    TextPane::inputMethodEvent(event);
 }
 
 QMimeData* RomanBox::createMimeDataFromSelection() const {

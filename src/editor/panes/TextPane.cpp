@@ -34,6 +34,7 @@ TextPane::TextPane(QWidget* parent) : QPlainTextEdit(parent) {
     setDocument(text);
     setLineWrapMode(NoWrap);
     setFrameShape(NoFrame);
+    setCornerWidget(new QWidget(this));  // an empty one, between the bars
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &TextPane::caretMoved);
 }
