@@ -1,0 +1,175 @@
+#include "editor/panes/RomanBox.h"
+
+#include "editor/panes/ShownText.h"
+#include "platform/fonts/FontEncoding.h"
+#include "platform/richtext/RtfReader.h"
+
+#include <QClipboard>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTextBlock>
+#include <QTextDocumentFragment>
+
+#include <algorithm>
+#include <array>
+
+namespace tolvan {
+namespace {
+
+constexpr std::string_view lineEnd = "\r\n";
+constexpr qsizetype tabWidth = 6;
+constexpr std::array editKeys = {QKeySequence::Undo, QKeySequence::Redo,  QKeySequence::Cut,
+                                 QKeySequence::Copy, QKeySequence::Paste, QKeySequence::SelectAll};
+
+// The lines of an 8-bit text, parted as a text document takes them.
+QString documentText(std::string_view bytes) {
+    QString shown;
+    shown.reserve(static_cast<qsizetype>(bytes.size()));
+    while (true) {
+        const std::size_t end = bytes.find(lineEnd);
+        shown += toShown(bytes.substr(0, end));
+        if (end == std::string_view::npos) return shown;
+        shown += u'\n';
+        bytes.remove_prefix(end + lineEnd.size());
+    }
+}
+
+// Line ends of any kind, as other applications write them.
+std::string withLineEnds(QString text) {
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    for (const QChar other : {QChar(u'\r'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
+        text.replace(other, u'\n');
+    text.replace(u'\n', QStringLiteral("\r\n"));
+    return toFontEncoded(text);
+}
+
+QString plainText(const QMimeData& source) {
+    if (source.hasText()) return source.text();
+    if (source.hasHtml()) return QTextDocumentFragment::fromHtml(source.html()).toPlainText();
+    for (const QString& format : {QStringLiteral("text/rtf"), QStringLiteral("application/rtf")})
+        if (source.hasFormat(format)) return toQString(readRtf(source.data(format).toStdString()).text.text());
+    return {};
+}
+
+// Blanks in the place of tabs, in a text that begins in column `column` (from 0).
+QString withoutTabs(const QString& shown, qsizetype column) {
+    QString text;
+    text.reserve(shown.size());
+    for (const QChar character : shown) {
+        if (character == u'\t') {
+            const qsizetype blanks = tabWidth - column % tabWidth;
+            text += QString(blanks, u' ');
+            column += blanks;
+        } else {
+            text += character;
+            column = character == u'\n' ? 0 : column + 1;
+        }
+    }
+    return text;
+}
+
+}  // namespace
+
+RomanBox::RomanBox(QWidget* parent) : TextPane(parent) {
+    setContextMenuPolicy(Qt::CustomContextMenu);
+}
+
+std::string RomanBox::text() const {
+    std::string text;
+    text.reserve(textSize());
+    for (QTextBlock line = document()->begin(); line.isValid(); line = line.next()) {
+        if (line.blockNumber() > 0) text += lineEnd;
+        text += fromShown(line.text());
+    }
+    return text;
+}
+
+void RomanBox::setText(std::string_view bytes) {
+    setPlainText(documentText(bytes));
+}
+
+void RomanBox::replaceText(std::string_view bytes) {
+    const std::string before = text();
+    if (isLocked() || before == bytes) return;
+    const int line = textCursor().blockNumber();
+    QTextCursor cursor(document());
+    cursor.select(QTextCursor::Document);
+    cursor.insertText(documentText(bytes));
+    cursor.setPosition(document()->findBlockByNumber(std::min(line, blockCount() - 1)).position());
+    setTextCursor(cursor);
+}
+
+std::string RomanBox::selectedText() const {
+    return text().substr(selectionStart(), selectionLength());
+}
+
+void RomanBox::replaceSelection(std::string_view bytes) {
+    if (!isLocked()) insertShown(documentText(bytes));
+}
+
+void RomanBox::insertShown(const QString& shown) {
+    QTextCursor cursor = textCursor();
+    const QTextBlock line = document()->findBlock(cursor.selectionStart());
+    cursor.insertText(withoutTabs(shown, cursor.selectionStart() - line.position()));
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void RomanBox::copy() {
+    QGuiApplication::clipboard()->setMimeData(createMimeDataFromSelection());
+}
+
+void RomanBox::cut() {
+    copy();
+    replaceSelection({});
+}
+
+void RomanBox::setLocked(bool locked) {
+    setReadOnly(locked);
+    if (locked) setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+bool RomanBox::refuses(QStringView text) {
+    const std::optional<char32_t> character = firstWithoutCode(text);
+    if (character) emit characterRefused(*character);
+    return character.has_value();
+}
+
+bool RomanBox::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (std::any_of(editKeys.begin(), editKeys.end(), [&](auto command) { return key->matches(command); })) {
+            event->ignore();
+            return true;
+        }
+    }
+    return TextPane::event(event);
+}
+
+void RomanBox::keyPressEvent(QKeyEvent* event) {
+    TextPane::keyPressEvent(event);
+}
+
+void RomanBox::inputMethodEvent(QInputMethodEvent* event) {
+    if (!refuses(event->commitString())) TextPane::inputMethodEvent(event);
+}
+
+QMimeData* RomanBox::createMimeDataFromSelection() const {
+    auto* selection = new QMimeData;  // goes to who asked
+    selection->setText(toQString(selectedText()));
+    return selection;
+}
+
+bool RomanBox::canInsertFromMimeData(const QMimeData* source) const {
+    return !isLocked() && !source->hasUrls() && !plainText(*source).isEmpty();
+}
+
+void RomanBox::insertFromMimeData(const QMimeData* source) {
+    const QString text = plainText(*source);
+    if (isLocked() || text.isEmpty() || refuses(text)) return;
+    insertShown(documentText(withLineEnds(text)));
+}
+
+}  // namespace tolvan
