@@ -27,10 +27,20 @@ class DocumentText {
     virtual void setRomanText(std::string_view text) = 0;
 };
 
+// A document with what it takes to go on with it.
+struct UnsavedText {
+    QString path;
+    QByteArray fingerprint;  // of the file as it was read or written last; empty without file
+    std::string caption;
+    std::string text;
+};
+
 class EditorDocument : public QObject {
     Q_OBJECT
 
   public:
+    static const QString newTitle;
+
     // `caption` is the program caption that the whole application shares. Both must outlive it.
     EditorDocument(DocumentText& text, std::string& caption);
 
@@ -60,8 +70,12 @@ class EditorDocument : public QObject {
     // Before the window closes: whether it may.
     bool mayClose();
 
-    // Text that was kept for the user after a crash becomes the document, unsaved.
-    void takeUp(const QString& path, std::string_view caption, std::string_view text);
+    // A new document is being put in the place of the old one.
+    bool isLoading() const { return loading_; }
+
+    // The document as it would be lost, and the same taken up again: it is unsaved then.
+    UnsavedText unsaved() const;
+    void takeUp(const UnsavedText& unsaved);
 
   signals:
     void titleChanged();
@@ -70,6 +84,21 @@ class EditorDocument : public QObject {
     void saved();
     // Unsaved text is about to go, by the user's wish.
     void discarding();
+
+  private:
+    void setTitle(const QString& title);
+    void clearDirtyMark();
+    bool mayGo(std::string_view question);
+    bool load(const QString& path);
+    void replaceBy(const QString& path, std::string_view text);
+    bool changedOnDisk(const QString& path) const;
+
+    DocumentText& text_;
+    std::string& caption_;
+    QString path_;
+    QString title_;
+    QByteArray fingerprint_;
+    bool loading_ = false;
 };
 
 }  // namespace tolvan

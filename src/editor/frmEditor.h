@@ -5,6 +5,8 @@
 
 #include "editor/EditorDocument.h"
 #include "editor/EditorState.h"
+#include "editor/RecentFiles.h"
+#include "editor/RecoveryFiles.h"
 #include "platform/richtext/StyledText.h"
 #include "runtime/ProgramMarker.h"
 
@@ -21,7 +23,6 @@ namespace tolvan {
 class CommandBars;
 class EditorStatusBar;
 class ProgramBox;
-class RecoveryFiles;
 class RomanBox;
 class Settings;
 class WindowFrame;
@@ -33,11 +34,13 @@ class frmFindReplace;
 struct EditorServices {
     std::function<void(frmEditor&)> filePreferences;
     std::function<void(frmEditor&)> fileMakeExe;
+    // Shows the help file; false if that is not possible.
+    std::function<bool(const QString& path)> showHelp;
     // The window was closed by the user, who has been asked.
     std::function<void()> shutDown;
 };
 
-class frmEditor : public QWidget, public ProgramMarker {
+class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     Q_OBJECT
 
   public:
@@ -71,9 +74,9 @@ class frmEditor : public QWidget, public ProgramMarker {
     // Unsaved text of a window that did not end well: asks whether to take it up again. For start-up, behind show().
     void offerRecovery();
 
-    // Unloads the console, as when the application shuts down. A running program is stopped; false: it has not
-    // returned yet.
-    bool unloadConsole();
+    // Does what a menu item or a toolbar button stands for. False if there is no command of that name.
+    bool TopMenu_UserCommand(const QByteArray& key);
+    const CommandBars& commandBars() const { return *bars_; }
 
     std::string programText() const override;
     std::string romanText() const override;
@@ -108,6 +111,7 @@ class frmEditor : public QWidget, public ProgramMarker {
     void RunStart();
     void RunEnd();
     void ViewOutput();
+    void ViewNextPane();
 
     void HelpHelp();
     void HelpAbout();
@@ -116,6 +120,47 @@ class frmEditor : public QWidget, public ProgramMarker {
     void closeEvent(QCloseEvent* event) override;
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
+
+  private:
+    void setRomanText(std::string_view text) override;
+
+    void setUpLayout();
+    void connectDocument();
+    void connectPanes();
+
+    void refreshCaption();
+    void textChanged();
+    void Timer1_Tick();
+    void keepUnsaved();
+    void keepDiscarded();
+    void openDropped(const QStringList& paths);
+    void openRecent(int slot);
+    void toggleToolBar(const QByteArray& key);
+
+    frmFindReplace& findReplace();
+    frmExec& console();
+    void setRunning(bool running);
+    void enableCommands();
+
+    EditorState& state_;
+    Settings& settings_;
+    EditorServices services_;
+    WindowFrame* frame_;
+    CommandBars* bars_;
+    QSplitter* splitter_;
+    RomanBox* txtRoman_;
+    ProgramBox* txtProgram_;
+    EditorStatusBar* statusBar_;
+    EditorDocument document_;
+    RecentFiles recentFiles_;
+    RecoveryFiles recovery_;
+    QTimer timer1_;         // puts the ready text back
+    QTimer recoveryTimer_;  // runs while there is unsaved text that is not kept yet
+    QString helpFile_;
+    frmFindReplace* findReplace_ = nullptr;
+    std::unique_ptr<frmExec> console_;
+    bool running_ = false;
+    bool closeWanted_ = false;  // the window was closed while a program ran
 };
 
 }  // namespace tolvan

@@ -5,6 +5,7 @@
 #include "platform/richtext/RtfReader.h"
 
 #include <QClipboard>
+#include <QFontMetricsF>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
@@ -53,6 +54,11 @@ QString plainText(const QMimeData& source) {
     return {};
 }
 
+// Not a key that only does something.
+bool isTyped(const QString& keyText) {
+    return !keyText.isEmpty() && (keyText[0].isPrint() || keyText[0].isSurrogate());
+}
+
 // Blanks in the place of tabs, in a text that begins in column `column` (from 0).
 QString withoutTabs(const QString& shown, qsizetype column) {
     QString text;
@@ -73,17 +79,21 @@ QString withoutTabs(const QString& shown, qsizetype column) {
 }  // namespace
 
 RomanBox::RomanBox(QWidget* parent) : TextPane(parent) {
-    setContextMenuPolicy(Qt::CustomContextMenu);
+    setZoom(100);
 }
 
 std::string RomanBox::text() const {
     std::string text;
     text.reserve(textSize());
-    for (QTextBlock line = document()->begin(); line.isValid(); line = line.next()) {
-        if (line.blockNumber() > 0) text += lineEnd;
-        text += fromShown(line.text());
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockNumber() > 0) text += lineEnd;
+        text += fromShown(block.text());
     }
     return text;
+}
+
+std::string RomanBox::line(std::size_t number) const {
+    return fromShown(document()->findBlockByNumber(static_cast<int>(number)).text());
 }
 
 void RomanBox::setText(std::string_view bytes) {
@@ -149,7 +159,22 @@ bool RomanBox::event(QEvent* event) {
 }
 
 void RomanBox::keyPressEvent(QKeyEvent* event) {
-    TextPane::keyPressEvent(event);
+    if (event->matches(QKeySequence::Copy)) return copy();
+    if (event->matches(QKeySequence::Cut)) return cut();
+    if (isLocked()) return TextPane::keyPressEvent(event);
+    if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier) return replaceSelection("\t");
+    if (event->matches(QKeySequence::InsertLineSeparator)) return replaceSelection(lineEnd);
+    if (!isTyped(event->text()) || !refuses(event->text())) TextPane::keyPressEvent(event);
+}
+
+// Shift+Tab leaves the box; Tab indents.
+bool RomanBox::focusNextPrevChild(bool next) {
+    return next ? TextPane::focusNextPrevChild(next) : QWidget::focusNextPrevChild(next);
+}
+
+void RomanBox::setPaneFonts(const PaneFonts& fonts) {
+    setFont(fonts.roman);
+    setTabStopDistance(tabWidth * QFontMetricsF(fonts.roman).horizontalAdvance(u' '));
 }
 
 void RomanBox::inputMethodEvent(QInputMethodEvent* event) {

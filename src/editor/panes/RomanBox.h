@@ -1,8 +1,8 @@
 // The Roman program text as the user types it: 8-bit characters, lines parted by CR LF. Any bytes can be set and come
 // back as they were.
 //
-// Every change is one step of undo. The box has no menu of its own; it asks for one with customContextMenuRequested. It
-// leaves the keys of the edit commands to shortcuts of its window, and acts on them where there are none.
+// The box leaves the keys of the edit commands to shortcuts of its window, and acts on them where there are none. It
+// takes no dropped files: they go on to its window.
 #pragma once
 
 #include "editor/panes/TextPane.h"
@@ -20,6 +20,7 @@ class RomanBox : public TextPane {
     explicit RomanBox(QWidget* parent = nullptr);
 
     std::string text() const;
+    std::string line(std::size_t number) const;  // from 0, without its end
 
     // Another text altogether, as of a new document: there is nothing to undo behind it, the caret is at its start.
     void setText(std::string_view bytes);
@@ -49,8 +50,10 @@ class RomanBox : public TextPane {
   protected:
     bool event(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
+    void setPaneFonts(const PaneFonts& fonts) override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
 

@@ -1,8 +1,16 @@
 #include "editor/panes/TextPane.h"
 
+#include "editor/panes/EvenLines.h"
+#include "editor/panes/PaneColours.h"
+
+#include <QDropEvent>
+#include <QMouseEvent>
+#include <QPainter>
 #include <QTextBlock>
 
 #include <algorithm>
+#include <cmath>
+#include <utility>
 
 namespace tolvan {
 namespace {
@@ -12,16 +20,27 @@ std::size_t startOf(const QTextBlock& line) {
     return static_cast<std::size_t>(line.position()) + static_cast<std::size_t>(line.blockNumber());
 }
 
+bool isMouseEvent(QEvent::Type type) {
+    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease || type == QEvent::MouseMove ||
+           type == QEvent::MouseButtonDblClick;
+}
+
 }  // namespace
 
 TextPane::TextPane(QWidget* parent) : QPlainTextEdit(parent) {
+    auto* text = new QTextDocument(this);
+    lines_ = new EvenLines(text);
+    text->setDocumentLayout(lines_);
+    setDocument(text);
     setLineWrapMode(NoWrap);
+    setFrameShape(NoFrame);
+    setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &TextPane::caretMoved);
 }
 
-std::size_t TextPane::bytePosition(const QTextCursor& cursor, int documentPosition) {
-    const QTextBlock line = cursor.document()->findBlock(documentPosition);
-    return static_cast<std::size_t>(documentPosition) + static_cast<std::size_t>(line.blockNumber());
+std::size_t TextPane::bytePosition(int documentPosition) const {
+    return static_cast<std::size_t>(documentPosition) +
+           static_cast<std::size_t>(document()->findBlock(documentPosition).blockNumber());
 }
 
 int TextPane::documentPosition(std::size_t bytePosition) const {
@@ -37,18 +56,15 @@ int TextPane::documentPosition(std::size_t bytePosition) const {
 }
 
 std::size_t TextPane::caret() const {
-    const QTextCursor cursor = textCursor();
-    return bytePosition(cursor, cursor.position());
+    return bytePosition(textCursor().position());
 }
 
 std::size_t TextPane::selectionStart() const {
-    const QTextCursor cursor = textCursor();
-    return bytePosition(cursor, cursor.selectionStart());
+    return bytePosition(textCursor().selectionStart());
 }
 
 std::size_t TextPane::selectionLength() const {
-    const QTextCursor cursor = textCursor();
-    return bytePosition(cursor, cursor.selectionEnd()) - bytePosition(cursor, cursor.selectionStart());
+    return bytePosition(textCursor().selectionEnd()) - selectionStart();
 }
 
 void TextPane::select(std::size_t start, std::size_t length) {
@@ -68,6 +84,79 @@ std::size_t TextPane::textSize() const {
 
 int TextPane::currentLine() const {
     return textCursor().blockNumber() + 1;
+}
+
+void TextPane::setZoom(int percent) {
+    const PaneFonts fonts = PaneFonts::ofZoom(percent);
+    lines_->setLine(fonts.lineHeight, fonts.baseLine);
+    setPaneFonts(fonts);
+    emit zoomChanged();
+}
+
+void TextPane::setMarkedLine(int line) {
+    const int before = std::exchange(markedLine_, line);
+    if (before == line) return;
+    viewport()->update(lineBand(before));
+    viewport()->update(lineBand(line));
+}
+
+void TextPane::setLeftMargin(int width) {
+    setViewportMargins(width, 0, 0, 0);
+}
+
+int TextPane::firstVisibleLine() const {
+    return firstVisibleBlock().blockNumber() + 1;
+}
+
+qreal TextPane::firstVisibleTop() const {
+    return contentOffset().y();
+}
+
+qreal TextPane::lineHeight() const {
+    return lines_->lineHeight();
+}
+
+qreal TextPane::baseLine() const {
+    return lines_->baseLine();
+}
+
+QRect TextPane::lineBand(int line) const {
+    const qreal top = firstVisibleTop() + (line - firstVisibleLine()) * lineHeight();
+    return QRectF(0, top, viewport()->width(), lineHeight()).toAlignedRect();
+}
+
+// The place on the letters of its line. Lines are higher than their letters, and a click above or below these would
+// else be taken for one at the start or the end of the line.
+QPointF TextPane::onLetters(QPointF place) const {
+    const qreal row = std::floor((place.y() - firstVisibleTop()) / lineHeight());
+    return {place.x(), firstVisibleTop() + row * lineHeight() + baseLine() - 1};
+}
+
+bool TextPane::viewportEvent(QEvent* event) {
+    if (isMouseEvent(event->type())) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        QMouseEvent moved(mouse->type(), onLetters(mouse->position()), mouse->scenePosition(), mouse->globalPosition(),
+                          mouse->button(), mouse->buttons(), mouse->modifiers(), mouse->pointingDevice());
+        const bool handled = QPlainTextEdit::viewportEvent(&moved);
+        event->setAccepted(moved.isAccepted());
+        return handled;
+    }
+    if (event->type() == QEvent::Drop) {
+        auto* drop = static_cast<QDropEvent*>(event);
+        QDropEvent moved(onLetters(drop->position()), drop->possibleActions(), drop->mimeData(), drop->buttons(),
+                         drop->modifiers());
+        moved.setDropAction(drop->dropAction());
+        const bool handled = QPlainTextEdit::viewportEvent(&moved);
+        drop->setDropAction(moved.dropAction());
+        drop->setAccepted(moved.isAccepted());
+        return handled;
+    }
+    return QPlainTextEdit::viewportEvent(event);
+}
+
+void TextPane::paintEvent(QPaintEvent* event) {
+    if (markedLine_ > 0) QPainter(viewport()).fillRect(lineBand(markedLine_), pane_colours::caretLine);
+    QPlainTextEdit::paintEvent(event);
 }
 
 }  // namespace tolvan

@@ -1,12 +1,18 @@
-// What the two text panes have in common: one line of the pane for each line of the text, never broken, and places
-// counted in 8-bit characters of the text, whose lines are parted by CR LF.
+// What the two text panes have in common: one line of the pane for each line of the text, of the same height in both,
+// and places counted in 8-bit characters of the text, whose lines are parted by CR LF.
+//
+// A pane has no menu of its own; it asks for one with customContextMenuRequested.
 #pragma once
+
+#include "editor/panes/PaneFonts.h"
 
 #include <QPlainTextEdit>
 
 #include <cstddef>
 
 namespace tolvan {
+
+class EvenLines;
 
 class TextPane : public QPlainTextEdit {
     Q_OBJECT
@@ -28,13 +34,38 @@ class TextPane : public QPlainTextEdit {
     // The line of the caret, from 1.
     int currentLine() const;
 
+    // Percent of the opening size.
+    void setZoom(int percent);
+
+    // The line (from 1) that stands on a band of its own colour; 0: none.
+    void setMarkedLine(int line);
+
+    // Room left of the text for something that is drawn there, and where the lines are that stand beside it: the first
+    // visible one (from 1), its top, and the height and base line of each. Logical pixels of the viewport.
+    void setLeftMargin(int width);
+    int firstVisibleLine() const;
+    qreal firstVisibleTop() const;
+    qreal lineHeight() const;
+    qreal baseLine() const;
+
   signals:
     // After every movement of the caret, by keys, mouse or a change of the text.
     void caretMoved();
+    void zoomChanged();
 
   protected:
-    static std::size_t bytePosition(const QTextCursor& cursor, int documentPosition);
+    virtual void setPaneFonts(const PaneFonts& fonts) = 0;
+    bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    std::size_t bytePosition(int documentPosition) const;
     int documentPosition(std::size_t bytePosition) const;
+    QPointF onLetters(QPointF place) const;
+    QRect lineBand(int line) const;
+
+    EvenLines* lines_;  // owned by the document
+    int markedLine_ = 0;
 };
 
 }  // namespace tolvan
