@@ -19,6 +19,7 @@
 #include <QFileInfo>
 
 #include <cerrno>
+#include <unistd.h>
 
 namespace tolvan {
 namespace {
@@ -48,11 +49,12 @@ bool mayBeReplaced(const QString& path) {
 
 // The number of the failure, or nothing.
 std::optional<int> remove(const QString& path) {
-    if (::remove(QFile::encodeName(path).constData()) == 0) return std::nullopt;
+    if (::unlink(QFile::encodeName(path).constData()) == 0) return std::nullopt;
     return static_cast<int>(fileError(errno));
 }
 
-std::optional<int> write(mdlMain& application, const QString& engine, const QString& source, const QString& executable) {
+std::optional<int> write(mdlMain& application, const QString& engine, const QString& source,
+                         const QString& executable) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto bytes = [](const QString& path) { return QFile::encodeName(path).toStdString(); };
     const std::optional<int> failure =

@@ -6,6 +6,7 @@
 #include <QApplication>
 #include <QTimer>
 
+#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -18,7 +19,7 @@ int main(int argumentCount, char** arguments) {
     tolvan::loadStandIns();
     tolvan::look::apply(application);
 
-    const std::vector<std::string> words(arguments + 1, arguments + argumentCount);
+    const std::vector<std::string> words(arguments + std::min(1, argumentCount), arguments + argumentCount);
     tolvan::Settings settings(tolvan::Settings::userFile());
     tolvan::mdlMain start(settings);
     QTimer::singleShot(0, &start, [&] { start.Main(words); });

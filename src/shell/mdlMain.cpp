@@ -71,8 +71,8 @@ void mdlMain::readPreferences() {
 
 CommandLine mdlMain::readCommandLine(const std::vector<std::string>& arguments) {
     const auto bytes = [](const QString& path) { return QFile::encodeName(path).toStdString(); };
-    CommandLine commandLine = parseCommandLine(
-        joinArguments(arguments), {bytes(QDir::currentPath()), bytes(QApplication::applicationDirPath())});
+    CommandLine commandLine = parseCommandLine(joinArguments(arguments),
+                                               {bytes(QDir::currentPath()), bytes(QApplication::applicationDirPath())});
     for (const CommandLine::Problem problem : commandLine.problems) {
         showPlainMessage(problemText(problem));
         unloadEditor();

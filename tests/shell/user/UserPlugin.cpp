@@ -3,7 +3,8 @@
 //
 // It writes down every window that comes up, one a line, in UTF-8, in the file that TOLVAN_USER_LOG names:
 //     CLASS|caption|what it says
-// and does what the file named by TOLVAN_USER_DEEDS says, one deed a line, each when its window is in front:
+// and does what the file named by TOLVAN_USER_DEEDS says, one deed a line, in this order, each when its window is in
+// front:
 //     CLASS click OBJECT     clicks the button of that object name, or of that caption
 //     CLASS command METHOD   calls the command of that name, as the menu does
 //     CLASS type TEXT        types it into the widget with the keyboard, and Enter
@@ -68,8 +69,9 @@ class User : public QObject {
         QWidget* const modal = QApplication::activeModalWidget();
         for (QWidget* window : QApplication::topLevelWidgets()) {
             if (!window->isVisible() || (modal && window != modal)) continue;
-            if (act(*window)) return;
+            if (deeds_.isEmpty() || act(*window)) return;
         }
+        if (std::exchange(leaving_, false)) deeds_.removeFirst();  // it is gone
     }
 
     void note(QWidget& window) {
@@ -79,17 +81,17 @@ class User : public QObject {
         log_.flush();
     }
 
+    // The next deed, if it is for this window.
     bool act(QWidget& window) {
-        const auto next = std::find_if(deeds_.begin(), deeds_.end(),
-                                       [&](const Deed& deed) { return deed.window == className(window); });
-        if (next == deeds_.end()) return false;
-        const Deed deed = *next;
+        const Deed deed = deeds_.constFirst();
+        if (deed.window != className(window)) return false;
         if (deed.verb == QLatin1String("leave")) {
+            leaving_ = true;
             QTest::keyClick(window.windowHandle(), Qt::Key_Space);
             return true;
         }
         if (deed.verb == QLatin1String("type") && !qobject_cast<QLineEdit*>(QApplication::focusWidget())) return false;
-        deeds_.erase(next);
+        deeds_.removeFirst();
         carryOut(deed, window);
         return true;
     }
@@ -114,6 +116,7 @@ class User : public QObject {
     QList<Deed> deeds_;
     QList<QPointer<QWidget>> seen_;
     QTimer timer_;
+    bool leaving_ = false;
 };
 
 }  // namespace
