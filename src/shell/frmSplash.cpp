@@ -44,7 +44,7 @@ void frmSplash::paintEvent(QPaintEvent*) {
     name.setPointSizeF(name.pointSizeF() * 1.8);
     painter.setFont(name);
     painter.setPen(look::accent);
-    painter.drawText(below, Qt::AlignLeft | Qt::AlignVCenter, toQString("tolvn beisk"_deva));
+    painter.drawText(below, Qt::AlignLeft | Qt::AlignVCenter, toQString("taelvn beisk"_deva));
     painter.setFont(look::controlFont(Font::Latin));
     painter.setPen(look::dimText);
     painter.drawText(below, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("Tolvan Basic " TOLVAN_VERSION));
