@@ -8,6 +8,7 @@
 #include "shell/ExecutableName.h"
 #include "shell/MakeExe.h"
 #include "shell/PlainMessage.h"
+#include "shell/help/frmHelp.h"
 
 #include <QApplication>
 #include <QDir>
@@ -123,6 +124,7 @@ frmEditor& mdlMain::editor() {
     if (editor_) return *editor_;
     EditorServices services;
     services.shutDown = [this] { shutDown(); };
+    services.showHelp = [](const QString& file) { return showHelp(file); };
     // Behind the command, since it replaces the editor.
     services.fileMakeExe = [this](frmEditor&) {
         QMetaObject::invokeMethod(
