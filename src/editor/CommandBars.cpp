@@ -41,8 +41,10 @@ QList<QKeySequence> shortcutsOf(std::string_view key) {
     return keys;
 }
 
+// A path that would make the menu too wide loses its middle.
 QString recentFileCaption(int slot, const QString& path) {
-    return QStringLiteral("&%1:").arg(slot) + QString(path).replace(QLatin1Char('&'), QLatin1String("&&"));
+    QString shown = QFontMetrics(look::controlFont(Font::Latin)).elidedText(path, Qt::ElideMiddle, look::em(50));
+    return QStringLiteral("&%1:").arg(slot) + shown.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
 // Tells when the mouse or the keyboard is on a button and when it has left.
