@@ -67,6 +67,9 @@ class EditorTest : public testing::Test {
     void open() {
         editor = std::make_unique<frmEditor>(state, settings, services);
         editor->show();
+        toFront();
+    }
+    void toFront() const {
         editor->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(editor.get()));
     }
