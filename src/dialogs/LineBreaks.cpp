@@ -10,7 +10,7 @@ std::vector<LineRange> breakLines(QStringView text, const std::vector<double>& e
     do {
         // The last character that fits, with the marks over it, which have no width of their own.
         const auto first = edges.begin() + begin;
-        qsizetype end = std::upper_bound(first, edges.end(), *first + width) - edges.begin() - 1;
+        qsizetype end = std::upper_bound(first, edges.end(), *first + std::max(width, 0.0)) - edges.begin() - 1;
         qsizetype next = end;
         if (end < text.size()) {
             const qsizetype blank = text.sliced(begin, end + 1 - begin).lastIndexOf(u' ');

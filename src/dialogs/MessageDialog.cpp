@@ -24,7 +24,8 @@ MessageDialog::MessageDialog(std::string_view title, MessageSign::Kind sign, con
     auto* column = new QVBoxLayout;  // one line of text looks centred beside the sign
     column->setContentsMargins(0, 2 * look::devanagariDrop(), 0, 0);
     column->addWidget(view_, 0, Qt::AlignVCenter);
-    body().addLayout(column, 1);
+    body().addLayout(column);
+    body().addStretch(1);
 }
 
 void MessageDialog::setMessage(std::string_view fragment) {

@@ -16,6 +16,9 @@
 namespace tolvan {
 namespace {
 
+// The head line of a letter reaches a little beyond its own width, so that words look whole.
+constexpr int overhang = 2;
+
 QColor colourOf(const RichFormat& format) {
     if (!format.colour) return look::text;
     const std::uint32_t colour = *format.colour;
@@ -125,7 +128,7 @@ std::vector<RichTextView::Line> RichTextView::linesFor(double width) const {
     std::vector<Line> lines;
     double top = 0;
     for (const Paragraph& paragraph : paragraphs_) {
-        for (const LineRange& range : breakLines(paragraph.text, paragraph.edges, width)) {
+        for (const LineRange& range : breakLines(paragraph.text, paragraph.edges, width - overhang)) {
             lines.push_back({&paragraph, range, top});
             top += paragraph.lineHeight;
         }
@@ -141,7 +144,7 @@ int RichTextView::heightFor(double width) const {
 int RichTextView::naturalWidth() const {
     double width = 0;
     for (const Paragraph& paragraph : paragraphs_) width = std::max(width, paragraph.edges.back());
-    return static_cast<int>(std::ceil(width));
+    return static_cast<int>(std::ceil(width)) + overhang;
 }
 
 // So that the last line is not a single word: lines as even as they can be.

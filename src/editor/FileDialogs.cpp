@@ -32,6 +32,7 @@ QString ask(const FileRequest& request, QFileDialog::AcceptMode mode) {
         new QFileDialog(QApplication::activeWindow(), request.title, request.folder, filter);
     dialog->setAcceptMode(mode);
     dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.asksBeforeReplacing);
     dialog->setDefaultSuffix(request.suffix);
     if (mode == QFileDialog::AcceptSave) dialog->selectFile(asFileName(request.name));
     const bool accepted = dialog->exec() == QDialog::Accepted;

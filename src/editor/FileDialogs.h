@@ -7,14 +7,15 @@ namespace tolvan {
 
 struct FileRequest {
     QString title;
-    QString kind;    // of the files that are shown, such as "Tolvan Basic Program"
-    QString suffix;  // theirs, such as "tvp"
-    QString folder;  // where it begins
-    QString name;    // proposed; only for saving
+    QString kind;                     // of the files that are shown, such as "Tolvan Basic Program"
+    QString suffix;                   // theirs, such as "tvp"
+    QString folder;                   // where it begins
+    QString name;                     // proposed; only for saving
+    bool asksBeforeReplacing = true;  // an existing file; only for saving
 };
 
-// The chosen path; empty when the user cancelled. An existing file can be chosen for saving after a question only; a
-// name without a suffix gets the one of the request.
+// The chosen path; empty when the user cancelled. An existing file can be chosen for saving after a question only,
+// unless the request says otherwise; a name without a suffix gets the one of the request.
 QString askOpenFile(const FileRequest& request);
 QString askSaveFile(const FileRequest& request);
 

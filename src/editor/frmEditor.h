@@ -68,6 +68,9 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void CompileAndExecute(StyledView program);
     bool isRunning() const { return running_; }
 
+    // Takes the console away, with the data file that its program left open. Not while a program runs.
+    void unloadConsole();
+
     // The help command's file; empty: the command is not available.
     void setHelpFile(const QString& path);
 

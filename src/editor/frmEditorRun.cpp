@@ -19,6 +19,10 @@ frmExec& frmEditor::console() {
     return *console_;
 }
 
+void frmEditor::unloadConsole() {
+    if (!running_) console_.reset();
+}
+
 void frmEditor::RunStart() {
     if (running_) return;
     state_.run.IsRunning = true;

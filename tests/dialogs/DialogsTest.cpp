@@ -128,6 +128,23 @@ TEST(Boxes, TitlesAndCaptions) {
     EXPECT_EQ(error.captions, (QStringList{toQString("calu Qev"), toQString("wa<bv")}));
 }
 
+TEST(Boxes, CutNoTextOff) {
+    BoxUser user([](QDialog& box) {
+        const auto& bar = control<CaptionBar>(box, "captionBar");
+        EXPECT_GE(bar.width(), bar.sizeHint().width());
+        for (const auto* button : box.findChildren<QPushButton*>()) {
+            const QSize text = button->fontMetrics().size(Qt::TextSingleLine, button->text());
+            EXPECT_GT(button->width(), text.width());
+            EXPECT_GE(button->height(), text.height());
+            EXPECT_TRUE(box.rect().contains(QRect(button->mapTo(&box, QPoint()), button->size())));
+        }
+        EXPECT_TRUE(QApplication::primaryScreen()->availableGeometry().contains(box.geometry()));
+        press(box, Qt::Key_Escape);
+    });
+    AskQuestion("x");
+    EXPECT_TRUE(user.acted());
+}
+
 TEST(ShowError, TellsTheTablesTextOrTheLine) {
     const struct {
         std::int32_t number;

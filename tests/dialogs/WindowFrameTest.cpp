@@ -4,7 +4,10 @@
 #include "dialogs/WindowFrame.h"
 #include "platform/encoding/Deva.h"
 
+#include <QMainWindow>
+#include <QMenuBar>
 #include <QSignalSpy>
+#include <QStatusBar>
 #include <QVBoxLayout>
 #include <QWindow>
 
@@ -87,6 +90,16 @@ TEST_F(FramedWindow, ButtonsAndDoubleClickChangeTheState) {
 }
 
 TEST_F(FramedWindow, AltF4ClosesUnlessTheWindowRefuses) {
+    struct : QObject {
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Close) event->ignore();
+            return event->type() == QEvent::Close;
+        }
+    } refusal;
+    window.installEventFilter(&refusal);
+    press(window, Qt::Key_F4, Qt::AltModifier);
+    EXPECT_TRUE(window.isVisible());
+    window.removeEventFilter(&refusal);
     press(window, Qt::Key_F4, Qt::AltModifier);
     EXPECT_FALSE(window.isVisible());
 }
@@ -233,12 +246,28 @@ TEST_F(FramedWindow, TitleIsDrawnInItsFontsAndTheDesktopGetsItsLatinPart) {
 
 TEST_F(FramedWindow, ALongTitleLeavesTheButtonsFree) {
     frame.setTitle(StyledText(std::string(5000, 'k'), Font::Devanagari));
-    const QRect buttons = control(window, "cmdMinimize").geometry() | control(window, "cmdClose").geometry();
     const QImage image = frame.captionBar().grab().toImage();
     frame.setTitle({});
     const QImage without = frame.captionBar().grab().toImage();
     EXPECT_NE(image, without);
+    const int buttonsLeft = static_cast<int>(control(window, "cmdMinimize").x() * image.devicePixelRatio());
+    const QRect buttons(buttonsLeft, 0, image.width() - buttonsLeft, image.height());
     EXPECT_EQ(image.copy(buttons), without.copy(buttons));
+}
+
+TEST(WindowFrame, LeavesRoomForTheBarsOfAMainWindow) {
+    QMainWindow window;
+    const WindowFrame frame(window, WindowFrame::Kind::Resizable);
+    window.menuBar()->addMenu(QStringLiteral("x"));
+    window.setCentralWidget(new QWidget);
+    window.statusBar()->showMessage(QStringLiteral("x"));
+    window.resize(400, 300);
+    window.show();
+    const int left = window.centralWidget()->geometry().left();
+    EXPECT_GT(left, 0);
+    EXPECT_EQ(window.menuBar()->geometry().top(), frame.captionBar().geometry().bottom() + 1);
+    EXPECT_EQ(window.menuBar()->geometry().left(), left);
+    EXPECT_EQ(window.statusBar()->geometry().bottom(), window.height() - 1 - left);
 }
 
 class FixedWindow : public FramedWindow {

@@ -213,7 +213,7 @@ TEST(Conversions, TheHostsTextFormGoesBothWays) {
     const ExpressionRow rows[] = {
         {"-2.5", "<->2<.>5"},
         {"\"\" & 1E20", "1<E><+>20"},
-        {"Len(-2.5)", "10"},
+        {"Len(-2.5)", "8"},
         {"Join(Array(CSng(0.5), CCur(-1), True))", "0<.>5 <->1 yes"},
         {"CDbl(\"<->2<.>5\") * 2", "<->5"},
         {"CCur(\"<->2<.>5\") + \"1<.>5\"", "<->1"},

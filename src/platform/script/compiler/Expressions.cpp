@@ -287,8 +287,14 @@ void ProcedureCompiler::unaryInto(const Expr& expression, std::uint32_t target) 
 void ProcedureCompiler::binaryInto(const Expr& expression, std::uint32_t target) {
     const Temporaries temporaries(code_);
     const OperationRow& row = operationOf(expression.op);
-    const std::uint32_t left = inRegister(operandBefore(*expression.left, expression.right));
+    Operand first = operandBefore(*expression.left, expression.right);
     Operand right = operand(*expression.right);
+    if (first.isConstant && !right.isConstant) {
+        const Value& constant = code_.procedure().constants[first.index];
+        const bool isSumOfNumber = expression.op == Token::Plus && constant.isOneOf(bits(Type::Integer, Type::Double));
+        if (expression.op == Token::Times || isSumOfNumber) std::swap(first, right);
+    }
+    const std::uint32_t left = inRegister(first);
     if (right.isConstant && row.registers == row.constant) right = {false, inRegister(right)};
     if (!right.isConstant) {
         code_.emit(row.registers, target, left, right.index);
@@ -317,26 +323,29 @@ void ProcedureCompiler::comparisonInto(const Expr& expression, std::uint32_t tar
     code_.emit(right.isConstant ? row->constant : row->registers, target, leftRegister, right.index);
 }
 
-// Jumps to `target` when the condition is True (jumpWhen), or when it is anything else. A comparison needs no value;
-// its negation is the opposite comparison, as both are Null together.
+// Jumps to `target` when the condition is True (jumpWhen), or when it is anything else.
 void ProcedureCompiler::condition(const Expr& expression, Label& target, bool jumpWhen) {
-    if (expression.kind == ExprKind::Group) return condition(*expression.left, target, jumpWhen);
-    const Temporaries temporaries(code_);
     const Expr* inside = &expression;
     bool inverted = false;
     while (inside->kind == ExprKind::Group || (inside->kind == ExprKind::Unary && inside->op == Token::Not)) {
         if (inside->kind == ExprKind::Unary) inverted = !inverted;
         inside = inside->left;
     }
-    const ComparisonRow* row = inside->kind == ExprKind::Binary ? comparisonOf(inside->op) : nullptr;
-    if (row == nullptr) {
-        const std::uint32_t value = inRegister(operand(expression));
-        code_.jump(jumpWhen ? Op::JumpIf : Op::JumpUnless, value, target);
-        return;
-    }
+    if (inside->kind == ExprKind::Binary && comparisonOf(inside->op) != nullptr)
+        return comparisonJump(*inside, inverted, target, jumpWhen);
+    if (!inverted && allOrAny(*inside, target, jumpWhen)) return;
+    const Temporaries temporaries(code_);
+    const std::uint32_t value = inRegister(operand(expression));
+    code_.jump(jumpWhen ? Op::JumpIf : Op::JumpUnless, value, target);
+}
+
+// A comparison needs no value; its negation is the opposite comparison, as both are Null together.
+void ProcedureCompiler::comparisonJump(const Expr& expression, bool inverted, Label& target, bool jumpWhen) {
+    const Temporaries temporaries(code_);
+    const ComparisonRow* row = comparisonOf(expression.op);
     if (inverted) row = comparisonOf(row->inverse);
-    Operand left = operandBefore(*inside->left, inside->right);
-    Operand right = operand(*inside->right);
+    Operand left = operandBefore(*expression.left, expression.right);
+    Operand right = operand(*expression.right);
     if (left.isConstant && !right.isConstant) {
         std::swap(left, right);
         row = comparisonOf(row->swapped);
@@ -348,6 +357,56 @@ void ProcedureCompiler::condition(const Expr& expression, Label& target, bool ju
     else
         op = right.isConstant ? row->jumpUnlessConstant : row->jumpUnlessRegisters;
     code_.jumpWithWord(op, leftRegister, right.index, target);
+}
+
+// Whether the expression is True, False or Null: only then is And the same as "both".
+bool ProcedureCompiler::isTruthValue(const Expr& expression) {
+    switch (expression.kind) {
+        case ExprKind::Group:
+            return isTruthValue(*expression.left);
+        case ExprKind::Unary:
+            return expression.op == Token::Not && isTruthValue(*expression.left);
+        case ExprKind::Binary:
+            if (expression.op == Token::And || expression.op == Token::Or)
+                return isTruthValue(*expression.left) && isTruthValue(*expression.right);
+            return expression.op == Token::Is || comparisonOf(expression.op) != nullptr;
+        default:
+            return false;
+    }
+}
+
+// "a And b", "a Or b" of truth values: decided by the first one that can. The others have to be evaluated all the same,
+// for their errors and calls; that is done out of the way.
+bool ProcedureCompiler::allOrAny(const Expr& expression, Label& target, bool jumpWhen) {
+    if (expression.kind != ExprKind::Binary || (expression.op != Token::And && expression.op != Token::Or))
+        return false;
+    const bool decides = expression.op == Token::Or;  // the value of one part that is the value of all
+    std::vector<const Expr*> parts;
+    const Expr* chain = &expression;
+    for (; chain->kind == ExprKind::Binary && chain->op == expression.op; chain = chain->left)
+        parts.insert(parts.begin(), chain->right);
+    parts.insert(parts.begin(), chain);
+    for (const Expr* part : parts)
+        if (!isTruthValue(*part)) return false;
+
+    Label* after = nullptr;  // where a decided condition goes on if it does not jump
+    if (decides != jumpWhen) after = &newLabel();
+    std::vector<Label*> decided;
+    for (std::size_t i = 0; i + 1 < parts.size(); ++i) {
+        decided.push_back(&newLabel());
+        condition(*parts[i], *decided.back(), decides);
+    }
+    condition(*parts.back(), target, jumpWhen);
+    if (after != nullptr) code_.bind(*after);
+    addColdCode([this, parts, decided, &destination = after != nullptr ? *after : target] {
+        for (std::size_t i = 0; i < decided.size(); ++i) {
+            code_.bind(*decided[i]);
+            const Temporaries temporaries(code_);
+            into(*parts[i + 1], code_.takeRegisters());
+        }
+        code_.jump(Op::Jump, 0, destination);
+    });
+    return true;
 }
 
 }  // namespace tolvan::script

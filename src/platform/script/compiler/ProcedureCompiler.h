@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <functional>
 #include <vector>
 
 namespace tolvan::script {
@@ -69,6 +70,9 @@ class ProcedureCompiler {
     bool mayChange(const Expr& expression, NameId variable);
     bool callMayChange(const Expr& call, NameId variable);
     void condition(const Expr& expression, Label& target, bool jumpWhen);
+    void comparisonJump(const Expr& expression, bool inverted, Label& target, bool jumpWhen);
+    bool allOrAny(const Expr& expression, Label& target, bool jumpWhen);
+    bool isTruthValue(const Expr& expression);
 
     // Calls and elements.
     enum class Wanted { Value, Nothing };
@@ -96,7 +100,7 @@ class ProcedureCompiler {
     const HostMember* gateOf(const Expr& condition);
     const HostMember* pollOf(const IfStmt& statement, const CallStmt*& otherwise);
     bool isRaise(const CallStmt& statement);
-    void poll(const HostMember* gate, const CallStmt& otherwise, std::uint32_t line);
+    void poll(const HostMember* gate, const CallStmt& otherwise);
     bool startsWithPoll(const Block& body);
     void emitColdCode();
 
@@ -142,16 +146,23 @@ class ProcedureCompiler {
         ExitKind kind;
         Label* exit;
     };
-    // What a poll does when the gate says no; stands behind the procedure, out of the way.
+    // Code that seldom runs; stands behind the procedure, out of the way, with the registers of the place it belongs
+    // to.
     struct ColdCode {
-        Label start;
-        Label back;
-        const HostMember* gate;
-        const CallStmt* otherwise;
+        std::function<void()> write;
         std::uint32_t line;
         std::uint32_t firstRegister;
         std::uint32_t withRegister;
     };
+    void addColdCode(std::function<void()> write) {
+        cold_.push_back({std::move(write), line_, code_.registerMark(), withRegister_});
+    }
+    // Labels stay until the procedure is finished.
+    Label& newLabel() { return labels_.emplace_back(); }
+    void mark(std::uint32_t line) {
+        line_ = line;
+        code_.mark(line);
+    }
 
     ModuleScope& module_;
     ProcedureScope& scope_;
@@ -161,6 +172,8 @@ class ProcedureCompiler {
     std::vector<Loop> loops_;
     std::uint32_t withRegister_ = 0;
     std::deque<ColdCode> cold_;
+    std::deque<Label> labels_;
+    std::uint32_t line_ = 0;             // of the statement
     const HostMember* fresh_ = nullptr;  // the gate that would still give the answer that it gave
 };
 

@@ -12,13 +12,13 @@ ProcedureCompiler::ProcedureCompiler(ModuleScope& module, ProcedureScope& scope,
 
 void ProcedureCompiler::compileBody(const Block& body, std::uint32_t lastLine) {
     block(body);
-    code_.mark(lastLine);
+    mark(lastLine);
     code_.emit(Op::Return);
     emitColdCode();
 }
 
 void ProcedureCompiler::compileExpression(const Expr& expression) {
-    code_.mark(expression.line);
+    mark(expression.line);
     const Temporaries temporaries(code_);
     const std::uint32_t value = code_.takeRegisters();
     into(expression, value);
@@ -31,7 +31,7 @@ void ProcedureCompiler::block(const Block& body) {
 }
 
 void ProcedureCompiler::statement(const Stmt& statement) {
-    code_.mark(statement.line);
+    mark(statement.line);
     switch (statement.kind) {
         case StmtKind::Assign:
             return assign(static_cast<const AssignStmt&>(statement));
@@ -106,16 +106,16 @@ void ProcedureCompiler::erase(const EraseStmt& statement) {
 
 void ProcedureCompiler::ifStatement(const IfStmt& statement) {
     const CallStmt* otherwise = nullptr;
-    if (const HostMember* gate = pollOf(statement, otherwise)) return poll(gate, *otherwise, statement.line);
-    Label end;
+    if (const HostMember* gate = pollOf(statement, otherwise)) return poll(gate, *otherwise);
+    Label& end = newLabel();
     for (const IfStmt::Branch& branch : statement.branches) {
         if (branch.condition == nullptr) {
             block(branch.body);
             break;
         }
         const bool isLast = &branch == &statement.branches.back();
-        Label next;
-        if (&branch != &statement.branches.front()) code_.mark(branch.line);
+        Label& next = newLabel();
+        if (&branch != &statement.branches.front()) mark(branch.line);
         condition(*branch.condition, isLast ? end : next, false);
         block(branch.body);
         if (isLast) break;
@@ -130,11 +130,11 @@ void ProcedureCompiler::select(const SelectStmt& statement) {
     const std::uint32_t subject = code_.takeRegisters();
     into(*statement.subject, subject);
     code_.emit(Op::LetTake, subject, subject);
-    Label end;
+    Label& end = newLabel();
     for (const SelectStmt::Case& clause : statement.cases) {
-        code_.mark(clause.line);
-        Label body;
-        Label next;
+        mark(clause.line);
+        Label& body = newLabel();
+        Label& next = newLabel();
         for (const Expr* value : clause.values) {
             const Temporaries ofValue(code_);
             const Operand right = operand(*value);
@@ -183,9 +183,9 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
         store(binding, copy, false);
     };
     const bool byOne = isFixed && stepValue.is(Type::Integer) && stepValue.as.i == 1;
-    Label body;
-    Label exit;
-    Label finished;
+    Label& body = newLabel();
+    Label& exit = newLabel();
+    Label& finished = newLabel();
     code_.jumpWithWord(Op::ForPrepare, counter, limit, finished);
     bindLabel(body);
     handOver();
@@ -193,7 +193,7 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
     loops_.push_back({ExitKind::For, &exit});
     block(statement.body);
     loops_.pop_back();
-    code_.mark(statement.line);
+    mark(statement.line);
     if (!isRegister) nameInto(*statement.variable, counter);
     code_.jumpWithWord(byOne ? Op::ForNextOne : Op::ForNext, counter, limit, body);
     bindLabel(finished);
@@ -211,9 +211,9 @@ void ProcedureCompiler::forEach(const ForEachStmt& statement) {
     into(*statement.group, element);
     code_.emit(Op::EachPrepare, state, element);
     code_.emit(Op::Clear, element);
-    Label test;
-    Label body;
-    Label exit;
+    Label& test = newLabel();
+    Label& body = newLabel();
+    Label& exit = newLabel();
     code_.jump(Op::Jump, 0, test);
     bindLabel(body);
     if (binding.kind == Binding::Kind::Register)
@@ -225,16 +225,16 @@ void ProcedureCompiler::forEach(const ForEachStmt& statement) {
     block(statement.body);
     loops_.pop_back();
     bindLabel(test);
-    code_.mark(statement.line);
+    mark(statement.line);
     code_.jumpWithWord(Op::EachNext, state, element, body);
     bindLabel(exit);
     code_.emit(Op::Clear, state);
 }
 
 void ProcedureCompiler::loop(const LoopStmt& statement) {
-    Label test;
-    Label body;
-    Label exit;
+    Label& test = newLabel();
+    Label& body = newLabel();
+    Label& exit = newLabel();
     if (statement.test == LoopStmt::Test::Before) code_.jump(Op::Jump, 0, test);
     bindLabel(body);
     if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
@@ -242,7 +242,7 @@ void ProcedureCompiler::loop(const LoopStmt& statement) {
     block(statement.body);
     if (statement.isDo) loops_.pop_back();
     if (statement.test == LoopStmt::Test::Before) bindLabel(test);
-    code_.mark(statement.testLine);
+    mark(statement.testLine);
     if (statement.test == LoopStmt::Test::Never)
         code_.jump(Op::Jump, 0, body);
     else
@@ -324,32 +324,33 @@ bool ProcedureCompiler::startsWithPoll(const Block& body) {
 
 // A second poll with nothing but arithmetic since the first would get the same answer, and is left out. That holds
 // only where a "no" does not come back here.
-void ProcedureCompiler::poll(const HostMember* gate, const CallStmt& otherwise, std::uint32_t line) {
+void ProcedureCompiler::poll(const HostMember* gate, const CallStmt& otherwise) {
     if (fresh_ == gate) return;
-    ColdCode& cold = cold_.emplace_back();
-    cold.gate = gate;
-    cold.otherwise = &otherwise;
-    cold.line = line;
-    cold.firstRegister = code_.registerMark();
-    cold.withRegister = withRegister_;
-    code_.gate(gate->object->gateBudget(gate->member), cold.start);
-    code_.bind(cold.back);
+    Label& asked = newLabel();
+    Label& back = newLabel();
+    code_.gate(gate->object->gateBudget(gate->member), asked);
+    code_.bind(back);
+    addColdCode([this, gate, &otherwise, &asked, &back] {
+        code_.bind(asked);
+        const std::uint32_t answer = code_.takeRegisters();
+        code_.emitWithWord(Op::AskGate, answer, 0, 0, gate);
+        code_.jump(Op::JumpIf, answer, back);
+        callStatement(otherwise);
+        mark(line_);
+        code_.jump(Op::Jump, 0, back);
+    });
     const bool stopsHere = isRaise(otherwise) && !scope_.handlesErrors && !module_.hasClasses && !scope_.runsText;
     fresh_ = stopsHere ? gate : nullptr;
 }
 
+// Cold code may have cold code of its own.
 void ProcedureCompiler::emitColdCode() {
-    for (ColdCode& cold : cold_) {
+    for (std::size_t i = 0; i < cold_.size(); ++i) {
+        const ColdCode& cold = cold_[i];
         code_.startRegistersAt(cold.firstRegister);
         withRegister_ = cold.withRegister;
-        code_.bind(cold.start);
-        code_.mark(cold.line);
-        const std::uint32_t answer = code_.takeRegisters();
-        code_.emitWithWord(Op::AskGate, answer, 0, 0, cold.gate);
-        code_.jump(Op::JumpIf, answer, cold.back);
-        callStatement(*cold.otherwise);
-        code_.mark(cold.line);
-        code_.jump(Op::Jump, 0, cold.back);
+        mark(cold.line);
+        cold.write();
     }
 }
 

@@ -25,7 +25,7 @@ class ClassInstance : public Object {
     void detach();
     bool isDetached() const { return machine_ == nullptr; }
 
-    std::string_view typeName() const override { return isDetached() ? "Object" : class_->spelling; }
+    std::string_view typeName() const override { return isDetached() ? std::string_view("Object") : class_->spelling; }
     Value call(Context& context, NameId name, std::span<Value> arguments) override;
     bool hasDefault() const override { return !isDetached() && class_->defaultMember != DefaultMember; }
     ClassInstance* asInstance() override { return this; }
