@@ -166,6 +166,30 @@ TEST(SyntaxErrors, EndWhatIsTooDeepOrTooMuch) {
     }
 }
 
+// What is just within the limits runs.
+TEST(Limits, LeaveRoomForWhatPeopleWrite) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"PrintString 1" + repeated(" + 1", 900), "901\n"},
+        {"PrintString " + std::string(150, '(') + "7" + std::string(150, ')'), "7\n"},
+        {"PrintString " + repeated("-", 150) + "7", "7\n"},
+        {"PrintString 1" + repeated(" = 1", 900), "False\n"},
+        {repeated("If 1 = 1 Then\n", 150) + "PrintString \"deep\"\n" + repeated("End If\n", 150), "deep\n"},
+        {repeated("For i = 1 To 1\n", 150) + "PrintString i\n" + repeated("Next\n", 150), "1\n"},
+        {"If 1 = 1" + repeated(" And 2 = 2", 900) + " Then PrintString \"all\"", "all\n"},
+        {std::string(255, 'n') + " = 5\nPrintString " + std::string(255, 'N'), "5\n"},
+        {"s = \"" + std::string(1'000'000, 'x') + "\"\nPrintString Len(s)", "1000000\n"},
+        {"PrintString f(1" + repeated(", 1", 254) + ")\nFunction f(a" +
+             [] {
+                 std::string names;
+                 for (int i = 0; i < 254; ++i) names += ", a" + std::to_string(i);
+                 return names;
+             }() +
+             ")\nf = a + a253\nEnd Function",
+         "2\n"},
+    };
+    for (const auto& [module, expected] : cases) EXPECT_EQ(outcome(module), expected) << module.substr(0, 60);
+}
+
 TEST(SyntaxErrors, LeaveNothingOfTheModuleBehind) {
     Executor executor;
     ASSERT_TRUE(executor.addCode("Function f\nf = 1\nEnd Function"));
