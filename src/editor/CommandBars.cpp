@@ -41,8 +41,10 @@ QList<QKeySequence> shortcutsOf(std::string_view key) {
     return keys;
 }
 
+// A path that would make the menu too wide loses its middle.
 QString recentFileCaption(int slot, const QString& path) {
-    return QStringLiteral("&%1:").arg(slot) + QString(path).replace(QLatin1Char('&'), QLatin1String("&&"));
+    QString shown = QFontMetrics(look::controlFont(Font::Latin)).elidedText(path, Qt::ElideMiddle, look::em(50));
+    return QStringLiteral("&%1:").arg(slot) + shown.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
 // Tells when the mouse or the keyboard is on a button and when it has left.
@@ -137,8 +139,6 @@ void CommandBars::addToolBarItem() {
     action->setChecked(true);
     action->setShortcuts(shortcutsOf(toolBarItem.key));
     action->setShortcutVisibleInContextMenu(true);
-    // The item shows the state of the bar; a click asks for the other one, which toggleToolBar brings about.
-    connect(action, &QAction::triggered, this, [action](bool checked) { action->setChecked(!checked); });
     barsMenu_->addAction(action);
     window_.addAction(action);
     for (QWidget* bar : {static_cast<QWidget*>(menuBar_), static_cast<QWidget*>(toolBar_)}) {
@@ -192,9 +192,10 @@ void CommandBars::showRecentFiles(const RecentFiles& files) {
 bool CommandBars::toggleToolBar(const QByteArray& key) {
     QAction* action = item(key.constData());
     if (action == nullptr) return false;
-    action->setChecked(!action->isChecked());
-    toolBar_->setVisible(action->isChecked());
-    return action->isChecked();
+    const bool shown = toolBar_->isHidden();  // not the item's state, which a click has inverted already
+    toolBar_->setVisible(shown);
+    action->setChecked(shown);
+    return shown;
 }
 
 }  // namespace tolvan

@@ -34,7 +34,7 @@ class CommandBars : public QObject {
 
     void showRecentFiles(const RecentFiles& files);
 
-    // The checked state of the item of a bar, which it is after the call.
+    // Shows or hides the bar that a key names, and checks its item to match; true if it is shown now.
     bool toggleToolBar(const QByteArray& key);
 
   signals:

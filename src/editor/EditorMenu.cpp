@@ -9,6 +9,7 @@ namespace tolvan {
 
 EditorMenu::EditorMenu(QWidget* parent) : QMenu(parent) {
     setFont(look::controlFont(Font::Devanagari));
+    setStyleSheet(QStringLiteral("QMenu::icon { padding-left: 0.6em; }"));
 }
 
 // The width of the shortcut is reserved by the menu itself; here its text is kept from being drawn in the caption's

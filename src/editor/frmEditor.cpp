@@ -349,7 +349,7 @@ void frmEditor::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    keepUnsaved();
+    if (state_.Closing) keepUnsaved();  // no one has been asked
     recoveryTimer_.stop();
     rememberWindow(settings_, *this, *splitter_);
     if (findReplace_ != nullptr) findReplace_->close();

@@ -2,13 +2,11 @@
 
 #include "dialogs/Dialogs.h"
 #include "dialogs/Look.h"
-#include "dialogs/RichTextView.h"
 #include "editor/FindText.h"
+#include "editor/RomanPreview.h"
 #include "editor/panes/RomanBox.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
-#include "platform/richtext/RtfWriter.h"
-#include "translator/ProgramText.h"
 
 #include <QBoxLayout>
 #include <QCheckBox>
@@ -43,31 +41,25 @@ frmFindReplace::frmFindReplace(RomanBox& roman, QWidget* parent)
     grid->setVerticalSpacing(look::em(0.5));
     grid->setColumnStretch(1, 1);
     body().addLayout(grid, 1);
-    addTextRow(*grid, "txtFind", "kay zaexayce"_deva, txtFind_, txtFindDevnag_);
-    addTextRow(*grid, "txtReplace", "Tya@evjI"_deva, txtReplace_, txtReplaceDevnag_);
+    addTextRow(*grid, "txtFind", "kay zaexayce"_deva, txtFind_);
+    addTextRow(*grid, "txtReplace", "Tya@evjI"_deva, txtReplace_);
     addChoices(*grid);
     addButtons();
 }
 
-void frmFindReplace::addTextRow(QGridLayout& grid, const char* name, std::string_view label, QLineEdit*& box,
-                                RichTextView*& shown) {
+void frmFindReplace::addTextRow(QGridLayout& grid, const char* name, std::string_view label, QLineEdit*& box) {
     const int row = grid.rowCount();
     box = new QLineEdit(this);
     box->setObjectName(QLatin1String(name));
     box->setFont(look::controlFont(Font::Latin));
     box->setMinimumWidth(look::em(22));
-    shown = new RichTextView(this);
+    auto* shown = new RomanPreview(*box);
     shown->setObjectName(QLatin1String(name) + QLatin1String("Devnag"));
-    shown->setFixedHeight(look::em(2.2));
     auto* caption = addDevanagari<QLabel>(label, {}, this);
     caption->setBuddy(box);
     grid.addWidget(caption, row, 0);
     grid.addWidget(box, row, 1);
     grid.addWidget(shown, row + 1, 1);
-    connect(box, &QLineEdit::textChanged, shown, [shown](const QString& text) {
-        const StyledText devanagari = ProgramText(toFontEncoded(text));
-        shown->setTextRtf(writeRtf(devanagari));
-    });
 }
 
 void frmFindReplace::addChoices(QGridLayout& grid) {

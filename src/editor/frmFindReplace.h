@@ -17,7 +17,6 @@ class QRadioButton;
 
 namespace tolvan {
 
-class RichTextView;
 class RomanBox;
 
 class frmFindReplace : public FramedDialog {
@@ -35,7 +34,7 @@ class frmFindReplace : public FramedDialog {
   private:
     enum FindWhere { FromBeginning, FromCaret, Backwards };
 
-    void addTextRow(QGridLayout& grid, const char* name, std::string_view label, QLineEdit*& box, RichTextView*& shown);
+    void addTextRow(QGridLayout& grid, const char* name, std::string_view label, QLineEdit*& box);
     void addChoices(QGridLayout& grid);
     void addButtons();
 
@@ -49,8 +48,6 @@ class frmFindReplace : public FramedDialog {
     RomanBox& roman_;
     QLineEdit* txtFind_ = nullptr;
     QLineEdit* txtReplace_ = nullptr;
-    RichTextView* txtFindDevnag_ = nullptr;
-    RichTextView* txtReplaceDevnag_ = nullptr;
     std::array<QRadioButton*, 3> findWhere_{};
     QCheckBox* sameCase_ = nullptr;
     bool searched_ = false;  // since the place to begin at was chosen

@@ -43,7 +43,7 @@ TEST(ProgramLines, followEveryEdit) {
 #if defined(__SANITIZE_ADDRESS__)
     constexpr int edits = 10'000;
 #else
-    constexpr int edits = 100'000;
+    constexpr int edits = 20'000;
 #endif
     // Many marks, so that spans open, close, fall away and reach over lines all the time.
     const std::vector<std::string> pieces = {"",  "#",  "##", "ka",   "ma ",    "#\"#", "(", "dAkhav #\"#namaskAr#\"#",

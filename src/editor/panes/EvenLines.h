@@ -12,8 +12,6 @@ class EvenLines : public QPlainTextDocumentLayout {
 
     // Logical pixels; the base line is counted from the top of the line.
     void setLine(qreal height, qreal baseLine);
-    qreal lineHeight() const { return height_; }
-    qreal baseLine() const { return baseLine_; }
 
     QRectF blockBoundingRect(const QTextBlock& block) const override;
 

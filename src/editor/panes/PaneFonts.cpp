@@ -12,8 +12,11 @@ namespace {
 
 // At 100 %. The x-height of the Latin letters and the head line of the Devanagari ones look of one size like this.
 constexpr qreal romanPoints = 12;
-constexpr qreal devanagariPoints = 17;
-constexpr qreal latinPoints = 14;
+constexpr qreal devanagariPoints = 16;
+constexpr qreal latinPoints = 13.5;
+
+// The Devanagari font leaves more room under its letters than even the lowest sign under the lowest letter takes.
+constexpr qreal devanagariDescent = 0.85;
 
 QFont fixedPitchFont(qreal points) {
     QFont font;
@@ -31,13 +34,11 @@ PaneFonts PaneFonts::ofZoom(int percent) {
     const qreal zoom = percent / 100.0;
     PaneFonts fonts{fixedPitchFont(romanPoints * zoom), qtFont(Font::Devanagari, devanagariPoints * zoom),
                     qtFont(Font::Latin, latinPoints * zoom), 0, 0};
-    qreal descent = 0;
-    for (const QFont& font : {fonts.roman, fonts.devanagari, fonts.latin}) {
-        const QFontMetricsF metrics(font);
-        fonts.baseLine = std::max(fonts.baseLine, std::ceil(metrics.ascent()));
-        descent = std::max(descent, std::ceil(metrics.descent()));
-    }
-    fonts.lineHeight = fonts.baseLine + descent;
+    qreal descent = QFontMetricsF(fonts.devanagari).descent() * devanagariDescent;
+    for (const QFont& font : {fonts.roman, fonts.latin}) descent = std::max(descent, QFontMetricsF(font).descent());
+    for (const QFont& font : {fonts.roman, fonts.devanagari, fonts.latin})
+        fonts.baseLine = std::max(fonts.baseLine, std::ceil(QFontMetricsF(font).ascent()));
+    fonts.lineHeight = fonts.baseLine + std::ceil(descent);
     return fonts;
 }
 

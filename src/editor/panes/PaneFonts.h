@@ -12,8 +12,8 @@ struct PaneFonts {
     QFont latin;  // of Latin text in the Devanagari pane
 
     // Logical pixels.
-    qreal lineHeight;
-    qreal baseLine;  // below the top of the line
+    qreal lineHeight = 0;
+    qreal baseLine = 0;  // below the top of the line
 
     static PaneFonts ofZoom(int percent);
 };

@@ -116,7 +116,7 @@ void ProgramBox::setColouring(Colouring colouring) {
     formatAll();
 }
 
-void ProgramBox::setPaneFonts(const PaneFonts& fonts) {
+void ProgramBox::applyFonts(const PaneFonts& fonts) {
     latin_.setFontFamilies(fonts.latin.families());
     latin_.setFontPointSize(fonts.latin.pointSizeF());
     setFont(fonts.devanagari);

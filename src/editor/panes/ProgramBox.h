@@ -39,7 +39,7 @@ class ProgramBox : public TextPane {
     void setColouring(Colouring colouring);
 
   protected:
-    void setPaneFonts(const PaneFonts& fonts) override;
+    void applyFonts(const PaneFonts& fonts) override;
     QMimeData* createMimeDataFromSelection() const override;
 
   private:

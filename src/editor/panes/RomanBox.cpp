@@ -37,13 +37,12 @@ QString documentText(std::string_view bytes) {
     }
 }
 
-// Line ends of any kind, as other applications write them.
-std::string withLineEnds(QString text) {
+// With a line feed at the end of each line, in the place of what other applications write.
+QString withLineFeeds(QString text) {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     for (const QChar other : {QChar(u'\r'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
         text.replace(other, u'\n');
-    text.replace(u'\n', QStringLiteral("\r\n"));
-    return toFontEncoded(text);
+    return text;
 }
 
 QString plainText(const QMimeData& source) {
@@ -52,6 +51,27 @@ QString plainText(const QMimeData& source) {
     for (const QString& format : {QStringLiteral("text/rtf"), QStringLiteral("application/rtf")})
         if (source.hasFormat(format)) return toQString(readRtf(source.data(format).toStdString()).text.text());
     return {};
+}
+
+struct Difference {
+    qsizetype start;
+    qsizetype end;  // in the text before
+    QString inserted;
+};
+
+Difference difference(const QString& before, const QString& after) {
+    const qsizetype shorter = std::min(before.size(), after.size());
+    const auto start = std::mismatch(before.begin(), before.begin() + shorter, after.begin()).first - before.begin();
+    const auto most = shorter - start;
+    const auto same = std::mismatch(before.rbegin(), before.rbegin() + most, after.rbegin()).first - before.rbegin();
+    return {start, before.size() - same, after.mid(start, after.size() - same - start)};
+}
+
+// Text that is typed one letter after the other is one step of undo; this is never part of it.
+void insertAsOneStep(QTextCursor& cursor, const QString& shown) {
+    cursor.beginEditBlock();
+    cursor.insertText(shown);
+    cursor.endEditBlock();
 }
 
 // Not a key that only does something.
@@ -101,13 +121,20 @@ void RomanBox::setText(std::string_view bytes) {
 }
 
 void RomanBox::replaceText(std::string_view bytes) {
-    const std::string before = text();
-    if (isLocked() || before == bytes) return;
+    if (isLocked()) return;
+    const QString before = documentText(text());
+    const QString after = documentText(bytes);
+    if (before == after) return;
+    const auto [start, end, inserted] = difference(before, after);
+
     const int line = textCursor().blockNumber();
+    const int column = textCursor().positionInBlock();
     QTextCursor cursor(document());
-    cursor.select(QTextCursor::Document);
-    cursor.insertText(documentText(bytes));
-    cursor.setPosition(document()->findBlockByNumber(std::min(line, blockCount() - 1)).position());
+    cursor.setPosition(static_cast<int>(start));
+    cursor.setPosition(static_cast<int>(end), QTextCursor::KeepAnchor);
+    insertAsOneStep(cursor, inserted);
+    const QTextBlock block = document()->findBlockByNumber(std::min(line, blockCount() - 1));
+    cursor.setPosition(block.position() + std::min(column, block.length() - 1));
     setTextCursor(cursor);
 }
 
@@ -122,7 +149,7 @@ void RomanBox::replaceSelection(std::string_view bytes) {
 void RomanBox::insertShown(const QString& shown) {
     QTextCursor cursor = textCursor();
     const QTextBlock line = document()->findBlock(cursor.selectionStart());
-    cursor.insertText(withoutTabs(shown, cursor.selectionStart() - line.position()));
+    insertAsOneStep(cursor, withoutTabs(shown, cursor.selectionStart() - line.position()));
     setTextCursor(cursor);
     ensureCursorVisible();
 }
@@ -134,6 +161,14 @@ void RomanBox::copy() {
 void RomanBox::cut() {
     copy();
     replaceSelection({});
+}
+
+void RomanBox::undo() {
+    if (!isLocked()) TextPane::undo();
+}
+
+void RomanBox::redo() {
+    if (!isLocked()) TextPane::redo();
 }
 
 void RomanBox::setLocked(bool locked) {
@@ -172,13 +207,14 @@ bool RomanBox::focusNextPrevChild(bool next) {
     return next ? TextPane::focusNextPrevChild(next) : QWidget::focusNextPrevChild(next);
 }
 
-void RomanBox::setPaneFonts(const PaneFonts& fonts) {
+void RomanBox::applyFonts(const PaneFonts& fonts) {
     setFont(fonts.roman);
     setTabStopDistance(tabWidth * QFontMetricsF(fonts.roman).horizontalAdvance(u' '));
 }
 
 void RomanBox::inputMethodEvent(QInputMethodEvent* event) {
-    if (!refuses(event->commitString())) TextPane::inputMethodEvent(event);
+    if (refuses(event->commitString())) event->setCommitString({});
+    TextPane::inputMethodEvent(event);
 }
 
 QMimeData* RomanBox::createMimeDataFromSelection() const {
@@ -192,9 +228,11 @@ bool RomanBox::canInsertFromMimeData(const QMimeData* source) const {
 }
 
 void RomanBox::insertFromMimeData(const QMimeData* source) {
-    const QString text = plainText(*source);
+    const QString text = withLineFeeds(plainText(*source));
     if (isLocked() || text.isEmpty() || refuses(text)) return;
-    insertShown(documentText(withLineEnds(text)));
+    QStringList lines = text.split(u'\n');
+    for (QString& line : lines) line = toShown(toFontEncoded(line));
+    insertShown(lines.join(u'\n'));
 }
 
 }  // namespace tolvan

@@ -34,9 +34,11 @@ class RomanBox : public TextPane {
     // Puts text in the place of the selection. Tabs in it are blanks up to the next multiple of six.
     void replaceSelection(std::string_view bytes);
 
-    // As commands: `cut` and `copy` put the selected text on the clipboard, an empty one too.
+    // The commands of the same names; `cut` and `copy` put the selected text on the clipboard, an empty one too.
     void cut();
     void copy();
+    void undo();
+    void redo();
 
     // While a program runs: nothing can be typed, pasted, cut or undone, but the box scrolls, and text can be selected
     // and copied. setText works all the same.
@@ -53,7 +55,7 @@ class RomanBox : public TextPane {
     bool focusNextPrevChild(bool next) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
     QMimeData* createMimeDataFromSelection() const override;
-    void setPaneFonts(const PaneFonts& fonts) override;
+    void applyFonts(const PaneFonts& fonts) override;
     bool canInsertFromMimeData(const QMimeData* source) const override;
     void insertFromMimeData(const QMimeData* source) override;
 

@@ -34,6 +34,7 @@ TextPane::TextPane(QWidget* parent) : QPlainTextEdit(parent) {
     setDocument(text);
     setLineWrapMode(NoWrap);
     setFrameShape(NoFrame);
+    setCornerWidget(new QWidget(this));  // an empty one, between the bars
     setContextMenuPolicy(Qt::CustomContextMenu);
     connect(this, &QPlainTextEdit::cursorPositionChanged, this, &TextPane::caretMoved);
 }
@@ -87,9 +88,9 @@ int TextPane::currentLine() const {
 }
 
 void TextPane::setZoom(int percent) {
-    const PaneFonts fonts = PaneFonts::ofZoom(percent);
-    lines_->setLine(fonts.lineHeight, fonts.baseLine);
-    setPaneFonts(fonts);
+    fonts_ = PaneFonts::ofZoom(percent);
+    lines_->setLine(fonts_.lineHeight, fonts_.baseLine);
+    applyFonts(fonts_);
     emit zoomChanged();
 }
 
@@ -98,6 +99,7 @@ void TextPane::setMarkedLine(int line) {
     if (before == line) return;
     viewport()->update(lineBand(before));
     viewport()->update(lineBand(line));
+    emit markedLineChanged();
 }
 
 void TextPane::setLeftMargin(int width) {
@@ -110,14 +112,6 @@ int TextPane::firstVisibleLine() const {
 
 qreal TextPane::firstVisibleTop() const {
     return contentOffset().y();
-}
-
-qreal TextPane::lineHeight() const {
-    return lines_->lineHeight();
-}
-
-qreal TextPane::baseLine() const {
-    return lines_->baseLine();
 }
 
 QRect TextPane::lineBand(int line) const {

@@ -36,25 +36,28 @@ class TextPane : public QPlainTextEdit {
 
     // Percent of the opening size.
     void setZoom(int percent);
+    const PaneFonts& paneFonts() const { return fonts_; }
 
     // The line (from 1) that stands on a band of its own colour; 0: none.
     void setMarkedLine(int line);
+    int markedLine() const { return markedLine_; }
 
     // Room left of the text for something that is drawn there, and where the lines are that stand beside it: the first
     // visible one (from 1), its top, and the height and base line of each. Logical pixels of the viewport.
     void setLeftMargin(int width);
     int firstVisibleLine() const;
     qreal firstVisibleTop() const;
-    qreal lineHeight() const;
-    qreal baseLine() const;
+    qreal lineHeight() const { return fonts_.lineHeight; }
+    qreal baseLine() const { return fonts_.baseLine; }
 
   signals:
     // After every movement of the caret, by keys, mouse or a change of the text.
     void caretMoved();
     void zoomChanged();
+    void markedLineChanged();
 
   protected:
-    virtual void setPaneFonts(const PaneFonts& fonts) = 0;
+    virtual void applyFonts(const PaneFonts& fonts) = 0;
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -65,6 +68,7 @@ class TextPane : public QPlainTextEdit {
     QRect lineBand(int line) const;
 
     EvenLines* lines_;  // owned by the document
+    PaneFonts fonts_;
     int markedLine_ = 0;
 };
 
