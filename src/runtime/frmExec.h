@@ -40,9 +40,6 @@ class frmExec : public QWidget, public ConsoleOperations {
     // The program's calls of the console from the next run on.
     void setTrace(ConsoleObject::Trace trace) { parentForm_.setTrace(std::move(trace)); }
 
-    // The program's calls of the console from the next run on.
-    void setTrace(ConsoleObject::Trace trace) { parentForm_.setTrace(std::move(trace)); }
-
     void PrintString(std::string_view text) override;
     std::optional<std::string> InputString() override;
     void ClearScreen() override;
