@@ -1,0 +1,121 @@
+// The help: its file, its window, and that every example in it runs.
+#include "shell/help/HelpFile.h"
+#include "shell/help/frmHelp.h"
+#include "shell/user/DrivenProcess.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QListWidget>
+#include <QPointer>
+#include <QPushButton>
+#include <QTest>
+
+#include <gmock/gmock.h>
+#include <random>
+
+namespace tolvan {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::StartsWith;
+
+const std::string helpPath = TOLVAN_BIN_DIR "/Tolbasic.hlp";
+
+std::vector<HelpTopic> shippedHelp() {
+    std::ifstream file(helpPath, std::ios::binary);
+    return readHelpFile(std::string(std::istreambuf_iterator<char>(file), {}));
+}
+
+TEST(HelpFile, IsBuiltFromRomanLines) {
+    const auto topics =
+        readHelpFile(buildHelpFile("lost\n= dAkhav\nghe #abc# dAkhav\n    dAkhav #\"#a#\"#\n      ghe\n\n= korA\n"));
+    ASSERT_EQ(topics.size(), 2U);
+    EXPECT_EQ(topics[0].title, "daov");
+    EXPECT_THAT(topics[0].paragraphs, ElementsAre("\"e {abc} daov"));
+    EXPECT_THAT(topics[0].example, ElementsAre("dAkhav #\"#a#\"#", "  ghe"));
+    EXPECT_TRUE(topics[1].example.empty());
+}
+
+TEST(HelpFile, AnyBytesAreRead) {
+    std::mt19937 random(5);
+    for (int i = 0; i < 2000; ++i) {
+        std::string bytes;
+        for (auto count = random() % 200; count > 0; --count) bytes += "=.>\r\n{}\\a\xE0"[random() % 10];
+        for (const HelpTopic& topic : readHelpFile(bytes)) ASSERT_EQ(topic.title.find('\n'), std::string::npos);
+    }
+}
+
+TEST(Help, EveryExampleRunsAndDoesSomething) {
+    int examples = 0;
+    for (const HelpTopic& topic : shippedHelp()) {
+        if (topic.example.empty()) continue;
+        ++examples;
+        const TemporaryFolder folder;
+        std::string program = "nAv\r\n";
+        for (const std::string& line : topic.example) program.append(line).append("\r\n");
+        folder.write("program.tvp", program);
+        const std::string command =
+            "cd " + folder.path() + " && echo maitrI | " TOLVAN_BIN_DIR "/tvp run --trace program.tvp >out 2>trace";
+        EXPECT_EQ(std::system(command.c_str()), 0) << topic.title << '\n' << folder.read("trace");
+        EXPECT_NE(folder.read("out") + folder.read("trace"), "") << topic.title;
+    }
+    EXPECT_GE(examples, 15);
+}
+
+TEST(Help, ShowsTheTopicsAndCopiesTheirExamples) {
+    ASSERT_TRUE(showHelp(QString::fromStdString(helpPath)));
+    ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeWindow() != nullptr; }));
+    QWidget* const window = QApplication::activeWindow();
+    auto* const topics = window->findChild<QListWidget*>(QStringLiteral("lstTopics"));
+    auto* const copy = window->findChild<QPushButton*>(QStringLiteral("cmdCopy"));
+    auto* const text = window->findChild<QWidget*>(QStringLiteral("txtHelp"));
+    ASSERT_TRUE(topics && copy && text);
+    const auto shipped = shippedHelp();
+    ASSERT_EQ(static_cast<std::size_t>(topics->count()), shipped.size());
+    const QString first = text->property("text").toString();
+    EXPECT_TRUE(first.contains(QStringLiteral("dAkhav #\"#namaskAr")));
+
+    QTest::keyClick(topics, Qt::Key_Down);
+    QTest::keyClick(topics, Qt::Key_Down);
+    EXPECT_NE(text->property("text").toString(), first);
+    QTest::mouseClick(copy, Qt::LeftButton);
+    EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), shipped[2].example[0] + "\n");
+    QTest::keyClick(topics, Qt::Key_End);
+    EXPECT_FALSE(copy->isEnabled());  // the error messages
+    const QPointer<QWidget> closed = window;
+    QTest::keyClick(window, Qt::Key_Escape);
+    EXPECT_TRUE(QTest::qWaitFor([&closed] { return closed.isNull(); }));
+}
+
+TEST(Help, AFileWithoutHelpIsRefused) {
+    const TemporaryFolder folder;
+    folder.write("empty.hlp", "no title here\r\n");
+    EXPECT_FALSE(showHelp(QString::fromStdString(folder / "empty.hlp")));
+    EXPECT_FALSE(showHelp(QString::fromStdString(folder / "none.hlp")));
+}
+
+TEST(Help, TheEditorsCommandShowsItWhereTheFileIs) {
+    {
+        DrivenProcess process;
+        const DrivenResult result =
+            process.run(TOLVAN_BIN_DIR "/tolbasic", {},
+                        {"frmSplash leave", "frmEditor command HelpHelp", "frmHelp close", "frmEditor close"});
+        EXPECT_EQ(result.status, 0) << result.errors;
+        EXPECT_THAT(result.windows,
+                    ElementsAre(StartsWith("frmSplash|"), StartsWith("frmEditor|"), StartsWith("frmHelp|")));
+    }
+    {  // a program without the help beside it
+        DrivenProcess process;
+        const std::string lonely = process.folder() / "tolbasic";
+        fs::copy_file(TOLVAN_BIN_DIR "/tolbasic", lonely);
+        const DrivenResult result =
+            process.run(lonely, {}, {"frmSplash leave", "frmEditor command HelpHelp", "frmEditor close"});
+        EXPECT_EQ(result.status, 0) << result.errors;
+        EXPECT_THAT(result.windows, ElementsAre(StartsWith("frmSplash|"), StartsWith("frmEditor|")));
+    }
+}
+
+}  // namespace
+}  // namespace tolvan
