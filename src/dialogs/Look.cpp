@@ -67,6 +67,7 @@ constexpr const char* styleSheetPattern = R"(
     QToolButton:hover { background: @accentLight; border-color: @line; }
     QToolButton:pressed, QToolButton:checked { background: @captionActive; }
     QStatusBar { background: @footer; border-top: 1px solid @line; }
+    QCheckBox::indicator, QRadioButton::indicator { position: relative; bottom: @drop; }
     QScrollBar { background: @footer; }
     QScrollBar:vertical { width: 0.8em; }
     QScrollBar:horizontal { height: 0.8em; }
@@ -102,6 +103,7 @@ QString styleSheet() {
     for (const auto& [name, colour] : names) sheet.replace(QLatin1String(name), colour.name());
     const auto pixels = [](int count) { return QString::number(std::max(0, count)) + QLatin1String("px"); };
     sheet.replace(QLatin1String("@above"), pixels(em(0.3) + devanagariDrop()));
+    sheet.replace(QLatin1String("@drop"), pixels(devanagariDrop()));
     sheet.replace(QLatin1String("@below"), pixels(em(0.3) - devanagariDrop()));
     return sheet;
 }

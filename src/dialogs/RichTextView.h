@@ -13,6 +13,7 @@ namespace tolvan {
 
 class RichTextView : public QAbstractScrollArea {
     Q_OBJECT
+    Q_PROPERTY(QString text READ text)
   public:
     // Message texts say 10 points, which is small for Devanagari letters: every size is shown this much larger.
     static constexpr double sizeScale = 1.4;
@@ -58,7 +59,7 @@ class RichTextView : public QAbstractScrollArea {
     void layOut();
 
     std::vector<Paragraph> paragraphs_;
-    std::vector<Line> lines_;  // at the view's present width
+    std::vector<Line> lines_;  // of paragraphs_, at the view's present width
 };
 
 }  // namespace tolvan

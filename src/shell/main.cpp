@@ -1,42 +1,27 @@
 #include "dialogs/Look.h"
 #include "platform/fonts/Fonts.h"
-#include "runtime/RunState.h"
-#include "shell/CommandLine.h"
-#include "shell/RunProgramFile.h"
+#include "platform/settings/Settings.h"
+#include "shell/mdlMain.h"
 
 #include <QApplication>
-#include <QMessageBox>
 #include <QTimer>
 
-#include <cstdio>
-
-namespace {
-
-void tell(const QString& text) {
-    std::puts(qPrintable(text));
-    std::fflush(stdout);
-    QMessageBox::information(nullptr, QApplication::applicationName(), text);
-}
-
-}  // namespace
+#include <algorithm>
+#include <string>
+#include <vector>
 
 int main(int argumentCount, char** arguments) {
-    QApplication application(argumentCount, arguments);
+    int one = 1;  // the program's name; what follows it is not for Qt to read
+    QApplication application(one, arguments);
     QApplication::setOrganizationName(QStringLiteral("Tolbasic"));
     QApplication::setApplicationName(QStringLiteral("Tolbasic"));
+    QApplication::setDesktopFileName(QStringLiteral("tolbasic"));
     tolvan::loadStandIns();
     tolvan::look::apply(application);
 
-    const tolvan::CommandLine commandLine = tolvan::parseCommandLine(QApplication::arguments().mid(1));
-    if (!commandLine.file || !commandLine.run) {
-        tell(tolvan::usageText());
-        return 0;
-    }
-    tolvan::RunState state;
-    if (!tolvan::loadProgramFile(*commandLine.file, state)) {
-        tell(QStringLiteral("File cannot be located. Sorry."));
-        return 2;
-    }
-    QTimer::singleShot(0, [&state] { tolvan::runInConsole(state); });
+    const std::vector<std::string> words(arguments + std::min(1, argumentCount), arguments + argumentCount);
+    tolvan::Settings settings(tolvan::Settings::userFile());
+    tolvan::mdlMain start(settings);
+    QTimer::singleShot(0, &start, [&] { start.Main(words); });
     return QApplication::exec();
 }

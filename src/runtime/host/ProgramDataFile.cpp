@@ -16,53 +16,10 @@ namespace {
 
 constexpr std::size_t readAhead = std::size_t{64} << 10;
 
-FileError errorOf(int number) {
-    switch (number) {
-        case ENOENT:
-        case ENOTDIR:
-            return FileError::PathNotFound;
-        case EACCES:
-        case EPERM:
-            return FileError::PermissionDenied;
-        case ENOSPC:
-        case EDQUOT:
-        case EFBIG:
-            return FileError::DiskFull;
-        case EMFILE:
-        case ENFILE:
-            return FileError::TooManyFiles;
-        case ENAMETOOLONG:
-        case EILSEQ:
-        case EINVAL:
-            return FileError::BadNameOrNumber;
-        case EISDIR:
-        case ELOOP:
-        case ENXIO:
-        case EROFS:
-        case ETXTBSY:
-            return FileError::PathAccess;
-        default:
-            return FileError::DeviceError;
-    }
-}
-
-bool isFolder(const std::string& path) {
-    struct stat entry {};
-    return ::stat(path.c_str(), &entry) == 0 && S_ISDIR(entry.st_mode);
-}
-
 // A pipe without another end would hang or end the process; a folder has no lines.
 bool isOtherThanFile(const std::string& path) {
     struct stat entry {};
     return ::stat(path.c_str(), &entry) == 0 && !S_ISREG(entry.st_mode) && !S_ISCHR(entry.st_mode);
-}
-
-// A missing file is not found; with its folder missing too, the path is not.
-FileError openError(int number, const std::string& path) {
-    if (number != ENOENT) return errorOf(number);
-    const std::size_t slash = path.rfind('/');
-    const bool folderExists = slash == std::string::npos || isFolder(path.substr(0, slash + 1));
-    return folderExists ? FileError::NotFound : FileError::PathNotFound;
 }
 
 int openFlags(ProgramDataFile::Mode mode) {
@@ -100,7 +57,7 @@ FileError ProgramDataFile::open(std::string_view name, Mode mode) {
     if (isOtherThanFile(path)) return FileError::PathAccess;
     // Never waiting: a program that hangs here, on a terminal say, could not be stopped.
     descriptor_ = ::open(path.c_str(), openFlags(mode) | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
-    if (!isOpen()) return openError(errno, path);
+    if (!isOpen()) return openFileError(errno, path);
     mode_ = mode;
     return FileError::None;
 }
@@ -110,7 +67,7 @@ FileError ProgramDataFile::close() {
     position_ = 0;
     const int descriptor = std::exchange(descriptor_, -1);
     if (descriptor < 0 || ::close(descriptor) == 0 || errno == EINTR) return FileError::None;
-    return errorOf(errno);
+    return fileError(errno);
 }
 
 FileError ProgramDataFile::readLine(std::string& line) {
@@ -136,7 +93,7 @@ FileError ProgramDataFile::writeLine(std::string_view text) {
     record += "\r\n";
     for (std::size_t written = 0; written < record.size();) {
         const ssize_t count = ::write(descriptor_, record.data() + written, record.size() - written);
-        if (count < 0 && errno != EINTR) return errorOf(errno);
+        if (count < 0 && errno != EINTR) return fileError(errno);
         if (count > 0) written += static_cast<std::size_t>(count);
     }
     return FileError::None;
@@ -166,7 +123,7 @@ FileError ProgramDataFile::fill() {
         count = ::read(descriptor_, buffer_.data(), buffer_.size());
     } while (count < 0 && errno == EINTR);
     buffer_.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
-    return count < 0 ? errorOf(errno) : FileError::None;
+    return count < 0 ? fileError(errno) : FileError::None;
 }
 
 }  // namespace tolvan

@@ -4,29 +4,13 @@
 // file before the call returns, so a failure belongs to the statement that wrote, and what was written before stays.
 #pragma once
 
+#include "runtime/host/FileError.h"
+
 #include <cstdint>
 #include <string>
 #include <string_view>
 
 namespace tolvan {
-
-// Why a file operation failed, in the numbering of the script language.
-enum class FileError : std::uint8_t {
-    None = 0,
-    InvalidCall = 5,        // a name that is no text, a mode that is no number below 4
-    OutOfStringSpace = 14,  // a line longer than `ProgramDataFile::longestLine`
-    BadNameOrNumber = 52,   // an impossible name, or no file is open
-    NotFound = 53,
-    BadMode = 54,  // reading a file opened for writing, or the other way round
-    AlreadyOpen = 55,
-    DeviceError = 57,
-    DiskFull = 61,
-    PastEnd = 62,
-    TooManyFiles = 67,
-    PermissionDenied = 70,
-    PathAccess = 75,  // a folder, or something else that is no place for a file
-    PathNotFound = 76,
-};
 
 class ProgramDataFile {
   public:

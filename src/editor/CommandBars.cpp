@@ -1,0 +1,201 @@
+#include "editor/CommandBars.h"
+
+#include "dialogs/Look.h"
+#include "editor/Commands.h"
+#include "editor/EditorMenu.h"
+#include "editor/RecentFiles.h"
+#include "platform/fonts/FontEncoding.h"
+
+#include <QAction>
+#include <QEvent>
+#include <QFile>
+#include <QMenuBar>
+#include <QShortcut>
+#include <QToolBar>
+#include <QToolButton>
+
+// A static library's resources are linked only where they are asked for by name; the call must stand outside any
+// namespace.
+static void loadResources() {
+    Q_INIT_RESOURCE(editor);
+}
+
+namespace tolvan {
+namespace {
+
+constexpr int iconSize = 16;  // logical pixels
+
+QIcon iconOf(const char* key) {
+    QIcon icon;
+    for (const int size : {16, 32}) {
+        const QString file = QStringLiteral(":/tolvan/editor/%1-%2.png").arg(QLatin1String(key)).arg(size);
+        if (QFile::exists(file)) icon.addFile(file);
+    }
+    return icon;
+}
+
+QList<QKeySequence> shortcutsOf(std::string_view key) {
+    QList<QKeySequence> keys;
+    for (const Shortcut& shortcut : shortcuts())
+        if (shortcut.key == key) keys.append(QKeySequence(QLatin1String(shortcut.keys)));
+    return keys;
+}
+
+// A path that would make the menu too wide loses its middle.
+QString recentFileCaption(int slot, const QString& path) {
+    QString shown = QFontMetrics(look::controlFont(Font::Latin)).elidedText(path, Qt::ElideMiddle, look::em(50));
+    return QStringLiteral("&%1:").arg(slot) + shown.replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+// Tells when the mouse or the keyboard is on a button and when it has left.
+class DescribedButton : public QObject {
+  public:
+    DescribedButton(QToolButton& button, std::function<void(bool)> pointedAt)
+        : QObject(&button), pointedAt_(std::move(pointedAt)) {
+        button.installEventFilter(this);
+    }
+    bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::Enter || event->type() == QEvent::FocusIn) pointedAt_(true);
+        if (event->type() == QEvent::Leave || event->type() == QEvent::FocusOut) pointedAt_(false);
+        return false;
+    }
+
+  private:
+    std::function<void(bool)> pointedAt_;
+};
+
+}  // namespace
+
+CommandBars::CommandBars(QWidget& window)
+    : QObject(&window),
+      window_(window),
+      menuBar_(new QMenuBar(&window)),
+      toolBar_(new QToolBar(&window)),
+      barsMenu_(new EditorMenu(&window)) {
+    loadResources();
+    menuBar_->setObjectName(QStringLiteral("TopMenu"));
+    menuBar_->setFont(look::controlFont(Font::Devanagari));
+    for (const Menu& menu : editorMenus()) addMenu(menu);
+    addToolBar();
+    addToolBarItem();
+    addShortcuts();
+}
+
+QAction* CommandBars::addAction(const char* key, const QString& caption) {
+    auto* action = new QAction(caption, this);
+    action->setObjectName(QLatin1String(key));
+    action->setIcon(iconOf(key));
+    action->setIconVisibleInMenu(true);
+    connect(action, &QAction::triggered, this, [this, name = QByteArray(key)] { emit chosen(name); });
+    actions_.insert(key, action);
+    return action;
+}
+
+void CommandBars::addMenu(const Menu& menu) {
+    auto* shown = new EditorMenu(menuBar_);
+    shown->setObjectName(QLatin1String(menu.key));
+    QAction* top = shown->menuAction();
+    top->setText(look::captionText(menu.caption));
+    menuBar_->addAction(top);
+    const QString description = toQString(menu.description);
+    connect(shown, &QMenu::aboutToShow, this, [this, description] { emit described(description); });
+    connect(shown, &QMenu::aboutToHide, this, [this] { emit described({}); });
+    for (const MenuItem& item : menu.items) {
+        QAction* action = addAction(item.key, item.caption == "-" ? QString() : look::captionText(item.caption));
+        action->setSeparator(item.caption == "-");
+        action->setShortcuts(shortcutsOf(item.key));
+        action->setShortcutVisibleInContextMenu(true);
+        shown->addAction(action);
+    }
+    auto* opener = new QShortcut(QKeySequence(QStringLiteral("Alt+") + QLatin1String(menu.accessKey)), &window_);
+    connect(opener, &QShortcut::activated, menuBar_, [this, top] { menuBar_->setActiveAction(top); });
+}
+
+void CommandBars::addToolBar() {
+    toolBar_->setObjectName(QStringLiteral("asxToolbar1"));
+    toolBar_->setIconSize({iconSize, iconSize});
+    toolBar_->setToolButtonStyle(Qt::ToolButtonIconOnly);
+    toolBar_->setMovable(false);
+    for (const ToolButton& button : toolButtons()) {
+        if (button.key == nullptr) {
+            toolBar_->addSeparator();
+            continue;
+        }
+        QAction* action = addAction(button.key, look::captionText(button.caption));
+        const QString toolTip = toQString(button.toolTip);
+        action->setToolTip(toolTip);
+        toolBar_->addAction(action);
+        auto& control = *qobject_cast<QToolButton*>(toolBar_->widgetForAction(action));
+        control.setObjectName(QLatin1String(button.key));
+        control.setFocusPolicy(Qt::TabFocus);
+        new DescribedButton(control, [this, toolTip](bool on) { emit described(on ? toolTip : QString()); });
+    }
+}
+
+// There is no menu for it in the bar: it is asked for on the bars themselves.
+void CommandBars::addToolBarItem() {
+    QAction* action = addAction(toolBarItem.key, look::captionText(toolBarItem.caption));
+    action->setCheckable(true);
+    action->setChecked(true);
+    action->setShortcuts(shortcutsOf(toolBarItem.key));
+    action->setShortcutVisibleInContextMenu(true);
+    barsMenu_->addAction(action);
+    window_.addAction(action);
+    for (QWidget* bar : {static_cast<QWidget*>(menuBar_), static_cast<QWidget*>(toolBar_)}) {
+        bar->setContextMenuPolicy(Qt::CustomContextMenu);
+        connect(bar, &QWidget::customContextMenuRequested, this,
+                [this, bar](QPoint at) { barsMenu_->popup(bar->mapToGlobal(at)); });
+    }
+}
+
+// Commands that are in no menu, and the key that goes to the menu bar.
+void CommandBars::addShortcuts() {
+    for (const Shortcut& shortcut : shortcuts()) {
+        if (actions_.contains(shortcut.key)) continue;
+        QAction* action = addAction(shortcut.key, {});
+        action->setShortcuts(shortcutsOf(shortcut.key));
+        window_.addAction(action);
+    }
+    auto* toMenu = new QShortcut(QKeySequence(Qt::Key_F10), &window_);
+    connect(toMenu, &QShortcut::activated, menuBar_,
+            [this] { menuBar_->setActiveAction(menuBar_->actions().constFirst()); });
+}
+
+void CommandBars::setEnabled(const char* key, bool enabled) {
+    for (QAction* action : actions_.values(key)) action->setEnabled(enabled);
+}
+
+QAction* CommandBars::item(const char* key) const {
+    const QList<QAction*> actions = actions_.values(key);
+    return actions.isEmpty() ? nullptr : actions.constLast();
+}
+
+bool CommandBars::isEnabled(const char* key) const {
+    const QAction* action = item(key);
+    return action != nullptr && action->isEnabled();
+}
+
+void CommandBars::showRecentFiles(const RecentFiles& files) {
+    bool any = false;
+    for (int slot = 1; slot <= RecentFiles::slotCount; ++slot) {
+        const QString path = files.path(slot);
+        QAction* action = item(qPrintable(QStringLiteral("MnuMru%1").arg(slot)));
+        action->setText(recentFileCaption(slot, path));
+        action->setFont(look::controlFont(Font::Latin));
+        const bool shown = !path.trimmed().isEmpty();
+        action->setVisible(shown);
+        any = any || shown;
+    }
+    item("mnuSeperator4")->setVisible(any);
+}
+
+bool CommandBars::toggleToolBar(const QByteArray& key) {
+    QAction* action = item(key.constData());
+    if (action == nullptr) return false;
+    const bool shown = toolBar_->isHidden();  // not the item's state, which a click has inverted already
+    toolBar_->setVisible(shown);
+    action->setChecked(shown);
+    return shown;
+}
+
+}  // namespace tolvan

@@ -1,0 +1,59 @@
+// The menu bar and the toolbar of the editor, built from the tables of Commands.h. They only say which key was chosen.
+#pragma once
+
+#include <QKeySequence>
+#include <QMultiHash>
+#include <QObject>
+
+#include <array>
+
+class QAction;
+class QMenu;
+class QMenuBar;
+class QToolBar;
+
+namespace tolvan {
+
+struct Menu;
+class RecentFiles;
+
+class CommandBars : public QObject {
+    Q_OBJECT
+  public:
+    // For `window`, which owns the bars and lays them out.
+    explicit CommandBars(QWidget& window);
+
+    QMenuBar* menuBar() const { return menuBar_; }
+    QToolBar* toolBar() const { return toolBar_; }
+
+    // In the menu and on the toolbar, and with it the shortcut.
+    void setEnabled(const char* key, bool enabled);
+    bool isEnabled(const char* key) const;
+    // The menu's item of a command or separator.
+    QAction* item(const char* key) const;
+
+    void showRecentFiles(const RecentFiles& files);
+
+    // Shows or hides the bar that a key names, and checks its item to match; true if it is shown now.
+    bool toggleToolBar(const QByteArray& key);
+
+  signals:
+    void chosen(const QByteArray& key);
+    // A menu was opened or a button pointed at: what is in it, font-encoded. Empty when that is over.
+    void described(const QString& text);
+
+  private:
+    void addMenu(const Menu& menu);
+    void addToolBar();
+    void addToolBarItem();
+    void addShortcuts();
+    QAction* addAction(const char* key, const QString& caption);
+
+    QWidget& window_;
+    QMenuBar* menuBar_;
+    QToolBar* toolBar_;
+    QMenu* barsMenu_;
+    QMultiHash<QByteArray, QAction*> actions_;  // the last one of a key, as values() gives it, is the menu's
+};
+
+}  // namespace tolvan

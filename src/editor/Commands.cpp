@@ -1,0 +1,121 @@
+#include "editor/Commands.h"
+
+#include "platform/encoding/Deva.h"
+
+namespace tolvan {
+namespace {
+
+constexpr std::string_view separator = "-";
+
+// The misspelt keys of the separators are the names by which they are looked for.
+constexpr MenuItem fileItems[] = {
+    {"FileNew", "nvIn"_deva},
+    {"FileOpen", "%\"f"_deva},
+    {"FileSave", "saQv"_deva},
+    {"FileSaveAs", "Ž Ž Ž Mh[un saQv"_deva},
+    {"mnuSeperator1", separator},
+    {"FilePreferences", "invfI"_deva},
+    {"mnuSeperator2", separator},
+    {"FileMakeEXE", "Svt<Ç cal[are àayaejn bnv"_deva},
+    {"mnuSeperator3", separator},
+    {"MnuMru1", " "},
+    {"MnuMru2", " "},
+    {"MnuMru3", " "},
+    {"MnuMru4", " "},
+    {"mnuSeperator4", separator},
+    {"FileExit", "b<d kr"_deva},
+};
+
+constexpr MenuItem editItems[] = {
+    {"EditUndo", "rhIt kr"_deva},
+    {"EditRedo", "prt kr"_deva},
+    {"mnuSeperator5", separator},
+    {"EditCut", "kap"_deva},
+    {"EditCopy", "àt"_deva},
+    {"EditPaste", "jaef"_deva},
+    {"EditSelectAll", "svR invf"_deva},
+    {"mnuSeperator6", separator},
+    {"EditFind", "zaexŽ Ž Ž "_deva},
+    {"EditReplace", "bdlŽ Ž Ž "_deva},
+    {"mnuSeperator7", separator},
+    {"EditFormat", "sjv"_deva},
+};
+
+constexpr MenuItem runItems[] = {
+    {"RunStart", "suê kr"_deva},
+    {"RunEnd", "wa<bv"_deva},
+};
+
+constexpr MenuItem helpItems[] = {
+    {"HelpHelp", "mdt"_deva},
+    {"mnuSeperator8", separator},
+    {"HelpAbout", "tolvn beisk bÎl"_deva},
+};
+
+constexpr Menu menus[] = {
+    {"File", ")a#l"_deva, ")a#l   s<b<ixt   Aa}a"_deva, "F", fileItems},
+    {"Edit", "s<padn"_deva, "s<padna   s<b<ixt   Aa}a"_deva, "E", editItems},
+    {"Run", "caln"_deva, "caln   s<b<ixt   Aa}a"_deva, "R", runItems},
+    {"Help", "mdt"_deva, "mdtI s<b<ixt Aa}a"_deva, "H", helpItems},
+};
+
+// The toolbar's caption of the undo command differs from the menu's.
+constexpr ToolButton buttons[] = {
+    {"FileNew", "nvIn"_deva, "nvIn àayaejn bnv{yasaQI"_deva},
+    {"FileOpen", "%\"f"_deva, "saQvlele àayaejn %\"f{yasaQI"_deva},
+    {"FileSave", "saQv"_deva, "AaÄa %\"fe àayaejn saQv{yasaQI"_deva},
+    {},
+    {"EditCut", "kap"_deva, "invflele zaiBdk kap{yasaQI"_deva},
+    {"EditCopy", "àt"_deva, "invfleLya zaiBdkacI àt bnv{yasaQI"_deva},
+    {"EditPaste", "jaef"_deva, "kplele ik<va àt bnvlele zaiBdk jaef{yasaQI"_deva},
+    {"EditFind", "zaex"_deva, "@oade zaiBdk zaex{yasaQI"_deva},
+    {},
+    {"EditUndo", "riht kr"_deva, "bdl riht kr{yasaQI"_deva},
+    {"EditRedo", "prt kr"_deva, "riht kelele bdl prt kr{yasaQI"_deva},
+    {},
+    {"EditFormat", "sjv"_deva, "àayaejn sjv{yasaQI"_deva},
+    {},
+    {"RunStart", "suê kr"_deva, "àayaejn suê kr{yasaQI"_deva},
+    {"RunEnd", "wa<bv"_deva, "suê Aslele àayaejn wa<bv{yasaQI"_deva},
+};
+
+constexpr Shortcut shortcutTable[] = {
+    {"FileNew", "Ctrl+N"},
+    {"FileOpen", "Ctrl+O"},
+    {"FileSave", "Ctrl+S"},
+    {"FileSaveAs", "Ctrl+Shift+S"},
+    {"FileExit", "Ctrl+Q"},
+    {"EditUndo", "Ctrl+Z"},
+    {"EditRedo", "Ctrl+Y"},
+    {"EditRedo", "Ctrl+Shift+Z"},
+    {"EditCut", "Ctrl+X"},
+    {"EditCopy", "Ctrl+C"},
+    {"EditPaste", "Ctrl+V"},
+    {"EditSelectAll", "Ctrl+A"},
+    {"EditFind", "Ctrl+F"},
+    {"EditReplace", "Ctrl+H"},
+    {"EditFindNext", "F3"},
+    {"ViewNextPane", "F6"},
+    {"EditFormat", "Ctrl+Shift+F"},
+    {"RunStart", "F5"},
+    {"RunEnd", "F4"},
+    {"RunEnd", "Shift+F5"},
+    {"HelpHelp", "F1"},
+    {"Toolbar_general", "Ctrl+Shift+T"},
+};
+
+}  // namespace
+
+std::span<const Menu> editorMenus() {
+    return menus;
+}
+
+std::span<const ToolButton> toolButtons() {
+    return buttons;
+}
+
+std::span<const Shortcut> shortcuts() {
+    return shortcutTable;
+}
+
+}  // namespace tolvan

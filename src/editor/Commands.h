@@ -1,0 +1,47 @@
+// The commands of the editor as data: menus, toolbar, shortcuts. A key is the name of the slot of frmEditor that does
+// the command. Captions are font-encoded; "-" is a separator.
+#pragma once
+
+#include "platform/encoding/Deva.h"
+
+#include <span>
+#include <string_view>
+
+namespace tolvan {
+
+struct MenuItem {
+    const char* key;
+    std::string_view caption;
+};
+
+struct Menu {
+    const char* key;
+    std::string_view caption;
+    std::string_view description;  // shown in the status bar
+    const char* accessKey;         // opens it; a letter of the keyboard, since the caption has none
+    std::span<const MenuItem> items;
+};
+
+std::span<const Menu> editorMenus();
+
+struct ToolButton {
+    const char* key;  // null: a separator
+    std::string_view caption;
+    std::string_view toolTip;
+};
+
+std::span<const ToolButton> toolButtons();
+
+struct Shortcut {
+    const char* key;
+    const char* keys;  // as QKeySequence reads it
+};
+
+// The first of a command is shown in its menu item.
+std::span<const Shortcut> shortcuts();
+
+// Keys that begin with it are no commands but show or hide the bar that the rest of the key names.
+inline constexpr std::string_view toolBarPrefix = "Toolbar_";
+inline constexpr MenuItem toolBarItem = {"Toolbar_general", "saxnp”I"_deva};
+
+}  // namespace tolvan

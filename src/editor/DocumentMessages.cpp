@@ -1,0 +1,54 @@
+#include "editor/DocumentMessages.h"
+
+#include "platform/fonts/FontEncoding.h"
+#include "platform/richtext/RtfWriter.h"
+
+namespace tolvan::messages {
+namespace {
+
+constexpr std::size_t suffixLength = 4;  // ".tvp"
+
+std::string aboutFile(const QString& path, std::string_view rest) {
+    return std::string("\\f1tolvn beiskla \\f0"_deva).append(RtfEscape(latinBytes(path))).append(rest);
+}
+
+}  // namespace
+
+std::string latinBytes(const QString& text) {
+    std::string bytes;
+    for (const char32_t character : text.toStdU32String())
+        bytes += static_cast<char>(unicodeToWindows1252(character).value_or('?'));
+    return bytes;
+}
+
+std::string notSaved(const QString& path) {
+    return aboutFile(path, " \\f1hI )a#l saQvta AalI nahI\\f0."_deva);
+}
+
+std::string notReadable(const QString& path) {
+    return aboutFile(path, " \\f1hI )a#l %\"fta AalI nahI\\f0."_deva);
+}
+
+std::string otherKind(const QString& path) {
+    return std::string("\\f1tolvn beiskla ýa àakaracI )a#l %"_deva)
+        .append(RtfEscape(latinBytes(path.right(suffixLength))))
+        .append("fta yet nahI\\f0."_deva);
+}
+
+std::string takeUpUnsaved(const QString& title) {
+    return std::string("\\f0"_deva)
+        .append(RtfEscape(latinBytes(title)))
+        .append("\\f1  he àayaejn saQvlele nahI\\f0.\\f1 te prt Aa[ayce ka\\f0?"_deva);
+}
+
+std::string characterRefused(char32_t character) {
+    return std::string("\\f1he A]r #we ilihta yet nahI\\f0: "_deva)
+        .append("U+")
+        .append(QString::number(character, 16).toUpper().rightJustified(4, QLatin1Char('0')).toStdString());
+}
+
+std::string helpFailed() {
+    return std::string("\\f1mdt daovta AalI nahI\\f0."_deva);
+}
+
+}  // namespace tolvan::messages

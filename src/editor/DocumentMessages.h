@@ -1,0 +1,39 @@
+// What the document tells and asks, as fragments for ShowMessage and AskQuestion. The three questions about unsaved
+// text differ in wording.
+#pragma once
+
+#include "platform/encoding/Deva.h"
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace tolvan::messages {
+
+inline constexpr std::string_view saveBeforeNew = "\\f1he àayaejn saQvlele nahI, te saQvayce ka\\f0?"_deva;
+inline constexpr std::string_view saveBeforeOpen = "\\f1he àayaejn saQvlele nahI\\f0.\\f1 te saQvayce ka\\f0?"_deva;
+inline constexpr std::string_view saveBeforeClose = "\\f1sXyace àayaejn saQvlele nahI AaheŽ te saQvayce ka\\f0?"_deva;
+
+inline constexpr std::string_view noSuchFile =
+    "\\f1 magR sapfla nahI\\f0.\\f1 maigtlele àayaejn AaiStTvat nahI \\f0."_deva;
+inline constexpr std::string_view tooManyFiles = "\\f1@k pe]a jaSt )a#l AaeFta yet nahIt\\f0."_deva;
+
+// The file was changed by someone else since it was opened or saved here: save all the same?
+inline constexpr std::string_view changedOnDisk =
+    "\\f1hI )a$l Ês\u009dya iofkIt bdllI Aahe\\f0.\\f1 trI tI saQvaycI ka\\f0?"_deva;
+
+std::string notSaved(const QString& path);
+std::string notReadable(const QString& path);
+// A dropped file of another kind.
+std::string otherKind(const QString& path);
+// Asks whether to take up the unsaved text of a file; of a document without file, `title` is its title.
+std::string takeUpUnsaved(const QString& title);
+// A character that has no 8-bit code.
+std::string characterRefused(char32_t character);
+std::string helpFailed();
+
+// 8-bit text of a file name, to be shown in the Latin font: "?" for what has no code.
+std::string latinBytes(const QString& text);
+
+}  // namespace tolvan::messages

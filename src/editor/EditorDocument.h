@@ -1,0 +1,104 @@
+// The one document of the editor: the Roman program text with its caption, its file and its title.
+//
+// Questions, messages and file dialogs are asked of the user through dialogs/Dialogs.h and FileDialogs.h, which tests
+// replace.
+#pragma once
+
+#include <QByteArray>
+#include <QObject>
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace tolvan {
+
+// Where the document's text is: the pane in which it is typed.
+class DocumentText {
+  public:
+    DocumentText() = default;
+    DocumentText(const DocumentText&) = delete;
+    DocumentText& operator=(const DocumentText&) = delete;
+    virtual ~DocumentText() = default;
+
+    // Lines are parted by CR LF.
+    virtual std::string romanText() const = 0;
+    // Another document: nothing of it can be undone.
+    virtual void setRomanText(std::string_view text) = 0;
+};
+
+// A document with what it takes to go on with it.
+struct UnsavedText {
+    QString path;
+    QByteArray fingerprint;  // of the file as it was read or written last; empty without file
+    std::string caption;
+    std::string text;
+};
+
+class EditorDocument : public QObject {
+    Q_OBJECT
+
+  public:
+    static const QString newTitle;
+
+    // `caption` is the program caption that the whole application shares. Both must outlive it.
+    EditorDocument(DocumentText& text, std::string& caption);
+
+    // Full path of the file; empty while the document has never been saved.
+    const QString& path() const { return path_; }
+    // As in the file's name; ends in one "*" while there are unsaved changes.
+    const QString& title() const { return title_; }
+    bool isDirty() const;
+
+    const std::string& caption() const { return caption_; }
+    // Another caption makes the document dirty, the same one does not.
+    void setCaption(std::string_view caption);
+
+    // The text was changed.
+    void markDirty();
+
+    // Each returns false when the user cancelled, or when it failed, which has been told; nothing is lost then.
+    //
+    // FileNew and FileOpen ask about unsaved text first, OpenFile does not. An empty path asks for one.
+    bool FileNew();
+    bool FileOpen();
+    bool OpenFile(const QString& path);
+    bool OpenRecent(const QString& path);
+    bool FileSave();
+    bool FileSaveAs();
+    bool saveTo(const QString& path);
+    // Before the window closes: whether it may.
+    bool mayClose();
+
+    // A new document is being put in the place of the old one.
+    bool isLoading() const { return loading_; }
+
+    // The document as it would be lost, and the same taken up again: it is unsaved then.
+    UnsavedText unsaved() const;
+    void takeUp(const UnsavedText& unsaved);
+
+  signals:
+    void titleChanged();
+    // Was opened from or saved to its path.
+    void filed(const QString& path);
+    void saved();
+    // Unsaved text is about to go, by the user's wish.
+    void discarding();
+
+  private:
+    void setTitle(const QString& title);
+    void clearDirtyMark();
+    bool mayGo(std::string_view question);
+    bool load(const QString& path);
+    void replaceBy(const QString& path, std::string_view text);
+    bool changedOnDisk(const QString& path) const;
+
+    DocumentText& text_;
+    std::string& caption_;
+    QString path_;
+    QString title_;
+    QByteArray fingerprint_;
+    bool loading_ = false;
+};
+
+}  // namespace tolvan

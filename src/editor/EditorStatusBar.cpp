@@ -1,0 +1,75 @@
+#include "editor/EditorStatusBar.h"
+
+#include "dialogs/Look.h"
+#include "platform/encoding/Deva.h"
+#include "platform/fonts/FontEncoding.h"
+#include "translator/Translator.h"
+
+#include <QLabel>
+#include <QLayout>
+
+#include <cmath>
+
+namespace tolvan {
+namespace {
+
+constexpr double wholeWidth = 211;  // of a program with as many lines as characters
+
+}  // namespace
+
+double progressWidth(const CompileProgress& progress) {
+    const double step = wholeWidth / static_cast<double>(progress.characters);
+    return 1 + step * static_cast<double>(progress.lines);
+}
+
+EditorStatusBar::EditorStatusBar(QWidget* parent)
+    : QStatusBar(parent),
+      line_(addPanel("panel1", 0)),
+      message_(addPanel("panel2", 1)),
+      description_(addPanel("panel3", 2)),
+      progress_(addPanel("panel4", 0)) {
+    setObjectName(QStringLiteral("StatusBar1"));
+    setSizeGripEnabled(false);
+    line_->setMinimumWidth(look::em(6));
+    progress_->setAutoFillBackground(true);
+    progress_->setPalette(look::accent);
+    hideProgress();
+}
+
+QLabel* EditorStatusBar::addPanel(const char* name, int stretch) {
+    auto* panel = new QLabel(this);
+    panel->setObjectName(QLatin1String(name));
+    panel->setFont(look::controlFont(Font::Devanagari));
+    panel->setTextFormat(Qt::PlainText);
+    panel->setContentsMargins(look::em(0.5), look::devanagariDrop(), look::em(0.5), 0);
+    panel->setMinimumWidth(1);  // a long text must not make the window wider
+    addWidget(panel, stretch);
+    return panel;
+}
+
+void EditorStatusBar::showLine(int line) {
+    line_->setText(toQString("Aae¦ "_deva) + QString::number(line));
+}
+
+void EditorStatusBar::showMessage(std::string_view text) {
+    message_->setText(toQString(text));
+}
+
+void EditorStatusBar::showDescription(const QString& text) {
+    description_->setText(text);
+}
+
+void EditorStatusBar::showProgress(double width) {
+    const int pixels = static_cast<int>(std::lround(width));
+    if (progress_->isVisible() && progress_->width() == pixels) return;
+    progress_->setFixedWidth(pixels);
+    progress_->show();
+    layout()->activate();
+    repaint();
+}
+
+void EditorStatusBar::hideProgress() {
+    progress_->hide();
+}
+
+}  // namespace tolvan

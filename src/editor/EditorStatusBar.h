@@ -1,0 +1,42 @@
+// The status bar of the editor: the line of the caret, what the system is doing, what a command is for, and how far a
+// translation has come. Its panels are named panel1 to panel4.
+#pragma once
+
+#include <QStatusBar>
+
+#include <cstddef>
+#include <string_view>
+
+class QLabel;
+
+namespace tolvan {
+
+struct CompileProgress;
+
+// The width of the progress panel in logical pixels: it grows by the same step for each line.
+double progressWidth(const CompileProgress& progress);
+
+class EditorStatusBar : public QStatusBar {
+    Q_OBJECT
+  public:
+    explicit EditorStatusBar(QWidget* parent);
+
+    // All texts are font-encoded.
+    void showLine(int line);
+    void showMessage(std::string_view text);
+    void showDescription(const QString& text);
+
+    // Drawn at once, since a translation lets no events run.
+    void showProgress(double width);
+    void hideProgress();
+
+  private:
+    QLabel* addPanel(const char* name, int stretch);
+
+    QLabel* line_;
+    QLabel* message_;
+    QLabel* description_;
+    QLabel* progress_;
+};
+
+}  // namespace tolvan

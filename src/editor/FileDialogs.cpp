@@ -1,0 +1,74 @@
+#include "editor/FileDialogs.h"
+
+#include <QApplication>
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QPointer>
+#include <QStandardPaths>
+
+#include <utility>
+
+namespace tolvan {
+namespace {
+
+FileAnswers* current = nullptr;  // null: the dialogs
+
+FileAnswers& answers() {
+    static FileAnswers dialogs;
+    return current ? *current : dialogs;
+}
+
+// A proposed name comes from the user's caption of the program, which may hold anything.
+QString asFileName(QString name) {
+    for (QChar& character : name)
+        if (character == QLatin1Char('/') || character == QLatin1Char('\\') || character < QLatin1Char(' '))
+            character = QLatin1Char('-');
+    return name.trimmed();
+}
+
+QString ask(const FileRequest& request, QFileDialog::AcceptMode mode) {
+    const QString filter = QStringLiteral("%1 (*.%2)").arg(request.kind, request.suffix);
+    const QPointer<QFileDialog> dialog =
+        new QFileDialog(QApplication::activeWindow(), request.title, request.folder, filter);
+    dialog->setAcceptMode(mode);
+    dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+    dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.asksBeforeReplacing);
+    dialog->setDefaultSuffix(request.suffix);
+    if (mode == QFileDialog::AcceptSave) dialog->selectFile(asFileName(request.name));
+    const bool accepted = dialog->exec() == QDialog::Accepted;
+    if (!dialog) return {};  // it went with its parent
+    const QString path = accepted ? dialog->selectedFiles().value(0) : QString();
+    delete dialog;
+    return path;
+}
+
+}  // namespace
+
+QString askOpenFile(const FileRequest& request) {
+    return answers().askOpenFile(request);
+}
+
+QString askSaveFile(const FileRequest& request) {
+    return answers().askSaveFile(request);
+}
+
+QString startFolder() {
+    const QString application = QCoreApplication::applicationDirPath();
+    if (QFileInfo(application).isWritable()) return application;
+    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+QString FileAnswers::askOpenFile(const FileRequest& request) {
+    return ask(request, QFileDialog::AcceptOpen);
+}
+
+QString FileAnswers::askSaveFile(const FileRequest& request) {
+    return ask(request, QFileDialog::AcceptSave);
+}
+
+ReplacedFileDialogs::ReplacedFileDialogs(FileAnswers& answers) : replaced_(std::exchange(current, &answers)) {}
+ReplacedFileDialogs::~ReplacedFileDialogs() {
+    current = replaced_;
+}
+
+}  // namespace tolvan

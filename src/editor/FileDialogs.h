@@ -1,0 +1,49 @@
+// The file dialogs of the editor. They wait until the user has chosen.
+#pragma once
+
+#include <QString>
+
+namespace tolvan {
+
+struct FileRequest {
+    QString title;
+    QString kind;                     // of the files that are shown, such as "Tolvan Basic Program"
+    QString suffix;                   // theirs, such as "tvp"
+    QString folder;                   // where it begins
+    QString name;                     // proposed; only for saving
+    bool asksBeforeReplacing = true;  // an existing file; only for saving
+};
+
+// The chosen path; empty when the user cancelled. An existing file can be chosen for saving after a question only,
+// unless the request says otherwise; a name without a suffix gets the one of the request.
+QString askOpenFile(const FileRequest& request);
+QString askSaveFile(const FileRequest& request);
+
+// Where a file dialog begins: the application's folder; where a user cannot write, the one for documents.
+QString startFolder();
+
+// What answers those calls: the dialogs, unless a test puts something else in their place.
+class FileAnswers {
+  public:
+    FileAnswers() = default;
+    FileAnswers(const FileAnswers&) = delete;
+    FileAnswers& operator=(const FileAnswers&) = delete;
+    virtual ~FileAnswers() = default;
+
+    virtual QString askOpenFile(const FileRequest& request);
+    virtual QString askSaveFile(const FileRequest& request);
+};
+
+// As long as it lives, `answers` answers. These nest.
+class ReplacedFileDialogs {
+  public:
+    explicit ReplacedFileDialogs(FileAnswers& answers);
+    ReplacedFileDialogs(const ReplacedFileDialogs&) = delete;
+    ReplacedFileDialogs& operator=(const ReplacedFileDialogs&) = delete;
+    ~ReplacedFileDialogs();
+
+  private:
+    FileAnswers* replaced_;
+};
+
+}  // namespace tolvan

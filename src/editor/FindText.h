@@ -1,0 +1,29 @@
+// Searching in 8-bit text. Positions are from 0.
+#pragma once
+
+#include <cstddef>
+#include <optional>
+#include <string>
+#include <string_view>
+
+namespace tolvan {
+
+enum class LetterCase { Exact, Same };  // Same: ASCII letters count as the same in both cases
+
+struct FoundText {
+    std::size_t start = 0;
+    std::size_t length = 0;
+    friend bool operator==(const FoundText&, const FoundText&) = default;
+};
+
+// The first occurrence that begins at `from` or later. An empty text is never found.
+std::optional<FoundText> findForwards(std::string_view text, std::string_view wanted, std::size_t from,
+                                      LetterCase letterCase);
+// The last occurrence that ends at `before` or earlier.
+std::optional<FoundText> findBackwards(std::string_view text, std::string_view wanted, std::size_t before,
+                                       LetterCase letterCase);
+
+// Every occurrence replaced, from the first character on, compared exactly. What is put in is not searched.
+std::string replaceAll(std::string_view text, std::string_view wanted, std::string_view replacement);
+
+}  // namespace tolvan

@@ -1,0 +1,118 @@
+#include "editor/RecoveryFiles.h"
+
+#include "editor/WholeFile.h"
+#include "translator/ProgramFile.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+
+#include <algorithm>
+
+namespace tolvan {
+namespace {
+
+constexpr char signature[] = "Tolvan Basic unsaved program 1";
+constexpr int mostCopies = 1000;  // of all windows together; a thousand unsaved texts are no accident any more
+
+constexpr std::string_view lineEnd = "\r\n";
+
+QByteArray takeLine(QByteArray& text) {
+    const qsizetype end = text.indexOf('\n');
+    const QByteArray line = text.left(end);
+    text.remove(0, end < 0 ? text.size() : end + 1);
+    return line;
+}
+
+bool isBlank(const std::string& text) {
+    return text.find_first_not_of(" \r\n") == std::string::npos;
+}
+
+}  // namespace
+
+// Signature, path and fingerprint, a line each, and behind them a program file.
+QByteArray writeRecovery(const UnsavedText& unsaved) {
+    QByteArray content(signature);
+    content.append('\n').append(unsaved.path.toUtf8().toPercentEncoding("/"));
+    content.append('\n').append(unsaved.fingerprint.toHex());
+    return content.append('\n').append(QByteArray::fromStdString(writeProgramFile(unsaved.caption, unsaved.text)));
+}
+
+std::optional<UnsavedText> readRecovery(const QByteArray& content) {
+    QByteArray rest = content;
+    const QByteArray head = takeLine(rest);
+    const QByteArray path = takeLine(rest);
+    const QByteArray fingerprint = takeLine(rest);
+    ProgramFile program = readProgramFile(rest.toStdString());
+    if (head != signature || program.problem != ProgramFile::Problem::None) return std::nullopt;
+    if (program.roman.ends_with(lineEnd)) program.roman.resize(program.roman.size() - lineEnd.size());
+    return UnsavedText{QString::fromUtf8(QByteArray::fromPercentEncoding(path)), QByteArray::fromHex(fingerprint),
+                       std::move(program.caption), std::move(program.roman)};
+}
+
+// Nothing if another window has it. A lock that is left over from a crash is taken over.
+std::optional<RecoveryFiles::Copy> RecoveryFiles::lockedCopy(const QString& file) const {
+    auto lock = std::make_unique<QLockFile>(file + QLatin1String(".lock"));
+    lock->setStaleLockTime(0);
+    if (!lock->tryLock(0)) return std::nullopt;
+    return Copy{file, std::move(lock)};
+}
+
+bool RecoveryFiles::makePresent() {
+    if (present_) return true;
+    if (!QDir().mkpath(folder_)) return false;
+    for (int number = 1; number <= mostCopies && !present_; ++number) {
+        const QString file = QStringLiteral("%1/unsaved-%2.tvp").arg(folder_).arg(number);
+        if (QFile::exists(file)) continue;
+        present_ = lockedCopy(file);
+        if (present_ && QFile::exists(file)) present_.reset();  // it came between the two looks
+    }
+    return present_.has_value();
+}
+
+bool RecoveryFiles::keep(const UnsavedText& unsaved) {
+    if (isBlank(unsaved.text)) {
+        setAside();
+        return true;
+    }
+    return makePresent() && replaceFile(present_->file, writeRecovery(unsaved)) &&
+           QFile::setPermissions(present_->file, QFile::ReadOwner | QFile::WriteOwner);
+}
+
+void RecoveryFiles::setAside() {
+    if (present_) aside_.push_back(std::move(*present_));
+    present_.reset();
+}
+
+void RecoveryFiles::removeAll() {
+    setAside();
+    for (const Copy& copy : aside_) QFile::remove(copy.file);
+    aside_.clear();
+}
+
+std::optional<UnsavedText> RecoveryFiles::nextLeft() {
+    const QStringList names = QDir(folder_).entryList({QStringLiteral("unsaved-*.tvp")}, QDir::Files, QDir::Time);
+    for (const QString& name : names) {
+        const QString file = folder_ + QLatin1Char('/') + name;
+        const bool own = std::any_of(aside_.begin(), aside_.end(), [&](const Copy& copy) { return copy.file == file; });
+        if (own || (present_ && present_->file == file)) continue;
+        std::optional<Copy> copy = lockedCopy(file);
+        if (!copy) continue;
+        const std::optional<QByteArray> content = readWholeFile(file);
+        std::optional<UnsavedText> unsaved = content ? readRecovery(*content) : std::nullopt;
+        if (!unsaved) continue;
+        aside_.push_back(std::move(*copy));
+        return unsaved;
+    }
+    return std::nullopt;
+}
+
+void RecoveryFiles::takeUpLast() {
+    if (aside_.empty()) return;
+    Copy copy = std::move(aside_.back());
+    aside_.pop_back();
+    setAside();
+    present_ = std::move(copy);
+}
+
+}  // namespace tolvan

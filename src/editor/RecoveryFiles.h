@@ -1,0 +1,58 @@
+// Copies of unsaved text in a folder, from which the next start takes them up after a crash or a power cut.
+//
+// Each window has copies of its own, locked as long as it lives; a copy without lock is left over from one that ended.
+// A copy that the user may still want back - discarded text, or text in whose place nothing came - is set aside: it
+// stays until the next document has been saved.
+#pragma once
+
+#include "editor/EditorDocument.h"
+
+#include <QLockFile>
+#include <QString>
+
+#include <memory>
+#include <optional>
+#include <vector>
+
+namespace tolvan {
+
+class RecoveryFiles {
+  public:
+    // The folder is made when the first copy is kept.
+    explicit RecoveryFiles(QString folder) : folder_(std::move(folder)) {}
+
+    // Writes the copy of the present document, in the place of its last one. Text of blanks alone is not worth a copy;
+    // the last one is set aside then. False if it could not be written.
+    bool keep(const UnsavedText& unsaved);
+
+    // The present copy is of text that goes.
+    void setAside();
+
+    // A document has been saved: no copy is needed any more.
+    void removeAll();
+
+    // A copy that another window left, newest first, each only once; nothing when there is none any more. It is set
+    // aside.
+    std::optional<UnsavedText> nextLeft();
+    // The copy that nextLeft gave last is the present document from now on.
+    void takeUpLast();
+
+  private:
+    struct Copy {
+        QString file;
+        std::unique_ptr<QLockFile> lock;
+    };
+
+    std::optional<Copy> lockedCopy(const QString& file) const;
+    bool makePresent();
+
+    QString folder_;
+    std::optional<Copy> present_;
+    std::vector<Copy> aside_;
+};
+
+// The content of a copy, and back; nothing for what is none.
+QByteArray writeRecovery(const UnsavedText& unsaved);
+std::optional<UnsavedText> readRecovery(const QByteArray& content);
+
+}  // namespace tolvan

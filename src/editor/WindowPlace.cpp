@@ -1,0 +1,50 @@
+#include "editor/WindowPlace.h"
+
+#include "dialogs/Look.h"
+#include "platform/settings/Settings.h"
+
+#include <QScreen>
+#include <QSplitter>
+#include <QWidget>
+
+namespace tolvan {
+namespace {
+
+const QString section = QStringLiteral("Settings");
+const QString widthKey = QStringLiteral("EditorWidth");
+const QString heightKey = QStringLiteral("EditorHeight");
+const QString maximizedKey = QStringLiteral("EditorMaximized");
+const QString shareKey = QStringLiteral("EditorRomanPercent");  // of the width, for the left pane
+
+int number(const Settings& settings, const QString& key) {
+    return settings.GetSetting(section, key).toInt();
+}
+
+QSize comfortableSize() {
+    return {look::em(62), look::em(40)};
+}
+
+}  // namespace
+
+void restoreWindow(const Settings& settings, QWidget& window, QSplitter& splitter) {
+    const QSize kept(number(settings, widthKey), number(settings, heightKey));
+    const bool sensible = kept.width() >= look::em(20) && kept.height() >= look::em(12);
+    window.resize((sensible ? kept : comfortableSize()).boundedTo(window.screen()->availableSize()));
+    if (readSetting(settings.GetSetting(section, maximizedKey), false))
+        window.setWindowState(window.windowState() | Qt::WindowMaximized);
+    const int share = number(settings, shareKey);
+    const int left = share > 5 && share < 95 ? share : 50;
+    splitter.setSizes({left * 1000, (100 - left) * 1000});  // shared out in this proportion
+}
+
+void rememberWindow(Settings& settings, const QWidget& window, const QSplitter& splitter) {
+    const QSize size = window.isMaximized() ? window.normalGeometry().size() : window.size();
+    const QList<int> widths = splitter.sizes();
+    const int whole = widths.value(0) + widths.value(1);
+    settings.SaveSetting(section, widthKey, QString::number(size.width()));
+    settings.SaveSetting(section, heightKey, QString::number(size.height()));
+    settings.SaveSetting(section, maximizedKey, settingText(window.isMaximized()));
+    if (whole > 0) settings.SaveSetting(section, shareKey, QString::number(widths.value(0) * 100 / whole));
+}
+
+}  // namespace tolvan

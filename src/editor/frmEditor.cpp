@@ -1,0 +1,361 @@
+#include "editor/frmEditor.h"
+
+#include "dialogs/Dialogs.h"
+#include "dialogs/Look.h"
+#include "dialogs/WindowFrame.h"
+#include "dialogs/frmAbout.h"
+#include "editor/CommandBars.h"
+#include "editor/Commands.h"
+#include "editor/DocumentMessages.h"
+#include "editor/EditorStatusBar.h"
+#include "editor/WindowPlace.h"
+#include "editor/frmFindReplace.h"
+#include "editor/panes/ProgramBox.h"
+#include "editor/panes/RomanBox.h"
+#include "editor/panes/RomanInput.h"
+#include "platform/encoding/Deva.h"
+#include "platform/fonts/FontEncoding.h"
+#include "platform/settings/Settings.h"
+#include "runtime/frmExec.h"
+#include "translator/Formatter.h"
+
+#include <QBoxLayout>
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QMenuBar>
+#include <QMimeData>
+#include <QSplitter>
+#include <QToolBar>
+#include <QUrl>
+
+#include <chrono>
+
+namespace tolvan {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto timer1Interval = 1500ms;
+constexpr auto recoveryInterval = 2s;
+
+constexpr std::string_view readyText = "tolvn beisk tyar Aahe"_deva;
+constexpr std::string_view workingText = "q<k leon sué Aahe"_deva;
+
+// Commands that would change the text, or start a second program, while one runs.
+constexpr const char* commandsThatChange[] = {"FileNew",     "FileOpen",   "MnuMru1",  "MnuMru2",
+                                              "MnuMru3",     "MnuMru4",    "EditCut",  "EditPaste",
+                                              "EditReplace", "EditFormat", "RunStart", "FileMakeEXE"};
+
+}  // namespace
+
+frmEditor::frmEditor(EditorState& state, Settings& settings, EditorServices services)
+    : state_(state),
+      settings_(settings),
+      services_(std::move(services)),
+      frame_(new WindowFrame(*this, WindowFrame::Kind::Resizable)),
+      bars_(new CommandBars(*this)),
+      splitter_(new QSplitter(this)),
+      txtRoman_(new RomanBox(splitter_)),
+      txtProgram_(new ProgramBox(splitter_)),
+      statusBar_(new EditorStatusBar(this)),
+      document_(*this, state.run.ProgramCaption),
+      recentFiles_(settings),
+      recovery_(settings.folder()) {
+    setObjectName(QStringLiteral("frmEditor"));
+    txtRoman_->setObjectName(QStringLiteral("txtRoman"));
+    txtProgram_->setObjectName(QStringLiteral("txtProgram"));
+    setAcceptDrops(true);
+    setUpLayout();
+    connectPanes();
+    connectDocument();
+    connect(bars_, &CommandBars::chosen, this, &frmEditor::TopMenu_UserCommand);
+    connect(bars_, &CommandBars::described, statusBar_, &EditorStatusBar::showDescription);
+    Timer1_Tick();
+    statusBar_->showLine(txtRoman_->currentLine());
+    setHelpFile({});
+    enableCommands();
+    MruManage({});
+    refreshCaption();
+    restoreWindow(settings_, *this, *splitter_);
+    txtRoman_->setFocus();
+}
+
+frmEditor::~frmEditor() = default;
+
+void frmEditor::setUpLayout() {
+    splitter_->setChildrenCollapsible(false);
+    splitter_->setHandleWidth(look::em(0.3));
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->setSpacing(0);
+    layout->addWidget(bars_->menuBar());
+    layout->addWidget(bars_->toolBar());
+    layout->addWidget(splitter_, 1);
+    layout->addWidget(statusBar_);
+}
+
+void frmEditor::connectPanes() {
+    auto* const input = new RomanInput(*txtRoman_, *txtProgram_);
+    input->setParent(this);
+    connect(input, &RomanInput::programChanged, this, &frmEditor::textChanged);
+    connect(txtRoman_, &TextPane::caretMoved, this, [this] { statusBar_->showLine(txtRoman_->currentLine()); });
+    connect(txtRoman_, &RomanBox::characterRefused, this,
+            [](char32_t character) { ShowMessage(messages::characterRefused(character)); });
+    for (const auto available : {&QPlainTextEdit::undoAvailable, &QPlainTextEdit::redoAvailable})
+        connect(txtRoman_, available, this, &frmEditor::enableCommands);
+    timer1_.setInterval(timer1Interval);
+    timer1_.setSingleShot(true);
+    connect(&timer1_, &QTimer::timeout, this, &frmEditor::Timer1_Tick);
+}
+
+void frmEditor::connectDocument() {
+    connect(&document_, &EditorDocument::titleChanged, this, &frmEditor::refreshCaption);
+    connect(&document_, &EditorDocument::filed, this, &frmEditor::MruManage);
+    connect(&document_, &EditorDocument::discarding, this, &frmEditor::keepDiscarded);
+    connect(&document_, &EditorDocument::saved, this, [this] {
+        recoveryTimer_.stop();
+        recovery_.removeAll();
+    });
+    recoveryTimer_.setInterval(recoveryInterval);
+    recoveryTimer_.setSingleShot(true);
+    connect(&recoveryTimer_, &QTimer::timeout, this, &frmEditor::keepUnsaved);
+}
+
+// The name of the file is Latin text.
+void frmEditor::refreshCaption() {
+    StyledText title("tolvn beisk   "_deva, Font::Devanagari);
+    title.append(messages::latinBytes(document_.title()), Font::Latin);
+    frame_->setTitle(title);
+}
+
+void frmEditor::textChanged() {
+    timer1_.start();
+    statusBar_->showMessage(workingText);
+    document_.markDirty();
+    statusBar_->showLine(txtRoman_->currentLine());
+    if (!recoveryTimer_.isActive()) recoveryTimer_.start();
+}
+
+void frmEditor::Timer1_Tick() {
+    statusBar_->showMessage(readyText);
+}
+
+// A copy that cannot be written is tried again with the next change.
+void frmEditor::keepUnsaved() {
+    if (document_.isDirty()) recovery_.keep(document_.unsaved());
+}
+
+void frmEditor::keepDiscarded() {
+    recoveryTimer_.stop();
+    keepUnsaved();
+    recovery_.setAside();
+}
+
+void frmEditor::offerRecovery() {
+    while (const std::optional<UnsavedText> left = recovery_.nextLeft()) {
+        const QString title = left->path.isEmpty() ? EditorDocument::newTitle : left->path;
+        if (AskQuestion(messages::takeUpUnsaved(title)) != 1) continue;
+        recovery_.takeUpLast();
+        document_.takeUp(*left);
+        return;
+    }
+}
+
+std::string frmEditor::programText() const {
+    return txtProgram_->text().text();
+}
+
+std::string frmEditor::romanText() const {
+    return txtRoman_->text();
+}
+
+void frmEditor::setRomanText(std::string_view text) {
+    txtRoman_->setText(text);
+}
+
+void frmEditor::selectProgram(std::size_t start, std::size_t length) {
+    txtProgram_->select(start, length);
+}
+
+void frmEditor::selectRoman(std::size_t start, std::size_t length) {
+    txtRoman_->select(start, length);
+}
+
+void frmEditor::bringBack() {
+    if (isMinimized()) setWindowState(windowState() & ~Qt::WindowMinimized);
+    show();
+    raise();
+    activateWindow();
+    txtRoman_->setFocus();
+}
+
+bool frmEditor::TopMenu_UserCommand(const QByteArray& key) {
+    if (key.startsWith(toolBarPrefix.data())) {
+        toggleToolBar(key);
+        return true;
+    }
+    return QMetaObject::invokeMethod(this, key.constData());
+}
+
+void frmEditor::toggleToolBar(const QByteArray& key) {
+    const bool shown = bars_->toggleToolBar(key);
+    settings_.SaveSetting(QStringLiteral("Settings"), QString::fromLatin1(key), settingText(shown));
+}
+
+bool frmEditor::OpenFile(const QString& path) {
+    return document_.OpenFile(path);
+}
+
+void frmEditor::MruManage(const QString& path) {
+    recentFiles_.add(path);
+    bars_->showRecentFiles(recentFiles_);
+}
+
+void frmEditor::FileNew() {
+    document_.FileNew();
+}
+void frmEditor::FileOpen() {
+    document_.FileOpen();
+}
+void frmEditor::FileSave() {
+    document_.FileSave();
+}
+void frmEditor::FileSaveAs() {
+    document_.FileSaveAs();
+}
+void frmEditor::FilePreferences() {
+    if (services_.filePreferences) services_.filePreferences(*this);
+}
+void frmEditor::FileMakeEXE() {
+    if (services_.fileMakeExe) services_.fileMakeExe(*this);
+}
+void frmEditor::FileExit() {
+    close();
+}
+
+void frmEditor::openRecent(int slot) {
+    document_.OpenRecent(recentFiles_.path(slot));
+}
+void frmEditor::MnuMru1() {
+    openRecent(1);
+}
+void frmEditor::MnuMru2() {
+    openRecent(2);
+}
+void frmEditor::MnuMru3() {
+    openRecent(3);
+}
+void frmEditor::MnuMru4() {
+    openRecent(4);
+}
+
+void frmEditor::EditUndo() {
+    txtRoman_->undo();
+}
+void frmEditor::EditRedo() {
+    txtRoman_->redo();
+}
+void frmEditor::EditCut() {
+    txtRoman_->cut();
+}
+void frmEditor::EditCopy() {
+    txtRoman_->copy();
+}
+void frmEditor::EditPaste() {
+    txtRoman_->paste();
+}
+void frmEditor::EditSelectAll() {
+    txtRoman_->selectAll();
+}
+
+frmFindReplace& frmEditor::findReplace() {
+    if (findReplace_ == nullptr) findReplace_ = new frmFindReplace(*txtRoman_, this);
+    return *findReplace_;
+}
+void frmEditor::EditFind() {
+    findReplace().bringUp();
+}
+void frmEditor::EditReplace() {
+    findReplace().bringUp();
+}
+void frmEditor::EditFindNext() {
+    findReplace().findNext();
+}
+
+void frmEditor::EditFormat() {
+    const std::string roman = romanText();
+    if (roman.find_first_not_of(' ') == std::string::npos) return;
+    txtRoman_->replaceText(formatProgram(roman, programText()));
+}
+
+void frmEditor::ViewNextPane() {
+    (txtRoman_->hasFocus() ? static_cast<QWidget*>(txtProgram_) : txtRoman_)->setFocus();
+}
+
+void frmEditor::setHelpFile(const QString& path) {
+    helpFile_ = path;
+    bars_->setEnabled("HelpHelp", !path.isEmpty());
+}
+
+void frmEditor::HelpHelp() {
+    if (helpFile_.isEmpty()) return;
+    if (!services_.showHelp || !services_.showHelp(helpFile_)) ShowMessage(messages::helpFailed());
+}
+
+void frmEditor::HelpAbout() {
+    showAbout(this);
+}
+
+// What would change the text is greyed while a program runs.
+void frmEditor::enableCommands() {
+    for (const char* key : commandsThatChange) bars_->setEnabled(key, !running_);
+    bars_->setEnabled("EditUndo", !running_ && txtRoman_->document()->isUndoAvailable());
+    bars_->setEnabled("EditRedo", !running_ && txtRoman_->document()->isRedoAvailable());
+    bars_->setEnabled("RunEnd", running_);
+}
+
+void frmEditor::dragEnterEvent(QDragEnterEvent* event) {
+    if (event->mimeData()->hasUrls() && !running_) event->acceptProposedAction();
+}
+
+// What follows may ask the user; the application that files are dragged from is not to wait for that.
+void frmEditor::dropEvent(QDropEvent* event) {
+    QStringList paths;
+    for (const QUrl& url : event->mimeData()->urls())
+        paths.append(url.isLocalFile() ? url.toLocalFile() : url.toString());
+    if (paths.isEmpty() || running_) return;
+    event->acceptProposedAction();
+    QMetaObject::invokeMethod(
+        this, [this, paths] { openDropped(paths); }, Qt::QueuedConnection);
+}
+
+void frmEditor::openDropped(const QStringList& paths) {
+    if (paths.size() > 1)
+        ShowMessage(messages::tooManyFiles);
+    else if (!paths.constFirst().endsWith(QLatin1String(".tvp"), Qt::CaseInsensitive))
+        ShowMessage(messages::otherKind(paths.constFirst()));
+    else
+        OpenFile(paths.constFirst());
+}
+
+void frmEditor::closeEvent(QCloseEvent* event) {
+    if (running_) {  // closes when the program has returned
+        state_.run.IsRunning = false;
+        closeWanted_ = true;
+        event->ignore();
+        return;
+    }
+    if (!state_.Closing && !document_.mayClose()) {
+        event->ignore();
+        return;
+    }
+    if (state_.Closing) keepUnsaved();  // no one has been asked
+    recoveryTimer_.stop();
+    rememberWindow(settings_, *this, *splitter_);
+    if (findReplace_ != nullptr) findReplace_->close();
+    if (console_) console_->close();
+    event->accept();
+    if (!state_.Closing && services_.shutDown) services_.shutDown();
+}
+
+}  // namespace tolvan

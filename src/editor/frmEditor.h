@@ -1,0 +1,169 @@
+// The main window: the Roman text that the user types beside the Devanagari program that it stands for, and every
+// command of the environment. A command is a public slot named by its key; menus, the toolbar and shortcuts call it by
+// that name, so a new command is a slot here and a row in Commands.cpp.
+#pragma once
+
+#include "editor/EditorDocument.h"
+#include "editor/EditorState.h"
+#include "editor/RecentFiles.h"
+#include "editor/RecoveryFiles.h"
+#include "platform/richtext/StyledText.h"
+#include "runtime/ProgramMarker.h"
+
+#include <QTimer>
+#include <QWidget>
+
+#include <functional>
+#include <memory>
+
+class QSplitter;
+
+namespace tolvan {
+
+class CommandBars;
+class EditorStatusBar;
+class ProgramBox;
+class RomanBox;
+class Settings;
+class WindowFrame;
+class frmEditor;
+class frmExec;
+class frmFindReplace;
+
+// What commands of the editor need of the layer above it. A command without one does nothing.
+struct EditorServices {
+    std::function<void(frmEditor&)> filePreferences;
+    std::function<void(frmEditor&)> fileMakeExe;
+    // Shows the help file; false if that is not possible.
+    std::function<bool(const QString& path)> showHelp;
+    // The window was closed by the user, who has been asked.
+    std::function<void()> shutDown;
+};
+
+class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
+    Q_OBJECT
+
+  public:
+    // `state` and `settings` must outlive it.
+    frmEditor(EditorState& state, Settings& settings, EditorServices services = {});
+    ~frmEditor() override;
+
+    // Path, title, caption of the program and their file commands.
+    EditorDocument& document() { return document_; }
+    RomanBox& txtRoman() const { return *txtRoman_; }
+    ProgramBox& txtProgram() const { return *txtProgram_; }
+    EditorState& state() { return state_; }
+    Settings& settings() { return settings_; }
+
+    // Opens a file; an empty path asks for one. No question about unsaved text. True if another document is shown now.
+    bool OpenFile(const QString& path);
+
+    // Puts a path at the top of the recent files; an empty one only shows them anew.
+    void MruManage(const QString& path);
+
+    // Translates the program, with its progress in the status bar. The text panes keep their place, without selection.
+    std::string Compile(StyledView program);
+
+    // Translates and runs it; returns when the run has ended. Nothing while one runs already.
+    void CompileAndExecute(StyledView program);
+    bool isRunning() const { return running_; }
+
+    // Takes the console away, with the data file that its program left open. Not while a program runs.
+    void unloadConsole();
+
+    // The help command's file; empty: the command is not available.
+    void setHelpFile(const QString& path);
+
+    // Unsaved text of a window that did not end well: asks whether to take it up again. For start-up, behind show().
+    void offerRecovery();
+
+    // Does what a menu item or a toolbar button stands for. False if there is no command of that name.
+    bool TopMenu_UserCommand(const QByteArray& key);
+    const CommandBars& commandBars() const { return *bars_; }
+
+    std::string programText() const override;
+    std::string romanText() const override;
+    void selectProgram(std::size_t start, std::size_t length) override;
+    void selectRoman(std::size_t start, std::size_t length) override;
+    void bringBack() override;
+
+  public slots:
+    void FileNew();
+    void FileOpen();
+    void FileSave();
+    void FileSaveAs();
+    void FilePreferences();
+    void FileMakeEXE();
+    void FileExit();
+    void MnuMru1();
+    void MnuMru2();
+    void MnuMru3();
+    void MnuMru4();
+
+    void EditUndo();
+    void EditRedo();
+    void EditCut();
+    void EditCopy();
+    void EditPaste();
+    void EditSelectAll();
+    void EditFind();
+    void EditReplace();
+    void EditFindNext();
+    void EditFormat();
+
+    void RunStart();
+    void RunEnd();
+    void ViewOutput();
+    void ViewNextPane();
+
+    void HelpHelp();
+    void HelpAbout();
+
+  protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+
+  private:
+    void setRomanText(std::string_view text) override;
+
+    void setUpLayout();
+    void connectDocument();
+    void connectPanes();
+
+    void refreshCaption();
+    void textChanged();
+    void Timer1_Tick();
+    void keepUnsaved();
+    void keepDiscarded();
+    void openDropped(const QStringList& paths);
+    void openRecent(int slot);
+    void toggleToolBar(const QByteArray& key);
+
+    frmFindReplace& findReplace();
+    frmExec& console();
+    void setRunning(bool running);
+    void enableCommands();
+
+    EditorState& state_;
+    Settings& settings_;
+    EditorServices services_;
+    WindowFrame* frame_;
+    CommandBars* bars_;
+    QSplitter* splitter_;
+    RomanBox* txtRoman_;
+    ProgramBox* txtProgram_;
+    EditorStatusBar* statusBar_;
+    EditorDocument document_;
+    RecentFiles recentFiles_;
+    RecoveryFiles recovery_;
+    QTimer timer1_;         // puts the ready text back
+    QTimer recoveryTimer_;  // runs while there is unsaved text that is not kept yet
+    QString helpFile_;
+    frmFindReplace* findReplace_ = nullptr;
+    std::unique_ptr<frmExec> console_;
+    bool running_ = false;
+    bool closeWanted_ = false;  // the window was closed while a program ran
+};
+
+}  // namespace tolvan

@@ -1,0 +1,83 @@
+// The commands of the editor that run a program.
+#include "dialogs/WindowFrame.h"
+#include "editor/CommandBars.h"
+#include "editor/EditorStatusBar.h"
+#include "editor/frmEditor.h"
+#include "editor/panes/ProgramBox.h"
+#include "editor/panes/RomanBox.h"
+#include "platform/encoding/Deva.h"
+#include "runtime/frmExec.h"
+#include "translator/Translator.h"
+
+#include <QApplication>
+#include <QFileInfo>
+
+namespace tolvan {
+
+frmExec& frmEditor::console() {
+    if (!console_) console_ = std::make_unique<frmExec>(state_.run, this);
+    return *console_;
+}
+
+void frmEditor::unloadConsole() {
+    if (!running_) console_.reset();
+}
+
+void frmEditor::RunStart() {
+    if (running_) return;
+    state_.run.IsRunning = true;
+    if (state_.SaveBeforeExecute) {
+        if (!document_.path().isEmpty() && QFileInfo::exists(document_.path()))
+            document_.saveTo(document_.path());
+        else
+            document_.FileSaveAs();
+    }
+    if (state_.FormatBeforeExecute) EditFormat();
+    CompileAndExecute(txtProgram_->text());
+}
+
+std::string frmEditor::Compile(StyledView program) {
+    statusBar_->showProgress(1);
+    statusBar_->showMessage("àayaejn tyar krt Aahe"_deva);
+    std::string module = Translator().Compile(
+        program, [this](const CompileProgress& progress) { statusBar_->showProgress(progressWidth(progress)); });
+    txtProgram_->select(txtProgram_->selectionStart(), 0);
+    Timer1_Tick();
+    statusBar_->hideProgress();
+    return module;
+}
+
+void frmEditor::CompileAndExecute(StyledView program) {
+    if (running_) return;
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    state_.run.CompiledScript = Compile(program);
+    QApplication::restoreOverrideCursor();
+    setRunning(true);
+    console().show();
+    console().raise();
+    console().activateWindow();
+    console().execute();
+    setRunning(false);
+    if (std::exchange(closeWanted_, false)) close();
+}
+
+void frmEditor::setRunning(bool running) {
+    running_ = running;
+    txtRoman_->setLocked(running);
+    enableCommands();
+}
+
+void frmEditor::RunEnd() {
+    if (console_) console_->StopExecution();
+    bars_->setEnabled("RunStart", true);
+    bars_->setEnabled("RunEnd", false);
+}
+
+void frmEditor::ViewOutput() {
+    StyledText caption(state_.run.ProgramCaption, Font::Latin);
+    caption.append("Tolbasic Output... ", Font::Latin);
+    console().findChild<WindowFrame*>()->setTitle(caption);
+    console().show();
+}
+
+}  // namespace tolvan

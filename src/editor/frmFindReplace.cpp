@@ -1,0 +1,144 @@
+#include "editor/frmFindReplace.h"
+
+#include "dialogs/Dialogs.h"
+#include "dialogs/Look.h"
+#include "editor/FindText.h"
+#include "editor/RomanPreview.h"
+#include "editor/panes/RomanBox.h"
+#include "platform/encoding/Deva.h"
+#include "platform/fonts/FontEncoding.h"
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QGridLayout>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+
+namespace tolvan {
+namespace {
+
+constexpr std::string_view notFound = "\\f1zaexayla sa<igtlele zaiBdk sapfle nahI\\f0."_deva;
+
+constexpr std::string_view whereCaptions[] = {"suévatIpasUn"_deva, "#wUn puFe"_deva, "#wUn mage"_deva};
+
+template <class Control>
+Control* addDevanagari(std::string_view caption, const QString& name, QWidget* parent) {
+    auto* control = new Control(look::captionText(caption), parent);
+    control->setObjectName(name);
+    control->setFont(look::controlFont(Font::Devanagari));
+    return control;
+}
+
+}  // namespace
+
+frmFindReplace::frmFindReplace(RomanBox& roman, QWidget* parent)
+    : FramedDialog("zaexayce Aai[ bdlayce"_deva, parent), roman_(roman) {
+    setObjectName(QStringLiteral("frmFindReplace"));
+    auto* grid = new QGridLayout;
+    grid->setHorizontalSpacing(look::em(1));
+    grid->setVerticalSpacing(look::em(0.5));
+    grid->setColumnStretch(1, 1);
+    body().addLayout(grid, 1);
+    addTextRow(*grid, "txtFind", "kay zaexayce"_deva, txtFind_);
+    addTextRow(*grid, "txtReplace", "Tya@evjI"_deva, txtReplace_);
+    addChoices(*grid);
+    addButtons();
+}
+
+void frmFindReplace::addTextRow(QGridLayout& grid, const char* name, std::string_view label, QLineEdit*& box) {
+    const int row = grid.rowCount();
+    box = new QLineEdit(this);
+    box->setObjectName(QLatin1String(name));
+    box->setFont(look::controlFont(Font::Latin));
+    box->setMinimumWidth(look::em(22));
+    auto* shown = new RomanPreview(*box);
+    shown->setObjectName(QLatin1String(name) + QLatin1String("Devnag"));
+    auto* caption = addDevanagari<QLabel>(label, {}, this);
+    caption->setBuddy(box);
+    grid.addWidget(caption, row, 0);
+    grid.addWidget(box, row, 1);
+    grid.addWidget(shown, row + 1, 1);
+}
+
+void frmFindReplace::addChoices(QGridLayout& grid) {
+    auto* choices = new QHBoxLayout;
+    choices->setSpacing(look::em(1));
+    for (std::size_t index = 0; index < findWhere_.size(); ++index) {
+        auto* choice =
+            addDevanagari<QRadioButton>(whereCaptions[index], QStringLiteral("FindWhere%1").arg(index), this);
+        connect(choice, &QRadioButton::clicked, this, [this] { searched_ = false; });
+        choices->addWidget(choice);
+        findWhere_[index] = choice;
+    }
+    findWhere_[FromCaret]->setChecked(true);
+    choices->addStretch();
+    sameCase_ = addDevanagari<QCheckBox>("lhan maeQI A]re saroI man"_deva, QStringLiteral("chkSameCase"), this);
+    const int row = grid.rowCount();
+    grid.addLayout(choices, row, 0, 1, 2);
+    grid.addWidget(sameCase_, row + 1, 0, 1, 2);
+}
+
+void frmFindReplace::addButtons() {
+    connect(addButton("cmdFind", "zaex"_deva), &QPushButton::clicked, this, &frmFindReplace::cmdFind);
+    connect(addButton("cmdReplace", "bdl"_deva), &QPushButton::clicked, this, &frmFindReplace::cmdReplace);
+    connect(addButton("cmdReplaceAll", "svR bdl"_deva), &QPushButton::clicked, this, &frmFindReplace::cmdReplaceAll);
+    connect(addButton("cmdExit", "b<d kr"_deva), &QPushButton::clicked, this, &QDialog::close);
+}
+
+void frmFindReplace::bringUp() {
+    show();
+    raise();
+    activateWindow();
+    txtFind_->setFocus();
+    txtFind_->selectAll();
+}
+
+frmFindReplace::FindWhere frmFindReplace::findWhere() const {
+    for (const FindWhere where : {FromBeginning, Backwards})
+        if (findWhere_[where]->isChecked()) return where;
+    return FromCaret;
+}
+
+std::string frmFindReplace::wanted() const {
+    return toFontEncoded(txtFind_->text());
+}
+
+void frmFindReplace::cmdFind() {
+    find(findWhere(), searched_);
+}
+
+void frmFindReplace::findNext() {
+    if (txtFind_->text().isEmpty()) {
+        bringUp();
+        return;
+    }
+    find(findWhere() == Backwards ? Backwards : FromCaret, true);
+}
+
+// `behindSelection`: what is selected has been found already, so going on begins behind it.
+void frmFindReplace::find(FindWhere where, bool behindSelection) {
+    const std::string text = roman_.text();
+    const LetterCase letterCase = sameCase_->isChecked() ? LetterCase::Same : LetterCase::Exact;
+    const std::size_t selected = roman_.selectionStart();
+    const std::size_t from = where == FromBeginning ? 0 : selected + (behindSelection ? roman_.selectionLength() : 0);
+    const auto found = where == Backwards ? findBackwards(text, wanted(), selected, letterCase)
+                                          : findForwards(text, wanted(), from, letterCase);
+    searched_ = true;
+    if (found)
+        roman_.select(found->start, found->length);
+    else
+        ShowMessage(notFound);
+}
+
+void frmFindReplace::cmdReplace() {
+    if (roman_.selectionLength() != 0) roman_.replaceSelection(toFontEncoded(txtReplace_->text()));
+    cmdFind();
+}
+
+void frmFindReplace::cmdReplaceAll() {
+    roman_.replaceText(replaceAll(roman_.text(), wanted(), toFontEncoded(txtReplace_->text())));
+}
+
+}  // namespace tolvan

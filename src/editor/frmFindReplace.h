@@ -1,0 +1,56 @@
+// Finds and replaces in the Roman text of the editor. What is typed is shown in Devanagari below it. The window is not
+// modal; closed and shown again it holds the texts that were typed last.
+//
+// Its controls are txtFind, txtReplace, txtFindDevnag, txtReplaceDevnag, FindWhere0 to FindWhere2, chkSameCase,
+// cmdFind, cmdReplace, cmdReplaceAll and cmdExit.
+#pragma once
+
+#include "dialogs/FramedDialog.h"
+
+#include <array>
+#include <string>
+
+class QCheckBox;
+class QGridLayout;
+class QLineEdit;
+class QRadioButton;
+
+namespace tolvan {
+
+class RomanBox;
+
+class frmFindReplace : public FramedDialog {
+    Q_OBJECT
+  public:
+    // `roman` must outlive it.
+    frmFindReplace(RomanBox& roman, QWidget* parent);
+
+    // Visible, in front, with the search text ready to be typed.
+    void bringUp();
+
+    // Finds the text that was typed last once more, behind the selection (before it, when the search goes backwards).
+    void findNext();
+
+  private:
+    enum FindWhere { FromBeginning, FromCaret, Backwards };
+
+    void addTextRow(QGridLayout& grid, const char* name, std::string_view label, QLineEdit*& box);
+    void addChoices(QGridLayout& grid);
+    void addButtons();
+
+    FindWhere findWhere() const;
+    std::string wanted() const;
+    void cmdFind();
+    void find(FindWhere where, bool behindSelection);
+    void cmdReplace();
+    void cmdReplaceAll();
+
+    RomanBox& roman_;
+    QLineEdit* txtFind_ = nullptr;
+    QLineEdit* txtReplace_ = nullptr;
+    std::array<QRadioButton*, 3> findWhere_{};
+    QCheckBox* sameCase_ = nullptr;
+    bool searched_ = false;  // since the place to begin at was chosen
+};
+
+}  // namespace tolvan

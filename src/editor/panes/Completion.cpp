@@ -1,0 +1,160 @@
+#include "editor/panes/Completion.h"
+
+#include "editor/panes/CompletionList.h"
+#include "editor/panes/RomanBox.h"
+#include "editor/panes/RomanInput.h"
+
+#include <QKeyEvent>
+#include <QTextBlock>
+
+#include <algorithm>
+
+namespace tolvan {
+namespace {
+
+constexpr std::size_t lettersToOpen = 2;
+
+bool isLetter(char c) {
+    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
+}
+
+char smallLetter(char c) {
+    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
+}
+
+// "aa" is "A", "ee" is "I", "oo" is "U" in the Roman spelling.
+std::string loosely(std::string_view spelling) {
+    std::string letters;
+    for (const char c : spelling) {
+        const char small = smallLetter(c);
+        if (!letters.empty() && letters.back() == small && (small == 'e' || small == 'o'))
+            letters.back() = small == 'e' ? 'i' : 'u';
+        else if (letters.empty() || letters.back() != small)
+            letters += small;
+    }
+    return letters;
+}
+
+}  // namespace
+
+std::vector<const LanguageWord*> wordsBeginning(std::string_view start) {
+    std::vector<const LanguageWord*> words;
+    const std::string loose = loosely(start);
+    for (const LanguageWord& word : languageWords())
+        if (loosely(word.roman).starts_with(loose)) words.push_back(&word);
+    std::stable_partition(words.begin(), words.end(), [&](const auto* word) { return word->roman.starts_with(start); });
+    return words;
+}
+
+Completion::Completion(RomanBox& roman, const RomanInput& input)
+    : roman_(roman), input_(input), list_(new CompletionList(&roman)) {
+    roman.installEventFilter(this);
+    connect(&roman, &RomanBox::caretMoved, this, &Completion::follow);
+    connect(list_, &CompletionList::clicked, this, &Completion::putIn);
+}
+
+bool Completion::isOpen() const {
+    return list_->isVisible();
+}
+
+// The letters before the caret.
+std::string Completion::typedStart() const {
+    if (input_.caretIsInSpan()) return {};
+    const QTextCursor caret = roman_.textCursor();
+    const std::string before = roman_.line(static_cast<std::size_t>(caret.blockNumber()))
+                                   .substr(0, static_cast<std::size_t>(caret.positionInBlock()));
+    const auto end = std::find_if_not(before.rbegin(), before.rend(), isLetter);
+    return {end.base(), before.end()};
+}
+
+void Completion::open() {
+    if (roman_.isLocked() || input_.caretIsInSpan()) return;
+    if (offer(typedStart())) list_->choose(0);
+}
+
+void Completion::follow() {
+    const bool typed = std::exchange(typed_, false);
+    if (!isOpen() && !(automatic_ && typed)) return;
+    const std::string start = typedStart();
+    const bool chosen = isOpen() && list_->chosen() >= 0;
+    if (start.size() < (chosen ? 1 : lettersToOpen)) return close();
+    if (offer(start) && chosen) list_->choose(0);
+}
+
+bool Completion::offer(const std::string& start) {
+    const std::vector<const LanguageWord*> words = wordsBeginning(start);
+    if (words.empty() || (words.size() == 1 && words[0]->roman == start)) {
+        close();
+        return false;
+    }
+    list_->setWords(words);
+    const QRect caret = roman_.cursorRect();
+    list_->openAt({roman_.viewport()->mapToGlobal(caret.topLeft()), caret.size()});
+    return true;
+}
+
+void Completion::close() {
+    list_->hide();
+}
+
+void Completion::putIn(int row) {
+    const std::size_t typed = typedStart().size();
+    const std::string_view word = list_->word(row).roman;
+    close();
+    if (roman_.isLocked()) return;
+    roman_.select(roman_.caret() - typed, typed);
+    roman_.replaceSelection(word);
+}
+
+bool Completion::takeKey(int key) {
+    constexpr int page = 7;
+    const int chosen = list_->chosen();
+    switch (key) {
+        case Qt::Key_Down:
+            list_->choose(chosen + 1);
+            return true;
+        case Qt::Key_Up:
+            list_->choose(std::max(0, chosen - 1));
+            return true;
+        case Qt::Key_PageDown:
+            list_->choose(chosen + page);
+            return true;
+        case Qt::Key_PageUp:
+            list_->choose(std::max(0, chosen - page));
+            return true;
+        case Qt::Key_Escape:
+            close();
+            return true;
+        case Qt::Key_Tab:
+            putIn(std::max(0, chosen));
+            return true;
+        case Qt::Key_Return:
+        case Qt::Key_Enter:
+            if (chosen < 0) break;
+            putIn(chosen);
+            return true;
+        default:
+            return false;
+    }
+    close();
+    return false;
+}
+
+bool Completion::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride && isOpen() &&
+        static_cast<QKeyEvent*>(event)->key() == Qt::Key_Escape)
+        event->accept();
+    if (event->type() == QEvent::KeyPress) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->key() == Qt::Key_Space && key->modifiers() == Qt::ControlModifier) {
+            open();
+            return true;
+        }
+        if (isOpen() && key->modifiers() == Qt::NoModifier && takeKey(key->key())) return true;
+        typed_ = key->text().size() == 1 && isLetter(static_cast<char>(key->text()[0].toLatin1()));
+    }
+    if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide) close();
+    return QObject::eventFilter(watched, event);
+}
+
+}  // namespace tolvan

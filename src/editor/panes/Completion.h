@@ -1,0 +1,54 @@
+// Offers the words of the language while the Roman text is typed: at Ctrl+Space, and after two letters of a word.
+//
+// Up and Down choose, Enter or Tab or a click puts the word in, Escape closes the list. A list that came by itself has
+// no word chosen yet, so that Enter still ends the line.
+#pragma once
+
+#include "editor/panes/LanguageWords.h"
+
+#include <QObject>
+
+#include <string>
+#include <vector>
+
+namespace tolvan {
+
+class CompletionList;
+class RomanBox;
+class RomanInput;
+
+// The words whose spelling begins like `start`, those in the very letters first. Large and small letters, and single
+// and double vowels, are not told apart. All words if it is empty.
+std::vector<const LanguageWord*> wordsBeginning(std::string_view start);
+
+class Completion : public QObject {
+    Q_OBJECT
+  public:
+    // Both must outlive it.
+    Completion(RomanBox& roman, const RomanInput& input);
+
+    // Whether the list comes by itself.
+    void setAutomatic(bool automatic) { automatic_ = automatic; }
+
+    bool isOpen() const;
+
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+  private:
+    bool takeKey(int key);
+    std::string typedStart() const;
+    void open();
+    void follow();
+    bool offer(const std::string& start);
+    void close();
+    void putIn(int row);
+
+    RomanBox& roman_;
+    const RomanInput& input_;
+    CompletionList* list_;  // owned by the box
+    bool automatic_ = true;
+    bool typed_ = false;  // the caret moves because a letter was typed
+};
+
+}  // namespace tolvan

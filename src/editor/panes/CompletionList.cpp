@@ -1,0 +1,114 @@
+#include "editor/panes/CompletionList.h"
+
+#include "dialogs/Look.h"
+#include "platform/fonts/FontEncoding.h"
+#include "platform/transliteration/ReplaceRomanChars.h"
+
+#include <QHeaderView>
+#include <QPainter>
+#include <QScreen>
+#include <QScrollBar>
+#include <QStyledItemDelegate>
+
+#include <algorithm>
+#include <utility>
+
+namespace tolvan {
+namespace {
+
+constexpr int mostRows = 8;
+
+// The three columns are in three fonts; their letters stand on one line.
+class OnBaseLine : public QStyledItemDelegate {
+  public:
+    OnBaseLine(QObject* parent, int baseLine) : QStyledItemDelegate(parent), baseLine_(baseLine) {}
+
+    void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
+        QStyleOptionViewItem cell = option;
+        initStyleOption(&cell, index);
+        const QString text = std::exchange(cell.text, {});
+        option.widget->style()->drawControl(QStyle::CE_ItemViewItem, &cell, painter, option.widget);
+        const bool chosen = (cell.state & QStyle::State_Selected) != 0;
+        painter->setFont(cell.font);
+        painter->setPen(cell.palette.color(chosen ? QPalette::HighlightedText : QPalette::Text));
+        painter->drawText(cell.rect.left() + look::em(0.4), cell.rect.top() + baseLine_, text);
+    }
+
+  private:
+    int baseLine_;
+};
+
+QTableWidgetItem* cell(const QString& text, const QFont& font, QColor colour) {
+    auto* item = new QTableWidgetItem(text);  // the table owns it
+    item->setFont(font);
+    item->setForeground(colour);
+    item->setFlags(Qt::ItemIsEnabled | Qt::ItemIsSelectable);
+    return item;
+}
+
+}  // namespace
+
+CompletionList::CompletionList(QWidget* owner) : QTableWidget(0, 3, owner), fonts_(PaneFonts::ofZoom(90)) {
+    setItemDelegate(new OnBaseLine(this, static_cast<int>(fonts_.baseLine)));
+    setWindowFlags(Qt::ToolTip);
+    setAttribute(Qt::WA_ShowWithoutActivating);
+    setFocusPolicy(Qt::NoFocus);
+    setSelectionBehavior(SelectRows);
+    setSelectionMode(SingleSelection);
+    setShowGrid(false);
+    setMouseTracking(true);
+    setVerticalScrollMode(ScrollPerPixel);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    horizontalHeader()->hide();
+    verticalHeader()->hide();
+    connect(this, &QTableWidget::cellClicked, this, [this](int row) { emit clicked(row); });
+}
+
+void CompletionList::setWords(const std::vector<const LanguageWord*>& words) {
+    words_ = words;
+    setRowCount(0);
+    for (const LanguageWord* word : words) addRow(*word);
+    choose(-1);
+    fit();
+}
+
+void CompletionList::addRow(const LanguageWord& word) {
+    const int row = rowCount();
+    insertRow(row);
+    setRowHeight(row, static_cast<int>(fonts_.lineHeight));
+    setItem(row, 0,
+            cell(QString::fromLatin1(word.roman.data(), static_cast<qsizetype>(word.roman.size())), fonts_.roman,
+                 look::text));
+    setItem(row, 1, cell(toQString(LineConvert(word.roman)), fonts_.devanagari, look::accent));
+    setItem(row, 2, cell(toQString(LineConvert(word.meaning)), look::controlFont(Font::Devanagari), look::dimText));
+}
+
+void CompletionList::fit() {
+    resizeColumnsToContents();
+    int width = 2 * frameWidth();
+    for (int column = 0; column < columnCount(); ++column) {
+        setColumnWidth(column, columnWidth(column) + look::em(0.8));
+        width += columnWidth(column);
+    }
+    if (rowCount() > mostRows) width += verticalScrollBar()->sizeHint().width();
+    resize(width, std::min(rowCount(), mostRows) * (rowCount() > 0 ? rowHeight(0) : 0) + 2 * frameWidth());
+}
+
+void CompletionList::openAt(const QRect& place) {
+    const QRect screenArea = screen()->availableGeometry();
+    QPoint corner = place.bottomLeft();
+    if (corner.y() + height() > screenArea.bottom()) corner.setY(place.top() - height());
+    corner.setX(std::max(screenArea.left(), std::min(corner.x(), screenArea.right() - width())));
+    move(corner);
+    show();
+    raise();
+}
+
+void CompletionList::choose(int row) {
+    if (row < 0)
+        setCurrentItem(nullptr);
+    else
+        setCurrentCell(std::min(row, rowCount() - 1), 0);
+}
+
+}  // namespace tolvan

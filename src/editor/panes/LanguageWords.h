@@ -1,0 +1,23 @@
+// The words of the language as a beginner learns them: how each is typed, and what it does. The completion list and the
+// page docs/words.md are made from this table.
+#pragma once
+
+#include <span>
+#include <string_view>
+
+namespace tolvan {
+
+struct LanguageWord {
+    std::string_view roman;    // as it is typed
+    std::string_view meaning;  // in Marathi, in Roman spelling; letters and blanks only
+    std::string_view english;  // for the page
+};
+
+// Every keyword, and the words of the drawing statements, counted loops and comments. In the order in which one learns
+// them.
+std::span<const LanguageWord> languageWords();
+
+// Whether a font-encoded word is one of them.
+bool isLanguageWord(std::string_view word);
+
+}  // namespace tolvan

@@ -1,0 +1,21 @@
+#include "editor/panes/PaneAids.h"
+
+#include "editor/panes/LineNumbers.h"
+#include "editor/panes/ProgramBox.h"
+#include "editor/panes/RomanBox.h"
+#include "editor/panes/WordColours.h"
+
+namespace tolvan {
+
+PaneAids::PaneAids(RomanBox& roman, ProgramBox& program, const RomanInput& input)
+    : caretLine_(roman, program),
+      scrolling_(roman, program),
+      zoom_(roman, program),
+      quoteSpans_(roman, input),
+      completion_(roman, input) {
+    new LineNumbers(roman);  // the panes own them
+    new LineNumbers(program);
+    program.setColouring(wordColours);
+}
+
+}  // namespace tolvan

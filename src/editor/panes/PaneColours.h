@@ -1,0 +1,17 @@
+// The colours of the two panes that the windows' own look does not know. All are readable on white paper and on the
+// band behind the caret's line.
+#pragma once
+
+#include <QColor>
+
+namespace tolvan::pane_colours {
+
+inline constexpr QColor caretLine{0xF1, 0xF5, 0xFB};
+inline constexpr QColor numbersBackground{0xF7, 0xF6, 0xF3};
+
+inline constexpr QColor keyword{0x1F, 0x4E, 0x9E};
+inline constexpr QColor number{0x8A, 0x4B, 0x08};
+inline constexpr QColor literal{0x1B, 0x6E, 0x3C};
+inline constexpr QColor comment{0x6B, 0x70, 0x7A};
+
+}  // namespace tolvan::pane_colours

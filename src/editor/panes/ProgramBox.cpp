@@ -1,0 +1,132 @@
+#include "editor/panes/ProgramBox.h"
+
+#include "editor/panes/ShownText.h"
+#include "platform/fonts/FontEncoding.h"
+
+#include <QMimeData>
+#include <QTextBlock>
+
+#include <utility>
+
+namespace tolvan {
+namespace {
+
+constexpr std::string_view lineEnd = "\r\n";
+
+// The document shows a line; this is the line.
+struct LineOfBlock : QTextBlockUserData {
+    explicit LineOfBlock(ProgramLine what) : line(std::move(what)) {}
+    ProgramLine line;
+};
+
+// Nothing for the one block of a new document.
+const ProgramLine* lineOf(const QTextBlock& block) {
+    const auto* data = static_cast<const LineOfBlock*>(block.userData());
+    return data ? &data->line : nullptr;
+}
+
+std::vector<ProgramLine> linesOf(StyledView text) {
+    std::vector<ProgramLine> lines;
+    for (std::size_t start = 0;;) {
+        const std::size_t end = text.text().find(lineEnd, start);
+        lines.push_back({StyledText(text.substr(start, end - start)), Font::Devanagari});
+        if (end == std::string_view::npos) return lines;
+        lines.back().lineEnd = text.font(end);
+        start = end + lineEnd.size();
+    }
+}
+
+QTextLayout::FormatRange formatRange(std::size_t start, std::size_t length, const QTextCharFormat& format) {
+    return {static_cast<int>(start), static_cast<int>(length), format};
+}
+
+}  // namespace
+
+ProgramBox::ProgramBox(QWidget* parent) : TextPane(parent) {
+    setUndoRedoEnabled(false);
+    setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    setZoom(100);
+}
+
+void ProgramBox::setText(StyledView text) {
+    replaceLines({0, static_cast<std::size_t>(blockCount()), linesOf(text)});
+}
+
+StyledText ProgramBox::text() const {
+    StyledText text;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        const ProgramLine* line = lineOf(block);
+        if (!line) continue;
+        text.append(line->text);
+        if (block.next().isValid()) text.append(lineEnd, line->lineEnd);
+    }
+    return text;
+}
+
+void ProgramBox::replaceLines(const ProgramLinesUpdate& update) {
+    QString shown;
+    for (const ProgramLine& line : update.lines) shown += toShown(line.text.text()) + u'\n';
+    shown.chop(1);
+
+    const int first = static_cast<int>(update.first);
+    const QTextBlock last = document()->findBlockByNumber(first + static_cast<int>(update.removed) - 1);
+    QTextCursor cursor(document()->findBlockByNumber(first));
+    cursor.beginEditBlock();
+    cursor.setPosition(last.position() + last.length() - 1, QTextCursor::KeepAnchor);
+    cursor.insertText(shown);
+    QTextBlock block = document()->findBlockByNumber(first);
+    for (const ProgramLine& line : update.lines) {
+        block.setUserData(new LineOfBlock(line));  // the block owns it
+        format(block);
+        block = block.next();
+    }
+    cursor.endEditBlock();
+}
+
+void ProgramBox::format(const QTextBlock& block) {
+    const ProgramLine* line = lineOf(block);
+    if (!line) return;
+    QList<QTextLayout::FormatRange> formats;
+    const StyledView text = line->text;
+    for (std::size_t start = 0; start < text.size();) {
+        std::size_t end = start + 1;
+        while (end < text.size() && text.font(end) == text.font(start)) ++end;
+        if (text.font(start) != Font::Devanagari) formats.append(formatRange(start, end - start, latin_));
+        start = end;
+    }
+    if (colouring_) {
+        for (const ColourRun& run : colouring_(text)) {
+            QTextCharFormat colour;
+            colour.setForeground(run.colour);
+            formats.append(formatRange(run.start, run.length, colour));
+        }
+    }
+    block.layout()->setFormats(formats);
+}
+
+void ProgramBox::formatAll() {
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) format(block);
+    cursor.endEditBlock();
+}
+
+void ProgramBox::setColouring(Colouring colouring) {
+    colouring_ = std::move(colouring);
+    formatAll();
+}
+
+void ProgramBox::applyFonts(const PaneFonts& fonts) {
+    latin_.setFontFamilies(fonts.latin.families());
+    latin_.setFontPointSize(fonts.latin.pointSizeF());
+    setFont(fonts.devanagari);
+    formatAll();
+}
+
+QMimeData* ProgramBox::createMimeDataFromSelection() const {
+    auto* selection = new QMimeData;  // goes to who asked
+    selection->setText(toQString(text().text().substr(selectionStart(), selectionLength())));
+    return selection;
+}
+
+}  // namespace tolvan

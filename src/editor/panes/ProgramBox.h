@@ -1,0 +1,53 @@
+// Shows a program text: Devanagari words in "Sanskrit 1.2", Latin text in "Times New Roman". It is only read: text can
+// be selected and copied.
+#pragma once
+
+#include "editor/panes/ProgramLines.h"
+#include "editor/panes/TextPane.h"
+
+#include <QColor>
+#include <QTextCharFormat>
+
+#include <functional>
+#include <vector>
+
+class QTextBlock;
+
+namespace tolvan {
+
+struct ColourRun {
+    std::size_t start = 0;
+    std::size_t length = 0;
+    QColor colour;
+};
+
+class ProgramBox : public TextPane {
+    Q_OBJECT
+  public:
+    // The colours of a line, runs in ascending order; what they leave out has the colour of text.
+    using Colouring = std::function<std::vector<ColourRun>(StyledView)>;
+
+    explicit ProgramBox(QWidget* parent = nullptr);
+
+    // Lines are parted by CR LF.
+    void setText(StyledView text);
+    StyledText text() const;
+
+    // Brings the text up to date.
+    void replaceLines(const ProgramLinesUpdate& update);
+
+    void setColouring(Colouring colouring);
+
+  protected:
+    void applyFonts(const PaneFonts& fonts) override;
+    QMimeData* createMimeDataFromSelection() const override;
+
+  private:
+    void format(const QTextBlock& block);
+    void formatAll();
+
+    Colouring colouring_;
+    QTextCharFormat latin_;
+};
+
+}  // namespace tolvan

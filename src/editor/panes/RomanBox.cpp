@@ -1,0 +1,238 @@
+#include "editor/panes/RomanBox.h"
+
+#include "editor/panes/ShownText.h"
+#include "platform/fonts/FontEncoding.h"
+#include "platform/richtext/RtfReader.h"
+
+#include <QClipboard>
+#include <QFontMetricsF>
+#include <QGuiApplication>
+#include <QInputMethodEvent>
+#include <QKeyEvent>
+#include <QMimeData>
+#include <QTextBlock>
+#include <QTextDocumentFragment>
+
+#include <algorithm>
+#include <array>
+
+namespace tolvan {
+namespace {
+
+constexpr std::string_view lineEnd = "\r\n";
+constexpr qsizetype tabWidth = 6;
+constexpr std::array editKeys = {QKeySequence::Undo, QKeySequence::Redo,  QKeySequence::Cut,
+                                 QKeySequence::Copy, QKeySequence::Paste, QKeySequence::SelectAll};
+
+// The lines of an 8-bit text, parted as a text document takes them.
+QString documentText(std::string_view bytes) {
+    QString shown;
+    shown.reserve(static_cast<qsizetype>(bytes.size()));
+    while (true) {
+        const std::size_t end = bytes.find(lineEnd);
+        shown += toShown(bytes.substr(0, end));
+        if (end == std::string_view::npos) return shown;
+        shown += u'\n';
+        bytes.remove_prefix(end + lineEnd.size());
+    }
+}
+
+// With a line feed at the end of each line, in the place of what other applications write.
+QString withLineFeeds(QString text) {
+    text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    for (const QChar other : {QChar(u'\r'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
+        text.replace(other, u'\n');
+    return text;
+}
+
+QString plainText(const QMimeData& source) {
+    if (source.hasText()) return source.text();
+    if (source.hasHtml()) return QTextDocumentFragment::fromHtml(source.html()).toPlainText();
+    for (const QString& format : {QStringLiteral("text/rtf"), QStringLiteral("application/rtf")})
+        if (source.hasFormat(format)) return toQString(readRtf(source.data(format).toStdString()).text.text());
+    return {};
+}
+
+struct Difference {
+    qsizetype start;
+    qsizetype end;  // in the text before
+    QString inserted;
+};
+
+Difference difference(const QString& before, const QString& after) {
+    const qsizetype shorter = std::min(before.size(), after.size());
+    const auto start = std::mismatch(before.begin(), before.begin() + shorter, after.begin()).first - before.begin();
+    const auto most = shorter - start;
+    const auto same = std::mismatch(before.rbegin(), before.rbegin() + most, after.rbegin()).first - before.rbegin();
+    return {start, before.size() - same, after.mid(start, after.size() - same - start)};
+}
+
+// Text that is typed one letter after the other is one step of undo; this is never part of it.
+void insertAsOneStep(QTextCursor& cursor, const QString& shown) {
+    cursor.beginEditBlock();
+    cursor.insertText(shown);
+    cursor.endEditBlock();
+}
+
+// Not a key that only does something.
+bool isTyped(const QString& keyText) {
+    return !keyText.isEmpty() && (keyText[0].isPrint() || keyText[0].isSurrogate());
+}
+
+// Blanks in the place of tabs, in a text that begins in column `column` (from 0).
+QString withoutTabs(const QString& shown, qsizetype column) {
+    QString text;
+    text.reserve(shown.size());
+    for (const QChar character : shown) {
+        if (character == u'\t') {
+            const qsizetype blanks = tabWidth - column % tabWidth;
+            text += QString(blanks, u' ');
+            column += blanks;
+        } else {
+            text += character;
+            column = character == u'\n' ? 0 : column + 1;
+        }
+    }
+    return text;
+}
+
+}  // namespace
+
+RomanBox::RomanBox(QWidget* parent) : TextPane(parent) {
+    setZoom(100);
+}
+
+std::string RomanBox::text() const {
+    std::string text;
+    text.reserve(textSize());
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) {
+        if (block.blockNumber() > 0) text += lineEnd;
+        text += fromShown(block.text());
+    }
+    return text;
+}
+
+std::string RomanBox::line(std::size_t number) const {
+    return fromShown(document()->findBlockByNumber(static_cast<int>(number)).text());
+}
+
+void RomanBox::setText(std::string_view bytes) {
+    setPlainText(documentText(bytes));
+}
+
+void RomanBox::replaceText(std::string_view bytes) {
+    if (isLocked()) return;
+    const QString before = documentText(text());
+    const QString after = documentText(bytes);
+    if (before == after) return;
+    const auto [start, end, inserted] = difference(before, after);
+
+    const int line = textCursor().blockNumber();
+    const int column = textCursor().positionInBlock();
+    QTextCursor cursor(document());
+    cursor.setPosition(static_cast<int>(start));
+    cursor.setPosition(static_cast<int>(end), QTextCursor::KeepAnchor);
+    insertAsOneStep(cursor, inserted);
+    const QTextBlock block = document()->findBlockByNumber(std::min(line, blockCount() - 1));
+    cursor.setPosition(block.position() + std::min(column, block.length() - 1));
+    setTextCursor(cursor);
+}
+
+std::string RomanBox::selectedText() const {
+    return text().substr(selectionStart(), selectionLength());
+}
+
+void RomanBox::replaceSelection(std::string_view bytes) {
+    if (!isLocked()) insertShown(documentText(bytes));
+}
+
+void RomanBox::insertShown(const QString& shown) {
+    QTextCursor cursor = textCursor();
+    const QTextBlock line = document()->findBlock(cursor.selectionStart());
+    insertAsOneStep(cursor, withoutTabs(shown, cursor.selectionStart() - line.position()));
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+void RomanBox::copy() {
+    QGuiApplication::clipboard()->setMimeData(createMimeDataFromSelection());
+}
+
+void RomanBox::cut() {
+    copy();
+    replaceSelection({});
+}
+
+void RomanBox::undo() {
+    if (!isLocked()) TextPane::undo();
+}
+
+void RomanBox::redo() {
+    if (!isLocked()) TextPane::redo();
+}
+
+void RomanBox::setLocked(bool locked) {
+    setReadOnly(locked);
+    if (locked) setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+}
+
+bool RomanBox::refuses(QStringView text) {
+    const std::optional<char32_t> character = firstWithoutCode(text);
+    if (character) emit characterRefused(*character);
+    return character.has_value();
+}
+
+bool RomanBox::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (std::any_of(editKeys.begin(), editKeys.end(), [&](auto command) { return key->matches(command); })) {
+            event->ignore();
+            return true;
+        }
+    }
+    return TextPane::event(event);
+}
+
+void RomanBox::keyPressEvent(QKeyEvent* event) {
+    if (event->matches(QKeySequence::Copy)) return copy();
+    if (event->matches(QKeySequence::Cut)) return cut();
+    if (isLocked()) return TextPane::keyPressEvent(event);
+    if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier) return replaceSelection("\t");
+    if (event->matches(QKeySequence::InsertLineSeparator)) return replaceSelection(lineEnd);
+    if (!isTyped(event->text()) || !refuses(event->text())) TextPane::keyPressEvent(event);
+}
+
+// Shift+Tab leaves the box; Tab indents.
+bool RomanBox::focusNextPrevChild(bool next) {
+    return next ? TextPane::focusNextPrevChild(next) : QWidget::focusNextPrevChild(next);
+}
+
+void RomanBox::applyFonts(const PaneFonts& fonts) {
+    setFont(fonts.roman);
+    setTabStopDistance(tabWidth * QFontMetricsF(fonts.roman).horizontalAdvance(u' '));
+}
+
+void RomanBox::inputMethodEvent(QInputMethodEvent* event) {
+    if (refuses(event->commitString())) event->setCommitString({});
+    TextPane::inputMethodEvent(event);
+}
+
+QMimeData* RomanBox::createMimeDataFromSelection() const {
+    auto* selection = new QMimeData;  // goes to who asked
+    selection->setText(toQString(selectedText()));
+    return selection;
+}
+
+bool RomanBox::canInsertFromMimeData(const QMimeData* source) const {
+    return !isLocked() && !source->hasUrls() && !plainText(*source).isEmpty();
+}
+
+void RomanBox::insertFromMimeData(const QMimeData* source) {
+    const QString text = withLineFeeds(plainText(*source));
+    if (isLocked() || text.isEmpty() || refuses(text)) return;
+    QStringList lines = text.split(u'\n');
+    for (QString& line : lines) line = toShown(toFontEncoded(line));
+    insertShown(lines.join(u'\n'));
+}
+
+}  // namespace tolvan

@@ -1,0 +1,67 @@
+// The Roman program text as the user types it: 8-bit characters, lines parted by CR LF. Any bytes can be set and come
+// back as they were.
+//
+// The box leaves the keys of the edit commands to shortcuts of its window, and acts on them where there are none. It
+// takes no dropped files: they go on to its window.
+#pragma once
+
+#include "editor/panes/TextPane.h"
+
+#include <QString>
+
+#include <string>
+#include <string_view>
+
+namespace tolvan {
+
+class RomanBox : public TextPane {
+    Q_OBJECT
+  public:
+    explicit RomanBox(QWidget* parent = nullptr);
+
+    std::string text() const;
+    std::string line(std::size_t number) const;  // from 0, without its end
+
+    // Another text altogether, as of a new document: there is nothing to undo behind it, the caret is at its start.
+    void setText(std::string_view bytes);
+
+    // Changes the text as a command of the user does: one step of undo, and only where the two differ. Nothing happens
+    // if they do not. The caret stays on its line.
+    void replaceText(std::string_view bytes);
+
+    std::string selectedText() const;
+
+    // Puts text in the place of the selection. Tabs in it are blanks up to the next multiple of six.
+    void replaceSelection(std::string_view bytes);
+
+    // The commands of the same names; `cut` and `copy` put the selected text on the clipboard, an empty one too.
+    void cut();
+    void copy();
+    void undo();
+    void redo();
+
+    // While a program runs: nothing can be typed, pasted, cut or undone, but the box scrolls, and text can be selected
+    // and copied. setText works all the same.
+    void setLocked(bool locked);
+    bool isLocked() const { return isReadOnly(); }
+
+  signals:
+    // A character that has no 8-bit code was typed, pasted or dropped. Nothing of that text has been taken.
+    void characterRefused(char32_t character);
+
+  protected:
+    bool event(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    bool focusNextPrevChild(bool next) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
+    QMimeData* createMimeDataFromSelection() const override;
+    void applyFonts(const PaneFonts& fonts) override;
+    bool canInsertFromMimeData(const QMimeData* source) const override;
+    void insertFromMimeData(const QMimeData* source) override;
+
+  private:
+    bool refuses(QStringView text);
+    void insertShown(const QString& shown);
+};
+
+}  // namespace tolvan

@@ -1,0 +1,156 @@
+#include "editor/panes/TextPane.h"
+
+#include "editor/panes/EvenLines.h"
+#include "editor/panes/PaneColours.h"
+
+#include <QDropEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTextBlock>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tolvan {
+namespace {
+
+// A line end is one character of the document and two of the text.
+std::size_t startOf(const QTextBlock& line) {
+    return static_cast<std::size_t>(line.position()) + static_cast<std::size_t>(line.blockNumber());
+}
+
+bool isMouseEvent(QEvent::Type type) {
+    return type == QEvent::MouseButtonPress || type == QEvent::MouseButtonRelease || type == QEvent::MouseMove ||
+           type == QEvent::MouseButtonDblClick;
+}
+
+}  // namespace
+
+TextPane::TextPane(QWidget* parent) : QPlainTextEdit(parent) {
+    auto* text = new QTextDocument(this);
+    lines_ = new EvenLines(text);
+    text->setDocumentLayout(lines_);
+    setDocument(text);
+    setLineWrapMode(NoWrap);
+    setFrameShape(NoFrame);
+    setCornerWidget(new QWidget(this));  // an empty one, between the bars
+    setContextMenuPolicy(Qt::CustomContextMenu);
+    connect(this, &QPlainTextEdit::cursorPositionChanged, this, &TextPane::caretMoved);
+}
+
+std::size_t TextPane::bytePosition(int documentPosition) const {
+    return static_cast<std::size_t>(documentPosition) +
+           static_cast<std::size_t>(document()->findBlock(documentPosition).blockNumber());
+}
+
+int TextPane::documentPosition(std::size_t bytePosition) const {
+    int first = 0;
+    int behind = blockCount();
+    while (behind - first > 1) {
+        const int middle = first + (behind - first) / 2;
+        (startOf(document()->findBlockByNumber(middle)) <= bytePosition ? first : behind) = middle;
+    }
+    const QTextBlock line = document()->findBlockByNumber(first);
+    const std::size_t column = std::min(bytePosition - startOf(line), static_cast<std::size_t>(line.length() - 1));
+    return line.position() + static_cast<int>(column);
+}
+
+std::size_t TextPane::caret() const {
+    return bytePosition(textCursor().position());
+}
+
+std::size_t TextPane::selectionStart() const {
+    return bytePosition(textCursor().selectionStart());
+}
+
+std::size_t TextPane::selectionLength() const {
+    return bytePosition(textCursor().selectionEnd()) - selectionStart();
+}
+
+void TextPane::select(std::size_t start, std::size_t length) {
+    const std::size_t size = textSize();
+    start = std::min(start, size);
+    QTextCursor cursor = textCursor();
+    cursor.setPosition(documentPosition(start));
+    cursor.setPosition(documentPosition(start + std::min(length, size - start)), QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+    ensureCursorVisible();
+}
+
+std::size_t TextPane::textSize() const {
+    const QTextBlock last = document()->lastBlock();
+    return startOf(last) + static_cast<std::size_t>(last.length() - 1);
+}
+
+int TextPane::currentLine() const {
+    return textCursor().blockNumber() + 1;
+}
+
+void TextPane::setZoom(int percent) {
+    fonts_ = PaneFonts::ofZoom(percent);
+    lines_->setLine(fonts_.lineHeight, fonts_.baseLine);
+    applyFonts(fonts_);
+    emit zoomChanged();
+}
+
+void TextPane::setMarkedLine(int line) {
+    const int before = std::exchange(markedLine_, line);
+    if (before == line) return;
+    viewport()->update(lineBand(before));
+    viewport()->update(lineBand(line));
+    emit markedLineChanged();
+}
+
+void TextPane::setLeftMargin(int width) {
+    setViewportMargins(width, 0, 0, 0);
+}
+
+int TextPane::firstVisibleLine() const {
+    return firstVisibleBlock().blockNumber() + 1;
+}
+
+qreal TextPane::firstVisibleTop() const {
+    return contentOffset().y();
+}
+
+QRect TextPane::lineBand(int line) const {
+    const qreal top = firstVisibleTop() + (line - firstVisibleLine()) * lineHeight();
+    return QRectF(0, top, viewport()->width(), lineHeight()).toAlignedRect();
+}
+
+// The place on the letters of its line. Lines are higher than their letters, and a click above or below these would
+// else be taken for one at the start or the end of the line.
+QPointF TextPane::onLetters(QPointF place) const {
+    const qreal row = std::floor((place.y() - firstVisibleTop()) / lineHeight());
+    return {place.x(), firstVisibleTop() + row * lineHeight() + baseLine() - 1};
+}
+
+bool TextPane::viewportEvent(QEvent* event) {
+    if (isMouseEvent(event->type())) {
+        const auto* mouse = static_cast<QMouseEvent*>(event);
+        QMouseEvent moved(mouse->type(), onLetters(mouse->position()), mouse->scenePosition(), mouse->globalPosition(),
+                          mouse->button(), mouse->buttons(), mouse->modifiers(), mouse->pointingDevice());
+        const bool handled = QPlainTextEdit::viewportEvent(&moved);
+        event->setAccepted(moved.isAccepted());
+        return handled;
+    }
+    if (event->type() == QEvent::Drop) {
+        auto* drop = static_cast<QDropEvent*>(event);
+        QDropEvent moved(onLetters(drop->position()), drop->possibleActions(), drop->mimeData(), drop->buttons(),
+                         drop->modifiers());
+        moved.setDropAction(drop->dropAction());
+        const bool handled = QPlainTextEdit::viewportEvent(&moved);
+        drop->setDropAction(moved.dropAction());
+        drop->setAccepted(moved.isAccepted());
+        return handled;
+    }
+    return QPlainTextEdit::viewportEvent(event);
+}
+
+void TextPane::paintEvent(QPaintEvent* event) {
+    if (markedLine_ > 0) QPainter(viewport()).fillRect(lineBand(markedLine_), pane_colours::caretLine);
+    QPlainTextEdit::paintEvent(event);
+}
+
+}  // namespace tolvan

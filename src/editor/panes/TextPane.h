@@ -1,0 +1,75 @@
+// What the two text panes have in common: one line of the pane for each line of the text, of the same height in both,
+// and places counted in 8-bit characters of the text, whose lines are parted by CR LF.
+//
+// A pane has no menu of its own; it asks for one with customContextMenuRequested.
+#pragma once
+
+#include "editor/panes/PaneFonts.h"
+
+#include <QPlainTextEdit>
+
+#include <cstddef>
+
+namespace tolvan {
+
+class EvenLines;
+
+class TextPane : public QPlainTextEdit {
+    Q_OBJECT
+  public:
+    explicit TextPane(QWidget* parent = nullptr);
+
+    // Positions are from 0; CR and LF count as one each. The caret stands at the end of a selection made here.
+    std::size_t caret() const;
+    std::size_t selectionStart() const;
+    std::size_t selectionLength() const;
+
+    // Selects and brings into view; with length 0 it moves the caret. What reaches beyond the text ends with it. A
+    // position between CR and LF is taken for the one before them.
+    void select(std::size_t start, std::size_t length);
+
+    std::size_t textSize() const;
+    int lineCount() const { return blockCount(); }
+
+    // The line of the caret, from 1.
+    int currentLine() const;
+
+    // Percent of the opening size.
+    void setZoom(int percent);
+    const PaneFonts& paneFonts() const { return fonts_; }
+
+    // The line (from 1) that stands on a band of its own colour; 0: none.
+    void setMarkedLine(int line);
+    int markedLine() const { return markedLine_; }
+
+    // Room left of the text for something that is drawn there, and where the lines are that stand beside it: the first
+    // visible one (from 1), its top, and the height and base line of each. Logical pixels of the viewport.
+    void setLeftMargin(int width);
+    int firstVisibleLine() const;
+    qreal firstVisibleTop() const;
+    qreal lineHeight() const { return fonts_.lineHeight; }
+    qreal baseLine() const { return fonts_.baseLine; }
+
+  signals:
+    // After every movement of the caret, by keys, mouse or a change of the text.
+    void caretMoved();
+    void zoomChanged();
+    void markedLineChanged();
+
+  protected:
+    virtual void applyFonts(const PaneFonts& fonts) = 0;
+    bool viewportEvent(QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+
+  private:
+    std::size_t bytePosition(int documentPosition) const;
+    int documentPosition(std::size_t bytePosition) const;
+    QPointF onLetters(QPointF place) const;
+    QRect lineBand(int line) const;
+
+    EvenLines* lines_;  // owned by the document
+    PaneFonts fonts_;
+    int markedLine_ = 0;
+};
+
+}  // namespace tolvan

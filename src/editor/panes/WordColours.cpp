@@ -1,0 +1,64 @@
+#include "editor/panes/WordColours.h"
+
+#include "editor/panes/LanguageWords.h"
+#include "editor/panes/PaneColours.h"
+#include "translator/Keywords.h"
+#include "translator/Scanner.h"
+
+#include <algorithm>
+
+namespace tolvan {
+namespace {
+
+bool isNumber(std::string_view word) {
+    return !word.empty() && word.find_first_not_of("0123456789") == std::string_view::npos;
+}
+
+class Colours {
+  public:
+    void add(std::size_t start, std::size_t length, QColor colour) {
+        if (length == 0) return;
+        if (!runs_.empty() && runs_.back().colour == colour && runs_.back().start + runs_.back().length == start)
+            runs_.back().length += length;
+        else
+            runs_.push_back({start, length, colour});
+    }
+    std::vector<ColourRun> take() { return std::move(runs_); }
+
+  private:
+    std::vector<ColourRun> runs_;
+};
+
+void addWord(Colours& colours, std::size_t start, std::string_view word) {
+    if (isNumber(word))
+        colours.add(start, word.size(), pane_colours::number);
+    else if (isLanguageWord(word))
+        colours.add(start, word.size(), pane_colours::keyword);
+}
+
+}  // namespace
+
+std::vector<ColourRun> wordColours(StyledView line) {
+    const std::size_t comment = std::min(line.text().find(words::comment), line.size());
+    StyledText statement(line.substr(0, comment));
+    statement.append(" ", Font::Latin);  // a word counts only if a separator follows it
+
+    Colours colours;
+    Scanner scanner(statement);
+    std::size_t start = 0;
+    bool inLiteral = false;
+    while (const std::optional<Token> token = scanner.next()) {
+        const std::size_t length = std::min(token->text.size(), comment - std::min(comment, start));
+        const bool isQuote = token->kind == Token::Kind::Separator && token->text[0] == '"';
+        if (isQuote) inLiteral = !inLiteral;
+        if (token->kind == Token::Kind::Word)
+            addWord(colours, start, token->text.text());
+        else if (isQuote || token->kind == Token::Kind::Literal || (token->kind == Token::Kind::Lost && inLiteral))
+            colours.add(start, length, pane_colours::literal);
+        start += token->text.size();
+    }
+    colours.add(comment, line.size() - comment, pane_colours::comment);
+    return colours.take();
+}
+
+}  // namespace tolvan

@@ -1,0 +1,40 @@
+#include "shell/PlainMessage.h"
+
+#include "platform/fonts/Fonts.h"
+
+#include <QApplication>
+#include <QMessageBox>
+
+#include <algorithm>
+
+namespace tolvan {
+namespace {
+
+void show(QMessageBox::Icon icon, const QString& caption, QString text) {
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    QMessageBox box(icon, caption, text, QMessageBox::Ok);
+    box.setTextFormat(Qt::PlainText);
+    box.exec();
+}
+
+}  // namespace
+
+void showPlainMessage(std::string_view text) {
+    show(QMessageBox::Information, QApplication::applicationName(),
+         QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size())));
+}
+
+bool hasRequiredFonts(const QStringList& screenFonts) {
+    const auto isRequired = [](const QString& name) {
+        return name == fontName(Font::Latin) || name == fontName(Font::Devanagari);
+    };
+    return std::count_if(screenFonts.begin(), screenFonts.end(), isRequired) == 2;
+}
+
+void showFontsRequired() {
+    show(QMessageBox::Critical, QStringLiteral("Font Required"),
+         QStringLiteral("The fonts 'Sanskrit 1.2' and 'Times New Roman' are required for this software to run and "
+                        "could not be found on this computer. Unable to start Tolbasic."));
+}
+
+}  // namespace tolvan

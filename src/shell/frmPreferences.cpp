@@ -1,0 +1,124 @@
+#include "shell/frmPreferences.h"
+
+#include "dialogs/Dialogs.h"
+#include "dialogs/Look.h"
+#include "editor/RecentFiles.h"
+#include "editor/RomanPreview.h"
+#include "editor/frmEditor.h"
+#include "platform/encoding/Deva.h"
+#include "platform/fonts/FontEncoding.h"
+#include "shell/SettingsReader.h"
+
+#include <QBoxLayout>
+#include <QCheckBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPointer>
+#include <QPushButton>
+#include <QTabWidget>
+
+namespace tolvan {
+namespace {
+
+constexpr std::string_view clearQuestion = "\\f1nu®yac vaprleLya )a#lI—cI yadI pusaycI ka\\f0?"_deva;
+
+template <class Control>
+Control* addDevanagari(std::string_view caption, const char* name, QLayout& layout) {
+    auto* control = new Control(look::captionText(caption));
+    control->setObjectName(QLatin1String(name));
+    control->setFont(look::controlFont(Font::Devanagari));
+    layout.addWidget(control);
+    return control;
+}
+
+QVBoxLayout* addPageLayout(QWidget* page) {
+    auto* layout = new QVBoxLayout(page);
+    layout->setContentsMargins(look::em(1), look::em(1), look::em(1), look::em(1));
+    layout->setSpacing(look::em(0.6));
+    return layout;
+}
+
+}  // namespace
+
+frmPreferences::frmPreferences(frmEditor& editor) : FramedDialog("tolvn beisk invfI"_deva, &editor), editor_(editor) {
+    setObjectName(QStringLiteral("frmPreferences"));
+    auto* tabs = new QTabWidget(this);
+    tabs->setObjectName(QStringLiteral("SSTab1"));
+    tabs->setFont(look::controlFont(Font::Devanagari));
+    tabs->setMinimumWidth(look::em(26));
+    tabs->addTab(runPage(), look::captionText("samaNy"_deva));
+    tabs->addTab(programPage(), look::captionText("àayaejnabÎl"_deva));
+    body().addWidget(tabs, 1);
+    addButtons();
+    const EditorState& state = editor_.state();
+    chkSaveBeforeExecute_->setChecked(state.SaveBeforeExecute);
+    chkFormatBeforeExecute_->setChecked(state.FormatBeforeExecute);
+    txtCaption_->setText(toQString(editor_.document().caption()));
+    appliedCaption_ = txtCaption_->text();
+}
+
+QWidget* frmPreferences::runPage() {
+    auto* page = new QWidget;
+    QVBoxLayout& layout = *addPageLayout(page);
+    chkSaveBeforeExecute_ =
+        addDevanagari<QCheckBox>("àayaejn caliv{ya Agaedr saQv"_deva, "chkSaveBeforeExecute", layout);
+    chkFormatBeforeExecute_ =
+        addDevanagari<QCheckBox>("àayaejn caliv{ya Agaedr sjv"_deva, "chkFormatBeforeExecute", layout);
+    layout.addStretch();
+    auto* clear = addDevanagari<QPushButton>("nu®ya )a$il<cI yadI pus"_deva, "cmdClearMRU", layout);
+    clear->setAutoDefault(false);
+    layout.setAlignment(clear, Qt::AlignLeft);
+    connect(clear, &QPushButton::clicked, this, &frmPreferences::cmdClearMRU);
+    return page;
+}
+
+QWidget* frmPreferences::programPage() {
+    auto* page = new QWidget;
+    QVBoxLayout& layout = *addPageLayout(page);
+    auto* label = addDevanagari<QLabel>("àayaejnace nav"_deva, "lblCaption", layout);
+    txtCaption_ = new QLineEdit(page);
+    txtCaption_->setObjectName(QStringLiteral("txtCaption"));
+    txtCaption_->setFont(look::controlFont(Font::Latin));
+    label->setBuddy(txtCaption_);
+    auto* shown = new RomanPreview(*txtCaption_);
+    shown->setObjectName(QStringLiteral("lblCaptionDevnag"));
+    layout.addWidget(txtCaption_);
+    layout.addWidget(shown);
+    layout.addStretch();
+    return page;
+}
+
+void frmPreferences::addButtons() {
+    connect(addButton("cmdOK", "QIk Aahe"_deva), &QPushButton::clicked, this, [this] {
+        apply();
+        accept();
+    });
+    connect(addButton("cmdApply", "Aamlat Aa["_deva), &QPushButton::clicked, this, &frmPreferences::apply);
+    connect(addButton("cmdCancel", "rÎ"_deva), &QPushButton::clicked, this, &QDialog::reject);
+}
+
+void frmPreferences::apply() {
+    saveRunPreferences(editor_.settings(), chkSaveBeforeExecute_->isChecked(), chkFormatBeforeExecute_->isChecked());
+    applyCaption();
+    readRunPreferences(editor_.settings(), editor_.state());
+}
+
+// A caption that the box cannot show as it is stays unless the user has changed it.
+void frmPreferences::applyCaption() {
+    if (txtCaption_->text() == appliedCaption_) return;
+    appliedCaption_ = txtCaption_->text();
+    editor_.document().setCaption(toFontEncoded(appliedCaption_));
+}
+
+void frmPreferences::cmdClearMRU() {
+    if (AskQuestion(clearQuestion) == 1) RecentFiles(editor_.settings()).clear();
+    editor_.MruManage({});
+}
+
+void showPreferences(frmEditor& editor) {
+    const QPointer<frmPreferences> preferences = new frmPreferences(editor);
+    preferences->exec();
+    delete preferences;
+}
+
+}  // namespace tolvan

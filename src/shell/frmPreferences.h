@@ -1,0 +1,42 @@
+// The preferences: what happens before a run, the recent files, and the caption of the program in the editor.
+//
+// Its controls are SSTab1 with chkSaveBeforeExecute, chkFormatBeforeExecute and cmdClearMRU on the first tab,
+// lblCaption, txtCaption and lblCaptionDevnag on the second, and below them cmdOK, cmdApply and cmdCancel.
+#pragma once
+
+#include "dialogs/FramedDialog.h"
+
+class QCheckBox;
+class QLineEdit;
+class QWidget;
+
+namespace tolvan {
+
+class frmEditor;
+
+class frmPreferences : public FramedDialog {
+    Q_OBJECT
+  public:
+    // `editor` must outlive it.
+    explicit frmPreferences(frmEditor& editor);
+
+  private:
+    QWidget* runPage();
+    QWidget* programPage();
+    void addButtons();
+
+    void apply();
+    void applyCaption();
+    void cmdClearMRU();
+
+    frmEditor& editor_;
+    QCheckBox* chkSaveBeforeExecute_ = nullptr;
+    QCheckBox* chkFormatBeforeExecute_ = nullptr;
+    QLineEdit* txtCaption_ = nullptr;
+    QString appliedCaption_;
+};
+
+// Shows them until they are closed; for the editor's command.
+void showPreferences(frmEditor& editor);
+
+}  // namespace tolvan

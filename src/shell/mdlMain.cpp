@@ -1,0 +1,161 @@
+#include "shell/mdlMain.h"
+
+#include "editor/frmEditor.h"
+#include "editor/panes/ProgramBox.h"
+#include "platform/files/PathLookup.h"
+#include "platform/fonts/Fonts.h"
+#include "platform/settings/Settings.h"
+#include "shell/ExecutableName.h"
+#include "shell/MakeExe.h"
+#include "shell/PlainMessage.h"
+#include "shell/help/frmHelp.h"
+
+#include <QApplication>
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QTimer>
+
+#include <algorithm>
+
+namespace tolvan {
+namespace {
+
+QString findHelpFile() {
+    const std::string wanted = QFile::encodeName(QApplication::applicationDirPath()).toStdString() + "/tolbasic.hlp";
+    const QString found = QFile::decodeName(findPath(wanted).c_str());
+    return QFileInfo(found).isFile() ? found : QString();
+}
+
+QString fileName(const std::string& bytes) {
+    return QFile::decodeName(bytes.c_str());
+}
+
+}  // namespace
+
+mdlMain::mdlMain(Settings& settings) : settings_(settings) {
+    // Boxes come and go while no other window is up; that is no end.
+    QApplication::setQuitOnLastWindowClosed(false);
+    connect(qApp, &QGuiApplication::lastWindowClosed, this, &mdlMain::endIfNothingIsLeft, Qt::QueuedConnection);
+}
+
+mdlMain::~mdlMain() = default;
+
+void mdlMain::Main(const std::vector<std::string>& arguments) {
+    state_.Closing = false;
+    const Seconds start = secondsSinceMidnight();
+    {
+        frmSplash splash;
+        splash.show();
+        splash.repaint();
+        readPreferences();
+        if (!hasRequiredFonts(screenFontList())) {
+            showFontsRequired();
+            return QApplication::exit(EXIT_FAILURE);
+        }
+        helpFile_ = findHelpFile();
+        editor();
+        waitForSplash(splash, start);
+    }
+    act(readCommandLine(arguments));
+    starting_ = false;
+    endIfNothingIsLeft();
+}
+
+void mdlMain::readPreferences() {
+    const auto read = [this](const QString& key) {
+        return readSetting(settings_.GetSetting(QStringLiteral("Settings"), key), true);
+    };
+    state_.SaveBeforeExecute = read(QStringLiteral("SaveBeforeExecute"));
+    state_.FormatBeforeExecute = read(QStringLiteral("FormatBeforeExecute"));
+}
+
+CommandLine mdlMain::readCommandLine(const std::vector<std::string>& arguments) {
+    const auto bytes = [](const QString& path) { return QFile::encodeName(path).toStdString(); };
+    CommandLine commandLine = parseCommandLine(joinArguments(arguments),
+                                               {bytes(QDir::currentPath()), bytes(QApplication::applicationDirPath())});
+    for (const CommandLine::Problem problem : commandLine.problems) {
+        showPlainMessage(problemText(problem));
+        unloadEditor();
+    }
+    return commandLine;
+}
+
+void mdlMain::act(const CommandLine& commandLine) {
+    if (commandLine.has("-?")) {
+        showPlainMessage(usageText());
+        unloadEditor();
+    } else if (commandLine.filename.empty()) {
+        showEditor();
+    } else if (commandLine.has("-run")) {
+        openAndRun(fileName(commandLine.filename));
+    } else if (!commandLine.has("-compile")) {
+        openAndShow(fileName(commandLine.filename));
+    } else {
+        compile(commandLine.filename);
+        unloadEditor();
+    }
+}
+
+void mdlMain::showEditor() {
+    editor().show();
+    editor().offerRecovery();
+}
+
+void mdlMain::openAndShow(const QString& file) {
+    editor().OpenFile(file);
+    showEditor();
+}
+
+void mdlMain::openAndRun(const QString& file) {
+    starting_ = false;  // the program may run for long, and the windows be closed meanwhile
+    editor().OpenFile(file);
+    editor().CompileAndExecute(editor().txtProgram().text());
+}
+
+void mdlMain::compile(const std::string& file) {
+    if (const auto executable = executableName(file))
+        MakeExe(*this, fileName(file), fileName(*executable));
+    else
+        showPlainMessage("Unable to write file onto itself. Input File and Output File have same names.");
+}
+
+frmEditor& mdlMain::editor() {
+    if (editor_) return *editor_;
+    EditorServices services;
+    services.shutDown = [this] { shutDown(); };
+    services.showHelp = [](const QString& file) { return showHelp(file); };
+    // Behind the command, since it replaces the editor.
+    services.fileMakeExe = [this](frmEditor&) {
+        QMetaObject::invokeMethod(
+            this, [this] { FileMakeEXE(*this); }, Qt::QueuedConnection);
+    };
+    editor_ = std::make_unique<frmEditor>(state_, settings_, std::move(services));
+    editor_->setHelpFile(helpFile_);
+    return *editor_;
+}
+
+bool mdlMain::editorIsVisible() const {
+    return editor_ && editor_->isVisible();
+}
+
+void mdlMain::unloadEditor() {
+    editor_.reset();
+}
+
+void mdlMain::shutDown() {
+    state_.Closing = true;
+    state_.run.IsRunning = false;
+    QApplication::closeAllWindows();
+    QApplication::quit();
+}
+
+// An editor that was never shown, behind a console that was closed, is nothing that a user could get at.
+void mdlMain::endIfNothingIsLeft() {
+    const QWidgetList windows = QApplication::topLevelWidgets();
+    const bool anyVisible =
+        std::any_of(windows.begin(), windows.end(), [](const QWidget* window) { return window->isVisible(); });
+    if (!starting_ && !anyVisible) shutDown();
+}
+
+}  // namespace tolvan

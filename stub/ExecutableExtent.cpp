@@ -1,0 +1,59 @@
+#include "stub/ExecutableExtent.h"
+
+#include <algorithm>
+#include <cstring>
+#include <elf.h>
+#include <link.h>
+
+namespace tolvan {
+namespace {
+
+// The layout of the machine's own word size; see elf(5).
+using Header = ElfW(Ehdr);
+using Segment = ElfW(Phdr);
+using Section = ElfW(Shdr);
+
+constexpr unsigned char ownClass = sizeof(void*) == 8 ? ELFCLASS64 : ELFCLASS32;
+
+template <class Record>
+bool readAt(std::istream& file, std::uint64_t offset, Record& record) {
+    file.seekg(static_cast<std::streamoff>(offset));
+    return static_cast<bool>(file.read(reinterpret_cast<char*>(&record), sizeof record));
+}
+
+std::uint64_t extentOf(const Segment& segment) {
+    return segment.p_offset + segment.p_filesz;
+}
+
+std::uint64_t extentOf(const Section& section) {
+    return section.sh_type == SHT_NOBITS ? 0 : section.sh_offset + section.sh_size;
+}
+
+// Raises `extent` to the end of a table of such records and of all that they name.
+template <class Record>
+bool includeTable(std::istream& file, std::uint64_t offset, unsigned count, std::uint64_t& extent) {
+    for (unsigned i = 0; i < count; ++i) {
+        Record record;
+        const std::uint64_t position = offset + i * sizeof record;
+        if (!readAt(file, position, record)) return false;
+        extent = std::max({extent, position + sizeof record, extentOf(record)});
+    }
+    return true;
+}
+
+}  // namespace
+
+std::optional<std::uint64_t> executableExtent(std::istream& file) {
+    Header header;
+    if (!readAt(file, 0, header)) return std::nullopt;
+    const bool isOwnKind = std::memcmp(header.e_ident, ELFMAG, SELFMAG) == 0 && header.e_ident[EI_CLASS] == ownClass &&
+                           (header.e_phnum == 0 || header.e_phentsize == sizeof(Segment)) &&
+                           (header.e_shnum == 0 || header.e_shentsize == sizeof(Section));
+    if (!isOwnKind) return std::nullopt;
+    std::uint64_t extent = sizeof header;
+    if (!includeTable<Segment>(file, header.e_phoff, header.e_phnum, extent)) return std::nullopt;
+    if (!includeTable<Section>(file, header.e_shoff, header.e_shnum, extent)) return std::nullopt;
+    return extent;
+}
+
+}  // namespace tolvan

@@ -1,0 +1,19 @@
+#include "stub/OwnPayload.h"
+
+#include "stub/ExecutableExtent.h"
+
+#include <fstream>
+#include <iterator>
+
+namespace tolvan {
+
+std::optional<Payload> payloadOf(const std::string& path) {
+    std::ifstream file(path, std::ios::binary);
+    const auto extent = executableExtent(file);
+    if (!extent) return std::nullopt;
+    file.seekg(static_cast<std::streamoff>(*extent));
+    const std::string scrambled((std::istreambuf_iterator<char>(file)), {});
+    return readPayload(scrambled);
+}
+
+}  // namespace tolvan

@@ -1,0 +1,69 @@
+// The runtime of stand-alone executables: a program of its own, which runs what stands behind it in its file.
+#include "dialogs/Dialogs.h"
+#include "dialogs/Look.h"
+#include "platform/encoding/Deva.h"
+#include "platform/fonts/Fonts.h"
+#include "runtime/ProgramMarker.h"
+#include "runtime/RunState.h"
+#include "runtime/frmExec.h"
+#include "stub/OwnPayload.h"
+
+#include <QApplication>
+#include <QTimer>
+
+#include <cstdlib>
+#include <fstream>
+#include <memory>
+#include <utility>
+
+namespace {
+
+using tolvan::operator""_deva;
+
+constexpr std::string_view damaged = "\\f1hI )a#l ib\"flelI Aahe\\f0. \\f1te àayaejn calvta yet nahI\\f0."_deva;
+
+// A stand-alone program has no text to mark its failing line in.
+class NoEditor : public tolvan::ProgramMarker {
+    std::string programText() const override { return {}; }
+    std::string romanText() const override { return {}; }
+    void selectProgram(std::size_t, std::size_t) override {}
+    void selectRoman(std::size_t, std::size_t) override {}
+    void bringBack() override {}
+};
+
+// Writes the program's console calls to the file that TOLVAN_TRACE names, one a line, as "tvp run --trace" does, so
+// that a program can be checked as it is handed in.
+void traceIfWanted(tolvan::frmExec& console) {
+    const char* const path = std::getenv("TOLVAN_TRACE");
+    if (path == nullptr) return;
+    const auto file = std::make_shared<std::ofstream>(path, std::ios::binary);
+    console.setTrace([file](std::string_view call) { *file << call << '\n' << std::flush; });
+}
+
+}  // namespace
+
+int main(int, char** arguments) {
+    int one = 1;  // the program's name; what follows it is not for Qt to read
+    QApplication application(one, arguments);
+    QApplication::setOrganizationName(QStringLiteral("Tolbasic"));
+    QApplication::setApplicationName(QStringLiteral("Tolbasic"));
+    tolvan::loadStandIns();
+    tolvan::look::apply(application);
+
+    auto payload = tolvan::payloadOf("/proc/self/exe");
+    if (!payload) {
+        tolvan::ShowMessage(damaged);
+        return EXIT_FAILURE;
+    }
+    tolvan::RunState state;
+    state.ProgramCaption = std::move(payload->caption);
+    state.CompiledScript = std::move(payload->module);
+    NoEditor noEditor;
+    tolvan::frmExec console(state, &noEditor);
+    traceIfWanted(console);
+    QTimer::singleShot(0, &console, [&console] {
+        console.show();
+        console.execute();
+    });
+    return QApplication::exec();
+}

@@ -1,0 +1,14 @@
+#include "dialogs/Look.h"
+
+#include <QApplication>
+
+#include <gmock/gmock.h>
+
+int main(int count, char** arguments) {
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    ::testing::InitGoogleMock(&count, arguments);
+    QApplication application(count, arguments);
+    tolvan::look::apply(application);
+    QApplication::setQuitOnLastWindowClosed(false);
+    return RUN_ALL_TESTS();
+}

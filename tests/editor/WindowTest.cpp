@@ -1,0 +1,236 @@
+// The window itself: menus, toolbar, shortcuts, panes, status bar, and the commands by real keys and clicks.
+#include "EditorFixture.h"
+#include "editor/Commands.h"
+#include "editor/EditorStatusBar.h"
+#include "platform/encoding/Deva.h"
+#include "platform/fonts/FontEncoding.h"
+#include "translator/Translator.h"
+
+#include <QApplication>
+#include <QClipboard>
+#include <QMenu>
+#include <QMenuBar>
+#include <QSplitter>
+#include <QToolBar>
+#include <QToolButton>
+
+#include <set>
+
+namespace tolvan {
+namespace {
+
+class WindowTest : public EditorTest {
+  protected:
+    QToolButton& button(const char* key) const {
+        return *editor->commandBars().toolBar()->findChild<QToolButton*>(QLatin1String(key));
+    }
+    void click(const char* key) const { QTest::mouseClick(&button(key), Qt::LeftButton); }
+    QMenu* menu(int index) const { return editor->commandBars().menuBar()->actions().at(index)->menu(); }
+    void setClipboard(const char* text) const { QApplication::clipboard()->setText(QLatin1String(text)); }
+    static QString clipboard() { return QApplication::clipboard()->text(); }
+};
+
+TEST_F(WindowTest, TheMenusAreThoseOfTheTable) {
+    const auto menus = editorMenus();
+    ASSERT_EQ(editor->commandBars().menuBar()->actions().size(), static_cast<qsizetype>(menus.size()));
+    std::set<std::string> separators;
+    for (std::size_t i = 0; i < menus.size(); ++i) {
+        const QList<QAction*> actions = menu(static_cast<int>(i))->actions();
+        ASSERT_EQ(actions.size(), static_cast<qsizetype>(menus[i].items.size()));
+        for (const QAction* action : actions)
+            if (action->isSeparator()) separators.insert(action->objectName().toStdString());
+    }
+    EXPECT_EQ(separators.size(), 8U);
+    EXPECT_EQ(*separators.begin(), "mnuSeperator1");
+    EXPECT_EQ(menu(0)->actions().at(1)->text(), QStringLiteral("%\"f"));
+    EXPECT_EQ(menu(0)->actions().at(3)->text(), QString(QChar(0x17D)) + QStringLiteral(" ") + QChar(0x17D) +
+                                                    QStringLiteral(" ") + QChar(0x17D) + QStringLiteral(" Mh[un saQv"));
+    EXPECT_EQ(menu(3)->actions().at(2)->text(), toQString("tolvn beisk bÎl"_deva));
+}
+
+TEST_F(WindowTest, EveryKeyOfTheTablesIsACommand) {
+    std::vector<std::string> keys;
+    for (const Menu& each : editorMenus())
+        for (const MenuItem& item : each.items)
+            if (item.caption != "-") keys.emplace_back(item.key);
+    for (const ToolButton& each : toolButtons())
+        if (each.key) keys.emplace_back(each.key);
+    for (const Shortcut& each : shortcuts()) keys.emplace_back(each.key);
+    for (const std::string& key : keys) {
+        if (std::string_view(key).starts_with(toolBarPrefix)) continue;
+        EXPECT_GE(editor->metaObject()->indexOfSlot((key + "()").c_str()), 0) << key;
+    }
+    EXPECT_FALSE(editor->TopMenu_UserCommand("NoSuchCommand"));
+}
+
+TEST_F(WindowTest, EditingByKeysMenusAndButtons) {
+    type("ek don");
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(clipboard(), QStringLiteral("ek don"));
+    click("EditCut");
+    EXPECT_EQ(roman(), "");
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(roman(), "ek don");
+    click("EditRedo");
+    EXPECT_EQ(roman(), "");
+    click("EditPaste");
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(roman(), "ek donek don");
+    click("EditUndo");
+    press(Qt::Key_Y, Qt::ControlModifier);
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(roman(), "ek don");
+    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(roman(), "ek donek don");
+
+    press(Qt::Key_X, Qt::ControlModifier);  // without selection: an empty text on the clipboard
+    EXPECT_EQ(clipboard(), QString());
+    EXPECT_EQ(roman(), "ek donek don");
+
+    setClipboard("line 1\nline 2");
+    press(Qt::Key_A, Qt::ControlModifier);
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(roman(), "line 1\r\nline 2");
+}
+
+TEST_F(WindowTest, WhatHasNoCodeIsRefusedByName) {
+    setClipboard("ek");
+    type("a");
+    QApplication::clipboard()->setText(QString(QChar(0x905)));
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(roman(), "a");
+    ASSERT_EQ(user.told.size(), 1U);
+    EXPECT_THAT(user.told[0], testing::HasSubstr("U+0905"));
+}
+
+TEST_F(WindowTest, TheKeyboardReachesMenusAndPanes) {
+    press(Qt::Key_F10);
+    QTest::keyClick(QApplication::activePopupWidget() ? QApplication::activePopupWidget() : editor->focusWidget(),
+                    Qt::Key_Escape);
+    const struct {
+        Qt::Key key;
+        int menu;
+    } accessKeys[] = {{Qt::Key_F, 0}, {Qt::Key_E, 1}, {Qt::Key_R, 2}, {Qt::Key_H, 3}};
+    for (const auto& [key, index] : accessKeys) {
+        press(key, Qt::AltModifier);
+        EXPECT_EQ(QApplication::activePopupWidget(), menu(index)) << index;
+        EXPECT_EQ(panel("panel3"), toQString(editorMenus()[static_cast<std::size_t>(index)].description));
+        menu(index)->close();
+    }
+    EXPECT_EQ(panel("panel3"), QString());
+
+    type("ek");
+    press(Qt::Key_E, Qt::AltModifier);
+    QTest::keyClick(menu(1), Qt::Key_Down);  // to undo, unless it is chosen already
+    if (menu(1)->activeAction() != menu(1)->actions().constFirst()) QTest::keyClick(menu(1), Qt::Key_Home);
+    QTest::keyClick(menu(1), Qt::Key_Return);
+    EXPECT_NE(roman(), "ek");
+
+    editor->txtRoman().setFocus();
+    press(Qt::Key_F6);
+    EXPECT_TRUE(editor->txtProgram().hasFocus());
+    press(Qt::Key_F6);
+    EXPECT_TRUE(editor->txtRoman().hasFocus());
+}
+
+TEST_F(WindowTest, TheToolbarIsHiddenAndShown) {
+    QToolBar* bar = editor->commandBars().toolBar();
+    EXPECT_EQ(bar->actions().size(), 16);
+    EXPECT_EQ(button("FileNew").toolTip(), toQString("nvIn àayaejn bnv{yasaQI"_deva));
+    press(Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_FALSE(bar->isVisible());
+    EXPECT_EQ(setting("Settings", "Toolbar_general"), QStringLiteral("False"));
+    editor->commandBars().item("Toolbar_general")->trigger();
+    EXPECT_TRUE(bar->isVisible());
+    EXPECT_TRUE(editor->commandBars().item("Toolbar_general")->isChecked());
+    EXPECT_EQ(setting("Settings", "Toolbar_general"), QStringLiteral("True"));
+}
+
+TEST_F(WindowTest, TheStatusBarTellsLineAndWork) {
+    const QString ready = toQString("tolvn beisk tyar Aahe"_deva);
+    EXPECT_EQ(panel("panel2"), ready);
+    type("ek");
+    press(Qt::Key_Return);
+    EXPECT_EQ(panel("panel2"), toQString("q<k leon sué Aahe"_deva));
+    EXPECT_EQ(panel("panel1"), toQString("Aae¦ 2"_deva));
+    press(Qt::Key_Up);
+    EXPECT_EQ(panel("panel1"), toQString("Aae¦ 1"_deva));
+    EXPECT_TRUE(QTest::qWaitFor([&] { return panel("panel2") == ready; }));
+}
+
+TEST_F(WindowTest, FormattingIsOneStepAndOnlyWhereItChanges) {
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    type("   ");
+    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
+    EXPECT_EQ(roman(), "   ");
+    const std::string formatted = "jovar 1 lahAn 2 tovar\r\n      dAkhav 1\r\nkar\r\n";
+    writeFile("a.tvp", "\r\njovar 1 lahAn 2 tovar\r\ndAkhav 1\r\nkar\r\n");
+    user.answers = {};
+    ASSERT_TRUE(editor->OpenFile(path("a.tvp")));
+    click("EditFormat");
+    const std::string once = roman();
+    EXPECT_EQ(title(), QStringLiteral("a.tvp*"));
+    EXPECT_EQ(once, formatted);
+    press(Qt::Key_S, Qt::ControlModifier);
+    click("EditFormat");
+    EXPECT_EQ(title(), QStringLiteral("a.tvp"));
+    press(Qt::Key_Z, Qt::ControlModifier);
+    EXPECT_EQ(roman(), "jovar 1 lahAn 2 tovar\r\ndAkhav 1\r\nkar\r\n");
+}
+
+TEST_F(WindowTest, SizeAndSplitterAreRemembered) {
+    auto& splitter = *editor->findChild<QSplitter*>();
+    EXPECT_EQ(splitter.widget(0), &editor->txtRoman());
+    editor->resize(640, 480);
+    QApplication::processEvents();
+    const int whole = splitter.sizes()[0] + splitter.sizes()[1];
+    splitter.setSizes({whole * 7 / 10, whole * 3 / 10});
+    EXPECT_TRUE(editor->close());
+    open();
+    EXPECT_EQ(editor->size(), QSize(640, 480));
+    const QList<int> sizes = editor->findChild<QSplitter*>()->sizes();
+    EXPECT_NEAR(sizes[0] * 100.0 / (sizes[0] + sizes[1]), 70, 2);
+}
+
+TEST_F(WindowTest, HelpIsThereIfItsFileIs) {
+    QString shown;
+    services.showHelp = [&shown](const QString& file) {
+        shown = file;
+        return true;
+    };
+    open();
+    press(Qt::Key_F1);
+    EXPECT_EQ(shown, QString());
+    editor->setHelpFile(QStringLiteral("/help/Tolbasic.hlp"));
+    press(Qt::Key_F1);
+    EXPECT_EQ(shown, QStringLiteral("/help/Tolbasic.hlp"));
+}
+
+TEST_F(WindowTest, ClosingEndsTheApplicationUnlessItEndsAlready) {
+    int shutDowns = 0;
+    services.shutDown = [&shutDowns] { ++shutDowns; };
+    open();
+    type("unsaved");
+    user.answers = {-1, 0};
+    press(Qt::Key_Q, Qt::ControlModifier);
+    EXPECT_TRUE(editor->isVisible());
+    EXPECT_EQ(shutDowns, 0);
+    press(Qt::Key_F4, Qt::AltModifier);
+    EXPECT_FALSE(editor->isVisible());
+    EXPECT_EQ(shutDowns, 1);
+    open();
+    type("unsaved");
+    state.Closing = true;
+    EXPECT_TRUE(editor->close());
+    EXPECT_EQ(shutDowns, 1);
+}
+
+TEST(ProgressWidth, GrowsByTheSameStepForEachLine) {
+    EXPECT_DOUBLE_EQ(progressWidth({0, 422}), 1);
+    EXPECT_DOUBLE_EQ(progressWidth({1, 422}), 1.5);
+    EXPECT_DOUBLE_EQ(progressWidth({422, 422}), 212);
+}
+
+}  // namespace
+}  // namespace tolvan

@@ -1,0 +1,107 @@
+#include "editor/panes/LanguageWords.h"
+#include "platform/transliteration/ReplaceRomanChars.h"
+#include "translator/Keywords.h"
+#include "translator/ProgramText.h"
+#include "translator/Translator.h"
+#include "transliteration/ReadBack.h"
+
+#include <filesystem>
+#include <fstream>
+#include <gmock/gmock.h>
+#include <set>
+#include <sstream>
+
+namespace tolvan {
+namespace {
+
+const std::string sourceFolder = TOLVAN_SOURCE_DIR;
+
+std::string utf8Of(std::u32string_view text) {
+    std::string bytes;
+    for (const char32_t c : text) {
+        if (c < 0x80) {
+            bytes += static_cast<char>(c);
+        } else if (c < 0x800) {
+            bytes += static_cast<char>(0xC0U | (c >> 6U));
+            bytes += static_cast<char>(0x80U | (c & 0x3FU));
+        } else {
+            bytes += static_cast<char>(0xE0U | (c >> 12U));
+            bytes += static_cast<char>(0x80U | ((c >> 6U) & 0x3FU));
+            bytes += static_cast<char>(0x80U | (c & 0x3FU));
+        }
+    }
+    return bytes;
+}
+
+// Unicode has one character for what the font puts together.
+std::u32string composed(std::u32string text) {
+    static const std::pair<std::u32string, char32_t> pairs[] = {
+        {U"\u0905\u093E\u0947", U'ओ'}, {U"\u0905\u093E\u0948", U'औ'}, {U"\u0905\u093E\u0945", U'ऑ'},
+        {U"\u0905\u093E", U'आ'},       {U"\u0905\u0945", U'ॲ'},       {U"\u090F\u0947", U'ऐ'},
+        {U"\u093E\u0947", U'\u094B'},  {U"\u093E\u0948", U'\u094C'},  {U"\u093E\u0945", U'\u0949'},
+        {U"\u0930\u093C", U'\u0931'},
+    };
+    for (const auto& [parts, whole] : pairs)
+        for (std::size_t found = 0; (found = text.find(parts, found)) != std::u32string::npos;)
+            text.replace(found, parts.size(), 1, whole);
+    return text;
+}
+
+std::string page() {
+    const FontCodes codes(sourceFolder + "/tools/fonts/encoding.tsv");
+    const auto devanagari = [&](std::string_view roman) { return utf8Of(composed(codes.read(LineConvert(roman)))); };
+    std::ostringstream page;
+    page
+        << "# The words of the language\n\n"
+           "<!-- Written by the tests of the panes from the table in src/editor/panes/LanguageWords.cpp; a change here "
+           "is lost. -->\n\n"
+           "| typed | shown | what it does | in English |\n|---|---|---|---|\n";
+    for (const LanguageWord& word : languageWords())
+        page << "| `" << word.roman << "` | " << devanagari(word.roman) << " | " << devanagari(word.meaning) << " | "
+             << word.english << " |\n";
+    return page.str();
+}
+
+TEST(LanguageWords, areAllKeywordsAndNoneTwice) {
+    std::set<std::string> words;
+    for (const LanguageWord& word : languageWords())
+        EXPECT_TRUE(words.insert(LineConvert(word.roman)).second) << word.roman;
+    for (const Keyword& keyword : keywords()) EXPECT_THAT(words, testing::Contains(std::string(keyword.word)));
+    EXPECT_THAT(words, testing::Contains(std::string(words::comment)));
+}
+
+// No word of these statements becomes a variable of the script, but for the one that counts.
+TEST(LanguageWords, haveAMeaningInTheirStatements) {
+    std::string typed;
+    for (const char* statement :
+         {"1 sAThI 1 te 10 paryaMt", "(1) paryaMt regh Akh", "(1) pAsun (2) paryaMt raMgAchI (3) regh Akh",
+          "(1) pAsun (2) paryaMt raMgAche (3) bharalele Ayat kADh", "(1) var raMgAchA (2) biMdU kADh",
+          "(1) pAsun (2) trijyA bharalele vartuL kADh", "(1) pAsun (2) trijyAche raMgAche (2) vartuL kADh",
+          "(1) pAsun (2) trijyA Asalele raMgAche (2) vartuL kADh", "suchanA"}) {
+        typed.append(statement) += ' ';
+        Translator translator;
+        const std::string script = translator.TranslateLine(ProgramText(statement));
+        Translator untouched;
+        if (typed.ends_with("10 paryaMt ")) untouched.MapIdentifier("1");
+        EXPECT_EQ(translator.GetNextVariable(), untouched.GetNextVariable()) << statement << ": " << script;
+    }
+    for (const LanguageWord& word : languageWords()) {
+        if (keywordScript(LineConvert(word.roman))) continue;
+        EXPECT_NE(typed.find(std::string(word.roman) + ' '), std::string::npos) << word.roman;
+    }
+}
+
+TEST(LanguageWords, areOnTheirPage) {
+    const std::string name = sourceFolder + "/docs/words.md";
+    std::ifstream file(name);
+    std::ostringstream present;
+    present << file.rdbuf();
+    const std::string expected = page();
+    if (present.str() == expected) return;
+    const std::filesystem::path fresh = std::filesystem::path(testing::TempDir()) / "words.md";
+    std::ofstream(fresh) << expected;
+    FAIL() << "docs/words.md is not what the table says; put " << fresh << " in its place";
+}
+
+}  // namespace
+}  // namespace tolvan

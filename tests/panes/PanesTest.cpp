@@ -1,0 +1,226 @@
+#include "Panes.h"
+#include "translator/ProgramText.h"
+
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTextBlock>
+#include <QTextLayout>
+#include <QWheelEvent>
+
+#include <random>
+
+namespace tolvan {
+namespace {
+
+using PanesTest = Panes;
+
+TEST(RomanInput, followsRandomEdits) {
+#if defined(__SANITIZE_ADDRESS__)
+    constexpr int edits = 5'000;
+#else
+    constexpr int edits = 100'000;
+#endif
+    const std::vector<std::string> pieces = {"#",
+                                             "\"#\"",
+                                             "ka",
+                                             "kha ga",
+                                             " ",
+                                             "\r\n",
+                                             "\r\n#",
+                                             "(1)",
+                                             "#\"#maj#\"#\r\nkur",
+                                             "\n",
+                                             "dAkhav kamal\r\nANi # adhik\r\n\r\nuttar",
+                                             "\xE9"};
+    std::mt19937 random(7);
+    const auto below = [&](std::size_t limit) {
+        return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
+    };
+    RomanBox roman;
+    ProgramBox program;
+    RomanInput input(roman, program);
+    for (int edit = 0; edit < edits; ++edit) {
+        if (edit % 2000 == 0) roman.setText("dAkhav #\"#namaskAr#\"#");
+        const std::size_t size = roman.textSize();
+        const std::size_t start = below(size + 1);
+        switch (below(8)) {
+            case 0:
+            case 1:
+                roman.undo();
+                break;
+            case 2:
+                roman.redo();
+                break;
+            case 3:
+                roman.select(start, below(size > 300 ? size : 12));
+                roman.replaceSelection("");
+                break;
+            case 4:
+                roman.replaceText(roman.text() + pieces[below(pieces.size())]);
+                break;
+            default:
+                roman.select(start, below(3));
+                roman.replaceSelection(pieces[below(pieces.size())]);
+        }
+        if (edit % 5 != 0) continue;
+        ASSERT_EQ(program.text(), ProgramText(roman.text())) << "edit " << edit << ": " << roman.text();
+    }
+}
+
+// What the pane really shows, read back from its document.
+StyledText shownText(const ProgramBox& program) {
+    StyledText shown;
+    for (QTextBlock block = program.document()->begin(); block.isValid(); block = block.next()) {
+        std::vector<Font> fonts(static_cast<std::size_t>(block.length() - 1), Font::Devanagari);
+        for (const auto& range : block.layout()->formats())
+            if (range.format.hasProperty(QTextFormat::FontFamilies))
+                std::fill_n(fonts.begin() + range.start, range.length, Font::Latin);
+        for (int i = 0; i + 1 < block.length(); ++i)
+            shown.append(block.text()[i].toLatin1() == 0 ? "?" : std::string(1, block.text()[i].toLatin1()),
+                         fonts[static_cast<std::size_t>(i)]);
+        if (block.next().isValid()) shown.append("\r\n", Font::Devanagari);
+    }
+    return shown;
+}
+
+TEST_F(PanesTest, showTheProgramInItsFonts) {
+    type("dAkhav (1) ");
+    press(Qt::Key_Return);
+    type("tar #x = 1");
+    press(Qt::Key_Return);
+    EXPECT_EQ(shownText(program), ProgramText(roman.text()));
+    type("y# kar");
+    EXPECT_EQ(program.text(), ProgramText(roman.text()));
+    EXPECT_EQ(shownText(program).text(), program.text().text());
+    EXPECT_EQ(shownText(program).font(program.text().text().find("y")), Font::Latin);
+    EXPECT_EQ(shownText(program).font(program.text().text().find("kr")), Font::Devanagari);
+
+    program.select(0, 4);
+    EXPECT_EQ(program.textCursor().selectedText(), QStringLiteral("daov"));
+    program.setFocus();
+    QTest::keyClick(&program, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(clipboardText(), QStringLiteral("daov"));
+    QTest::keyClick(&program, Qt::Key_X);
+    EXPECT_EQ(program.text(), ProgramText(roman.text())) << "it is only read";
+}
+
+TEST_F(PanesTest, takeLargeTexts) {
+    std::string line;
+    while (line.size() < 100'000) line += "saMkhyA adhik (#x#) ";
+    std::string text;
+    while (text.size() < 1'000'000) text += "dAkhav #\"#namaskAr#\"#, 12\r\n";
+    for (const std::string& large : {line, text, std::string(100'000, 'k'), std::string(100'000, '#')}) {
+        roman.setText(large);
+        press(Qt::Key_End, Qt::ControlModifier);
+        type("k");
+        EXPECT_EQ(roman.text(), large + "k");
+        EXPECT_EQ(program.text(), ProgramText(large + "k"));
+        window.grab();
+    }
+}
+
+std::string lines(int count) {
+    std::string text;
+    for (int line = 0; line < count; ++line) text += "dAkhav\r\n";
+    return text;
+}
+
+TEST_F(PanesTest, scrollTogether) {
+    roman.setText(lines(200) + std::string(300, 'x'));
+    const auto expectSameLines = [&](const char* when) {
+        QApplication::processEvents();
+        EXPECT_EQ(roman.firstVisibleLine(), program.firstVisibleLine()) << when;
+        EXPECT_EQ(roman.viewport()->height(), program.viewport()->height()) << when;
+    };
+    press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_GT(roman.firstVisibleLine(), 150);
+    expectSameLines("at the end");
+    press(Qt::Key_Return);
+    expectSameLines("after a line more");
+    press(Qt::Key_PageUp);
+    expectSameLines("after a page");
+    program.verticalScrollBar()->setValue(50);
+    EXPECT_EQ(roman.firstVisibleLine(), 51);
+    expectSameLines("after the bar of the program");
+    QWheelEvent wheel(QPointF(50, 50), program.mapToGlobal(QPointF(50, 50)), {}, {0, -240}, Qt::NoButton,
+                      Qt::NoModifier, Qt::NoScrollPhase, false);
+    QApplication::sendEvent(program.viewport(), &wheel);
+    EXPECT_GT(program.firstVisibleLine(), 51);
+    expectSameLines("after the wheel");
+    roman.select(0, 0);
+    EXPECT_EQ(program.firstVisibleLine(), 1);
+    roman.setText("ka");
+    expectSameLines("with nothing to scroll");
+    EXPECT_FALSE(roman.horizontalScrollBar()->isVisible());
+}
+
+TEST_F(PanesTest, zoomTogether) {
+    const auto wheel = [&](TextPane& pane, int angle) {
+        QWheelEvent event(QPointF(50, 50), pane.mapToGlobal(QPointF(50, 50)), {}, {0, angle}, Qt::NoButton,
+                          Qt::ControlModifier, Qt::NoScrollPhase, false);
+        QApplication::sendEvent(pane.viewport(), &event);
+    };
+    roman.setText("dAkhav (1)");
+    const qreal height = roman.lineHeight();
+    wheel(roman, 120);
+    wheel(program, 120);
+    wheel(roman, 60);
+    EXPECT_EQ(aids.zoom().zoom(), 120);
+    wheel(program, 60);
+    press(Qt::Key_Plus, Qt::ControlModifier | Qt::ShiftModifier);
+    press(Qt::Key_Equal, Qt::ControlModifier);
+    EXPECT_EQ(aids.zoom().zoom(), 150);
+    QTest::keyClick(&program, Qt::Key_Minus, Qt::ControlModifier);
+    EXPECT_EQ(aids.zoom().zoom(), 140);
+    EXPECT_GT(roman.lineHeight(), height * 1.3);
+    EXPECT_EQ(roman.lineHeight(), program.lineHeight());
+    EXPECT_EQ(roman.text(), "dAkhav (1)");
+    EXPECT_EQ(program.text(), ProgramText("dAkhav (1)"));
+    for (const auto& [angle, limit] : {std::pair(12000, ZoomTogether::most), std::pair(-12000, ZoomTogether::least)}) {
+        wheel(roman, angle);
+        EXPECT_EQ(aids.zoom().zoom(), limit);
+        window.grab();
+    }
+    press(Qt::Key_0, Qt::ControlModifier);
+    EXPECT_EQ(roman.lineHeight(), height);
+}
+
+TEST_F(PanesTest, linesStandSideBySide) {
+    roman.setText("dAkhav (1) kamal\r\n\r\n(\r\nDhThU RikAr\r\nka");
+    for (int line = 1; line <= 5; ++line) {
+        roman.moveCursor(line == 1 ? QTextCursor::Start : QTextCursor::NextBlock);
+        program.moveCursor(line == 1 ? QTextCursor::Start : QTextCursor::NextBlock);
+        const int rowOfRoman =
+            static_cast<int>((roman.cursorRect().center().y() - roman.firstVisibleTop()) / roman.lineHeight());
+        const int rowOfProgram =
+            static_cast<int>((program.cursorRect().center().y() - program.firstVisibleTop()) / program.lineHeight());
+        EXPECT_EQ(rowOfRoman, line - 1);
+        EXPECT_EQ(rowOfProgram, line - 1);
+        EXPECT_EQ(roman.markedLine(), line);
+        EXPECT_EQ(program.markedLine(), line);
+    }
+}
+
+TEST_F(PanesTest, typedQuotesGetASpan) {
+    type("dAkhav ");
+    type("\"namaskAr\"");
+    EXPECT_EQ(roman.text(), "dAkhav #\"#namaskAr#\"#");
+    type(" #a");
+    type("\"");
+    EXPECT_EQ(roman.text(), "dAkhav #\"#namaskAr#\"# #a\"") << "inside a span it is a plain quote";
+
+    roman.setText("dAkhav ");
+    press(Qt::Key_End);
+    type("ka \"");
+    EXPECT_EQ(roman.text(), "dAkhav ka #\"#");
+    roman.undo();
+    EXPECT_EQ(roman.text(), "dAkhav ka ");
+    roman.setText("dAkhav ");
+    press(Qt::Key_End);
+    aids.quoteSpans().setEnabled(false);
+    type("\"");
+    EXPECT_EQ(roman.text(), "dAkhav \"");
+}
+
+}  // namespace
+}  // namespace tolvan

@@ -1,0 +1,110 @@
+#include "editor/panes/ProgramLines.h"
+#include "translator/ProgramText.h"
+
+#include <gmock/gmock.h>
+#include <random>
+
+namespace tolvan {
+namespace {
+
+// The program text as one who only sees the updates has it.
+class Follower {
+  public:
+    void follow(const std::vector<ProgramLinesUpdate>& updates) {
+        for (const ProgramLinesUpdate& update : updates) {
+            const auto first = lines_.begin() + static_cast<std::ptrdiff_t>(update.first);
+            const auto behind = lines_.erase(first, first + static_cast<std::ptrdiff_t>(update.removed));
+            lines_.insert(behind, update.lines.begin(), update.lines.end());
+            made_ += update.lines.size();
+        }
+    }
+    StyledText text() const {
+        StyledText text;
+        for (std::size_t i = 0; i < lines_.size(); ++i) {
+            text.append(lines_[i].text);
+            if (i + 1 < lines_.size()) text.append("\r\n", lines_[i].lineEnd);
+        }
+        return text;
+    }
+    std::size_t takeMade() { return std::exchange(made_, 0); }
+
+  private:
+    std::vector<ProgramLine> lines_{1};
+    std::size_t made_ = 0;
+};
+
+std::string romanOf(const ProgramLines& lines) {
+    std::string roman = lines.roman(0);
+    for (std::size_t i = 1; i < lines.count(); ++i) roman += "\r\n" + lines.roman(i);
+    return roman;
+}
+
+TEST(ProgramLines, followEveryEdit) {
+#if defined(__SANITIZE_ADDRESS__)
+    constexpr int edits = 10'000;
+#else
+    constexpr int edits = 20'000;
+#endif
+    // Many marks, so that spans open, close, fall away and reach over lines all the time.
+    const std::vector<std::string> pieces = {"",  "#",  "##", "ka",   "ma ",    "#\"#", "(", "dAkhav #\"#namaskAr#\"#",
+                                             " ", "\r", "\n", "\xE9", "a#b#c#d"};
+    const std::string longWord(230, 'k');
+    std::mt19937 random(5);
+    const auto below = [&](std::size_t limit) {
+        return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
+    };
+    ProgramLines lines;
+    Follower follower;
+    for (int edit = 0; edit < edits; ++edit) {
+        const std::size_t first = below(lines.count());
+        const std::size_t removed = std::min(lines.count() - first, 1 + below(lines.count() > 6 ? 6 : 3));
+        std::vector<std::string> roman;
+        for (std::size_t count = 1 + below(4); count > 0; --count)
+            roman.push_back(pieces[below(pieces.size())] + (below(100) == 0 ? longWord : pieces[below(pieces.size())]));
+        follower.follow(lines.replace(first, removed, roman));
+        const std::string whole = romanOf(lines);
+        ASSERT_EQ(follower.text(), ProgramText(whole)) << "edit " << edit << ": " << whole;
+    }
+}
+
+TEST(ProgramLines, makesOnlyWhatReadsDifferently) {
+    ProgramLines lines;
+    Follower follower;
+    follower.follow(lines.replace(0, 1, std::vector<std::string>(1000, "dAkhav #\"#ka#\"#")));
+    follower.takeMade();
+
+    struct Case {
+        const char* what;
+        std::size_t line;
+        std::vector<std::string> roman;
+        std::size_t made;
+    };
+    const Case cases[] = {
+        {"a letter", 500, {"dAkhav #\"#kA#\"#"}, 1},
+        {"a new line", 500, {"dAkhav", "#\"#kA#\"#"}, 2},
+        {"a mark without partner is dropped", 1000, {"dAkhav #\"#ka#\"##"}, 1},
+        {"a mark before others turns the lines behind it", 990, {"# dAkhav"}, 11},
+        {"and back", 990, {"dAkhav"}, 11},
+        {"a line behind the last takes the two blanks over", 1000, {"dAkhav #\"#ka#\"#", "tar"}, 2},
+    };
+    for (const Case& one : cases) {
+        follower.follow(lines.replace(one.line, 1, one.roman));
+        EXPECT_EQ(follower.takeMade(), one.made) << one.what;
+        EXPECT_EQ(follower.text(), ProgramText(romanOf(lines))) << one.what;
+    }
+}
+
+TEST(ProgramLines, knowsWhatIsTypedIntoASpan) {
+    ProgramLines lines;
+    lines.replace(0, 1, {"ka #\"#ma#", "na\"# ta", "# ka", "ka"});
+    EXPECT_FALSE(lines.isInSpan(0, 3));
+    EXPECT_TRUE(lines.isInSpan(0, 4));
+    EXPECT_FALSE(lines.isInSpan(0, 7));
+    EXPECT_TRUE(lines.isInSpan(1, 0));
+    EXPECT_FALSE(lines.isInSpan(1, 5));
+    EXPECT_TRUE(lines.isInSpan(2, 1)) << "about to be closed";
+    EXPECT_FALSE(lines.isInSpan(3, 1)) << "forgotten on a line above";
+}
+
+}  // namespace
+}  // namespace tolvan

@@ -1,0 +1,76 @@
+#include "host/TemporaryFolder.h"
+#include "shell/ExecutableWriter.h"
+#include "shell/MakeExe.h"
+#include "shell/Payload.h"
+
+#include <gmock/gmock.h>
+
+namespace tolvan {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::EndsWith;
+using testing::HasSubstr;
+using testing::Not;
+
+class ExecutableWriterTest : public testing::Test {
+  protected:
+    ExecutableWriterTest() {
+        folder_.write("engine.dat", "runtime");
+        folder_.write("prog.tvp", "nAv\r\ndAkhav 1\r\n");
+    }
+
+    std::optional<int> write(const char* engine, const char* program, const std::string& executable) {
+        return writeExecutable({folder_ / engine, folder_ / program, executable}, caption_);
+    }
+
+    TemporaryFolder folder_;
+    std::string caption_ = "before";
+};
+
+TEST_F(ExecutableWriterTest, CopiesTheRuntimeAndPutsTheProgramBehind) {
+    EXPECT_EQ(write("engine.dat", "prog.tvp", folder_ / "prog.exe"), std::nullopt);
+    const std::string bytes = folder_.read("prog.exe");
+    EXPECT_EQ(bytes.substr(0, 7), "runtime");
+    const auto payload = readPayload(bytes.substr(7));
+    ASSERT_TRUE(payload);
+    EXPECT_EQ(payload->caption, "nAv");
+    EXPECT_THAT(payload->module, HasSubstr("PrintString 1"));
+    EXPECT_EQ(caption_, "nAv");
+    EXPECT_NE(fs::status(folder_ / "prog.exe").permissions() & fs::perms::owner_exec, fs::perms::none);
+}
+
+TEST_F(ExecutableWriterTest, AnEmptyRuntimeLeavesThePayloadAlone) {
+    folder_.write("empty.dat", "");
+    EXPECT_EQ(write("empty.dat", "prog.tvp", folder_ / "prog.exe"), std::nullopt);
+    EXPECT_TRUE(readPayload(folder_.read("prog.exe")));
+}
+
+TEST_F(ExecutableWriterTest, FailuresHaveTheNumberOfTheirReason) {
+    folder_.write("noend.tvp", "caption");
+    folder_.write("empty.tvp", "");
+    const struct {
+        const char* engine;
+        const char* program;
+        std::string executable;
+        int number;
+    } cases[] = {
+        {"engine.dat", "noend.tvp", folder_ / "a.exe", 6}, {"engine.dat", "empty.tvp", folder_ / "a.exe", 6},
+        {"engine.dat", "none.tvp", folder_ / "b.exe", 53}, {"engine.dat", "prog.tvp", folder_ / "none/b.exe", 76},
+        {"engine.dat", "prog.tvp", folder_.path(), 75},    {"engine.dat", "prog.tvp", "/dev/full", 61},
+    };
+    for (const auto& row : cases)
+        EXPECT_EQ(write(row.engine, row.program, row.executable), row.number) << row.program << ' ' << row.executable;
+    EXPECT_EQ(folder_.read("a.exe"), "runtime");  // what was written stays
+    EXPECT_FALSE(fs::exists(folder_ / "b.exe"));
+}
+
+TEST(MakeExeFailureText, NamesTheReasonWhereThereIsOne) {
+    EXPECT_THAT(makeExeFailureText(0, 17), HasSubstr(" 17 Cya vaKyrcne"));
+    EXPECT_THAT(makeExeFailureText(61, 0), EndsWith("smjle nahI\\f0. \\f1ifSk mxe jaga nahI"));
+    EXPECT_THAT(makeExeFailureText(12345, 0), EndsWith("smjle nahI\\f0. "));
+    EXPECT_THAT(makeExeFailureText(12345, 17), Not(HasSubstr("17")));
+}
+
+}  // namespace
+}  // namespace tolvan

@@ -1,0 +1,188 @@
+// The real program, started with command lines, with a user at its windows.
+#include "shell/CommandLine.h"
+#include "shell/user/DrivenProcess.h"
+
+#include <gmock/gmock.h>
+
+namespace tolvan {
+namespace {
+
+namespace fs = std::filesystem;
+using testing::AllOf;
+using testing::ElementsAre;
+using testing::HasSubstr;
+using testing::IsSupersetOf;
+using testing::StartsWith;
+
+const std::string splash = "frmSplash|";
+const std::string editorWindow = "frmEditor|";
+const std::string console = "frmExec|";
+
+class StartTest : public testing::Test {
+  protected:
+    StartTest() {
+        process_.folder().write("Prog.tvp", "nAv\r\ndAkhav 1 + 1\r\n");
+        process_.folder().write("other.tvp", "dusare\r\ndAkhav 2\r\n");
+    }
+
+    // The user closes the splash window by a key.
+    DrivenResult start(const std::vector<std::string>& arguments, std::vector<std::string> deeds) {
+        deeds.insert(deeds.begin(), "frmSplash leave");
+        return process_.run(TOLVAN_BIN_DIR "/tolbasic", arguments, deeds);
+    }
+
+    bool exists(const char* name) const { return fs::exists(process_.folder() / name); }
+    void setInstallationFolder(const std::string& folder) {
+        fs::create_directories(process_.folder() / "home/config/Tolbasic");
+        process_.folder().write("home/config/Tolbasic/Tolbasic.conf", "[Installation]\nDirectory=" + folder + "\n");
+    }
+
+    DrivenProcess process_;
+};
+
+TEST_F(StartTest, WithoutFileShowsAnEmptyEditorUntilItIsClosed) {
+    const DrivenResult result = start({}, {"frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows,
+                ElementsAre(StartsWith(splash), AllOf(StartsWith(editorWindow), HasSubstr("Default.tvp"))));
+}
+
+TEST_F(StartTest, SplashGoesByItself) {
+    const DrivenResult result = process_.run(TOLVAN_BIN_DIR "/tolbasic", {}, {"frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), StartsWith(editorWindow)));
+}
+
+TEST_F(StartTest, OpensAFileInTheSpellingOfTheDisk) {
+    const DrivenResult result = start({"PROG.tvp", "-x"}, {"frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows,
+                ElementsAre(StartsWith(splash), AllOf(StartsWith(editorWindow), HasSubstr("Prog.tvp"))));
+}
+
+TEST_F(StartTest, UsageIsShownAndNothingElse) {
+    const DrivenResult result = start({"-?", "Prog.tvp", "-run"}, {"QMessageBox click OK"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    ASSERT_EQ(result.windows.size(), 2U);
+    EXPECT_THAT(result.windows[1], StartsWith("QMessageBox|Tolbasic|Information|Tolbasic Command-Line Options:\\n"));
+}
+
+TEST_F(StartTest, AMissingFileIsToldAndTheEditorIsEmpty) {
+    const DrivenResult result = start({"none.tvp", "-run"}, {"QMessageBox click OK", "frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows,
+                ElementsAre(StartsWith(splash), "QMessageBox|Tolbasic|Information|File cannot be located. Sorry.",
+                            AllOf(StartsWith(editorWindow), HasSubstr("Default.tvp"))));
+}
+
+TEST_F(StartTest, ASecondFileIsToldAndTheFirstOpened) {
+    const DrivenResult result = start({"Prog.tvp", "other.tvp"}, {"QMessageBox click OK", "frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows,
+                ElementsAre(StartsWith(splash),
+                            "QMessageBox|Tolbasic|Information|Ambigious command-line arguments. Unable to understand.",
+                            AllOf(StartsWith(editorWindow), HasSubstr("Prog.tvp"))));
+}
+
+TEST_F(StartTest, RunsAProgramBeforeTheEditorIsSeen) {
+    const DrivenResult result = start({"prog.tvp", "-RUN", "-compile"}, {"frmExec leave", "frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), StartsWith(console), StartsWith(editorWindow)));
+    EXPECT_FALSE(exists("Prog.exe"));
+}
+
+TEST_F(StartTest, EndsWhenTheWindowsAreClosedByTheirFrames) {
+    const DrivenResult result = start({"prog.tvp", "-run"}, {"frmExec close", "frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+}
+
+TEST_F(StartTest, WritesAnExecutableThatRuns) {
+    const DrivenResult result = start({"prog.tvp", "-compile"}, {});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash)));
+    process_.setEnvironment("TOLVAN_TRACE", process_.folder() / "trace");
+    const DrivenResult run = process_.run(process_.folder() / "Prog.exe", {}, {"frmExec leave"});
+    EXPECT_EQ(run.status, 0) << run.errors;
+    EXPECT_EQ(process_.folder().read("trace"), "PrintString 2\n");
+}
+
+TEST_F(StartTest, RefusesToWriteAnExecutableOverItself) {
+    process_.folder().write("prog.exe", "nAv\r\ndAkhav 1\r\n");
+    const DrivenResult result = start({"prog.exe", "-compile"}, {"QMessageBox click OK"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash),
+                                            "QMessageBox|Tolbasic|Information|Unable to write file onto itself. Input "
+                                            "File and Output File have same names."));
+    EXPECT_EQ(process_.folder().read("prog.exe"), "nAv\r\ndAkhav 1\r\n");
+}
+
+TEST_F(StartTest, AnExistingExecutableStaysUnlessItsDeletionIsWanted) {
+    process_.folder().write("Prog.exe", "old");
+    EXPECT_EQ(start({"prog.tvp", "-compile"}, {"frmMQuestionBox click cmdNo"}).status, 0);
+    EXPECT_EQ(process_.folder().read("Prog.exe"), "old");
+    fs::permissions(process_.folder() / "Prog.exe", fs::perms::owner_read);
+    const DrivenResult result = start({"prog.tvp", "-compile"}, {"frmMQuestionBox click cmdYes"});
+    ASSERT_EQ(result.windows.size(), 2U);
+    EXPECT_THAT(result.windows[1],
+                AllOf(HasSubstr((process_.folder() / "Prog.exe") + "  ya navacI )a#l"), HasSubstr("tI oaefaycI ka?")));
+    EXPECT_GT(fs::file_size(process_.folder() / "Prog.exe"), fs::file_size(TOLVAN_BIN_DIR "/engine.dat"));
+}
+
+TEST_F(StartTest, WithoutTheRuntimeNothingIsWritten) {
+    setInstallationFolder(process_.folder().path());
+    const DrivenResult result = start({"prog.tvp", "-compile"}, {"frmMMsgbox click cmdOK"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), HasSubstr("@k mhTvacI )a$l n sapfLyamu¦e")));
+    EXPECT_FALSE(exists("Prog.exe"));
+}
+
+TEST_F(StartTest, ARuntimeOfAnotherFolderAndCaseIsFound) {
+    process_.folder().write("ENGINE.dat", "runtime");
+    setInstallationFolder(process_.folder().path());
+    EXPECT_EQ(start({"prog.tvp", "-compile"}, {}).status, 0);
+    EXPECT_THAT(process_.folder().read("Prog.exe"), StartsWith("runtime"));
+}
+
+TEST_F(StartTest, AFailureWhileWritingIsToldWithItsReason) {
+    const struct {
+        const char* name;
+        std::vector<std::string> deeds;
+        const char* told;
+    } cases[] = {
+        // No line end: shorter than its caption and that line's end.
+        {"noend.tvp", {"frmMMsgbox click cmdOK"}, "biskla Hepenase Hale"},
+        // The executable's name is that of a folder.
+        {"folder.tvp", {"frmMQuestionBox click cmdYes", "frmMMsgbox click cmdOK"}, ")a#lzI s<pkR"},
+    };
+    process_.folder().write("noend.tvp", "caption alone");
+    process_.folder().write("folder.tvp", "nAv\r\ndAkhav 1\r\n");
+    fs::create_directory(process_.folder() / "folder.exe");
+    for (const auto& row : cases) {
+        const DrivenResult result = start({row.name, "-compile"}, row.deeds);
+        EXPECT_EQ(result.status, 0) << result.errors;
+        ASSERT_FALSE(result.windows.empty());
+        EXPECT_THAT(result.windows.back(), AllOf(HasSubstr("Svt<Ç krta Aale nahI"), HasSubstr(row.told)));
+    }
+    EXPECT_EQ(fs::file_size(process_.folder() / "noend.exe"), fs::file_size(TOLVAN_BIN_DIR "/engine.dat"));
+}
+
+TEST_F(StartTest, TheMenuWritesAnExecutableAndComesBackWithTheProgram) {
+    const DrivenResult result =
+        start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog click Save", "frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows,
+                ElementsAre(StartsWith(splash), StartsWith(editorWindow), StartsWith("QFileDialog|Make EXE as..."),
+                            AllOf(StartsWith(editorWindow), HasSubstr("Prog.tvp"))));
+    EXPECT_GT(fs::file_size(process_.folder() / "nAv.exe"), fs::file_size(TOLVAN_BIN_DIR "/engine.dat"));
+}
+
+TEST_F(StartTest, TheMenuAsksToSaveFirst) {
+    const DrivenResult result =
+        start({}, {"frmEditor command FileMakeEXE", "frmMQuestionBox click cmdNo", "frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows,
+                ElementsAre(StartsWith(splash), StartsWith(editorWindow), HasSubstr("saQvlelI nstan Svt<Ç")));
+}
+
+}  // namespace
+}  // namespace tolvan
