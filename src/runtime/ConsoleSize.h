@@ -1,12 +1,14 @@
-// The size that the console had when it was closed last, kept in the user's settings.
+// The size that the console's display had when it was closed last, kept in the user's settings.
 #pragma once
 
+#include <QMargins>
 #include <QSize>
 
 namespace tolvan {
 
-// At first, and where the settings hold nothing sensible, 800 by 600; never larger than the screen.
-QSize rememberedConsoleSize();
-void rememberConsoleSize(QSize size);
+// The size of a window with this frame around the display. At first, and where the settings hold nothing sensible, the
+// display has 800 by 600, as on the text console; the window is never larger than the screen.
+QSize rememberedConsoleSize(QMargins frame);
+void rememberConsoleSize(QSize window, QMargins frame);
 
 }  // namespace tolvan

@@ -88,7 +88,7 @@ void frmExec::setUpControls() {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(display_);
-    resize(rememberedConsoleSize());
+    resize(rememberedConsoleSize(contentsMargins()));
     setFocusProxy(display_);
 
     inputBox_->hide();
@@ -181,7 +181,7 @@ void frmExec::closeEvent(QCloseEvent* event) {
         event->ignore();
         return;
     }
-    rememberConsoleSize(isMaximized() || isFullScreen() ? normalGeometry().size() : size());
+    rememberConsoleSize(isMaximized() || isFullScreen() ? normalGeometry().size() : size(), contentsMargins());
     QWidget::closeEvent(event);
 }
 

@@ -35,6 +35,9 @@ class frmExec : public QWidget, public ConsoleOperations {
     // visible. Closing it in the meantime stops the program; it goes when the program has returned.
     void execute();
 
+    // The program's calls of the console from the next run on.
+    void setTrace(ConsoleObject::Trace trace) { parentForm_.setTrace(std::move(trace)); }
+
     void PrintString(std::string_view text) override;
     std::optional<std::string> InputString() override;
     void ClearScreen() override;

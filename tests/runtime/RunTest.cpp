@@ -214,7 +214,7 @@ TEST_F(RunTest, ResizedInTheMiddle) {
         console->resize(900, 700);
         once([] { return true; }, [this] { console->resize(500, 400); });
     });
-    run({"PrintString \"kml\"", "Do While DisplayWidth < 800", "Loop", "DrawPoint DisplayWidth - 1, 600, 255",
+    run({"PrintString \"kml\"", "Do While DisplayWidth < 850", "Loop", "DrawPoint DisplayWidth - 1, 600, 255",
          "DrawPoint 3, 100, 0", "Do While DisplayWidth > 500", "Loop", "PrintString \"kml\""});
     const auto line = [this](int top) { return picture().copy(0, top, display().width(), 30); };
     EXPECT_EQ(line(0), printed({"kml"}).copy(0, 0, display().width(), 30)) << "what was printed before";

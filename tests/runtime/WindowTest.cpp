@@ -25,8 +25,8 @@ class WindowTest : public ConsoleTest {
     std::string title() { return std::string(frame().captionBar().title().text()); }
 };
 
-TEST_F(WindowTest, OpensAt800By600AndRemembersItsSize) {
-    EXPECT_EQ(console->size(), QSize(800, 600));
+TEST_F(WindowTest, TheDisplayOpensAt800By600AndTheWindowRemembersItsSize) {
+    EXPECT_EQ(display().size(), QSize(800, 600));
     console->resize(640, 500);
     console->close();
     open(&editor);
@@ -34,7 +34,7 @@ TEST_F(WindowTest, OpensAt800By600AndRemembersItsSize) {
     for (const char* damaged : {"", "-5", "7", "wide"}) {
         QSettings().setValue(QStringLiteral("Settings/ConsoleWidth"), QLatin1String(damaged));
         open(&editor);
-        EXPECT_EQ(console->size(), QSize(800, 600)) << damaged;
+        EXPECT_EQ(display().size(), QSize(800, 600)) << damaged;
     }
 }
 
