@@ -55,7 +55,7 @@ void frmExec::printError(const script::ErrorReport& error) {
     PrintString(RomanMark(readRtf(messageDocument(errorMessage(error.number, line))).text));
     PrintString(std::string("gfbf {"_deva)
                     .append(std::to_string(error.number))
-                    .append("}, Aae¦ {"_deva)
+                    .append(", }Aae¦ {"_deva)
                     .append(std::to_string(line))
                     .append("}"));
 }

@@ -117,7 +117,7 @@ TEST_F(RunTest, WithoutAnEditorErrorsAreToldInTheConsole) {
     open(nullptr);
     run({"PrintString \"k\"", "a = 1 / 0"});
     expectEnded(
-        {"k", std::string("zuNyne -gakar tolvn beiskla krta yet nahI"_deva), std::string("gfbf {11}, Aae¦ {2}"_deva)});
+        {"k", std::string("zuNyne -gakar tolvn beiskla krta yet nahI"_deva), std::string("gfbf {11, }Aae¦ {2}"_deva)});
     QTest::keyClick(&display(), Qt::Key_Return);
     EXPECT_FALSE(console->isVisible());
 }

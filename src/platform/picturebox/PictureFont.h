@@ -21,7 +21,7 @@ class PictureFont {
         double advance = 0;  // device pixels to where the next text starts
     };
 
-    explicit PictureFont(QFont font) : font_(std::move(font)) {}
+    explicit PictureFont(const QFont& font) : font_(font) {}
 
     // How far below the top of the line the letters stand, in logical pixels; the font's own ascent if not set. The
     // height of the line stays what it is.

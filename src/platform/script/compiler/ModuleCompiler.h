@@ -1,5 +1,9 @@
 // Compiles modules and the texts of Eval and Execute. What a module declares becomes known to the engine only if all
 // of it compiles.
+//
+// Names get their meaning here, once: code that is loaded already does not see what a later module declares, except
+// that a procedure defined anew takes the place of the old one for all callers. (Parameters that the old one did not
+// change are copies for callers compiled before, even if the new one changes them.)
 #pragma once
 
 #include "platform/script/Context.h"
@@ -32,7 +36,6 @@ class ModuleCompiler {
   private:
     struct Work;
     void declare(Work& work);
-    void declareVariables(Work& work, const Block& body);
     void declareClass(Work& work, const ClassNode& node);
     void addMethod(Work& work, ScriptClass& owner, const ProcedureNode& node);
     void findNames(Work& work, const Surroundings* around);

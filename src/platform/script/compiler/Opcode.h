@@ -129,7 +129,7 @@ struct Instruction {
     }
     void setBc(std::int32_t number) { std::memcpy(&b, &number, sizeof number); }
 
-    // As a second word.
+    // As a further word. NOLINTBEGIN(bugprone-sizeof-expression): the words are pointers
     template <class T>
     T word() const {
         static_assert(sizeof(T) <= sizeof(Instruction));
@@ -144,6 +144,7 @@ struct Instruction {
         std::memcpy(static_cast<void*>(&made), &content, sizeof content);
         return made;
     }
+    // NOLINTEND(bugprone-sizeof-expression)
 };
 
 static_assert(sizeof(Instruction) == 8);

@@ -9,6 +9,7 @@
 
 // Each operation jumps straight to the next one's code, which lets the processor predict each place by itself.
 #pragma GCC diagnostic ignored "-Wpedantic"
+// NOLINTBEGIN(bugprone-macro-parentheses): they stand for operands and statements
 
 namespace tolvan::script {
 
@@ -637,3 +638,4 @@ void Machine::execute() {
 }
 
 }  // namespace tolvan::script
+// NOLINTEND(bugprone-macro-parentheses)

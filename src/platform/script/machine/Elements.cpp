@@ -54,7 +54,7 @@ void Machine::index(Value& target, Value& array, std::span<const Value> indexes)
     }
     if (!array.is(Type::Object)) throw ScriptError(errors::TypeMismatch);
     if (array.object() == nullptr) throw ScriptError(errors::ObjectNotSet);
-    const Value holder = array;
+    const Value holder = array;  // NOLINT(performance-unnecessary-copy-initialization): keeps the object
     std::vector<Value> arguments(indexes.begin(), indexes.end());
     target = holder.object()->call(*this, DefaultMember, arguments);
 }
@@ -70,7 +70,7 @@ void Machine::putIndex(Value& array, std::span<const Value> indexes, const Value
     if (array.is(Type::Object)) {
         if (array.object() == nullptr) throw ScriptError(errors::ObjectNotSet);
         std::vector<Value> arguments(indexes.begin(), indexes.end());
-        const Value holder = array;
+        const Value holder = array;  // NOLINT(performance-unnecessary-copy-initialization): keeps the object
         if (ClassInstance* instance = holder.object()->asInstance()) {
             arguments.push_back(std::move(assigned));
             putInstance(*instance, DefaultMember, arguments, isSet, false);

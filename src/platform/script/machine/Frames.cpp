@@ -7,7 +7,8 @@ namespace tolvan::script {
 
 namespace {
 
-// Loops and calls between two looks at the clock. A call from within an operation takes as long as many of them.
+// Loops and calls between two looks at the clock. A call from within an operation takes as long as many of
+// them, and so does an error.
 constexpr int TicksPerLook = 4096;
 constexpr int TicksPerNestedCall = 64;
 
@@ -86,6 +87,7 @@ bool Machine::recover(const ScriptError& error) {
         }
         if (frame.resumeNext && error.number != errors::TimedOut) {
             hasErrorLine_ = false;
+            ticks_ -= TicksPerNestedCall;
             err_->set(error);
             frame.pc = frame.procedure->code.data() + frame.procedure->statementAfter(pc);
             return true;

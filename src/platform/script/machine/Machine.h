@@ -90,7 +90,6 @@ class Machine : public Context {
     // Meanings of instructions: assignments (Operations.cpp).
     void letValue(Value& target, Value&& value);
     void setValue(Value& target, Value&& value);
-    void loadReferred(Value& target, const Value& from);
     void let(Value& target, const Value& value);
     bool isTrue(const Value& value);
     void slowAdd(Value& target, const Value& left, const Value& right);

@@ -23,7 +23,7 @@ class Arena {
     std::span<T> copy(const std::vector<T>& items) {
         static_assert(std::is_trivially_copyable_v<T>);
         if (items.empty()) return {};
-        T* block = static_cast<T*>(take(items.size() * sizeof(T)));
+        T* block = static_cast<T*>(take(items.size() * sizeof(T)));  // NOLINT(bugprone-sizeof-expression)
         for (std::size_t i = 0; i < items.size(); ++i) new (block + i) T(items[i]);
         return {block, items.size()};
     }
@@ -44,7 +44,7 @@ class Arena {
     }
 
     static constexpr std::size_t Alignment = alignof(std::max_align_t);
-    static constexpr std::size_t BlockSize = 64 * 1024;
+    static constexpr std::size_t BlockSize = std::size_t{64} * 1024;
     std::vector<std::unique_ptr<std::byte[]>> blocks_;
     std::byte* next_ = nullptr;
     std::size_t left_ = 0;

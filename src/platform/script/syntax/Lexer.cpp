@@ -70,10 +70,6 @@ void Lexer::fail(Syntax number) const {
     throw SyntaxError{number, state_.tokenLine, state_.tokenColumn};
 }
 
-void Lexer::failHere(Syntax number) const {
-    throw SyntaxError{number, state_.line, static_cast<std::uint32_t>(state_.next - state_.lineStart + 1)};
-}
-
 bool Lexer::atLineEnd(std::size_t ahead) const {
     return atEnd(ahead) || peek(ahead) == '\r' || peek(ahead) == '\n';
 }

@@ -65,7 +65,6 @@ class Lexer {
     void text();
     void date();
     void addLiteral(Value value);
-    [[noreturn]] void failHere(Syntax number) const;
 
     std::string_view source_;
     Names& names_;
