@@ -34,8 +34,6 @@ class frmExec : public QWidget, public ConsoleOperations {
     // Runs the compiled script; returns when it has ended. Nothing while a program runs already. The window should be
     // visible. Closing it in the meantime stops the program; it goes when the program has returned.
     void execute();
-    // Until then the window must not be destroyed, only closed.
-    bool isExecuting() const { return executing_; }
 
     // The program's calls of the console from the next run on.
     void setTrace(ConsoleObject::Trace trace) { parentForm_.setTrace(std::move(trace)); }
@@ -60,6 +58,8 @@ class frmExec : public QWidget, public ConsoleOperations {
     // Stops the program and closes the window; the editor comes back to the front.
     Q_INVOKABLE void CloseForm();
 
+    // As long as this is so the window must not be destroyed, only closed.
+    bool isExecuting() const { return executing_; }
     // Whether the input box takes the keyboard back when it loses it.
     bool KeepInputFocus() const { return keepInputFocus_; }
 
