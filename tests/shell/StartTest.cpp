@@ -184,5 +184,15 @@ TEST_F(StartTest, TheMenuAsksToSaveFirst) {
                 ElementsAre(StartsWith(splash), StartsWith(editorWindow), HasSubstr("saQvlelI nstan Svt<Ç")));
 }
 
+TEST_F(StartTest, ThePreferencesAreReadAndKept) {
+    const std::vector<std::string> toggle = {"frmEditor command FilePreferences",
+                                             "frmPreferences click chkSaveBeforeExecute", "frmPreferences click cmdOK",
+                                             "frmEditor close"};
+    for (const char* kept : {"SaveBeforeExecute=0", "SaveBeforeExecute=1"}) {
+        EXPECT_EQ(start({}, toggle).status, 0);
+        EXPECT_THAT(process_.folder().read("home/config/Tolbasic/Tolbasic.conf"), HasSubstr(kept));
+    }
+}
+
 }  // namespace
 }  // namespace tolvan
