@@ -8,6 +8,8 @@
 #include "shell/ExecutableName.h"
 #include "shell/MakeExe.h"
 #include "shell/PlainMessage.h"
+#include "shell/SettingsReader.h"
+#include "shell/frmPreferences.h"
 
 #include <QApplication>
 #include <QDir>
@@ -47,7 +49,7 @@ void mdlMain::Main(const std::vector<std::string>& arguments) {
         frmSplash splash;
         splash.show();
         splash.repaint();
-        readPreferences();
+        readRunPreferences(settings_, state_);
         if (!hasRequiredFonts(screenFontList())) {
             showFontsRequired();
             return QApplication::exit(EXIT_FAILURE);
@@ -59,14 +61,6 @@ void mdlMain::Main(const std::vector<std::string>& arguments) {
     act(readCommandLine(arguments));
     starting_ = false;
     endIfNothingIsLeft();
-}
-
-void mdlMain::readPreferences() {
-    const auto read = [this](const QString& key) {
-        return readSetting(settings_.GetSetting(QStringLiteral("Settings"), key), true);
-    };
-    state_.SaveBeforeExecute = read(QStringLiteral("SaveBeforeExecute"));
-    state_.FormatBeforeExecute = read(QStringLiteral("FormatBeforeExecute"));
 }
 
 CommandLine mdlMain::readCommandLine(const std::vector<std::string>& arguments) {
@@ -122,6 +116,7 @@ void mdlMain::compile(const std::string& file) {
 frmEditor& mdlMain::editor() {
     if (editor_) return *editor_;
     EditorServices services;
+    services.filePreferences = [](frmEditor& editor) { showPreferences(editor); };
     services.shutDown = [this] { shutDown(); };
     // Behind the command, since it replaces the editor.
     services.fileMakeExe = [this](frmEditor&) {

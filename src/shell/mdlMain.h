@@ -42,7 +42,6 @@ class mdlMain : public QObject {
     void unloadEditor();
 
   private:
-    void readPreferences();
     CommandLine readCommandLine(const std::vector<std::string>& arguments);
     void act(const CommandLine& commandLine);
     void showEditor();
