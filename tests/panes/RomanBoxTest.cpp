@@ -82,9 +82,9 @@ TEST_F(RomanBoxTest, takesKeys) {
     }
     for (const char32_t committed : U"\u00E0\u0916") {
         if (committed == 0) continue;
-        QInputMethodEvent input;
-        input.setCommitString(QString::fromUcs4(&committed, 1));
-        QApplication::sendEvent(&roman, &input);
+        QInputMethodEvent composed;
+        composed.setCommitString(QString::fromUcs4(&committed, 1));
+        QApplication::sendEvent(&roman, &composed);
     }
     EXPECT_EQ(roman.line(2), "d           \xE9\x96\xE0");
     EXPECT_EQ(refused, U"\u0915\U0001F600\u0916");

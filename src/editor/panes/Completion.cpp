@@ -5,6 +5,7 @@
 #include "editor/panes/RomanInput.h"
 
 #include <QKeyEvent>
+#include <QScrollBar>
 #include <QTextBlock>
 
 #include <algorithm>
@@ -50,6 +51,7 @@ Completion::Completion(RomanBox& roman, const RomanInput& input)
     : roman_(roman), input_(input), list_(new CompletionList(&roman)) {
     roman.installEventFilter(this);
     connect(&roman, &RomanBox::caretMoved, this, &Completion::follow);
+    connect(roman.verticalScrollBar(), &QScrollBar::valueChanged, this, &Completion::close);
     connect(list_, &CompletionList::clicked, this, &Completion::putIn);
 }
 
@@ -151,7 +153,7 @@ bool Completion::eventFilter(QObject* watched, QEvent* event) {
             return true;
         }
         if (isOpen() && key->modifiers() == Qt::NoModifier && takeKey(key->key())) return true;
-        typed_ = key->text().size() == 1 && isLetter(static_cast<char>(key->text()[0].toLatin1()));
+        typed_ = !roman_.isLocked() && key->text().size() == 1 && isLetter(key->text()[0].toLatin1());
     }
     if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide) close();
     return QObject::eventFilter(watched, event);

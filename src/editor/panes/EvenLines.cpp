@@ -12,8 +12,9 @@ void EvenLines::setLine(qreal height, qreal baseLine) {
 }
 
 QRectF EvenLines::blockBoundingRect(const QTextBlock& block) const {
+    if (!block.isValid()) return {};
+    block.layout()->setCacheEnabled(true);                             // or every painting shapes the letters again
     QRectF rect = QPlainTextDocumentLayout::blockBoundingRect(block);  // lays the block out
-    if (!block.isValid()) return rect;
     QTextLine line = block.layout()->lineAt(0);
     if (line.isValid()) line.setPosition({line.x(), baseLine_ - line.ascent()});
     rect.setHeight(height_ + (block.next().isValid() ? 0 : document()->documentMargin()));

@@ -57,7 +57,7 @@ void LineNumbers::paintEvent(QPaintEvent* event) {
     qreal top = pane_.firstVisibleTop();
     for (int line = pane_.firstVisibleLine(); line <= pane_.lineCount() && top < height(); ++line) {
         const QString number = QString::number(line);
-        painter.setPen(line == pane_.markedLine() ? look::text : look::greyedText);
+        painter.setPen(line == pane_.markedLine() ? look::text : look::dimText);
         painter.drawText(QPointF(right - painter.fontMetrics().horizontalAdvance(number), top + pane_.baseLine()),
                          number);
         top += pane_.lineHeight();
