@@ -2,11 +2,14 @@
 // the painting of the window; and how long it takes to stop.
 #include "platform/fonts/Fonts.h"
 #include "runtime/frmExec.h"
+#include "translator/ProgramText.h"
+#include "translator/Translator.h"
 
 #include <QApplication>
 #include <QKeyEvent>
 #include <QTimer>
 
+#include <algorithm>
 #include <benchmark/benchmark.h>
 #include <chrono>
 #include <string>
@@ -40,8 +43,14 @@ void printSameLine(benchmark::State& state) {
 void printNumbers(benchmark::State& state) {
     runLoop(state, "parentform.PrintString i & \" * {=} \" & i * i", 20'000);
 }
-void printNewWords(benchmark::State& state) {
+void printManyNumbers(benchmark::State& state) {
     runLoop(state, "parentform.PrintString \"kml\" & i & \"rIt \" & i + 7 & \"paca\"", 20'000);
+}
+void printRandomWords(benchmark::State& state) {
+    runLoop(state,
+            "parentform.PrintString Chr(97 + i Mod 26) & Chr(97 + i * 7 \\ 26 Mod 26) & Chr(97 + i \\ 676 Mod 26) & "
+            "\"kml\"",
+            20'000);
 }
 void drawPoints(benchmark::State& state) {
     runLoop(state, "ParentForm.DrawPoint i Mod 797,i Mod 557,i", 300'000);
@@ -58,11 +67,34 @@ void emptyLoop(benchmark::State& state) {
 
 BENCHMARK(printSameLine)->Unit(benchmark::kMillisecond);
 BENCHMARK(printNumbers)->Unit(benchmark::kMillisecond);
-BENCHMARK(printNewWords)->Unit(benchmark::kMillisecond);
+BENCHMARK(printManyNumbers)->Unit(benchmark::kMillisecond);
+BENCHMARK(printRandomWords)->Unit(benchmark::kMillisecond);
 BENCHMARK(drawPoints)->Unit(benchmark::kMillisecond);
 BENCHMARK(drawShortLines)->Unit(benchmark::kMillisecond);
 BENCHMARK(drawCircles)->Unit(benchmark::kMillisecond);
 BENCHMARK(emptyLoop)->Unit(benchmark::kMillisecond);
+
+// From the text of a program of 1,000 lines until the first of them is printed.
+void startPrinting(benchmark::State& state) {
+    class StoppingConsole : public frmExec {
+      public:
+        using frmExec::frmExec;
+        void PrintString(std::string_view text) override {
+            frmExec::PrintString(text);
+            StopExecution();
+        }
+    };
+    std::string roman;
+    for (int i = 0; i < 1000; ++i) roman += "dAkhav saMkhyA & #\" x \"# & " + std::to_string(i) + " adhik guN(3)\r\n";
+    RunState run;
+    StoppingConsole console(run);
+    for (auto _ : state) {
+        console.show();
+        run.CompiledScript = Translator().Compile(ProgramText(roman));
+        console.execute();
+    }
+}
+BENCHMARK(startPrinting)->Unit(benchmark::kMillisecond);
 
 // From the key that stops an endless loop around a statement until the run has returned.
 void stop(benchmark::State& state, const char* statement) {

@@ -9,6 +9,7 @@
 #include <QIcon>
 #include <QString>
 
+#include <cmath>
 #include <string_view>
 
 class QApplication;
@@ -48,14 +49,14 @@ int devanagariDrop();
 // Between the base line of control text and its head line. Logical pixels.
 int devanagariBodyHeight();
 
-// The unit of distances: logical pixels, the height of an "M" square of the desktop's font. At least 12.
+// The unit of distances: the height of a line in the desktop's font, in logical pixels. At least 12.
 int em();
 inline int em(double count) {
-    return static_cast<int>(count * em() + 0.5);
+    return static_cast<int>(std::lround(count * em()));
 }
 
-// Font-encoded text as the caption of a button, menu item or label: an ampersand is a letter there, not the mark of a
-// mnemonic.
+// Font-encoded text as the caption of a button or menu item: an ampersand is a letter there, not the mark of a
+// mnemonic. A label takes toQString, and Qt::PlainText, because its "<" is a letter too.
 QString captionText(std::string_view fontEncoded);
 
 // The application's icon, 16 to 256 pixels.

@@ -87,6 +87,7 @@ void RichTextView::setTextRtf(std::string_view rtf) {
         formats.append({start, static_cast<int>(length), charFormat(format, document)});
         start += static_cast<int>(length);
     }
+    lines_.clear();
     paragraphs_.clear();
     const std::string_view text = document.text.text();
     for (std::size_t begin = 0; begin <= text.size();) {

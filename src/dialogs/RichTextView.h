@@ -59,7 +59,7 @@ class RichTextView : public QAbstractScrollArea {
     void layOut();
 
     std::vector<Paragraph> paragraphs_;
-    std::vector<Line> lines_;  // at the view's present width
+    std::vector<Line> lines_;  // of paragraphs_, at the view's present width
 };
 
 }  // namespace tolvan

@@ -3,6 +3,7 @@
 #include "dialogs/Look.h"
 #include "dialogs/ResizeGrip.h"
 #include "dialogs/WindowMover.h"
+#include "platform/fonts/FontEncoding.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -17,11 +18,13 @@ namespace {
 constexpr char productName[] = "Tolvan Basic";
 
 QString desktopTitle(StyledView title) {
-    QString latin;
+    std::string latin;
     for (std::size_t i = 0; i < title.size(); ++i)
-        if (title.font(i) == Font::Latin) latin += QLatin1Char(title[i]);
-    latin = latin.trimmed();
-    return latin.isEmpty() ? QLatin1String(productName) : latin + QLatin1String(" - ") + QLatin1String(productName);
+        if (title.font(i) == Font::Latin) latin += title[i];
+    // Without the dash that parts it from the product's name in the window.
+    const std::size_t start = std::min(latin.find_first_not_of(" -"), latin.size());
+    const QString name = toQString(std::string_view(latin).substr(start)).trimmed();
+    return name.isEmpty() ? QLatin1String(productName) : name + QLatin1String(" - ") + QLatin1String(productName);
 }
 
 Qt::WindowFlags frameless(const QWidget& window, WindowFrame::Kind kind) {

@@ -51,6 +51,7 @@ void WindowMover::dragByHand(Qt::Edges edges, QPoint from, const QRect& geometry
 }
 
 void WindowMover::moveWithKeyboard(By by) {
+    if (by == By::Place && !windowsPlaceThemselves()) return;
     startByHand(by == By::Place ? Mode::KeyboardPlace : Mode::KeyboardSize);
 }
 

@@ -22,7 +22,7 @@ class WindowMover : public QObject {
     void dragWithMouse(Qt::Edges edges, QPoint from);
 
     // The arrow keys move the whole window, or its right and lower edge: by one pixel with Ctrl. Enter or a click ends
-    // it, Escape takes it back.
+    // it, Escape takes it back. Under Wayland, which lets no window place itself, only the size can be changed.
     enum class By { Place, Size };
     void moveWithKeyboard(By by);
 

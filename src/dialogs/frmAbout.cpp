@@ -4,6 +4,7 @@
 #include "dialogs/Look.h"
 #include "dialogs/SystemInformation.h"
 #include "platform/encoding/Deva.h"
+#include "platform/fonts/FontEncoding.h"
 
 #include <QLabel>
 #include <QPointer>
@@ -13,7 +14,7 @@
 namespace tolvan {
 namespace {
 
-QLabel* addLine(QVBoxLayout& lines, const QString& text, const QFont& font, const QColor& colour) {
+void addLine(QVBoxLayout& lines, const QString& text, const QFont& font, const QColor& colour) {
     auto* label = new QLabel;
     label->setTextFormat(Qt::PlainText);
     label->setText(text);
@@ -22,7 +23,6 @@ QLabel* addLine(QVBoxLayout& lines, const QString& text, const QFont& font, cons
     palette.setColor(QPalette::WindowText, colour);
     label->setPalette(palette);
     lines.addWidget(label);
-    return label;
 }
 
 QFont enlarged(QFont font, qreal factor) {
@@ -40,9 +40,9 @@ frmAbout::frmAbout(QWidget* parent) : FramedDialog("tolvn beisk bÎl"_deva, pare
     picture->setPixmap(look::applicationIcon().pixmap(look::em(5), look::em(5)));
     auto* lines = new QVBoxLayout;
     lines->setSpacing(look::em(0.2));
-    addLine(*lines, look::captionText("tolvn beisk"_deva), enlarged(devanagari, 1.8), look::accent);
+    addLine(*lines, toQString("tolvn beisk"_deva), enlarged(devanagari, 1.8), look::accent);
     addLine(*lines, QStringLiteral("Tolvan Basic " TOLVAN_VERSION), latin, look::text);
-    addLine(*lines, look::captionText("mraQIt àayaejn ilih{yasaQI"_deva), devanagari, look::dimText);
+    addLine(*lines, toQString("mraQIt àayaejn ilih{yasaQI"_deva), devanagari, look::dimText);
     body().addWidget(picture);
     body().addLayout(lines, 1);
 

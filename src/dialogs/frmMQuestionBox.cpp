@@ -10,14 +10,17 @@ frmMQuestionBox::frmMQuestionBox(QWidget* parent)
     : MessageDialog("àZn"_deva, MessageSign::Kind::Question, "txtQuestion", parent) {
     addAnswer("cmdYes", "hae"_deva, 1);
     addAnswer("cmdNo", "nahI"_deva, 0);
-    addAnswer("cmdCancel", "rÎ"_deva, -1);
+    // Not "no", which throws an unsaved text away.
+    addAnswer("cmdCancel", "rÎ"_deva, -1)->setShortcut(Qt::Key_Escape);
 }
 
-void frmMQuestionBox::addAnswer(const char* name, std::string_view caption, int answer) {
-    connect(addButton(name, caption), &QPushButton::clicked, this, [this, answer] {
+QPushButton* frmMQuestionBox::addAnswer(const char* name, std::string_view caption, int answer) {
+    QPushButton* button = addButton(name, caption);
+    connect(button, &QPushButton::clicked, this, [this, answer] {
         answer_ = answer;
         accept();
     });
+    return button;
 }
 
 }  // namespace tolvan

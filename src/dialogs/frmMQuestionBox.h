@@ -1,7 +1,10 @@
-// Asks a question that is answered by yes, no or cancel. Its controls are txtQuestion, cmdYes, cmdNo and cmdCancel.
+// Asks a question that is answered by yes, no or cancel (also Escape). Its controls are txtQuestion, cmdYes, cmdNo and
+// cmdCancel.
 #pragma once
 
 #include "dialogs/MessageDialog.h"
+
+class QPushButton;
 
 namespace tolvan {
 
@@ -14,7 +17,7 @@ class frmMQuestionBox : public MessageDialog {
     int answer() const { return answer_; }
 
   private:
-    void addAnswer(const char* name, std::string_view caption, int answer);
+    QPushButton* addAnswer(const char* name, std::string_view caption, int answer);
 
     int answer_ = 0;
 };

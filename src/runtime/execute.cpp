@@ -1,5 +1,8 @@
 // The run of a program, from the compiled script to the end messages or the marked line.
+#include "dialogs/frmErrorBox.h"
 #include "platform/encoding/Deva.h"
+#include "platform/richtext/InternalText.h"
+#include "platform/richtext/RtfReader.h"
 #include "runtime/MarkFailingLine.h"
 #include "runtime/ProgramMarker.h"
 #include "runtime/frmExec.h"
@@ -46,13 +49,14 @@ bool frmExec::goesOnAfter(const script::ErrorReport& error) {
     return false;
 }
 
+// What the error box would tell, and number and line (empty lines of the program are not counted).
 void frmExec::printError(const script::ErrorReport& error) {
-    // Two lines of the module for each line of the program, behind its first one.
-    const std::string line = std::to_string(error.line / 2);
+    const int line = error.line / 2;  // two lines of the module for each line of the program, behind its first one
+    PrintString(RomanMark(readRtf(messageDocument(errorMessage(error.number, line))).text));
     PrintString(std::string("gfbf {"_deva)
                     .append(std::to_string(error.number))
                     .append("}, Aae¦ {"_deva)
-                    .append(line)
+                    .append(std::to_string(line))
                     .append("}"));
 }
 

@@ -159,8 +159,9 @@ bool frmExec::keyPressed(QObject* control, const QKeyEvent& key) {
         state_.IsRunning = false;
         return isCtrlC(key);
     }
-    const bool standsForCharacter = !key.text().isEmpty();
-    if (control == display_ && standsForCharacter && !state_.IsRunning) CloseForm();
+    // A key that is still held down from the last answer is not pressed.
+    const bool isTyped = !key.text().isEmpty() && !key.isAutoRepeat();
+    if (control == display_ && isTyped && !state_.IsRunning) CloseForm();
     return false;
 }
 

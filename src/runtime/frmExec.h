@@ -13,6 +13,8 @@
 
 #include <QWidget>
 
+#include <utility>
+
 class QKeyEvent;
 
 namespace tolvan {
@@ -32,6 +34,8 @@ class frmExec : public QWidget, public ConsoleOperations {
     // Runs the compiled script; returns when it has ended. Nothing while a program runs already. The window should be
     // visible. Closing it in the meantime stops the program; it goes when the program has returned.
     void execute();
+    // Until then the window must not be destroyed, only closed.
+    bool isExecuting() const { return executing_; }
 
     // The program's calls of the console from the next run on.
     void setTrace(ConsoleObject::Trace trace) { parentForm_.setTrace(std::move(trace)); }

@@ -10,6 +10,7 @@
 #include "shell/PlainMessage.h"
 #include "shell/SettingsReader.h"
 #include "shell/frmPreferences.h"
+#include "shell/help/frmHelp.h"
 
 #include <QApplication>
 #include <QDir>
@@ -49,7 +50,7 @@ void mdlMain::Main(const std::vector<std::string>& arguments) {
         frmSplash splash;
         splash.show();
         splash.repaint();
-        readRunPreferences(settings_, state_);
+        readPreferences(settings_, state_);
         if (!hasRequiredFonts(screenFontList())) {
             showFontsRequired();
             return QApplication::exit(EXIT_FAILURE);
@@ -118,6 +119,7 @@ frmEditor& mdlMain::editor() {
     EditorServices services;
     services.filePreferences = [](frmEditor& editor) { showPreferences(editor); };
     services.shutDown = [this] { shutDown(); };
+    services.showHelp = [](const QString& file) { return showHelp(file); };
     // Behind the command, since it replaces the editor.
     services.fileMakeExe = [this](frmEditor&) {
         QMetaObject::invokeMethod(

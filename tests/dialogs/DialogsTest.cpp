@@ -35,7 +35,7 @@ BoxUser::Action click(const char* name) {
     return [name](QDialog& box) { clickOn(control(box, name)); };
 }
 
-BoxUser::Action keys(QList<Qt::Key> pressed, Qt::KeyboardModifiers modifiers = {}) {
+BoxUser::Action keys(const QList<Qt::Key>& pressed, Qt::KeyboardModifiers modifiers = {}) {
     return [=](QDialog& box) {
         for (const Qt::Key key : pressed) press(box, key, modifiers);
     };
@@ -52,7 +52,7 @@ TEST(AskQuestion, EveryWayToAnswer) {
         {"Tab to the second, Enter", keys({Qt::Key_Tab, Qt::Key_Return}), 0},
         {"arrows to the third, space bar", keys({Qt::Key_Right, Qt::Key_Right, Qt::Key_Space}), -1},
         {"Tab goes round", keys({Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}), 1},
-        {"Escape closes", keys({Qt::Key_Escape}), 0},
+        {"Escape cancels", keys({Qt::Key_Escape}), -1},
         {"Alt+F4 closes", keys({Qt::Key_F4}, Qt::AltModifier), 0},
         {"close button", click("cmdClose"), 0},
         {"system menu", closeBySystemMenu, 0},

@@ -51,6 +51,8 @@ TEST(RichTextView, DamagedTextsAreShownAsFarAsTheyGo) {
         EXPECT_EQ(view.text().contains(QLatin1Char('a')), fragment.find('a') != std::string::npos) << fragment;
     }
     for (std::size_t length = 0; length < 200; ++length) shown(messageDocument("\\f1nahI {\\cf2 a}").substr(0, length));
+    for (const char* odd : {"{\\rtf1 a}", "{\\rtf1\\f7 a}", "{\\rtf1{\\fonttbl}\\f1 a}"})
+        EXPECT_EQ(shown(odd), QStringLiteral("a")) << odd;
     EXPECT_EQ(shown("no rich text"), QStringLiteral("no rich text"));
 }
 

@@ -16,7 +16,7 @@ namespace {
 class PreferencesTest : public EditorTest {
   protected:
     PreferencesTest() {
-        readRunPreferences(settings, state);
+        readPreferences(settings, state);
         showAgain();
     }
     void showAgain() {
@@ -127,7 +127,7 @@ TEST(Settings, AnUnreadableFileGivesTheDefaults) {
     file.close();
     const Settings settings(file.fileName());
     EditorState state{.run = {}, .SaveBeforeExecute = false, .FormatBeforeExecute = false};
-    readRunPreferences(settings, state);
+    readPreferences(settings, state);
     EXPECT_TRUE(state.SaveBeforeExecute && state.FormatBeforeExecute);
 }
 

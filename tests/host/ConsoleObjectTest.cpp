@@ -160,6 +160,14 @@ TEST_F(ConsoleObjectTest, TracesCallsButNotPolls) {
                                    "ClearScreen", "InputString ", "StopExecution"));
 }
 
+TEST_F(ConsoleObjectTest, FailsInTheSameWayWithATraceAndWithout) {
+    startTrace();
+    EXPECT_EQ(run("parentform.PrintString Null"), 94);
+    EXPECT_EQ(run("Dim a(2)\r\nparentform.PrintString a"), 13);
+    EXPECT_EQ(run("parentform.DrawPoint \"kr\",1"), 13);
+    EXPECT_THAT(trace, ElementsAre("PrintString ?", "PrintString ?", "DrawPoint kr,1"));
+}
+
 class DataFileTest : public ConsoleObjectTest {
   protected:
     TemporaryFolder folder;

@@ -1,6 +1,7 @@
 // Whole runs of programs in the window.
 #include "ConsoleFixture.h"
 #include "dialogs/Dialogs.h"
+#include "platform/encoding/Deva.h"
 
 namespace tolvan {
 namespace {
@@ -115,7 +116,8 @@ TEST_F(RunTest, AFileThatCannotBeOpenedAsksAsWell) {
 TEST_F(RunTest, WithoutAnEditorErrorsAreToldInTheConsole) {
     open(nullptr);
     run({"PrintString \"k\"", "a = 1 / 0"});
-    expectEnded({"k", "gfbf {11}, Aae\xA6 {2}"});
+    expectEnded(
+        {"k", std::string("zuNyne -gakar tolvn beiskla krta yet nahI"_deva), std::string("gfbf {11}, Aae¦ {2}"_deva)});
     QTest::keyClick(&display(), Qt::Key_Return);
     EXPECT_FALSE(console->isVisible());
 }
@@ -210,14 +212,16 @@ TEST_F(RunTest, KeysDoNothingToARunningProgram) {
 TEST_F(RunTest, ResizedInTheMiddle) {
     soon([this] {
         console->resize(900, 700);
-        soon([this] { console->resize(500, 400); });
+        once([] { return true; }, [this] { console->resize(500, 400); });
     });
-    run({"PrintString \"kml\"", "w = DisplayWidth", "Do While DisplayWidth = w", "Loop",
-         "DrawPoint DisplayWidth - 1, 50, 255", "Do While DisplayWidth > 500", "Loop", "PrintString \"kml\""});
-    EXPECT_EQ(picture(), printed(withEnd({"kml", "kml"})));
+    run({"PrintString \"kml\"", "Do While DisplayWidth < 800", "Loop", "DrawPoint DisplayWidth - 1, 600, 255",
+         "DrawPoint 3, 100, 0", "Do While DisplayWidth > 500", "Loop", "PrintString \"kml\""});
+    const auto line = [this](int top) { return picture().copy(0, top, display().width(), 30); };
+    EXPECT_EQ(line(0), printed({"kml"}).copy(0, 0, display().width(), 30)) << "what was printed before";
+    EXPECT_EQ(line(100), line(0));
     console->resize(900, 700);
     QApplication::processEvents();
-    EXPECT_EQ(picture().pixel(display().width() - 1, 50), 0xFFFF0000) << "what was drawn before is still there";
+    EXPECT_EQ(picture().pixel(display().width() - 1, 600), 0xFFFF0000) << "what was drawn before and cut off";
 }
 
 }  // namespace

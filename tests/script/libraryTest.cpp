@@ -1,4 +1,5 @@
 // The built-in functions: results with their types, and the errors that their arguments raise.
+#include "platform/script/Executor.h"
 #include "script/Expression.h"
 
 #include <gtest/gtest.h>
@@ -325,6 +326,64 @@ TEST(Formats, Numbers) {
         {"FormatPercent(-12.345, 0)", "String -1,235%"},
         {"FormatPercent(-0.05, 0, -1, -1)", "String (5%)"},
     });
+}
+
+TEST(Objects, StandForTheirDefaultMember) {
+    script::Executor engine;
+    ASSERT_TRUE(
+        engine.addCode("Class Holder\n"
+                       "Public Content\n"
+                       "Public Default Property Get Item()\n"
+                       "Item = Content\n"
+                       "End Property\n"
+                       "End Class\n"
+                       "Class Memberless\n"
+                       "End Class\n"
+                       "Set number = New Holder\nnumber.Content = -5\n"
+                       "Set text = New Holder\ntext.Content = \"12\"\n"
+                       "Set list = New Holder\nlist.Content = Array(1, 2)\n"
+                       "Set none = New Holder\nnone.Content = Null\n"
+                       "Set bare = New Memberless\n"))
+        << engine.error().description;
+    const ExpressionRow rows[] = {
+        {"number + 1", "Integer -4"},
+        {"-number", "Integer 5"},
+        {"number & text", "String -512"},
+        {"text + text", "String 1212"},
+        {"number < text", "Boolean True"},
+        {"number And 3", "Integer 3"},
+        {"Not none", "Null "},
+        {"Abs(number)", "Integer 5"},
+        {"CLng(text)", "Long 12"},
+        {"Len(text)", "Long 2"},
+        {"Mid(text, text - 11)", "String 12"},
+        {"UBound(list)", "Long 1"},
+        {"Join(list)", "String 1 2"},
+        {"Left(none, 1)", "Null "},
+        {"TypeName(number)", "String Holder"},
+        {"VarType(number)", "Integer 2"},
+        {"VarType(bare)", "Integer 9"},
+        {"IsNumeric(text)", "Boolean True"},
+        {"IsNumeric(bare)", "Boolean False"},
+        {"IsDate(bare)", "Boolean False"},
+        {"IsObject(number)", "Boolean True"},
+        {"FormatNumber(number, 0)", "String -5"},
+        {"list + 1", "error 13"},
+        {"bare + 1", "error 438"},
+        {"Len(bare)", "error 438"},
+        {"CStr(none)", "error 94"},
+    };
+    for (const ExpressionRow& row : rows) {
+        script::Value value;
+        std::string got = "error ";
+        if (engine.evaluate(row.expression, value)) {
+            got = engine.typeName(value) + ' ';
+            if (!value.is(script::Type::Null)) got += engine.text(value);
+        } else {
+            got += std::to_string(engine.error().number);
+        }
+        EXPECT_EQ(got, row.outcome) << row.expression;
+    }
 }
 
 }  // namespace

@@ -142,7 +142,7 @@ TEST_F(MachineAgreement, OnVariables) {
     define("Inverse", "Not a");
     ASSERT_TRUE(engine.addCode(module)) << engine.error().description;
 
-    for (int round = 0; round < 20000; ++round) {
+    for (int round = 0; round < 5000; ++round) {
         const Value a = anyValue();
         const Value b = anyValue();
         SCOPED_TRACE(shown(a) + " and " + shown(b));
@@ -187,7 +187,7 @@ TEST_F(MachineAgreement, OnLiterals) {
     }
     ASSERT_TRUE(engine.addCode(module)) << engine.error().description;
 
-    for (int round = 0; round < 20000; ++round) {
+    for (int round = 0; round < 5000; ++round) {
         const Value a = anyValue();
         const std::size_t k = random() % std::size(literals);
         const Value& b = literals[k].value;

@@ -10,6 +10,7 @@ namespace tolvan {
 namespace {
 
 using testing::HasSubstr;
+using testing::MatchesRegex;
 using testing::StartsWith;
 
 #if defined(__SANITIZE_ADDRESS__)
@@ -113,7 +114,7 @@ TEST(CommandLine, RunsScripts) {
     EXPECT_EQ(tvp.run({"script", "plain.vbs"}).output, "{-}10\n");
     const TvpResult wrong = tvp.run({"script", "wrong.vbs"});
     EXPECT_EQ(wrong.status, 1);
-    EXPECT_THAT(wrong.errors, testing::MatchesRegex("error 10[0-9][0-9] line 2\n"));
+    EXPECT_THAT(wrong.errors, MatchesRegex("error 10[0-9][0-9] line 2\n"));
 }
 
 TEST(CommandLine, TracesConsoleCalls) {
@@ -141,7 +142,8 @@ TEST(CommandLine, TakesAnyBytes) {
         tvp.folder().write("bytes.tvp", bytes);
         for (const char* command : {"convert", "mark", "program", "module", "format"})
             EXPECT_EQ(tvp.run({command, "bytes.tvp"}).status, 0) << command;
-        for (const char* command : {"run", "script"}) EXPECT_EQ(tvp.run({command, "bytes.tvp"}).status, 1) << command;
+        for (const char* command : {"run", "script"})
+            EXPECT_THAT(tvp.run({command, "bytes.tvp"}).errors, MatchesRegex("error [0-9]+ line [0-9]+\n")) << command;
     }
 }
 
@@ -172,9 +174,10 @@ TEST(CommandLine, SaysWhenItsOutputCannotBeWritten) {
 TEST(CommandLine, EndsAtCtrlC) {
     TvpProcess tvp;
     tvp.interruptAfter(200, SIGINT);
-    const TvpResult result = tvp.runProgram({"run"}, "dAkhav 1\r\njovar 1 = 1 tovar\r\nkar");
+    const TvpResult result = tvp.runProgram({"run", "--trace"}, "dAkhav 1\r\njovar 1 = 1 tovar\r\nkar");
     EXPECT_EQ(result.status, 128 + SIGINT);
     EXPECT_EQ(result.output, "1\n") << "what was printed before is not lost";
+    EXPECT_EQ(result.errors, "PrintString 1\n");
 }
 
 }  // namespace

@@ -15,7 +15,6 @@
 #include <algorithm>
 #include <cstring>
 #include <new>
-#include <stdexcept>
 #include <unistd.h>
 
 namespace tolvan {
@@ -95,7 +94,7 @@ int formatFile(const Invocation& invocation) {
 }
 
 int runOnTextConsole(const std::string& module, const Invocation& invocation) {
-    TextConsole console(invocation.output);
+    TextConsole console(invocation.output, invocation.messages);
     ConsoleObject object(console);
     if (invocation.trace) object.setTrace([&](std::string_view call) { invocation.messages.writeLine(call); });
     script::Executor executor;

@@ -12,16 +12,21 @@ void TextConsole::PrintString(std::string_view text) {
 }
 
 std::optional<std::string> TextConsole::InputString() {
-    output_.flush();
+    flush();
     const std::optional<std::string> typed = input_.next();
     if (!typed) throw script::ScriptError(static_cast<int>(FileError::PastEnd));
     return inputValue(*typed);
 }
 
 bool TextConsole::CheckForEvents() {
-    output_.flush();
+    flush();
     if (output_.failure() != 0) stopped_ = true;
     return !stopped_;
+}
+
+void TextConsole::flush() {
+    output_.flush();
+    messages_.flush();
 }
 
 void TextConsole::FileOpenFailed(int number) {

@@ -10,7 +10,8 @@ namespace tolvan {
 
 class TextConsole : public ConsoleOperations {
   public:
-    explicit TextConsole(Output& output) : output_(output) {}
+    // `messages` is only kept up to date with what is printed.
+    TextConsole(Output& output, Output& messages) : output_(output), messages_(messages) {}
 
     // The program stopped itself, or nobody reads what it prints any more.
     bool isStopped() const { return stopped_; }
@@ -35,7 +36,10 @@ class TextConsole : public ConsoleOperations {
     void FileOpenFailed(int number) override;
 
   private:
+    void flush();
+
     Output& output_;
+    Output& messages_;
     LineReader input_;
     bool stopped_ = false;
 };

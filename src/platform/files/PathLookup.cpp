@@ -1,5 +1,7 @@
 #include "platform/files/PathLookup.h"
 
+#include "platform/encoding/LetterCase.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <optional>
@@ -14,11 +16,6 @@ namespace fs = std::filesystem;
 bool exists(const std::string& path) {
     struct stat entry {};
     return ::lstat(path.c_str(), &entry) == 0;
-}
-
-bool sameButForCase(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [lower](char x, char y) { return lower(x) == lower(y); });
 }
 
 // The entry of `folder` (empty: the working folder) that is `name` without regard to case.

@@ -13,6 +13,8 @@ namespace {
 
 constexpr int frameMilliseconds = 16;
 constexpr Pixel background = 0xFF000000U;
+// The narrowest letters of this many reach beyond any screen.
+constexpr std::size_t longestText = 4096;
 
 }  // namespace
 
@@ -42,6 +44,10 @@ double PictureBox::device(float length) const {
     return std::floor(length * pixelRatio_ + 0.5);
 }
 
+double PictureBox::deviceEnd(float length) const {
+    return std::floor((length + 1.0) * pixelRatio_ + 0.5) - 1;
+}
+
 int PictureBox::pen() const {
     return std::max(static_cast<int>(std::lround(pixelRatio_)), 1);
 }
@@ -56,7 +62,10 @@ float PictureBox::TextHeight(PictureFont& font) const {
 }
 
 void PictureBox::PSet(float x, float y, QColor colour) {
-    Line(x, y, x, y, colour);
+    surface_.fillRectangle(device(x), device(y), deviceEnd(x), deviceEnd(y), colour.rgb());
+    CurrentX = x;
+    CurrentY = y;
+    changed();
 }
 
 void PictureBox::Line(float x1, float y1, float x2, float y2, QColor colour) {
@@ -68,8 +77,8 @@ void PictureBox::Line(float x1, float y1, float x2, float y2, QColor colour) {
 
 void PictureBox::Box(float x1, float y1, float x2, float y2, QColor colour, FillStyle fill) {
     const int edge = pen() - 1;
-    const double left = device(std::min(x1, x2)), right = device(std::max(x1, x2)) + edge;
-    const double top = device(std::min(y1, y2)), bottom = device(std::max(y1, y2)) + edge;
+    const double left = device(std::min(x1, x2)), right = deviceEnd(std::max(x1, x2));
+    const double top = device(std::min(y1, y2)), bottom = deviceEnd(std::max(y1, y2));
     if (fill == FillStyle::Solid) {
         surface_.fillRectangle(left, top, right, bottom, colour.rgb());
     } else {
@@ -94,9 +103,16 @@ void PictureBox::Circle(float x, float y, float radius, QColor colour, FillStyle
 }
 
 void PictureBox::Print(std::string_view text, PictureFont& font) {
-    const PictureFont::Run& run = font.run(text, pixelRatio_);
-    surface_.drawText(run.coverage, device(CurrentX), device(CurrentY), foreground_.rgb());
-    CurrentX += static_cast<float>(run.advance / pixelRatio_);
+    double x = 0;  // device pixels from where the text starts
+    for (text = text.substr(0, longestText); !text.empty();) {
+        const std::string_view piece = text.substr(0, PictureFont::firstPiece(text));
+        const PictureFont::Run& run = font.run(piece, pixelRatio_);
+        surface_.drawText(run.coverage, std::floor(CurrentX * pixelRatio_ + x + 0.5), device(CurrentY),
+                          foreground_.rgb());
+        x += run.advance;
+        text.remove_prefix(piece.size());
+    }
+    CurrentX += static_cast<float>(x / pixelRatio_);
     changed();
 }
 

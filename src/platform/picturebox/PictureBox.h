@@ -65,7 +65,8 @@ class PictureBox : public QWidget {
     // Makes the surface fit for the size and the screen of the widget. A widget that shrinks keeps what it cuts off,
     // until it is wiped.
     void fit();
-    double device(float length) const;  // the first device pixel of a logical one
+    double device(float length) const;     // the first device pixel of a logical one
+    double deviceEnd(float length) const;  // and its last one, where the next begins
     int pen() const;
     void changed();
     QImage rows(int from, int count) const;

@@ -15,11 +15,9 @@ namespace {
 
 // Four screens of text in distinct runs; a program that prints ever new lines does not fill the memory.
 constexpr std::size_t keptBytes = 8U << 20U;
-// The narrowest letters of this many reach beyond any screen.
-constexpr std::size_t longestRun = 4096;
 constexpr int widestPicture = 16384;
-// Room for parts of letters that reach out of their line or stand before its start.
-constexpr int margin = 24;
+// Room for parts of letters that reach out of their line or stand before its start; a part of the line's height.
+constexpr int marginPart = 4;
 
 // The part of a grey picture that is not black.
 Coverage coverageOf(const QImage& picture, int originX, int originY) {
@@ -81,9 +79,13 @@ int PictureFont::lineHeight(double pixelRatio) {
     return lineHeight_;
 }
 
+std::size_t PictureFont::firstPiece(std::string_view text) {
+    constexpr std::string_view digits = "0123456789";
+    return std::clamp<std::size_t>(text.find_first_of(digits), 1, text.size());
+}
+
 const PictureFont::Run& PictureFont::run(std::string_view text, double pixelRatio) {
     usePixelRatio(pixelRatio);
-    text = text.substr(0, longestRun);
     if (const auto found = runs_.find(text); found != runs_.end()) return found->second;
     if (bytes_ > keptBytes) forget();
     Run drawn = draw(text);
@@ -106,6 +108,7 @@ PictureFont::Run PictureFont::draw(std::string_view text) const {
     if (!line.isValid()) return run;
     run.advance = line.horizontalAdvance() * pixelRatio_;
     const int width = static_cast<int>(std::min(std::ceil(run.advance), double{widestPicture}));
+    const int margin = lineHeight_ / marginPart;
     QImage picture(width + 2 * margin, lineHeight_ + 2 * margin, QImage::Format_Grayscale8);
     picture.fill(0);
     QPainter painter(&picture);

@@ -1,4 +1,4 @@
-// A font of picture boxes, with the pictures of the runs of text that were printed in it. Programs print the same
+// A font of picture boxes, with the pictures of the pieces of text that were printed in it. Programs print the same
 // words again and again, and shaping a run costs far more than copying its picture.
 #pragma once
 
@@ -30,6 +30,9 @@ class PictureFont {
 
     // The height of a line in device pixels; whole, so that a scroll by lines is a scroll by rows.
     int lineHeight(double pixelRatio);
+    // Where a text can be cut so that few pieces make many texts: a digit is a piece of its own, since numbers are what
+    // differs most from line to line. Characters of the first piece; the text is not empty.
+    static std::size_t firstPiece(std::string_view text);
     // Text is font-encoded, without line breaks. Valid until the next call.
     const Run& run(std::string_view text, double pixelRatio);
 

@@ -136,6 +136,7 @@ void PixelSurface::drawText(const Coverage& text, double x, double y, Pixel colo
     const double left = x + text.left;
     const double top = y + text.top;
     const Range columns(left, left + text.width - 1, width_);
+    if (columns.last < columns.first) return;
     const Range rows(top, top + text.height - 1, height_);
     for (int at = rows.first; at <= rows.last; ++at) {
         const std::uint8_t* value =

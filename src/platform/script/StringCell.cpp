@@ -62,6 +62,7 @@ void StringCell::destroy(StringCell* cell) noexcept {
 }
 
 void appendText(Heap& heap, Value& target, std::string_view tail) {
+    if (tail.empty()) return;
     StringCell* cell = target.string();
     const std::size_t length = checkedSum(cell->length, tail.size());
     if (cell->references == 1) {

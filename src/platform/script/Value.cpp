@@ -20,7 +20,7 @@ Value Value::currency(std::int64_t tenThousandths) {
 
 Value Value::text(std::string_view bytes) {
     StringCell* cell = StringCell::create(nullptr, bytes.size());
-    std::memcpy(cell->bytes(), bytes.data(), bytes.size());
+    bytes.copy(cell->bytes(), bytes.size());
     return adopt(cell);
 }
 

@@ -1,5 +1,6 @@
 #include "runtime/host/ConsoleObject.h"
 
+#include "platform/encoding/LetterCase.h"
 #include "platform/script/ScriptError.h"
 #include "runtime/host/NumberText.h"
 
@@ -18,11 +19,6 @@ using script::Type;
 using script::Value;
 using Fill = ConsoleOperations::Fill;
 using Point = ConsoleOperations::Point;
-
-bool sameName(std::string_view a, std::string_view b) {
-    const auto lower = [](char c) { return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c; };
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [lower](char x, char y) { return lower(x) == lower(y); });
-}
 
 float single(const Arguments& arguments, std::size_t index) {
     const double number = arguments.number(index);
@@ -62,11 +58,12 @@ void check(FileError error) {
     if (error != FileError::None) throw ScriptError(static_cast<int>(error));
 }
 
+// Must not fail where the call itself would not.
 std::string traceText(const Arguments& arguments, std::size_t index) {
     if (arguments.isMissing(index)) return {};
     const Value& value = arguments[index];
     if (value.is(Type::Boolean)) return value.isTrue() ? "True" : "False";
-    if (value.isOneOf(bits(Type::Null, Type::Array, Type::Object))) return "?";
+    if (value.isOneOf(bits(Type::Null, Type::Error, Type::Array, Type::Object))) return "?";
     const std::string text = arguments.text(index);
     return value.is(Type::String) ? text : withoutRunMarks(text);
 }
@@ -114,8 +111,8 @@ void ConsoleObject::reset() {
 }
 
 int ConsoleObject::findMember(std::string_view name) const {
-    const auto* const found =
-        std::find_if(std::begin(members), std::end(members), [&](const Member& m) { return sameName(m.name, name); });
+    const auto* const found = std::find_if(std::begin(members), std::end(members),
+                                           [&](const Member& m) { return sameButForCase(m.name, name); });
     return found == std::end(members) ? NoMember : static_cast<int>(found - std::begin(members));
 }
 

@@ -173,9 +173,10 @@ void ProcedureCompiler::assignElement(const AssignStmt& statement) {
         }
     }
     if (element.arguments.empty()) return raise(errors::IllegalAssignment);
-    const std::uint32_t first = evaluateInOrder(element.arguments);
+    const std::uint32_t first = evaluatePlain(element.arguments);
     const std::uint32_t value = code_.takeRegisters();
     into(*statement.value, value);
+    if (!statement.isSet && !isPlain(*statement.value)) code_.emit(Op::LetTake, value, value);
     const std::uint32_t array = placeOf(callee);
     struct {
         std::uint32_t count;

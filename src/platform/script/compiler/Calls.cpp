@@ -96,7 +96,7 @@ void ProcedureCompiler::passReference(const Expr& argument, std::uint32_t target
         }
     }
     const std::uint32_t array = place(bind(argument.left->name, Use::Callee));
-    const std::uint32_t first = evaluateInOrder(argument.arguments);
+    const std::uint32_t first = evaluatePlain(argument.arguments);
     code_.emit(Op::PinArray, pin, array);
     code_.emitWithWord(Op::ReferElement, target, array, first, countOf(argument.arguments));
     forgetGate();
@@ -109,6 +109,17 @@ std::uint32_t ProcedureCompiler::evaluateInOrder(std::span<Expr* const> expressi
         const std::uint32_t target = code_.takeRegisters();
         if (i == 0) first = target;
         into(*expressions[i], target);
+    }
+    return first;
+}
+
+// The same, objects replaced by the values of their default members: nothing of the script runs between a reference to
+// an element and its use.
+std::uint32_t ProcedureCompiler::evaluatePlain(std::span<Expr* const> expressions) {
+    const std::uint32_t first = evaluateInOrder(expressions);
+    for (std::uint32_t i = 0; i < countOf(expressions); ++i) {
+        Value literal;
+        if (!literalOf(*expressions[i], literal)) code_.emit(Op::LetTake, first + i, first + i);
     }
     return first;
 }
@@ -137,7 +148,7 @@ std::uint32_t ProcedureCompiler::placeOf(const Expr& expression) {
         into(expression, target);
         return target;
     }
-    const std::uint32_t first = evaluateInOrder(expression.arguments);
+    const std::uint32_t first = evaluatePlain(expression.arguments);
     const std::uint32_t array = placeOf(*expression.left);
     code_.emitWithWord(Op::ReferElement, target, array, first, countOf(expression.arguments));
     return target;

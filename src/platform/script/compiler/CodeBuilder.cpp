@@ -48,6 +48,17 @@ void CodeBuilder::jumpWithWord(Op op, std::uint32_t a, std::uint32_t b, Label& t
     if (target.isBound()) patch(pc, target.pc_);
 }
 
+bool CodeBuilder::isAtGate(const Label& label) const {
+    if (!label.isBound()) return false;
+    const auto pc = static_cast<std::size_t>(label.pc_);
+    return pc < procedure_.code.size() && procedure_.code[pc].op == Op::Gate;
+}
+
+void CodeBuilder::loopWithGate(Op op, std::uint32_t a, std::uint32_t b, Label& target) {
+    jumpWithWord(op, a, b, target);
+    procedure_.code.push_back(procedure_.code[static_cast<std::size_t>(target.pc_) + 1]);
+}
+
 void CodeBuilder::gate(int* budget, Label& exhausted) {
     const std::uint32_t pc = emitWithWord(Op::Gate, 0, 0, 0, budget);
     exhausted.jumps_.push_back(pc);

@@ -38,6 +38,10 @@ class CodeBuilder {
     // A jump whose offset is in bc, and one whose offset is in the second word.
     void jump(Op op, std::uint32_t a, Label& target);
     void jumpWithWord(Op op, std::uint32_t a, std::uint32_t b, Label& target);
+    // The same back to a Gate, which is asked on the way.
+    void loopWithGate(Op op, std::uint32_t a, std::uint32_t b, Label& target);
+    // Whether a label that is bound already has a Gate behind it.
+    bool isAtGate(const Label& label) const;
     // Gate: offset in bc and a pointer behind it.
     void gate(int* budget, Label& exhausted);
     void bind(Label& label);

@@ -36,12 +36,14 @@ struct ComparisonRow {
     Op registers, constant;
     Op jumpRegisters, jumpConstant;
     Op jumpUnlessRegisters, jumpUnlessConstant;
+    Op loopRegisters, loopConstant;
 };
 
-#define ROW(name, swapped, inverse)                                                                    \
-    {                                                                                                  \
-        Token::name, Token::swapped, Token::inverse, Op::name##RR, Op::name##RK, Op::JumpIf##name##RR, \
-            Op::JumpIf##name##RK, Op::JumpUnless##name##RR, Op::JumpUnless##name##RK                   \
+#define ROW(name, swapped, inverse)                                                                         \
+    {                                                                                                       \
+        Token::name, Token::swapped, Token::inverse, Op::name##RR, Op::name##RK, Op::JumpIf##name##RR,      \
+            Op::JumpIf##name##RK, Op::JumpUnless##name##RR, Op::JumpUnless##name##RK, Op::LoopIf##name##RR, \
+            Op::LoopIf##name##RK                                                                            \
     }
 constexpr ComparisonRow Comparisons[] = {
     ROW(Equal, Equal, NotEqual),           ROW(NotEqual, NotEqual, Equal), ROW(Less, Greater, GreaterEqual),
@@ -351,6 +353,11 @@ void ProcedureCompiler::comparisonJump(const Expr& expression, bool inverted, La
         row = comparisonOf(row->swapped);
     }
     const std::uint32_t leftRegister = inRegister(left);
+    if (jumpWhen && code_.isAtGate(target)) {
+        code_.loopWithGate(right.isConstant ? row->loopConstant : row->loopRegisters, leftRegister, right.index,
+                           target);
+        return;
+    }
     Op op = row->jumpRegisters;
     if (jumpWhen)
         op = right.isConstant ? row->jumpConstant : row->jumpRegisters;

@@ -83,7 +83,10 @@ std::shared_ptr<const Procedure> ModuleCompiler::compileModule(std::string_view 
             finishMethod(*scope->owner, *scope->node, procedure);
             continue;
         }
-        if (scope->slot->procedure != nullptr) procedure->checksArguments = true;
+        if (scope->slot->procedure != nullptr) {
+            procedure->checksArguments = true;
+            symbols_.retire(scope->slot->procedure);
+        }
         scope->slot->procedure = procedure;
     }
     return outside;

@@ -1,7 +1,7 @@
 // The machine's instructions, one a line. R: registers of the running procedure, K: its constants.
 //
 // An instruction is 8 bytes: the operation and three operands a, b, c of 16 bits; `bc` is b and c as one signed number.
-// Operations marked "+ offset", "+ pointer" and so on have a second word of 8 bytes with that content. Offsets count
+// Operations marked "+ offset", "+ pointer" and so on have further words of 8 bytes with that content. Offsets count
 // from the first word of the instruction.
 //
 // "Let" assigns as a statement without Set does: an object gives its default member's value. "Take" moves a value out
@@ -31,7 +31,9 @@ namespace tolvan::script {
     X(JumpIf##name##RR)     /* if R[a] op R[b] jump; + offset */ \
     X(JumpIf##name##RK)     /* if R[a] op K[b] jump; + offset */ \
     X(JumpUnless##name##RR) /* if R[a] op R[b] is not True (but False or Null) jump; + offset */ \
-    X(JumpUnless##name##RK) /* the same with K[b]; + offset */
+    X(JumpUnless##name##RK) /* the same with K[b]; + offset */ \
+    X(LoopIf##name##RR)     /* JumpIf, to a Gate whose work is done at once; + offset, + pointer to the budget */ \
+    X(LoopIf##name##RK)     /* the same with K[b]; + offset, + pointer */
 
 #define TOLVAN_OPCODES(X) \
     X(LoadConstant)         /* R[a] = K[bc] */ \
@@ -69,7 +71,8 @@ namespace tolvan::script {
     X(AskGate)              /* R[a] = the answer of the host's gate; + pointer to HostMember */ \
     X(ForPrepare)           /* R[b], R[b+1]: limit and step of the loop of R[a]; 13 or 94 if one is no number; jumps if there is no pass; + offset */ \
     X(ForNext)              /* R[a] += step; jumps if not past the limit R[b]; + offset */ \
-    X(ForNextOne)           /* the same where the step is the Integer 1 */ \
+    X(ForNextOne)           /* the same where the step is the Integer 1; + offset */ \
+    X(ForNextOneGate)       /* the same, to a Gate whose work is done at once; + offset, + pointer to the budget */ \
     X(EachPrepare)          /* R[a], R[a+1]: what For Each runs over and how far it is, from R[b] */ \
     X(EachNext)             /* R[b] = the next element and jump, or fall through at the end; + offset */ \
     X(Index)                /* R[a] = R[b](R[c]) */ \

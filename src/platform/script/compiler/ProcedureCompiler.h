@@ -95,6 +95,7 @@ class ProcedureCompiler {
     std::uint32_t place(const Binding& binding);
     std::uint32_t placeOf(const Expr& expression);
     std::uint32_t evaluateInOrder(std::span<Expr* const> expressions);
+    std::uint32_t evaluatePlain(std::span<Expr* const> expressions);
 
     // Gates.
     const HostMember* gateOf(const Expr& condition);

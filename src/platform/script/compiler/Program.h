@@ -141,12 +141,16 @@ class SymbolTable {
     // The same place for the same member each time.
     const HostMember* hostMember(HostObject& object, int member);
 
+    // Keeps a procedure that another one took the place of: it may be running.
+    void retire(std::shared_ptr<const Procedure> procedure) { retired_.push_back(std::move(procedure)); }
+
     bool isErr(NameId name) const { return name == err_; }
     // Empties all variables of scripts, so that what they hold is let go while the scripts' code still exists.
     void clearVariables();
 
   private:
     const Symbol* findAddedMember(NameId name);
+    void removeHost(const HostObject* object);
 
     Names& names_;
     NameId err_;
@@ -156,6 +160,7 @@ class SymbolTable {
     std::deque<Value> variables_;
     std::deque<ProcedureSlot> slots_;
     std::deque<ScriptClass> classes_;
+    std::vector<std::shared_ptr<const Procedure>> retired_;
     std::deque<HostMember> hostMembers_;
     std::vector<HostObject*> global_;  // those whose members are names of their own
 };

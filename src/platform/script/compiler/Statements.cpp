@@ -195,7 +195,10 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
     loops_.pop_back();
     mark(statement.line);
     if (!isRegister) nameInto(*statement.variable, counter);
-    code_.jumpWithWord(byOne ? Op::ForNextOne : Op::ForNext, counter, limit, body);
+    if (byOne && code_.isAtGate(body))
+        code_.loopWithGate(Op::ForNextOneGate, counter, limit, body);
+    else
+        code_.jumpWithWord(byOne ? Op::ForNextOne : Op::ForNext, counter, limit, body);
     bindLabel(finished);
     handOver();
     bindLabel(exit);

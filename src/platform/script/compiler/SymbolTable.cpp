@@ -65,12 +65,22 @@ const Symbol* SymbolTable::findAddedMember(NameId name) {
 }
 
 void SymbolTable::addHost(NameId name, HostObject& object, Value reference, bool membersToo) {
+    const auto earlier = hosts_.find(name);
+    if (earlier != hosts_.end() && earlier->second.host != nullptr) removeHost(earlier->second.host);
     Symbol symbol;
     symbol.kind = Symbol::Kind::HostObject;
     symbol.host = &object;
     symbol.constant = std::move(reference);
     hosts_[name] = symbol;
     if (membersToo) global_.push_back(&object);
+}
+
+// Its place is taken by another object of the same name.
+void SymbolTable::removeHost(const HostObject* object) {
+    std::erase(global_, object);
+    std::erase_if(hosts_, [object](const auto& entry) {
+        return entry.second.host == object || (entry.second.member != nullptr && entry.second.member->object == object);
+    });
 }
 
 const HostMember* SymbolTable::hostMember(HostObject& object, int member) {

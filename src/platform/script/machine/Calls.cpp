@@ -168,6 +168,7 @@ void Machine::evaluateText(Special what, Value* base) {
 }
 
 Value Machine::runText(std::string_view source, bool isExpression, bool isGlobal) {
+    checkClock();
     ModuleCompiler compiler(*symbols_, names_, *this);
     const ModuleCompiler::Surroundings around = isGlobal ? ModuleCompiler::Surroundings{} : surroundings();
     std::shared_ptr<const Procedure> procedure;
@@ -229,12 +230,15 @@ void Machine::bury(ClassInstance& instance) noexcept {
         if (terminate != nullptr && !next->isTerminated && !resetting_) {
             next->isTerminated = true;
             next->references = 1;
+            // Its errors reach nobody, and an error that is on its way keeps its line.
+            const bool hadErrorLine = hasErrorLine_;
+            const int line = errorLine_;
             try {
                 invoke(*terminate, next, {});
-            } catch (const ScriptError&) {
-                // Nobody is there to catch it.
-                hasErrorLine_ = false;
+            } catch (...) {
             }
+            hasErrorLine_ = hadErrorLine;
+            errorLine_ = line;
             if (--next->references != 0) continue;
         }
         deleting_ = true;

@@ -32,12 +32,6 @@ inline void putDouble(Value& target, double number) {
     target.as.d = number;
 }
 
-inline void putLong(Value& target, std::int32_t number) {
-    letGo(target);
-    target.tag = bits(Type::Long);
-    target.as.i = number;
-}
-
 inline void putBoolean(Value& target, bool on) {
     letGo(target);
     target.tag = bits(Type::Boolean);
@@ -165,6 +159,14 @@ COMPARISON(Greater, >, order == Order::Greater)
 COMPARISON(GreaterEqual, >=, order != Order::Less)
 #undef COMPARISON
 
+// Adds 1 to a counter that is whole, and so is its limit.
+inline bool countsOn(Value& counter, const Value& limit) {
+    if (((counter.tag | limit.tag) & ~Whole) != 0 || counter.as.i == INT32_MAX) [[unlikely]]
+        return false;
+    if (++counter.as.i > INT16_MAX) counter.tag = bits(Type::Long);
+    return true;
+}
+
 inline bool isSimple(const Value& value) {
     return (value.tag & Value::HeapTypes) == 0;
 }
@@ -254,13 +256,37 @@ void Machine::execute() {
     }                                                          \
     STEP(2);
 
-#define COMPARISON(name)                                                 \
-    COMPARE_INTO(name##RR, name, C, Literal::Neither)                    \
-    COMPARE_INTO(name##RK, name, KC, Literal::Right)                     \
-    COMPARE_JUMP(JumpIf##name##RR, name, B, Literal::Neither, true)      \
-    COMPARE_JUMP(JumpIf##name##RK, name, K[pc->b], Literal::Right, true) \
-    COMPARE_JUMP(JumpUnless##name##RR, name, B, Literal::Neither, false) \
-    COMPARE_JUMP(JumpUnless##name##RK, name, K[pc->b], Literal::Right, false)
+// To a Gate: past it if its budget is not used up.
+#define LOOP_WITH_GATE                      \
+    int* const budget = pc[2].word<int*>(); \
+    const int left = *budget;               \
+    pc += WORD(std::int32_t);               \
+    if (left > 0) [[likely]] {              \
+        *budget = left - 1;                 \
+        pc += 2;                            \
+    }                                       \
+    NEXT;
+
+#define COMPARE_LOOP(label, name, right, literal)              \
+    L_##label : {                                              \
+        bool result = false;                                   \
+        if (!compared<name>(A, right, result)) [[unlikely]]    \
+            result = name::of(slowCompare(A, right, literal)); \
+        if (result) {                                          \
+            LOOP_WITH_GATE                                     \
+        }                                                      \
+    }                                                          \
+    STEP(3);
+
+#define COMPARISON(name)                                                      \
+    COMPARE_INTO(name##RR, name, C, Literal::Neither)                         \
+    COMPARE_INTO(name##RK, name, KC, Literal::Right)                          \
+    COMPARE_JUMP(JumpIf##name##RR, name, B, Literal::Neither, true)           \
+    COMPARE_JUMP(JumpIf##name##RK, name, K[pc->b], Literal::Right, true)      \
+    COMPARE_JUMP(JumpUnless##name##RR, name, B, Literal::Neither, false)      \
+    COMPARE_JUMP(JumpUnless##name##RK, name, K[pc->b], Literal::Right, false) \
+    COMPARE_LOOP(LoopIf##name##RR, name, B, Literal::Neither)                 \
+    COMPARE_LOOP(LoopIf##name##RK, name, K[pc->b], Literal::Right)
 
     try {
         NEXT;
@@ -450,22 +476,16 @@ void Machine::execute() {
             STEP(2);
         }
         STEP(WORD(std::int32_t));
-    L_ForNextOne : {
-        Value& counter = A;
-        const Value& limit = B;
-        if (((counter.tag | limit.tag) & ~Whole) == 0 && counter.as.i != INT32_MAX) [[likely]] {
-            const std::int32_t next = ++counter.as.i;
-            if (next > INT16_MAX) counter.tag = bits(Type::Long);
-            if (next <= limit.as.i) {
-                STEP(WORD(std::int32_t));
-            }
-            STEP(2);
-        }
-        if (slowForNext(counter, limit, (&limit)[1])) {
+    L_ForNextOne:
+        if (countsOn(A, B) ? A.as.i <= B.as.i : slowForNext(A, B, (&B)[1])) {
             STEP(WORD(std::int32_t));
         }
         STEP(2);
-    }
+    L_ForNextOneGate:
+        if (countsOn(A, B) ? A.as.i <= B.as.i : slowForNext(A, B, (&B)[1])) {
+            LOOP_WITH_GATE
+        }
+        STEP(3);
     L_ForNext : {
         Value& counter = A;
         const Value& limit = B;

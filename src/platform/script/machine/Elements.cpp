@@ -13,6 +13,15 @@ namespace {
 
 constexpr std::int64_t LargestBound = 0x7ffffffe;
 
+// Indexes that are objects, as the values of their default members: found out before the array is touched, because
+// code of the script runs for it. `keep` holds the list where it is not the given one.
+std::span<const Value> plainIndexes(Context& context, std::span<const Value> indexes, std::vector<Value>& keep) {
+    const auto isObject = [](const Value& index) { return index.is(Type::Object); };
+    if (std::none_of(indexes.begin(), indexes.end(), isObject)) return indexes;
+    for (const Value& index : indexes) keep.push_back(context.plain(index));
+    return keep;
+}
+
 }  // namespace
 
 std::size_t Machine::elementNumber(const ArrayCell& cell, std::span<const Value> indexes) {
@@ -37,6 +46,8 @@ Value& Machine::element(Value& array, std::span<const Value> indexes) {
 
 // An element, or what the default member of an object gives for the arguments.
 void Machine::index(Value& target, Value& array, std::span<const Value> indexes) {
+    std::vector<Value> keep;
+    if (array.is(Type::Array)) indexes = plainIndexes(*this, indexes, keep);
     if (array.is(Type::Array)) {
         target = Value(array.array()->items[elementNumber(*array.array(), indexes)]);
         return;
@@ -71,12 +82,16 @@ void Machine::putIndex(Value& array, std::span<const Value> indexes, const Value
     if (!array.is(Type::Array)) throw ScriptError(errors::TypeMismatch);
     if (isSet && !assigned.is(Type::Object)) throw ScriptError(errors::ObjectRequired);
     if (!isSet) letValue(assigned, Value(value));
+    std::vector<Value> keep;
+    indexes = plainIndexes(*this, indexes, keep);
     element(array, indexes) = std::move(assigned);
 }
 
 // For an argument or a chain of indexes; what is no array gives a value instead.
 void Machine::referElement(Value& target, Value& array, std::span<const Value> indexes) {
     if (!array.is(Type::Array)) return index(target, array, indexes);
+    std::vector<Value> keep;
+    indexes = plainIndexes(*this, indexes, keep);
     Value* const found = &element(array, indexes);
     target = Value();
     target.tag = bits(Type::Reference);

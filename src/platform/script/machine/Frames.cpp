@@ -7,8 +7,9 @@ namespace tolvan::script {
 
 namespace {
 
-// Loops and calls between two looks at the clock.
+// Loops and calls between two looks at the clock. A call from within an operation takes as long as many of them.
 constexpr int TicksPerLook = 4096;
+constexpr int TicksPerNestedCall = 64;
 
 // Counts one level of calls that take native stack.
 class NestingGuard {
@@ -32,6 +33,8 @@ Value Machine::invoke(const Procedure& procedure, Object* me, std::span<const Va
     if (procedure.parameterCount != arguments.size()) throw ScriptError(errors::ArgumentCount);
     Value* const base = freeRegisters();
     const bool fits = static_cast<std::size_t>(stackEnd_ - base) > arguments.size() + procedure.registerCount;
+    ticks_ -= TicksPerNestedCall;
+    if (ticks_ <= 0) slowTick();
     if (nesting_ == DeepestNesting || depth_ == DeepestCalls || !fits) throw ScriptError(errors::OutOfStack);
     for (std::size_t i = 0; i < arguments.size(); ++i) base[i + 1] = arguments[i];
     loadArguments(procedure, base);

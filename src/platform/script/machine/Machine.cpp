@@ -38,7 +38,6 @@ void Machine::reset() {
     err_ = new ErrObject(names_);
     errValue_ = Value::adopt(err_);
     symbols_ = std::make_unique<SymbolTable>(names_, errValue_);
-    texts_.clear();
     randomSeed = FirstRandomSeed;
     resetting_ = false;
 }

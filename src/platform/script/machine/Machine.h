@@ -149,7 +149,6 @@ class Machine : public Context {
     ErrObject* err_;  // held by errValue_
     Value errValue_;
     std::unique_ptr<SymbolTable> symbols_;
-    std::vector<std::shared_ptr<const Procedure>> texts_;  // of Execute: what they defined may still refer to them
 
     Value* stack_;  // StackSize registers; the pages that are never used are never touched
     Value* stackEnd_;

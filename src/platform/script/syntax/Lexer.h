@@ -30,6 +30,7 @@ class Lexer {
         std::size_t start = 0;      // of the token
         std::uint32_t tokenLine = 1;
         std::uint32_t tokenColumn = 1;
+        bool afterBlank = false;    // blanks stand before the token
     };
 
     void advance();

@@ -108,12 +108,14 @@ void Parser::simpleStatement(Block& into) {
 // Assignments and calls -----------------------------------------------------------------------------------------------
 
 // "f (a), b" gives an argument in parentheses; "f (a) = b" assigns an element; "f (a)" calls with a value. Only what
-// follows the parentheses tells, so the list is read again where the first reading was wrong.
+// follows the parentheses tells, so the list is read again where the first reading was wrong. In a With, "f .a" gives
+// a member of its object.
 Expr* Parser::callTarget(bool& hasArguments) {
     Expr* chain = primary();
     hasArguments = false;
     for (;;) {
         if (token() == Token::Dot) {
+            if (withDepth_ > 0 && lexer_.state().afterBlank) return chain;
             chain = member(chain);
             hasArguments = false;
         } else if (token() == Token::Open) {

@@ -1,0 +1,75 @@
+// Loading modules and building texts: time per line and per byte has to stay the same as they grow.
+
+#include "platform/script/Executor.h"
+
+#include <benchmark/benchmark.h>
+#include <string>
+
+namespace {
+
+namespace script = tolvan::script;
+
+class Gate : public script::HostObject {
+  public:
+    std::string_view typeName() const override { return "ParentForm"; }
+    int findMember(std::string_view) const override { return 0; }
+    script::Value call(int, script::Arguments&) override { return script::Value::boolean(true); }
+    int* gateBudget(int) override { return &budget_; }
+
+  private:
+    int budget_ = 0;
+};
+
+// As the translator lays it out: a poll before every statement, names of ten letters.
+std::string moduleOf(std::int64_t lines) {
+    std::string module = "Sub Main()\r\n";
+    for (std::int64_t line = 0; line < lines; line += 2) {
+        module += "if not parentform.checkforevents then err.raise 1001\r\naaaaaaaaa";
+        module += static_cast<char>('b' + line % 24);
+        module += " = aaaaaaaaac + " + std::to_string(line) + " * 2\r\n";
+    }
+    return module + "End Sub\r\n";
+}
+
+void loadModule(benchmark::State& state) {
+    const std::string module = moduleOf(state.range(0));
+    Gate gate;
+    script::Executor executor;
+    for (auto round : state) {
+        (void)round;
+        executor.addObject("ParentForm", gate);
+        if (!executor.addCode(module)) state.SkipWithError("the module does not load");
+        executor.reset();
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+    state.SetBytesProcessed(state.iterations() * static_cast<std::int64_t>(module.size()));
+}
+BENCHMARK(loadModule)->Arg(1'000)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+void buildText(benchmark::State& state) {
+    script::Executor executor;
+    executor.addCode("Sub build(n)\nFor i = 1 To n\ns = s & \"x\"\nNext\nEnd Sub");
+    const script::Value count = script::Value::longInteger(static_cast<std::int32_t>(state.range(0)));
+    for (auto round : state) {
+        (void)round;
+        if (!executor.run("build", {&count, 1})) state.SkipWithError("the script fails");
+    }
+    state.SetItemsProcessed(state.iterations() * state.range(0));
+}
+BENCHMARK(buildText)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+
+// A run as the console makes it: reset, load, run.
+void shortRun(benchmark::State& state) {
+    const std::string module = moduleOf(1'000);
+    Gate gate;
+    script::Executor executor;
+    for (auto round : state) {
+        (void)round;
+        executor.reset();
+        executor.addObject("ParentForm", gate);
+        if (!executor.addCode(module) || !executor.run("Main")) state.SkipWithError("the script fails");
+    }
+}
+BENCHMARK(shortRun)->Unit(benchmark::kMillisecond);
+
+}  // namespace

@@ -1,0 +1,38 @@
+// The help: topics at the left, what they say at the right, and a button that copies the topic's example.
+#pragma once
+
+#include "shell/help/HelpFile.h"
+
+#include <QWidget>
+
+class QListWidget;
+class QPushButton;
+
+namespace tolvan {
+
+class RichTextView;
+
+class frmHelp : public QWidget {
+    Q_OBJECT
+
+  public:
+    explicit frmHelp(std::vector<HelpTopic> topics);
+
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
+  private:
+    const HelpTopic& current() const;
+    void showCurrent();
+    void copyExample();
+
+    std::vector<HelpTopic> topics_;  // at least one
+    QListWidget* lstTopics_;
+    RichTextView* txtHelp_;
+    QPushButton* cmdCopy_;
+};
+
+// Shows the help of a file, in the one window for it. False if the file cannot be read or holds no help.
+bool showHelp(const QString& file);
+
+}  // namespace tolvan
