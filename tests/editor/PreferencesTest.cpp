@@ -60,6 +60,21 @@ TEST_F(PreferencesTest, RunPreferencesAreOnUntilTheyAreSwitchedOff) {
     EXPECT_TRUE(state.SaveBeforeExecute);
 }
 
+TEST_F(PreferencesTest, AQuoteBringsItsSpanUnlessThatIsSwitchedOff) {
+    preferences->close();
+    toFront();
+    type("\"");
+    EXPECT_EQ(roman(), "#\"#");
+    showAgain();
+    check("chkPairQuotes");
+    click("cmdOK");
+    toFront();
+    press(Qt::Key_A, Qt::ControlModifier);
+    type("\"");
+    EXPECT_EQ(roman(), "\"");
+    EXPECT_EQ(setting("Settings", "PairQuotes"), QStringLiteral("0"));
+}
+
 TEST_F(PreferencesTest, CancellingChangesNothing) {
     check("chkFormatBeforeExecute");
     enterCaption("navin");
