@@ -7,9 +7,11 @@ namespace tolvan {
 
 struct EditorState {
     RunState run;
-    // Preferences, see readRunPreferences.
+    // Preferences, see readPreferences.
     bool SaveBeforeExecute = true;
     bool FormatBeforeExecute = true;
+    bool SuggestWords = true;  // the completion list comes by itself
+    bool PairQuotes = true;    // a quote that is typed brings its partner and its span
     // The application is shutting down: windows close without asking.
     bool Closing = false;
 };

@@ -15,6 +15,7 @@ const QString widthKey = QStringLiteral("EditorWidth");
 const QString heightKey = QStringLiteral("EditorHeight");
 const QString maximizedKey = QStringLiteral("EditorMaximized");
 const QString shareKey = QStringLiteral("EditorRomanPercent");  // of the width, for the left pane
+const QString zoomKey = QStringLiteral("EditorZoom");
 
 int number(const Settings& settings, const QString& key) {
     return settings.GetSetting(section, key).toInt();
@@ -45,6 +46,15 @@ void rememberWindow(Settings& settings, const QWidget& window, const QSplitter& 
     settings.SaveSetting(section, heightKey, QString::number(size.height()));
     settings.SaveSetting(section, maximizedKey, settingText(window.isMaximized()));
     if (whole > 0) settings.SaveSetting(section, shareKey, QString::number(widths.value(0) * 100 / whole));
+}
+
+int rememberedZoom(const Settings& settings) {
+    const int percent = number(settings, zoomKey);
+    return percent > 0 ? percent : 100;
+}
+
+void rememberZoom(Settings& settings, int percent) {
+    settings.SaveSetting(section, zoomKey, QString::number(percent));
 }
 
 }  // namespace tolvan

@@ -1,4 +1,4 @@
-// The size of the editor's window and the place of its splitter, kept in the user's settings.
+// The size of the editor's window, the place of its splitter and the zoom of its panes, kept in the user's settings.
 #pragma once
 
 class QSplitter;
@@ -12,5 +12,9 @@ class Settings;
 // screen.
 void restoreWindow(const Settings& settings, QWidget& window, QSplitter& splitter);
 void rememberWindow(Settings& settings, const QWidget& window, const QSplitter& splitter);
+
+// Percent; 100 where the settings hold nothing.
+int rememberedZoom(const Settings& settings);
+void rememberZoom(Settings& settings, int percent);
 
 }  // namespace tolvan

@@ -10,6 +10,7 @@
 #include "editor/EditorStatusBar.h"
 #include "editor/WindowPlace.h"
 #include "editor/frmFindReplace.h"
+#include "editor/panes/PaneAids.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
 #include "editor/panes/RomanInput.h"
@@ -98,6 +99,11 @@ void frmEditor::connectPanes() {
     auto* const input = new RomanInput(*txtRoman_, *txtProgram_);
     input->setParent(this);
     connect(input, &RomanInput::programChanged, this, &frmEditor::textChanged);
+    aids_ = std::make_unique<PaneAids>(*txtRoman_, *txtProgram_, *input);
+    aids_->zoom().setZoom(rememberedZoom(settings_));
+    connect(&aids_->zoom(), &ZoomTogether::zoomChanged, this,
+            [this](int percent) { rememberZoom(settings_, percent); });
+    applyPreferences();
     connect(txtRoman_, &TextPane::caretMoved, this, [this] { statusBar_->showLine(txtRoman_->currentLine()); });
     connect(txtRoman_, &RomanBox::characterRefused, this,
             [](char32_t character) { ShowMessage(messages::characterRefused(character)); });
@@ -119,6 +125,11 @@ void frmEditor::connectDocument() {
     recoveryTimer_.setInterval(recoveryInterval);
     recoveryTimer_.setSingleShot(true);
     connect(&recoveryTimer_, &QTimer::timeout, this, &frmEditor::keepUnsaved);
+}
+
+void frmEditor::applyPreferences() {
+    aids_->completion().setAutomatic(state_.SuggestWords);
+    aids_->quoteSpans().setEnabled(state_.PairQuotes);
 }
 
 // The name of the file is Latin text.

@@ -22,6 +22,7 @@ namespace tolvan {
 
 class CommandBars;
 class EditorStatusBar;
+class PaneAids;
 class ProgramBox;
 class RomanBox;
 class Settings;
@@ -70,6 +71,9 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
 
     // Takes the console away, with the data file that its program left open. Not while a program runs.
     void unloadConsole();
+
+    // The preferences in the state have changed.
+    void applyPreferences();
 
     // The help command's file; empty: the command is not available.
     void setHelpFile(const QString& path);
@@ -154,6 +158,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     RomanBox* txtRoman_;
     ProgramBox* txtProgram_;
     EditorStatusBar* statusBar_;
+    std::unique_ptr<PaneAids> aids_;
     EditorDocument document_;
     RecentFiles recentFiles_;
     RecoveryFiles recovery_;

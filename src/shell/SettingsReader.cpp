@@ -7,20 +7,27 @@ namespace tolvan {
 namespace {
 
 const QString section = QStringLiteral("Settings");
-const QString saveKey = QStringLiteral("SaveBeforeExecute");
-const QString formatKey = QStringLiteral("FormatBeforeExecute");
+
+const struct {
+    const char* key;
+    bool EditorState::*value;
+} preferences[] = {
+    {"SaveBeforeExecute", &EditorState::SaveBeforeExecute},
+    {"FormatBeforeExecute", &EditorState::FormatBeforeExecute},
+    {"SuggestWords", &EditorState::SuggestWords},
+    {"PairQuotes", &EditorState::PairQuotes},
+};
 
 }  // namespace
 
-void readRunPreferences(const Settings& settings, EditorState& state) {
-    state.SaveBeforeExecute = readSetting(settings.GetSetting(section, saveKey), true);
-    state.FormatBeforeExecute = readSetting(settings.GetSetting(section, formatKey), true);
+void readPreferences(const Settings& settings, EditorState& state) {
+    for (const auto& [key, value] : preferences)
+        state.*value = readSetting(settings.GetSetting(section, QLatin1String(key)), true);
 }
 
-void saveRunPreferences(Settings& settings, bool saveBeforeExecute, bool formatBeforeExecute) {
-    const auto digit = [](bool value) { return QString::number(value ? 1 : 0); };
-    settings.SaveSetting(section, saveKey, digit(saveBeforeExecute));
-    settings.SaveSetting(section, formatKey, digit(formatBeforeExecute));
+void savePreferences(Settings& settings, const EditorState& state) {
+    for (const auto& [key, value] : preferences)
+        settings.SaveSetting(section, QLatin1String(key), QString::number(state.*value ? 1 : 0));
 }
 
 }  // namespace tolvan

@@ -1,4 +1,4 @@
-// Reads the run preferences of the user's settings.
+// Reads and writes the preferences among the user's settings.
 #pragma once
 
 namespace tolvan {
@@ -6,10 +6,10 @@ namespace tolvan {
 struct EditorState;
 class Settings;
 
-// Both are on where the settings say nothing, or nothing that is a yes or a no.
-void readRunPreferences(const Settings& settings, EditorState& state);
+// All are on where the settings say nothing, or nothing that is a yes or a no.
+void readPreferences(const Settings& settings, EditorState& state);
 
 // Written as "1" and "0".
-void saveRunPreferences(Settings& settings, bool saveBeforeExecute, bool formatBeforeExecute);
+void savePreferences(Settings& settings, const EditorState& state);
 
 }  // namespace tolvan

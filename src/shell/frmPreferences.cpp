@@ -22,6 +22,17 @@ namespace {
 
 constexpr std::string_view clearQuestion = "\\f1nu®yac vaprleLya )a#lI—cI yadI pusaycI ka\\f0?"_deva;
 
+const struct {
+    const char* name;
+    std::string_view caption;
+    bool EditorState::*value;
+} checkBoxes[] = {
+    {"chkSaveBeforeExecute", "àayaejn caliv{ya Agaedr saQv"_deva, &EditorState::SaveBeforeExecute},
+    {"chkFormatBeforeExecute", "àayaejn caliv{ya Agaedr sjv"_deva, &EditorState::FormatBeforeExecute},
+    {"chkSuggestWords", "zBd sucv"_deva, &EditorState::SuggestWords},
+    {"chkPairQuotes", "Avtr[ icNha<cI jaefI ilhI"_deva, &EditorState::PairQuotes},
+};
+
 template <class Control>
 Control* addDevanagari(std::string_view caption, const char* name, QLayout& layout) {
     auto* control = new Control(look::captionText(caption));
@@ -50,9 +61,6 @@ frmPreferences::frmPreferences(frmEditor& editor) : FramedDialog("tolvn beisk in
     tabs->addTab(programPage(), look::captionText("àayaejnabÎl"_deva));
     body().addWidget(tabs, 1);
     addButtons();
-    const EditorState& state = editor_.state();
-    chkSaveBeforeExecute_->setChecked(state.SaveBeforeExecute);
-    chkFormatBeforeExecute_->setChecked(state.FormatBeforeExecute);
     txtCaption_->setText(toQString(editor_.document().caption()));
     appliedCaption_ = txtCaption_->text();
 }
@@ -60,10 +68,10 @@ frmPreferences::frmPreferences(frmEditor& editor) : FramedDialog("tolvn beisk in
 QWidget* frmPreferences::runPage() {
     auto* page = new QWidget;
     QVBoxLayout& layout = *addPageLayout(page);
-    chkSaveBeforeExecute_ =
-        addDevanagari<QCheckBox>("àayaejn caliv{ya Agaedr saQv"_deva, "chkSaveBeforeExecute", layout);
-    chkFormatBeforeExecute_ =
-        addDevanagari<QCheckBox>("àayaejn caliv{ya Agaedr sjv"_deva, "chkFormatBeforeExecute", layout);
+    for (const auto& [name, caption, value] : checkBoxes) {
+        boxes_ += addDevanagari<QCheckBox>(caption, name, layout);
+        boxes_.last()->setChecked(editor_.state().*value);
+    }
     layout.addStretch();
     auto* clear = addDevanagari<QPushButton>("nu®ya )a$il<cI yadI pus"_deva, "cmdClearMRU", layout);
     clear->setAutoDefault(false);
@@ -98,9 +106,12 @@ void frmPreferences::addButtons() {
 }
 
 void frmPreferences::apply() {
-    saveRunPreferences(editor_.settings(), chkSaveBeforeExecute_->isChecked(), chkFormatBeforeExecute_->isChecked());
+    EditorState& state = editor_.state();
+    for (qsizetype i = 0; i < boxes_.size(); ++i) state.*checkBoxes[i].value = boxes_[i]->isChecked();
+    savePreferences(editor_.settings(), state);
     applyCaption();
-    readRunPreferences(editor_.settings(), editor_.state());
+    readPreferences(editor_.settings(), state);
+    editor_.applyPreferences();
 }
 
 // A caption that the box cannot show as it is stays unless the user has changed it.

@@ -30,8 +30,7 @@ class frmPreferences : public FramedDialog {
     void cmdClearMRU();
 
     frmEditor& editor_;
-    QCheckBox* chkSaveBeforeExecute_ = nullptr;
-    QCheckBox* chkFormatBeforeExecute_ = nullptr;
+    QList<QCheckBox*> boxes_;  // in the order of their table
     QLineEdit* txtCaption_ = nullptr;
     QString appliedCaption_;
 };

@@ -50,7 +50,7 @@ void mdlMain::Main(const std::vector<std::string>& arguments) {
         frmSplash splash;
         splash.show();
         splash.repaint();
-        readRunPreferences(settings_, state_);
+        readPreferences(settings_, state_);
         if (!hasRequiredFonts(screenFontList())) {
             showFontsRequired();
             return QApplication::exit(EXIT_FAILURE);

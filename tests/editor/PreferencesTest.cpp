@@ -16,7 +16,7 @@ namespace {
 class PreferencesTest : public EditorTest {
   protected:
     PreferencesTest() {
-        readRunPreferences(settings, state);
+        readPreferences(settings, state);
         showAgain();
     }
     void showAgain() {
@@ -58,6 +58,21 @@ TEST_F(PreferencesTest, RunPreferencesAreOnUntilTheyAreSwitchedOff) {
     EXPECT_FALSE(preferences->isVisible());
     EXPECT_EQ(setting("Settings", "SaveBeforeExecute"), QStringLiteral("1"));
     EXPECT_TRUE(state.SaveBeforeExecute);
+}
+
+TEST_F(PreferencesTest, AQuoteBringsItsSpanUnlessThatIsSwitchedOff) {
+    preferences->close();
+    toFront();
+    type("\"");
+    EXPECT_EQ(roman(), "#\"#");
+    showAgain();
+    check("chkPairQuotes");
+    click("cmdOK");
+    toFront();
+    press(Qt::Key_A, Qt::ControlModifier);
+    type("\"");
+    EXPECT_EQ(roman(), "\"");
+    EXPECT_EQ(setting("Settings", "PairQuotes"), QStringLiteral("0"));
 }
 
 TEST_F(PreferencesTest, CancellingChangesNothing) {
@@ -127,7 +142,7 @@ TEST(Settings, AnUnreadableFileGivesTheDefaults) {
     file.close();
     const Settings settings(file.fileName());
     EditorState state{.run = {}, .SaveBeforeExecute = false, .FormatBeforeExecute = false};
-    readRunPreferences(settings, state);
+    readPreferences(settings, state);
     EXPECT_TRUE(state.SaveBeforeExecute && state.FormatBeforeExecute);
 }
 
