@@ -22,11 +22,21 @@ own                                                 '> own goes on
 PrintString "own " & Err.Number                     '> own 9
 PrintString inner(0)
 PrintString Err.Number                              '> 11
+If 1 = 2 And 1 / 0 = 1 Then
+PrintString "after And"                             '> after And
+End If
+If 1 = 1 Or q.x = 1 Then
+PrintString "after Or"                              '> after Or
+End If
+For i = 1 To "x"
+PrintString "in For"                                '> in For
+Next
+PrintString Err.Number                              '> 92
 On Error GoTo 0
 PrintString Err.Number                              '> 0
 y = "abc" + 1
 PrintString "not reached"
-'> error 13 line 27
+'> error 13 line 37
 End Sub
 Sub fails
 PrintString "fails"

@@ -383,10 +383,12 @@ bool ProcedureCompiler::isTruthValue(const Expr& expression) {
 }
 
 // "a And b", "a Or b" of truth values: decided by the first one that can. The others have to be evaluated all the same,
-// for their errors and calls; that is done out of the way.
+// for their errors and calls; that is done out of the way, and so only where no error is survived: the statement after
+// one out of the way is not the next in the text.
 bool ProcedureCompiler::allOrAny(const Expr& expression, Label& target, bool jumpWhen) {
     if (expression.kind != ExprKind::Binary || (expression.op != Token::And && expression.op != Token::Or))
         return false;
+    if (scope_.handlesErrors) return false;
     const bool decides = expression.op == Token::Or;  // the value of one part that is the value of all
     std::vector<const Expr*> parts;
     const Expr* chain = &expression;

@@ -109,9 +109,10 @@ void Machine::checkClock() {
     if (timeout >= 0 && std::chrono::steady_clock::now() >= deadline_) throw ScriptError(errors::TimedOut);
 }
 
+// When the time is over every further tick finds it so: Class_Terminate swallows errors.
 void Machine::slowTick() {
-    ticks_ = TicksPerLook;
     checkClock();
+    ticks_ = TicksPerLook;
 }
 
 void Machine::setOnError(bool resumeNext) {
