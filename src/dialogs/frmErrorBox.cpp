@@ -5,10 +5,12 @@
 
 #include <QPushButton>
 
+#include <utility>
+
 namespace tolvan {
 
 std::string errorMessage(std::int32_t number, int errorLine) {
-    if (const auto known = findMessage(number)) return std::string(*known);
+    if (auto known = messageFragment(number)) return *std::move(known);
     std::string message("\\f1tolvn beiskla Aae¦ "_deva);
     return message.append(std::to_string(errorLine)).append(" Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva);
 }

@@ -113,7 +113,7 @@ std::string makeExeFailureText(int number, int scriptLine) {
         return std::string("\\f1tolvn beiskla Aae¦ "_deva)
             .append(std::to_string(scriptLine))
             .append(" Cya vaKyrcne mxe gfbf AaF¦lI Aahe\\f0."_deva);
-    return std::string(notMade).append(findMessage(number).value_or(std::string_view()));
+    return std::string(notMade).append(messageFragment(number).value_or(std::string()));
 }
 
 }  // namespace tolvan

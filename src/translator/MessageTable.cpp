@@ -96,4 +96,15 @@ std::optional<std::string_view> findMessage(std::int32_t number) {
     return found->text;
 }
 
+std::optional<std::string> messageFragment(std::int32_t number) {
+    const std::optional<std::string_view> message = findMessage(number);
+    if (!message) return std::nullopt;
+    std::string fragment;
+    for (const char c : *message) {
+        if (c == '{' || c == '}') fragment += '\\';
+        fragment += c;
+    }
+    return fragment;
+}
+
 }  // namespace tolvan

@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <optional>
 #include <span>
+#include <string>
 #include <string_view>
 
 namespace tolvan {
@@ -19,5 +20,9 @@ std::span<const Message> messageTable();
 
 // Nothing for a number without a message: the caller shows the number itself.
 std::optional<std::string_view> findMessage(std::int32_t number);
+
+// The same as a fragment that a rich-text document can hold: a brace is a letter in these messages, or a mark that is
+// spoken of, and never a group.
+std::optional<std::string> messageFragment(std::int32_t number);
 
 }  // namespace tolvan

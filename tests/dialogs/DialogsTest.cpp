@@ -152,6 +152,9 @@ TEST(ShowError, TellsTheTablesTextOrTheLine) {
         std::string_view message;
     } cases[] = {
         {11, 7, "zuNyne -gakar tolvn beiskla krta yet nahI"_deva},
+        {75, 7, ")a#lzI s<pkR sax{yat gfbf"_deva},  // with a brace, which is a letter here
+        {1008, 7, "yewe { Aapei]t Aahe"_deva},
+        {1009, 7, "yewe } Aapei]t Aahe"_deva},
         {12, 7, "tolvn beiskla Aae¦ 7 Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva},
         {12, 0, "tolvn beiskla Aae¦ 0 Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva},
         {-2147483647 - 1, -1, "tolvn beiskla Aae¦ -1 Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva},
