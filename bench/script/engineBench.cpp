@@ -46,17 +46,30 @@ void loadModule(benchmark::State& state) {
 }
 BENCHMARK(loadModule)->Arg(1'000)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 
-void buildText(benchmark::State& state) {
+// In a variable of the procedure, of the module, and of the caller.
+void buildText(benchmark::State& state, const char* name) {
     script::Executor executor;
-    executor.addCode("Sub build(n)\nFor i = 1 To n\ns = s & \"x\"\nNext\nEnd Sub");
+    executor.addCode(
+        "Sub own(n)\nFor i = 1 To n\ns = s & \"x\"\nNext\nEnd Sub\n"
+        "Dim text\nSub outside(n)\ntext = \"\"\nFor i = 1 To n\ntext = text & \"x\" & i\nNext\nEnd Sub\n"
+        "Sub callers(n)\nFor i = 1 To n\ngrow s, i\nNext\nEnd Sub\n"
+        "Sub grow(t, i)\nt = t & CStr(i)\nEnd Sub");
     const script::Value count = script::Value::longInteger(static_cast<std::int32_t>(state.range(0)));
     for (auto round : state) {
         (void)round;
-        if (!executor.run("build", {&count, 1})) state.SkipWithError("the script fails");
+        if (!executor.run(name, {&count, 1})) state.SkipWithError("the script fails");
     }
     state.SetItemsProcessed(state.iterations() * state.range(0));
 }
-BENCHMARK(buildText)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(buildText, own, "own")->RangeMultiplier(10)->Range(10'000, 1'000'000)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(buildText, outside, "outside")
+    ->RangeMultiplier(10)
+    ->Range(10'000, 1'000'000)
+    ->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(buildText, callers, "callers")
+    ->RangeMultiplier(10)
+    ->Range(10'000, 1'000'000)
+    ->Unit(benchmark::kMillisecond);
 
 // A run as the console makes it: reset, load, run.
 void shortRun(benchmark::State& state) {

@@ -1,5 +1,7 @@
 #include "platform/script/compiler/ProcedureCompiler.h"
 
+#include <algorithm>
+
 namespace tolvan::script {
 
 namespace {
@@ -63,6 +65,7 @@ void ProcedureCompiler::assignName(const AssignStmt& statement) {
     const Temporaries temporaries(code_);
     const NameId name = statement.target->name;
     const Binding binding = bind(name);
+    if (binding.isVariable() && !statement.isSet && append(statement, binding)) return;
     if (binding.kind == Binding::Kind::Register && !statement.isSet) return assignRegister(statement, binding.index);
     if (binding.kind == Binding::Kind::HostMember) return assignHost(binding.symbol->member, statement, {});
     if (binding.kind == Binding::Kind::Method) return putOwnMember(name, statement, {});
@@ -73,7 +76,6 @@ void ProcedureCompiler::assignName(const AssignStmt& statement) {
 
 void ProcedureCompiler::assignRegister(const AssignStmt& statement, std::uint32_t reg) {
     const Expr& value = *statement.value;
-    if (appendToRegister(statement, reg)) return;
     Value literal;
     if (isPlain(value) && !(value.kind == ExprKind::Literal && !literalOf(value, literal))) return into(value, reg);
     if (value.kind == ExprKind::Name) {
@@ -90,27 +92,56 @@ void ProcedureCompiler::assignRegister(const AssignStmt& statement, std::uint32_
     code_.emit(Op::LetTake, reg, temporary);
 }
 
-// "s = s & a & b" appends a, then b, instead of copying s for each of them. Not where an error in b could be survived,
-// or b could see the half of it.
-bool ProcedureCompiler::appendToRegister(const AssignStmt& statement, std::uint32_t reg) {
-    if (scope_.handlesErrors || scope_.runsText) return false;
+// Whether evaluating it calls nothing but built-in functions and leaves the variable out.
+bool ProcedureCompiler::isQuiet(const Expr& expression, NameId variable) {
+    switch (expression.kind) {
+        case ExprKind::Literal:
+        case ExprKind::Missing:
+            return true;
+        case ExprKind::Name: {
+            const Binding binding = bind(expression.name);
+            return expression.name != variable && (binding.isVariable() || binding.kind == Binding::Kind::Constant);
+        }
+        case ExprKind::Group:
+        case ExprKind::Unary:
+            return isQuiet(*expression.left, variable);
+        case ExprKind::Binary:
+            return isQuiet(*expression.left, variable) && isQuiet(*expression.right, variable);
+        case ExprKind::Call: {
+            if (expression.left->kind != ExprKind::Name || expression.left->name == variable) return false;
+            const Binding callee = bind(expression.left->name, Use::Callee);
+            if (!callee.isVariable() && callee.kind != Binding::Kind::Builtin) return false;
+            const auto quiet = [&](const Expr* argument) { return isQuiet(*argument, variable); };
+            return std::all_of(expression.arguments.begin(), expression.arguments.end(), quiet);
+        }
+        default:
+            return false;
+    }
+}
+
+// "s = s & a & b" appends a, then b, to s where it is, instead of copying s. Not where anything could see the half of
+// it: code that runs meanwhile, or what comes after an error in b. For one part and a register that is what the
+// operation does by itself.
+bool ProcedureCompiler::append(const AssignStmt& statement, const Binding& binding) {
     const NameId name = statement.target->name;
     std::vector<const Expr*> parts;
     const Expr* chain = statement.value;
-    while (chain->kind == ExprKind::Binary && chain->op == Token::Concatenate) {
-        parts.push_back(chain->right);
-        chain = chain->left;
-    }
-    if (parts.size() < 2 || chain->kind != ExprKind::Name || chain->name != name) return false;
-    const auto isSimple = [&](const Expr* part) {
-        if (part->kind == ExprKind::Literal) return true;
-        return part->kind == ExprKind::Name && part->name != name && bind(part->name).kind == Binding::Kind::Register;
-    };
+    for (; chain->kind == ExprKind::Binary && chain->op == Token::Concatenate; chain = chain->left)
+        parts.insert(parts.begin(), chain->right);
+    if (parts.empty() || chain->kind != ExprKind::Name || chain->name != name) return false;
+    const bool isRegister = binding.kind == Binding::Kind::Register;
+    if (isRegister && parts.size() == 1) return false;
+    if (scope_.runsText || module_.hasClasses || (scope_.handlesErrors && parts.size() > 1)) return false;
     for (const Expr* part : parts)
-        if (!isSimple(part)) return false;
-    for (auto part = parts.rbegin(); part != parts.rend(); ++part) {
-        const Operand right = operand(**part);
-        code_.emit(right.isConstant ? Op::ConcatenateRK : Op::ConcatenateRR, reg, reg, right.index);
+        if (!isQuiet(*part, name)) return false;
+    std::vector<Operand> tails;
+    for (const Expr* part : parts) tails.push_back(operand(*part));
+    const std::uint32_t variable = place(binding);
+    for (const Operand& tail : tails) {
+        if (isRegister)
+            code_.emit(tail.isConstant ? Op::ConcatenateRK : Op::ConcatenateRR, variable, variable, tail.index);
+        else
+            code_.emit(Op::Append, variable, inRegister(tail));
     }
     return true;
 }

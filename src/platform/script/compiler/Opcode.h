@@ -59,6 +59,7 @@ namespace tolvan::script {
     X(ReferElement)         /* R[a] = reference to the element R[c..] of the array R[b]; its value if R[b] is none; + count */ \
     X(PinArray)             /* R[a] = pin on the array R[b], if it is one */ \
     X(AddInteger)           /* R[a] = R[b] + c, c an Integer */ \
+    X(Append)               /* the variable that R[a] refers to = itself & R[b] */ \
     X(Negate)               /* R[a] = -R[b] */ \
     X(Plus)                 /* R[a] = the number that R[b] is */ \
     X(Not)                  /* R[a] = Not R[b] */ \

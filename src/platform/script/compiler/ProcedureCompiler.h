@@ -124,7 +124,8 @@ class ProcedureCompiler {
     // Assignments.
     void assign(const AssignStmt& statement);
     void assignRegister(const AssignStmt& statement, std::uint32_t reg);
-    bool appendToRegister(const AssignStmt& statement, std::uint32_t reg);
+    bool append(const AssignStmt& statement, const Binding& binding);
+    bool isQuiet(const Expr& expression, NameId variable);
     void assignName(const AssignStmt& statement);
     void assignMember(const AssignStmt& statement, const Expr& member, std::span<Expr* const> arguments);
     void assignElement(const AssignStmt& statement);

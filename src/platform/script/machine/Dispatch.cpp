@@ -401,6 +401,9 @@ void Machine::execute() {
     L_ConcatenateRK:
         slowConcatenate(A, B, KC);
         STEP(1);
+    L_Append:
+        slowConcatenate(followed(A), followed(A), B);
+        STEP(1);
     L_AddInteger : {
         const Value& left = B;
         const auto right = static_cast<std::int16_t>(pc->c);
