@@ -93,7 +93,9 @@ bool EditorDocument::OpenRecent(const QString& path) {
 
 bool EditorDocument::OpenFile(const QString& path) {
     if (!path.trimmed().isEmpty()) return load(path);
-    const QString chosen = askOpenFile(programFileRequest(QStringLiteral("Open Tolvan Program...")));
+    FileRequest request = programFileRequest(QStringLiteral("Open Tolvan Program..."));
+    if (!openFolder_.isEmpty()) request.folder = openFolder_;
+    const QString chosen = askOpenFile(request);
     return !chosen.isEmpty() && load(chosen);
 }
 

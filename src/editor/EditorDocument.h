@@ -63,6 +63,8 @@ class EditorDocument : public QObject {
     bool FileNew();
     bool FileOpen();
     bool OpenFile(const QString& path);
+    // Where the question for a path begins; at first in startFolder().
+    void setOpenFolder(const QString& folder) { openFolder_ = folder; }
     bool OpenRecent(const QString& path);
     bool FileSave();
     bool FileSaveAs();
@@ -95,6 +97,7 @@ class EditorDocument : public QObject {
 
     DocumentText& text_;
     std::string& caption_;
+    QString openFolder_;
     QString path_;
     QString title_;
     QByteArray fingerprint_;

@@ -1,6 +1,7 @@
 #include "editor/FileDialogs.h"
 
 #include <QApplication>
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QPointer>
@@ -56,6 +57,15 @@ QString startFolder() {
     const QString application = QCoreApplication::applicationDirPath();
     if (QFileInfo(application).isWritable()) return application;
     return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+}
+
+QString examplesFolder() {
+    const QDir application(QCoreApplication::applicationDirPath());
+    for (const char* place : {"../../share/tolbasic/examples", "../../../examples"}) {
+        const QDir folder(application.filePath(QLatin1String(place)));
+        if (folder.exists()) return folder.canonicalPath();
+    }
+    return {};
 }
 
 QString FileAnswers::askOpenFile(const FileRequest& request) {

@@ -22,6 +22,10 @@ QString askSaveFile(const FileRequest& request);
 // Where a file dialog begins: the application's folder; where a user cannot write, the one for documents.
 QString startFolder();
 
+// Where a user who has no programs yet finds some: the examples, installed or in the source tree. Empty if there are
+// none.
+QString examplesFolder();
+
 // What answers those calls: the dialogs, unless a test puts something else in their place.
 class FileAnswers {
   public:

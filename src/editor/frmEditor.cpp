@@ -8,6 +8,7 @@
 #include "editor/Commands.h"
 #include "editor/DocumentMessages.h"
 #include "editor/EditorStatusBar.h"
+#include "editor/FileDialogs.h"
 #include "editor/WindowPlace.h"
 #include "editor/frmFindReplace.h"
 #include "editor/panes/PaneAids.h"
@@ -220,6 +221,7 @@ bool frmEditor::OpenFile(const QString& path) {
 void frmEditor::MruManage(const QString& path) {
     recentFiles_.add(path);
     bars_->showRecentFiles(recentFiles_);
+    document_.setOpenFolder(recentFiles_.path(1).isEmpty() ? examplesFolder() : QString());
 }
 
 void frmEditor::FileNew() {

@@ -247,6 +247,15 @@ TEST_F(DocumentTest, DroppedFilesAndTexts) {
     EXPECT_EQ(title(), QStringLiteral("PROG.TVP*"));
 }
 
+TEST_F(DocumentTest, TheFirstProgramIsLookedForAmongTheExamples) {
+    writeFile("a.tvp", "\r\nx");
+    user.files = {path("a.tvp"), QString()};
+    editor->FileOpen();
+    EXPECT_TRUE(QFile::exists(user.asked.back().folder + QStringLiteral("/namaskar.tvp")));
+    editor->FileOpen();
+    EXPECT_EQ(user.asked.back().folder, startFolder());
+}
+
 TEST_F(DocumentTest, TheRecentFilesAreKeptAcrossStarts) {
     for (const char* name : {"a.tvp", "b.tvp", "c.tvp", "d.tvp", "e.tvp"}) writeFile(name, "\r\nx");
     const auto shown = [this] {

@@ -170,6 +170,9 @@ TEST(Operators, UnaryMinus) {
 TEST(Operators, Joining) {
     expectAll({
         {"1 & 2", "String 12"},
+        {"\"a\"&1", "String a1"},
+        {"(2)&17&\"\"", "String 217"},
+        {"Hex(255)&Hex(16)", "String FF10"},
         {"\"a\" & Null", "String a"},
         {"Null & \"a\"", "String a"},
         {"Null & 5", "String 5"},

@@ -127,13 +127,21 @@ void Lexer::advance() {
         case '[':
             return bracketedName();
         case '&':
-            if (peek(1) == 'h' || peek(1) == 'H' || peek(1) == 'o' || peek(1) == 'O' || isDigit(peek(1)))
+            if (!isBehindOperand() &&
+                (peek(1) == 'h' || peek(1) == 'H' || peek(1) == 'o' || peek(1) == 'O' || isDigit(peek(1))))
                 return hexOrOctal();
             break;
         default:
             break;
     }
     sign();
+}
+
+// An "&" there joins, as in "a"&1 or name&hour, and begins no number. Behind a name and a blank it may begin the first
+// argument of a call.
+bool Lexer::isBehindOperand() const {
+    return state_.token == Token::Literal || state_.token == Token::Close ||
+           (state_.token == Token::Name && !state_.afterBlank);
 }
 
 void Lexer::word() {

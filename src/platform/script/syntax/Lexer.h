@@ -30,7 +30,7 @@ class Lexer {
         std::size_t start = 0;      // of the token
         std::uint32_t tokenLine = 1;
         std::uint32_t tokenColumn = 1;
-        bool afterBlank = false;    // blanks stand before the token
+        bool afterBlank = false;  // blanks stand before the token
     };
 
     void advance();
@@ -57,6 +57,7 @@ class Lexer {
     bool atLineEnd(std::size_t ahead) const;
     void takeLineEnd();
     void endLine();
+    bool isBehindOperand() const;
     void word();
     void bracketedName();
     void sign();
