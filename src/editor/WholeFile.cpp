@@ -16,7 +16,8 @@ std::optional<QByteArray> readWholeFile(const QString& path) {
 
 bool replaceFile(const QString& path, const QByteArray& content) {
     QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.commit();
+    // commit() does not notice that what was still buffered found no room; flush() does.
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() && file.commit();
 }
 
 }  // namespace tolvan

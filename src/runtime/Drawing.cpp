@@ -23,7 +23,8 @@ FillStyle styleOf(ConsoleOperations::Fill fill) {
 bool writePicture(const QImage& picture, const QString& path) {
     QSaveFile file(path);
     if (!file.open(QIODevice::WriteOnly)) return false;
-    return QImageWriter(&file, "png").write(picture) && file.commit();
+    // commit() does not notice that what was still buffered found no room; flush() does.
+    return QImageWriter(&file, "png").write(picture) && file.flush() && file.commit();
 }
 
 }  // namespace
