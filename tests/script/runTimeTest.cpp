@@ -118,8 +118,11 @@ TEST(Reset, GivesBackAllMemoryOfARun) {
         executor.reset();
         ASSERT_EQ(executor.memoryUsed(), 0U);
         EXPECT_FALSE(executor.hasProcedure("Main"));
-        EXPECT_EQ(outcome(executor, console, "Option Explicit\nx = kept"), "more\nerror 500 line 2\n");
+        EXPECT_EQ(outcome(executor, console,
+                          "Option Explicit\nFunction Main\nMain = \"half\" & \" a result\"\nx = kept\nEnd Function"),
+                  "more\nerror 500 line 4\n");
         executor.reset();
+        ASSERT_EQ(executor.memoryUsed(), 0U);
     }
 }
 
