@@ -22,6 +22,7 @@ TEST(RunTimeErrors, HaveTheirNumberAndTheLineOfTheStatement) {
         {"x = \"abc\"\nIf x > 5 Then y = 1", "error 13 line 2\n"},
         {"For i = 1 To \"x\"\nNext", "error 13 line 1\n"},
         {"For Each x In 5\nNext", "error 451 line 1\n"},
+        {"Dim a()\nFor Each x In a\nNext", "error 92 line 2\n"},
         {"x = CLng(Null)", "error 94 line 1\n"},
         {"Set x = 1", "error 424 line 1\n"},
         {"Set x = Nothing\nx.y", "error 91 line 2\n"},

@@ -165,7 +165,7 @@ void Lexer::bracketedName() {
     ++state_.next;
     const std::size_t first = state_.next;
     while (!atLineEnd(0) && peek() != ']') ++state_.next;
-    if (atLineEnd(0)) fail(Syntax::InvalidCharacter);
+    if (atLineEnd(0)) fail(Syntax::ExpectedCloseBracket);
     const std::string_view spelled = source_.substr(first, state_.next - first);
     ++state_.next;
     if (spelled.empty()) fail(Syntax::ExpectedIdentifier);
