@@ -53,6 +53,7 @@ class Writer {
         // Otherwise the first error would be the end of most modules.
         if (choose(4) != 0) put("On Error Resume Next");
         if (choose(2) != 0) scriptClass();
+        if (choose(4) == 0) put("Const less = -1.5, more = \"text\"");
         while (text_.size() < length) {
             switch (choose(8)) {
                 case 0:
@@ -88,7 +89,10 @@ class Writer {
     std::string one(std::initializer_list<const char*> words) {
         return *(words.begin() + choose(static_cast<unsigned>(words.size())));
     }
-    std::string name() { return one({"a", "b", "c", "d", "arr", "obj", "f", "g", "h", "i", "x"}); }
+    std::string name() {
+        if (inClass_ && choose(4) == 0) return one({"hidden", "m", "p", "arr", "value"});
+        return one({"a", "b", "c", "d", "arr", "obj", "f", "g", "h", "i", "x", "width", "ask", "less", "K"});
+    }
     std::string member() { return one({"p", "m", "arr", "value", "gate", "show", "Number", "nothing"}); }
     std::string operation() {
         return one({" + ", " - ", " * ",  " / ",  " \\ ",  " Mod ", " ^ ",   " & ",   " = ",   " <> ",
@@ -106,7 +110,7 @@ class Writer {
     }
     std::string expression(int depth) {
         if (depth > Deepest) return choose(2) == 0 ? name() : literal();
-        switch (choose(14)) {
+        switch (choose(15)) {
             case 0:
             case 1:
                 return literal();
@@ -131,7 +135,10 @@ class Writer {
             case 10:
                 return "GetRef(\"f\")";
             case 11:
-                return "host." + member();
+                return (inClass_ ? "Me." : "host.") + member();
+            case 12:
+                return name() + one({" < 2", " = b", " <> 1.5", ""}) + one({" And ", " Or "}) + one({"Not ", ""}) +
+                       expression(depth + 1) + one({" > 1", " = \"a\"", ""});
             default:
                 return name();
         }
@@ -242,7 +249,7 @@ class Writer {
     }
     void scriptClass() {
         if (hasClass_) return;
-        hasClass_ = true;
+        hasClass_ = inClass_ = true;
         put("Class K\nPublic p, arr(2)\nPrivate hidden");
         put("Public Default Property Get value\nvalue = " + expression(0) + "\nEnd Property");
         put("Public Property Let value(v)\nhidden = v");
@@ -258,6 +265,7 @@ class Writer {
             put("End Sub");
         }
         put("End Class");
+        inClass_ = false;
     }
 
     const std::uint8_t* data_;
@@ -266,6 +274,7 @@ class Writer {
     std::minstd_rand random_;
     std::string text_;
     bool hasClass_ = false;
+    bool inClass_ = false;
     static constexpr const char* ProcedureNames[] = {"f", "g", "h"};
     std::size_t procedures_ = 0;
     static constexpr const char* OutsideExit = "c = c + 1";

@@ -322,6 +322,7 @@ TEST(Formats, Numbers) {
         {"FormatCurrency(-1234.5)", "String ($1,234.50)"},
         {"FormatCurrency(-0.5, 2, 0, 0)", "String -$.50"},
         {"FormatPercent(0.5)", "String 50.00%"},
+        {"FormatPercent(0)", "String 0.00%"},
         {"FormatPercent(1.005, 1)", "String 100.5%"},
         {"FormatPercent(-12.345, 0)", "String -1,235%"},
         {"FormatPercent(-0.05, 0, -1, -1)", "String (5%)"},
