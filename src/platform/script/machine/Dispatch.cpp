@@ -172,10 +172,6 @@ inline bool isSimple(const Value& value) {
     return (value.tag & Value::HeapTypes) == 0;
 }
 
-inline Value& followed(Value& value) {
-    return value.tag == bits(Type::Reference) ? *value.as.ref : value;
-}
-
 // The element where array and index are of the most frequent kind, or null.
 inline Value* quickElement(Value& array, const Value& index) {
     if (array.tag != bits(Type::Array) || (index.tag & ~Whole) != 0) return nullptr;
@@ -377,6 +373,9 @@ void Machine::execute() {
         STEP(1);
     L_ReferElement:
         referElement(A, followed(B), LIST(C));
+        STEP(2);
+    L_FindVariable:
+        findVariable(A, WORD(LateUse));
         STEP(2);
     L_PinArray:
         pinArray(A, followed(B));
@@ -608,6 +607,11 @@ void Machine::execute() {
         callValue(&A, pc->b, true);
         REFRESH;
         NEXT;
+    L_CallLate:
+        frame->pc = pc + 2;
+        callLate(C, WORD(LateUse), &A, pc->b);
+        REFRESH;
+        NEXT;
     L_PutHost:
         putHost(*WORD(const HostMember*), &A, pc->b);
         STEP(2);
@@ -619,6 +623,9 @@ void Machine::execute() {
         STEP(1);
     L_NewObject:
         newObject(A, *WORD(ScriptClass*));
+        STEP(2);
+    L_NewLate:
+        newLate(A, static_cast<NameId>(WORD(std::uint64_t)));
         STEP(2);
     L_OnError:
         setOnError(pc->a != 0);
