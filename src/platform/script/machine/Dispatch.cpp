@@ -9,7 +9,7 @@
 
 namespace tolvan::script {
 
-using namespace quick;  // NOLINT(google-build-using-namespace): named in macros
+using namespace quick;
 
 void Machine::execute() {
     static const void* const labels[] = {
