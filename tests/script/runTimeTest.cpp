@@ -132,16 +132,18 @@ TEST(Reset, GivesBackAllMemoryOfARun) {
 }
 
 TEST(Timeout, EndsARunThatTakesTooLong) {
-    for (const char* body : {"Do\nLoop", "While True\nWend", "For i = 1 To 2 Step 0\nNext", "Do\nx = f(1)\nLoop",
-                             "fib 50", "Do\nif not checkforevents then err.raise 1001\nLoop",
-                             "On Error Resume Next\nDo\nx = 1\nLoop", "On Error Resume Next\nDo\nx = y.z\nLoop",
-                             "On Error Resume Next\nDo\nSet o = New Waits\nLoop", "Do\nExecute \"x = 1\"\nLoop"}) {
+    for (const char* body :
+         {"Do\nLoop", "While True\nWend", "For i = 1 To 2 Step 0\nNext", "Do\nx = f(1)\nLoop", "fib 50",
+          "Do\nif not checkforevents then err.raise 1001\nLoop", "On Error Resume Next\nDo\nx = 1\nLoop",
+          "On Error Resume Next\nDo\nx = y.z\nLoop", "On Error Resume Next\nDo\nSet o = New Waits\nLoop",
+          "Set o = New Waits\no.forks", "Do\nExecute \"x = 1\"\nLoop"}) {
         Executor executor;
         executor.setTimeout(30);
         ScriptConsole console;
         const std::string module = std::string("Sub Main\n") + body +
                                    "\nEnd Sub\nFunction f(x)\nf = x\nEnd Function\n"
-                                   "Class Waits\nSub Class_Terminate\nFor k = 1 To 100 : Next\nEnd Sub\nEnd Class\n"
+                                   "Class Waits\nSub Class_Terminate\nFor k = 1 To 100 : Next\nEnd Sub\n"
+                                   "Sub forks\nOn Error Resume Next\nforks\nforks\nEnd Sub\nEnd Class\n"
                                    "Sub fib(n)\nIf n > 1 Then\nfib n - 1\nfib n - 2\nEnd If\nEnd Sub";
         EXPECT_THAT(outcome(executor, console, module), testing::StartsWith("error 113 line ")) << body;
         executor.reset();
