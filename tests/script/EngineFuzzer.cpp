@@ -296,7 +296,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     Console console;
     // One for all modules: each has to leave it as new.
     static script::Executor executor;
-    executor.setTimeout(100);
+    executor.setTimeout(10);
     executor.setMemoryLimit(std::size_t{8} << 20);
     executor.addObject("host", console, script::Executor::Members::AlsoGlobal);
     if (executor.addCode(module)) {

@@ -31,7 +31,6 @@ enum class Syntax : int {
     ExpectedStatement = 1024,
     ExpectedEndOfStatement = 1025,
     ExpectedInteger = 1026,
-    ExpectedWhileOrUntil = 1027,
     ExpectedWhileUntilOrEnd = 1028,
     ExpectedWith = 1029,
     IdentifierTooLong = 1030,
