@@ -132,11 +132,12 @@ TEST(Reset, GivesBackAllMemoryOfARun) {
 }
 
 TEST(Timeout, EndsARunThatTakesTooLong) {
-    for (const char* body :
-         {"Do\nLoop", "While True\nWend", "For i = 1 To 2 Step 0\nNext", "Do\nx = f(1)\nLoop", "fib 50",
-          "Do\nif not checkforevents then err.raise 1001\nLoop", "On Error Resume Next\nDo\nx = 1\nLoop",
-          "On Error Resume Next\nDo\nx = y.z\nLoop", "On Error Resume Next\nDo\nSet o = New Waits\nLoop",
-          "Set o = New Waits\no.forks", "Do\nExecute \"x = 1\"\nLoop"}) {
+    for (const char* body : {"Do\nLoop", "While True\nWend", "For i = 1 To 2 Step 0\nNext", "Do\nx = f(1)\nLoop",
+                             "fib 50", "Do\nif not checkforevents then err.raise 1001\nLoop",
+                             "While parentform.checkforevents\nif not checkforevents then err.raise 1001\nWend",
+                             "On Error Resume Next\nDo\nx = 1\nLoop", "On Error Resume Next\nDo\nx = y.z\nLoop",
+                             "On Error Resume Next\nDo\nSet o = New Waits\nLoop", "Set o = New Waits\no.forks",
+                             "Do\nExecute \"x = 1\"\nLoop"}) {
         Executor executor;
         executor.setTimeout(30);
         ScriptConsole console;
