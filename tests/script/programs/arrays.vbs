@@ -11,10 +11,10 @@ ReDim b(1)
 b(1) = "kept"
 ReDim Preserve b(4)
 PrintString UBound(b) & b(1) & "[" & b(4) & "]" '> 4kept[]
-c = b
+kept = b
 ReDim Preserve b(6)
-ReDim Preserve c(1)
-PrintString UBound(b) & UBound(c) & b(1) & c(1) '> 61keptkept
+ReDim Preserve kept(1)
+PrintString UBound(b) & UBound(kept) & b(1) & kept(1) '> 61keptkept
 ReDim b(2, 3)
 b(2, 3) = "corner"
 ReDim Preserve b(2, 5)
