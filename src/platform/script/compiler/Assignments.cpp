@@ -122,30 +122,77 @@ bool ProcedureCompiler::isQuiet(const Expr& expression, NameId variable) {
     }
 }
 
+// What "&" adds to what in "base & a & b".
+struct ProcedureCompiler::Tails {
+    explicit Tails(const Expr& value) : base(&value) {
+        for (; base->kind == ExprKind::Binary && base->op == Token::Concatenate; base = base->left)
+            parts.insert(parts.begin(), base->right);
+    }
+    const Expr* base;
+    std::vector<const Expr*> parts;
+};
+
 // "s = s & a & b" appends a, then b, to s where it is, instead of copying s. Not where anything could see the half of
-// it: code that runs meanwhile, or what comes after an error in b. For one part and a register that is what the
-// operation does by itself.
+// it: code that runs meanwhile, or what comes after an error in b.
+bool ProcedureCompiler::mayAppend(const Tails& tails, NameId variable) {
+    if (tails.parts.empty() || scope_.runsText) return false;
+    if ((module_.hasClasses || scope_.handlesErrors) && tails.parts.size() > 1) return false;
+    return std::all_of(tails.parts.begin(), tails.parts.end(), [&](const Expr* part) {
+        // What looks like a value can be an object, whose default member is code of the script.
+        const bool isPlainPart = part->kind == ExprKind::Literal || part->kind == ExprKind::Name;
+        return (isPlainPart || !module_.hasClasses) && isQuiet(*part, variable);
+    });
+}
+
 bool ProcedureCompiler::append(const AssignStmt& statement, const Binding& binding) {
     const NameId name = statement.target->name;
-    std::vector<const Expr*> parts;
-    const Expr* chain = statement.value;
-    for (; chain->kind == ExprKind::Binary && chain->op == Token::Concatenate; chain = chain->left)
-        parts.insert(parts.begin(), chain->right);
-    if (parts.empty() || chain->kind != ExprKind::Name || chain->name != name) return false;
+    const Tails tails(*statement.value);
+    if (tails.base->kind != ExprKind::Name || tails.base->name != name) return false;
     const bool isRegister = binding.kind == Binding::Kind::Register;
-    if (isRegister && parts.size() == 1) return false;
-    if (scope_.runsText || module_.hasClasses || (scope_.handlesErrors && parts.size() > 1)) return false;
-    for (const Expr* part : parts)
-        if (!isQuiet(*part, name)) return false;
-    std::vector<Operand> tails;
-    for (const Expr* part : parts) tails.push_back(operand(*part));
+    // That is what the operation does by itself.
+    if (isRegister && tails.parts.size() == 1) return false;
+    if (!mayAppend(tails, name)) return false;
+    std::vector<Operand> operands;
+    for (const Expr* part : tails.parts) operands.push_back(operand(*part));
     const std::uint32_t variable = place(binding);
-    for (const Operand& tail : tails) {
+    for (const Operand& tail : operands) {
         if (isRegister)
             code_.emit(tail.isConstant ? Op::ConcatenateRK : Op::ConcatenateRR, variable, variable, tail.index);
         else
             code_.emit(Op::Append, variable, inRegister(tail));
     }
+    return true;
+}
+
+// Whether both are the same element of a variable, and finding it runs nothing.
+bool ProcedureCompiler::isSameElement(const Expr& one, const Expr& other) {
+    const auto isSame = [this](const Expr* index, const Expr* twin) {
+        if (index->kind != twin->kind) return false;
+        if (index->kind == ExprKind::Name) return index->name == twin->name && bind(index->name).isVariable();
+        if (index->kind != ExprKind::Literal) return false;
+        const Value& number = literals_[index->literal];
+        const Value& same = literals_[twin->literal];
+        return number.is(Type::Integer) && same.is(Type::Integer) && number.as.i == same.as.i;
+    };
+    return isElement(one) && isElement(other) && one.left->name == other.left->name &&
+           bind(one.left->name, Use::Callee).isVariable() &&
+           std::equal(one.arguments.begin(), one.arguments.end(), other.arguments.begin(), other.arguments.end(),
+                      isSame);
+}
+
+// The same for "a(i) = a(i) & part".
+bool ProcedureCompiler::appendElement(const AssignStmt& statement) {
+    const Expr& element = *statement.target;
+    const Tails tails(*statement.value);
+    if (statement.isSet || !isSameElement(element, *tails.base)) return false;
+    if (!mayAppend(tails, element.left->name)) return false;
+    const Temporaries temporaries(code_);
+    std::vector<std::uint32_t> registers;
+    for (const Expr* part : tails.parts) registers.push_back(inRegister(operand(*part)));
+    const std::uint32_t first = evaluateInOrder(element.arguments);
+    const std::uint32_t array = place(bind(element.left->name));
+    for (const std::uint32_t tail : registers)
+        code_.emitWithWord(Op::AppendElement, array, first, tail, countOf(element.arguments));
     return true;
 }
 
@@ -187,6 +234,7 @@ void ProcedureCompiler::assignElement(const AssignStmt& statement) {
     const Expr& element = *statement.target;
     const Expr& callee = *element.left;
     if (callee.kind == ExprKind::Member) return assignMember(statement, callee, element.arguments);
+    if (appendElement(statement)) return;
     const Temporaries temporaries(code_);
     if (callee.kind == ExprKind::Name) {
         const Binding binding = bind(callee.name);

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <deque>
+#include <set>
 #include <unordered_set>
 
 namespace tolvan::script {
@@ -97,7 +98,7 @@ std::shared_ptr<const Procedure> ModuleCompiler::compileText(std::string_view so
 
 // Nothing of it is known to anybody before all of it is compiled.
 std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view source) {
-    if (mayExecute(source)) symbols_.isLate = true;
+    if (mayExecute(source)) leaveNamesOpen();
     work.scope.isLate = symbols_.isLate;
     work.module = Parser(source, names_).parseModule();
     work.scope.optionExplicit = work.module->optionExplicit;
@@ -110,32 +111,32 @@ std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view 
         .compileBody(work.module->body, work.module->lastLine);
 
     std::vector<NameId> changed = work.scope.commit();
-    if (work.loaded != nullptr && !work.compiled.empty()) {
-        work.loaded->source = source;
-        work.loaded->uses = work.scope.takeUses();
-        work.loaded->isLate = symbols_.isLate;
-    }
     for (auto& [scope, procedure] : work.compiled) {
         const auto& known = scope->slot != nullptr ? scope->slot->procedure : nullptr;
         if (known != nullptr && known->byReference != procedure->byReference) changed.push_back(procedure->name);
         finishProcedure(work, *scope, procedure);
     }
-    if (!work.scope.isLocal()) recompileUsers(changed, work.loaded.get());
-    if (!work.compiled.empty() && work.loaded != nullptr) symbols_.addModule(work.loaded);
+    if (!work.scope.isLocal()) recompileUsers(changed);
+    if (!work.compiled.empty() && work.loaded != nullptr) {
+        work.loaded->source = source;
+        symbols_.addModule(work.loaded);
+        symbols_.addUses(work.loaded, work.scope.uses());
+    }
     return outside;
 }
 
-void ModuleCompiler::recompileUsers(const std::vector<NameId>& changed, const LoadedModule* changer) {
-    for (const auto& module : symbols_.modules()) {
-        const auto uses = [&](NameId name) { return name < module->uses.size() && module->uses[name]; };
-        if (module.get() == changer) continue;
-        if (module->isLate == symbols_.isLate && std::none_of(changed.begin(), changed.end(), uses)) continue;
-        try {
-            recompile(module);
-        } catch (const SyntaxError&) {
-            // With other meanings it has become too big for the machine: it stays as it is.
-        }
-    }
+// From now on names can get a meaning at any time.
+void ModuleCompiler::leaveNamesOpen() {
+    if (symbols_.isLate) return;
+    symbols_.isLate = true;
+    for (const auto& module : symbols_.modules()) recompile(module);
+}
+
+void ModuleCompiler::recompileUsers(const std::vector<NameId>& changed) {
+    std::set<std::shared_ptr<LoadedModule>> users;
+    for (const NameId name : changed)
+        for (auto& user : symbols_.usersOf(name)) users.insert(std::move(user));
+    for (const auto& user : users) recompile(user);
 }
 
 // What the module declares is there already; its statements outside procedures have run.
@@ -158,10 +159,13 @@ void ModuleCompiler::recompile(const std::shared_ptr<LoadedModule>& module) {
             scope.node = method;
             scope.owner = module->classes.at(node.name);
         }
-    findNames(work);
-    generateProcedures(work);
-    module->uses = work.scope.takeUses();
-    module->isLate = symbols_.isLate;
+    try {
+        findNames(work);
+        generateProcedures(work);
+    } catch (const SyntaxError&) {
+        return;  // with other meanings it has become too big for the machine: it stays as it is
+    }
+    symbols_.addUses(module, work.scope.uses());
     for (auto& [scope, procedure] : work.compiled) finishProcedure(work, *scope, procedure);
 }
 
@@ -180,8 +184,7 @@ std::shared_ptr<const Procedure> ModuleCompiler::compileExpression(std::string_v
     procedure->isText = true;
     ProcedureCompiler(work.scope, work.outside, work.module->literals, context_, *procedure)
         .compileExpression(*expression);
-    const std::vector<NameId> changed = work.scope.commit();
-    if (!changed.empty()) recompileUsers(changed, nullptr);
+    recompileUsers(work.scope.commit());
     return procedure;
 }
 
@@ -225,7 +228,7 @@ void ModuleCompiler::declareClass(Work& work, const ClassNode& node) {
         member.isPrivate = field.isPrivate;
         member.isPrivateLet = field.isPrivate;
         if (!made->members.emplace(field.variable.name, member).second)
-            throw SyntaxError{Syntax::NameRedefined, node.line, 0};
+            throw SyntaxError{Syntax::NameRedefined, field.line, 0};
         made->fieldIsArray.push_back(field.variable.isArray);
         made->fieldBounds.push_back(extentsOf(field.variable, work.module->literals));
     }

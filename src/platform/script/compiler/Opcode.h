@@ -61,6 +61,7 @@ namespace tolvan::script {
     X(PinArray)             /* R[a] = pin on the array R[b], if it is one */ \
     X(AddInteger)           /* R[a] = R[b] + c, c an Integer */ \
     X(Append)               /* the variable that R[a] refers to = itself & R[b] */ \
+    X(AppendElement)        /* R[a](R[b], ...) = itself & R[c]; + count */ \
     X(Negate)               /* R[a] = -R[b] */ \
     X(Plus)                 /* R[a] = the number that R[b] is */ \
     X(Not)                  /* R[a] = Not R[b] */ \
@@ -99,6 +100,7 @@ namespace tolvan::script {
     X(NewObject)            /* R[a] = New class; + pointer to the class */ \
     X(NewLate)              /* R[a] = New class; + name of the class */ \
     X(OnError)              /* a: Resume Next; else GoTo 0 */ \
+    X(ClearError)           /* Err.Clear */ \
     X(Raise)                /* raises the error bc */ \
     X(Return)               /* leaves the procedure; its result is R[0] */
 // clang-format on

@@ -124,7 +124,9 @@ class ProcedureCompiler {
     void select(const SelectStmt& statement);
     void forLoop(const ForStmt& statement);
     void forEach(const ForEachStmt& statement);
+    void leaveBlock(Label& end);
     void loop(const LoopStmt& statement);
+    void loopInTextOrder(const LoopStmt& statement);
     void with(const WithStmt& statement);
     void exit(const ExitStmt& statement);
 
@@ -132,6 +134,10 @@ class ProcedureCompiler {
     void assign(const AssignStmt& statement);
     void assignRegister(const AssignStmt& statement, std::uint32_t reg);
     bool append(const AssignStmt& statement, const Binding& binding);
+    bool appendElement(const AssignStmt& statement);
+    bool isSameElement(const Expr& one, const Expr& other);
+    struct Tails;
+    bool mayAppend(const Tails& tails, NameId variable);
     bool isQuiet(const Expr& expression, NameId variable);
     void assignName(const AssignStmt& statement);
     void assignMember(const AssignStmt& statement, const Expr& member, std::span<Expr* const> arguments);

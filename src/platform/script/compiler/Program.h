@@ -13,6 +13,7 @@
 #include <memory>
 #include <string>
 #include <unordered_map>
+#include <unordered_set>
 #include <vector>
 
 namespace tolvan::script {
@@ -130,8 +131,7 @@ struct Symbol {
 struct LoadedModule {
     std::string source;
     std::unordered_map<NameId, ScriptClass*> classes;
-    std::vector<bool> uses;  // by NameId: a change of their meaning changes the code
-    bool isLate = false;     // compiled for an engine in which names can get a meaning at any time
+    std::unordered_set<NameId> uses;  // a change of their meaning changes the code
 };
 
 // All names that are known outside procedures: those of the scripts first, then those of hosts, then the language's
@@ -162,8 +162,16 @@ class SymbolTable {
     void retire(std::shared_ptr<const Procedure> procedure) { retired_.push_back(std::move(procedure)); }
     void dropRetired() { retired_.clear(); }
 
-    void addModule(const std::shared_ptr<LoadedModule>& module) { modules_.push_back(module); }
-    std::vector<std::shared_ptr<LoadedModule>> modules();
+    using Modules = std::vector<std::shared_ptr<LoadedModule>>;
+    // Those that are still in use; and of them those whose code depends on the meaning of a name.
+    Modules modules() { return modules_.all(); }
+    Modules usersOf(NameId name);
+    void addModule(const std::shared_ptr<LoadedModule>& module) { modules_.add(module); }
+    void addUses(const std::shared_ptr<LoadedModule>& module, const std::vector<NameId>& names);
+
+    // For one who notes each name once: true the first time that this number of his comes with the name.
+    bool isFirstUse(NameId name, std::uint32_t user);
+    std::uint32_t nextUser() { return ++lastUser_; }
 
     // Whether a text was loaded that can define names while procedures run.
     bool isLate = false;
@@ -185,7 +193,19 @@ class SymbolTable {
     std::deque<ProcedureSlot> slots_;
     std::deque<ScriptClass> classes_;
     std::vector<std::shared_ptr<const Procedure>> retired_;
-    std::vector<std::weak_ptr<LoadedModule>> modules_;
+    // Modules that may be gone.
+    class ModuleList {
+      public:
+        void add(const std::shared_ptr<LoadedModule>& module);
+        Modules all() const;
+
+      private:
+        std::vector<std::weak_ptr<LoadedModule>> modules_;
+    };
+    ModuleList modules_;
+    std::unordered_map<NameId, ModuleList> users_;
+    std::vector<std::uint32_t> usedBy_;  // by NameId
+    std::uint32_t lastUser_ = 0;
     std::deque<HostMember> hostMembers_;
     std::vector<HostObject*> global_;  // those whose members are names of their own
 };

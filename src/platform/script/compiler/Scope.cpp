@@ -9,10 +9,7 @@ const Symbol* ModuleScope::find(NameId name) {
     const auto place = pending_.find(name);
     const Symbol* symbol = place != pending_.end() ? &place->second : findOutside(name);
     const bool staysOpen = isLate && (symbol == nullptr || symbol->isImplicit);
-    if (!staysOpen) {
-        if (name >= uses_.size()) uses_.resize(name + 1);
-        uses_[name] = true;
-    }
+    if (!staysOpen && engine_.isFirstUse(name, user_)) uses_.push_back(name);
     return symbol;
 }
 

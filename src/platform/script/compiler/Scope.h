@@ -19,7 +19,7 @@ class ModuleScope {
     // `locals`: for a text that Execute runs within a procedure, the procedures, constants and classes that such texts
     // made there; what this one declares joins them. Null: it joins the engine's names.
     ModuleScope(SymbolTable& engine, Names& names, SymbolTable::Map* locals = nullptr)
-        : engine_(engine), names_(names), locals_(locals) {}
+        : engine_(engine), names_(names), locals_(locals), user_(engine.nextUser()) {}
 
     SymbolTable& engine() { return engine_; }
     Names& names() { return names_; }
@@ -35,7 +35,7 @@ class ModuleScope {
     std::vector<NameId> commit();
     bool isLocal() const { return locals_ != nullptr; }
     // The names that were looked up: where one gets another meaning the code changes.
-    std::vector<bool> takeUses() { return std::move(uses_); }
+    const std::vector<NameId>& uses() const { return uses_; }
 
     // Which parameters a procedure takes as references; null if it is not known.
     void setModes(const ProcedureSlot* slot, const std::vector<bool>& modes) { modes_[slot] = &modes; }
@@ -52,7 +52,8 @@ class ModuleScope {
     Names& names_;
     SymbolTable::Map* locals_;
     SymbolTable::Map pending_;
-    std::vector<bool> uses_;
+    std::uint32_t user_;
+    std::vector<NameId> uses_;
     std::unordered_map<const ProcedureSlot*, const std::vector<bool>*> modes_;
 };
 

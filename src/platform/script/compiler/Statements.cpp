@@ -120,7 +120,7 @@ void ProcedureCompiler::ifStatement(const IfStmt& statement) {
         condition(*branch.condition, isLast ? end : next, false);
         block(branch.body);
         if (isLast) break;
-        code_.jump(Op::Jump, 0, end);
+        leaveBlock(end);
         bindLabel(next);
     }
     bindLabel(end);
@@ -144,10 +144,16 @@ void ProcedureCompiler::select(const SelectStmt& statement) {
         if (!clause.values.empty()) code_.jump(Op::Jump, 0, next);
         bindLabel(body);
         block(clause.body);
-        code_.jump(Op::Jump, 0, end);
+        leaveBlock(end);
         bindLabel(next);
     }
     bindLabel(end);
+}
+
+// A statement of its own: after an error in the last one of the block, it goes on here.
+void ProcedureCompiler::leaveBlock(Label& end) {
+    mark(line_);
+    code_.jump(Op::Jump, 0, end);
 }
 
 // Loops ---------------------------------------------------------------------------------------------------------------
@@ -236,6 +242,7 @@ void ProcedureCompiler::forEach(const ForEachStmt& statement) {
 }
 
 void ProcedureCompiler::loop(const LoopStmt& statement) {
+    if (statement.test == LoopStmt::Test::Before && scope_.handlesErrors) return loopInTextOrder(statement);
     Label& test = newLabel();
     Label& body = newLabel();
     Label& exit = newLabel();
@@ -254,6 +261,21 @@ void ProcedureCompiler::loop(const LoopStmt& statement) {
     bindLabel(exit);
 }
 
+// Where errors are survived, the statement after a condition that failed is the first one of the body.
+void ProcedureCompiler::loopInTextOrder(const LoopStmt& statement) {
+    Label& test = newLabel();
+    Label& exit = newLabel();
+    bindLabel(test);
+    mark(statement.testLine);
+    condition(*statement.condition, exit, statement.isUntil);
+    if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
+    if (statement.isDo) loops_.push_back({ExitKind::Do, &exit});
+    block(statement.body);
+    if (statement.isDo) loops_.pop_back();
+    leaveBlock(test);
+    bindLabel(exit);
+}
+
 void ProcedureCompiler::with(const WithStmt& statement) {
     const Temporaries temporaries(code_);
     const std::uint32_t object = code_.takeRegisters();
@@ -263,11 +285,13 @@ void ProcedureCompiler::with(const WithStmt& statement) {
     withRegister_ = object;
     block(statement.body);
     withRegister_ = outer;
+    mark(line_);
     code_.emit(Op::Clear, object);
 }
 
 void ProcedureCompiler::exit(const ExitStmt& statement) {
     if (statement.what != ExitKind::Do && statement.what != ExitKind::For) {
+        code_.emit(Op::ClearError);
         code_.emit(Op::Return);
         return;
     }

@@ -1,6 +1,8 @@
 #include "platform/script/compiler/Program.h"
 
+#include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tolvan::script {
 
@@ -89,11 +91,32 @@ const HostMember* SymbolTable::hostMember(HostObject& object, int member) {
     return &hostMembers_.emplace_back(HostMember{&object, member});
 }
 
-std::vector<std::shared_ptr<LoadedModule>> SymbolTable::modules() {
-    std::erase_if(modules_, [](const auto& module) { return module.expired(); });
-    std::vector<std::shared_ptr<LoadedModule>> all;
-    for (const auto& module : modules_) all.push_back(module.lock());
+// Before the list grows, those that are gone make room.
+void SymbolTable::ModuleList::add(const std::shared_ptr<LoadedModule>& module) {
+    if (modules_.size() == modules_.capacity()) std::erase_if(modules_, [](const auto& one) { return one.expired(); });
+    modules_.push_back(module);
+}
+
+SymbolTable::Modules SymbolTable::ModuleList::all() const {
+    Modules all;
+    for (const auto& module : modules_)
+        if (auto held = module.lock()) all.push_back(std::move(held));
     return all;
+}
+
+SymbolTable::Modules SymbolTable::usersOf(NameId name) {
+    const auto place = users_.find(name);
+    return place == users_.end() ? Modules() : place->second.all();
+}
+
+void SymbolTable::addUses(const std::shared_ptr<LoadedModule>& module, const std::vector<NameId>& names) {
+    for (const NameId name : names)
+        if (module->uses.insert(name).second) users_[name].add(module);
+}
+
+bool SymbolTable::isFirstUse(NameId name, std::uint32_t user) {
+    if (name >= usedBy_.size()) usedBy_.resize(std::max<std::size_t>(name + 1, 2 * usedBy_.size()));
+    return std::exchange(usedBy_[name], user) != user;
 }
 
 void SymbolTable::clearVariables() {

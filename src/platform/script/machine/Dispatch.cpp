@@ -230,8 +230,11 @@ void Machine::execute() {
         slowConcatenate(A, B, KC);
         STEP(1);
     L_Append:
-        slowConcatenate(followed(A), followed(A), B);
+        append(followed(A), B);
         STEP(1);
+    L_AppendElement:
+        appendElement(followed(A), LIST(B), C);
+        STEP(2);
     L_AddInteger : {
         const Value& left = B;
         const auto right = static_cast<std::int16_t>(pc->c);
@@ -458,6 +461,9 @@ void Machine::execute() {
         STEP(2);
     L_OnError:
         setOnError(pc->a != 0);
+        STEP(1);
+    L_ClearError:
+        err_->clear();
         STEP(1);
     L_Raise:
         throw ScriptError(pc->bc());

@@ -87,6 +87,20 @@ void Machine::putIndex(Value& array, std::span<const Value> indexes, const Value
     element(array, indexes) = std::move(assigned);
 }
 
+void Machine::appendElement(Value& array, std::span<const Value> indexes, const Value& tail) {
+    const auto isObject = [](const Value& value) { return value.is(Type::Object); };
+    const bool runsNothing =
+        array.is(Type::Array) && !isObject(tail) && std::none_of(indexes.begin(), indexes.end(), isObject);
+    if (runsNothing) {
+        Value& found = element(array, indexes);
+        if (!isObject(found)) return append(found, tail);
+    }
+    Value text;
+    index(text, array, indexes);
+    append(text, tail);
+    putIndex(array, indexes, text, false);
+}
+
 // For an argument or a chain of indexes; what is no array gives a value instead.
 void Machine::referElement(Value& target, Value& array, std::span<const Value> indexes) {
     if (!array.is(Type::Array)) return index(target, array, indexes);

@@ -3,6 +3,8 @@
 #include "platform/script/convert.h"
 #include "platform/script/errorText.h"
 
+#include <utility>
+
 namespace tolvan::script {
 
 namespace {
@@ -35,20 +37,22 @@ void ErrObject::set(const ScriptError& error) {
     currentNumber_ = error.number;
     currentDescription_ = error.description.empty() ? std::string(errorText(error.number)) : error.description;
     currentSource_ = error.source.empty() ? "VBScript runtime error" : error.source;
+    currentHelp_ = std::exchange(raisedHelp_, {});
 }
 
 void ErrObject::clear() {
     currentNumber_ = 0;
     currentDescription_.clear();
     currentSource_.clear();
-    currentHelpFile_.clear();
-    currentHelpContext_ = 0;
+    currentHelp_ = {};
 }
 
-void ErrObject::raise(Context& context, std::span<Value> arguments) const {
+void ErrObject::raise(Context& context, std::span<Value> arguments) {
     if (arguments.empty() || arguments.size() > MostRaiseArguments) throw ScriptError(errors::ArgumentCount);
     const std::int32_t number = toLong(context, followed(arguments[0]));
     if (number == 0 || number > LargestNumber) throw ScriptError(errors::InvalidCall);
+    raisedHelp_.file = textOf(context, arguments, 3);
+    if (arguments.size() == MostRaiseArguments) raisedHelp_.context = toLong(context, followed(arguments[4]));
     throw ScriptError(number, textOf(context, arguments, 2), textOf(context, arguments, 1));
 }
 
@@ -58,8 +62,8 @@ Value ErrObject::call(Context& context, NameId name, std::span<Value> arguments)
     if (name == number_ || name == DefaultMember) return Value::longInteger(currentNumber_);
     if (name == description_) return context.text(currentDescription_);
     if (name == source_) return context.text(currentSource_);
-    if (name == helpFile_) return context.text(currentHelpFile_);
-    if (name == helpContext_) return Value::longInteger(currentHelpContext_);
+    if (name == helpFile_) return context.text(currentHelp_.file);
+    if (name == helpContext_) return Value::longInteger(currentHelp_.context);
     if (name != clear_) throw ScriptError(errors::NoSuchMember);
     clear();
     return {};
@@ -75,9 +79,9 @@ void ErrObject::put(Context& context, NameId name, std::span<Value> arguments, c
     else if (name == source_)
         currentSource_ = toTextView(context, value, keep);
     else if (name == helpFile_)
-        currentHelpFile_ = toTextView(context, value, keep);
+        currentHelp_.file = toTextView(context, value, keep);
     else if (name == helpContext_)
-        currentHelpContext_ = toLong(context, value);
+        currentHelp_.context = toLong(context, value);
     else
         throw ScriptError(errors::NoSuchMember);
 }

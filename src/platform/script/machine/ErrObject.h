@@ -23,14 +23,18 @@ class ErrObject : public Object {
     bool hasDefault() const override { return true; }
 
   private:
-    [[noreturn]] void raise(Context& context, std::span<Value> arguments) const;
+    struct Help {
+        std::string file;
+        int context = 0;
+    };
+    [[noreturn]] void raise(Context& context, std::span<Value> arguments);
 
     const NameId number_, description_, source_, helpFile_, helpContext_, raise_, clear_;
     int currentNumber_ = 0;
     std::string currentDescription_;
     std::string currentSource_;
-    std::string currentHelpFile_;
-    int currentHelpContext_ = 0;
+    Help currentHelp_;
+    Help raisedHelp_;  // of the error that is on its way
 };
 
 }  // namespace tolvan::script

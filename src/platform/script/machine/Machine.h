@@ -105,6 +105,7 @@ class Machine : public Context {
     void slowModulo(Value& target, const Value& left, const Value& right);
     void slowPower(Value& target, const Value& left, const Value& right);
     void slowConcatenate(Value& target, const Value& left, const Value& right);
+    void append(Value& target, const Value& tail);
     void slowAnd(Value& target, const Value& left, const Value& right);
     void slowOr(Value& target, const Value& left, const Value& right);
     void slowXor(Value& target, const Value& left, const Value& right);
@@ -124,6 +125,7 @@ class Machine : public Context {
     void index(Value& target, Value& array, std::span<const Value> indexes);
     void indexLet(Value& target, Value& array, std::span<const Value> indexes);
     void putIndex(Value& array, std::span<const Value> indexes, const Value& value, bool isSet);
+    void appendElement(Value& array, std::span<const Value> indexes, const Value& tail);
     void referElement(Value& target, Value& array, std::span<const Value> indexes);
     void pinArray(Value& target, Value& array);
     void makeArray(Value& target, std::span<const Value> bounds);

@@ -87,6 +87,14 @@ void Machine::slowConcatenate(Value& target, const Value& left, const Value& rig
     appendText(heap(), target, tail);
 }
 
+// Where nothing of the script runs for it, a text grows in place.
+void Machine::append(Value& target, const Value& tail) {
+    if (target.is(Type::Object) || tail.is(Type::Object))
+        target = concatenate(*this, Value(target), tail);
+    else
+        slowConcatenate(target, target, tail);
+}
+
 void Machine::slowAnd(Value& target, const Value& left, const Value& right) {
     target = logicalAnd(*this, left, right);
 }

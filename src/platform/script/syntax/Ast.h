@@ -190,6 +190,7 @@ struct ProcedureNode {
 struct FieldNode {
     Variable variable;
     bool isPrivate;
+    std::uint32_t line;
 };
 
 struct ClassNode {

@@ -178,7 +178,8 @@ void Parser::classMember(ClassNode& into) {
 
 void Parser::fields(ClassNode& into, bool isPrivate) {
     do {
-        into.fields.push_back({variable(), isPrivate});
+        const std::uint32_t atLine = line();
+        into.fields.push_back({variable(), isPrivate, atLine});
     } while (accept(Token::Comma));
 }
 
