@@ -4,6 +4,7 @@
 #include "platform/fonts/FontEncoding.h"
 
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QTextBlock>
 
 #include <utility>
@@ -121,6 +122,11 @@ void ProgramBox::applyFonts(const PaneFonts& fonts) {
     latin_.setFontPointSize(fonts.latin.pointSizeF());
     setFont(fonts.devanagari);
     formatAll();
+}
+
+void ProgramBox::mouseReleaseEvent(QMouseEvent* event) {
+    TextPane::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && !textCursor().hasSelection()) emit clicked();
 }
 
 QMimeData* ProgramBox::createMimeDataFromSelection() const {

@@ -38,7 +38,12 @@ class ProgramBox : public TextPane {
 
     void setColouring(Colouring colouring);
 
+  signals:
+    // With the left button of the mouse, without selecting anything; the caret is where that was.
+    void clicked();
+
   protected:
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void applyFonts(const PaneFonts& fonts) override;
     QMimeData* createMimeDataFromSelection() const override;
 
