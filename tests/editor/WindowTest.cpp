@@ -226,6 +226,24 @@ TEST_F(WindowTest, ClosingEndsTheApplicationUnlessItEndsAlready) {
     EXPECT_EQ(shutDowns, 1);
 }
 
+TEST_F(WindowTest, ThePanesHaveMenus) {
+    type("dAkhav");
+    TextPane* const panes[] = {&editor->txtRoman(), &editor->txtProgram()};
+    for (TextPane* pane : panes) {
+        setClipboard("");
+        pane->selectAll();
+        emit pane->customContextMenuRequested({5, 5});
+        auto* menu = pane->findChild<QMenu*>(QStringLiteral("menu"));
+        ASSERT_TRUE(menu->isVisible());
+        for (const QAction* action : menu->actions())
+            if (action->text() == toQString("àt"_deva))
+                QTest::mouseClick(menu, Qt::LeftButton, {},
+                                  menu->actionGeometry(const_cast<QAction*>(action)).center());
+        EXPECT_FALSE(menu->isVisible());
+        EXPECT_EQ(clipboard(), pane->textCursor().selectedText());
+    }
+}
+
 TEST(ProgressWidth, GrowsByTheSameStepForEachLine) {
     EXPECT_DOUBLE_EQ(progressWidth({0, 422}), 1);
     EXPECT_DOUBLE_EQ(progressWidth({1, 422}), 1.5);
