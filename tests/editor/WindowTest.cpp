@@ -244,6 +244,18 @@ TEST_F(WindowTest, ThePanesHaveMenus) {
     }
 }
 
+TEST_F(WindowTest, EachPaneCopiesItsOwnText) {
+    type("dAkhav");
+    for (TextPane* pane :
+         {static_cast<TextPane*>(&editor->txtRoman()), static_cast<TextPane*>(&editor->txtProgram())}) {
+        setClipboard("");
+        press(Qt::Key_A, Qt::ControlModifier);
+        press(Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(clipboard(), pane->toPlainText());
+        press(Qt::Key_F6);
+    }
+}
+
 TEST(ProgressWidth, GrowsByTheSameStepForEachLine) {
     EXPECT_DOUBLE_EQ(progressWidth({0, 422}), 1);
     EXPECT_DOUBLE_EQ(progressWidth({1, 422}), 1.5);

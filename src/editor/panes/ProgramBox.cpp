@@ -3,6 +3,7 @@
 #include "editor/panes/ShownText.h"
 #include "platform/fonts/FontEncoding.h"
 
+#include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QTextBlock>
@@ -122,6 +123,17 @@ void ProgramBox::applyFonts(const PaneFonts& fonts) {
     latin_.setFontPointSize(fonts.latin.pointSizeF());
     setFont(fonts.devanagari);
     formatAll();
+}
+
+bool ProgramBox::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::SelectAll)) {
+            event->accept();
+            return true;
+        }
+    }
+    return TextPane::event(event);
 }
 
 void ProgramBox::mouseReleaseEvent(QMouseEvent* event) {
