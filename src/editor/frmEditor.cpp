@@ -135,11 +135,8 @@ void frmEditor::applyPreferences() {
     aids_->quoteSpans().setEnabled(state_.PairQuotes);
 }
 
-// The name of the file is Latin text.
 void frmEditor::refreshCaption() {
-    StyledText title("tolvn beisk   "_deva, Font::Devanagari);
-    title.append(messages::latinBytes(document_.title()), Font::Latin);
-    frame_->setTitle(title);
+    frame_->setTitle(StyledText("tolvn beisk   "_deva, Font::Devanagari), document_.title());
 }
 
 void frmEditor::textChanged() {
