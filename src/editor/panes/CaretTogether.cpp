@@ -17,7 +17,6 @@ constexpr int longestLine = 10'000;
 CaretTogether::CaretTogether(RomanBox& roman, ProgramBox& program, const RomanInput& input)
     : roman_(roman), program_(program), input_(input) {
     connect(&roman, &RomanBox::caretMoved, this, &CaretTogether::followRoman);
-    connect(&input, &RomanInput::programChanged, this, &CaretTogether::followRoman);
     connect(&program, &ProgramBox::clicked, this, &CaretTogether::followClick);
 }
 
