@@ -21,7 +21,7 @@ inline constexpr std::string_view tooManyFiles = "\\f1@k pe]a jaSt )a#l AaeFta y
 
 // The file was changed by someone else since it was opened or saved here: save all the same?
 inline constexpr std::string_view changedOnDisk =
-    "\\f1hI )a$l Ês\u009dya iofkIt bdllI Aahe\\f0.\\f1 trI tI saQvaycI ka\\f0?"_deva;
+    "\\f1hI )a$l Ês\u009dya iofkIt bdllI Aahe\\f0.\\f1  trI tI saQvaycI ka\\f0?"_deva;
 
 std::string notSaved(const QString& path);
 std::string notReadable(const QString& path);
@@ -33,7 +33,7 @@ std::string takeUpUnsaved(const QString& title);
 std::string characterRefused(char32_t character);
 std::string helpFailed();
 
-// 8-bit text of a file name, to be shown in the Latin font: "?" for what has no code.
-std::string latinBytes(const QString& text);
+// The name of a file, in any script, as a piece of a message that is shown in the Latin font.
+std::string nameFragment(const QString& name);
 
 }  // namespace tolvan::messages

@@ -168,7 +168,7 @@ TEST_F(StartTest, AFailureWhileWritingIsToldWithItsReason) {
 
 TEST_F(StartTest, TheMenuWritesAnExecutableAndComesBackWithTheProgram) {
     const DrivenResult result =
-        start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog click Save", "frmEditor close"});
+        start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog type", "frmEditor close"});
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows,
                 ElementsAre(StartsWith(splash), StartsWith(editorWindow), StartsWith("QFileDialog|Make EXE as..."),
