@@ -209,6 +209,16 @@ TEST_F(StartTest, AFailureWithoutAReasonIsToldAndTheMenuComesBackWithTheProgram)
     EXPECT_TRUE(exists("nAv.exe"));
 }
 
+// The console of the program that has run is there as long as nothing is written.
+TEST_F(StartTest, TheConsoleStaysWhenNothingIsWritten) {
+    process_.folder().write("nAv.exe", "old");
+    const DrivenResult result =
+        start({"prog.tvp"}, {"frmEditor command RunStart", "frmEditor command FileMakeEXE", "QFileDialog click Save",
+                             "frmMQuestionBox click cmdNo", "frmExec leave", "frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(process_.folder().read("nAv.exe"), "old");
+}
+
 TEST_F(StartTest, AProgramFileThatIsGoneBecomesNothing) {
     const DrivenResult result = start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog remove Prog.tvp",
                                                      "QFileDialog click Save", "frmEditor close"});
