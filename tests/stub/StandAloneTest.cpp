@@ -2,7 +2,6 @@
 #include "shell/Payload.h"
 #include "shell/user/DrivenProcess.h"
 #include "stub/ExecutableExtent.h"
-#include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
 
@@ -46,7 +45,6 @@ std::string payloadOf(const std::string& caption, std::string_view roman) {
 class ExampleAsExecutable : public testing::TestWithParam<std::string> {};
 
 TEST_P(ExampleAsExecutable, PrintsDrawsAndReadsAsOnATextConsole) {
-    const ProgramFile program = readProgramFile(content(examples / (GetParam() + ".tvp")));
     const std::string input = content(examples / "expected" / (GetParam() + ".in"));
     DrivenProcess process;
     process.folder().write("answers", input);
@@ -55,12 +53,15 @@ TEST_P(ExampleAsExecutable, PrintsDrawsAndReadsAsOnATextConsole) {
                             " 2>" + (process.folder() / "expected") + " >/dev/null";
     ASSERT_EQ(std::system(tvp.c_str()), 0);
 
+    fs::copy_file(examples / (GetParam() + ".tvp"), process.folder() / "program.tvp");
+    const DrivenResult made = process.run(TOLVAN_BIN_DIR "/tolbasic", {"program.tvp", "-compile"}, {"frmSplash leave"});
+    ASSERT_EQ(made.status, 0) << made.errors;
+
     std::vector<std::string> deeds;
     for (const std::string& line : linesOf(input)) deeds.push_back("frmExec type " + line);
     deeds.emplace_back("frmExec leave");
     process.setEnvironment("TOLVAN_TRACE", process.folder() / "trace");
-    const DrivenResult result =
-        process.run(writeExecutable(process.folder(), payloadOf(program.caption, program.roman)), {}, deeds);
+    const DrivenResult result = process.run(process.folder() / "program.exe", {}, deeds);
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows, ElementsAre(StartsWith("frmExec|")));
     EXPECT_EQ(process.folder().read("trace"), process.folder().read("expected"));
