@@ -2,7 +2,6 @@
 
 #include "dialogs/CaptionButton.h"
 #include "dialogs/Look.h"
-#include "dialogs/StyledLine.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -42,8 +41,9 @@ CaptionButton* CaptionBar::addButton(CaptionButton::Sign sign, const char* name,
     return button;
 }
 
-void CaptionBar::setTitle(StyledView title) {
+void CaptionBar::setTitle(StyledView title, const QString& name) {
     title_ = StyledText(title);
+    shownTitle_ = controlText(title, name);
     updateGeometry();
     update();
 }
@@ -59,7 +59,7 @@ void CaptionBar::setMaximized(bool maximized) {
 }
 
 QSize CaptionBar::sizeHint() const {
-    return minimumSizeHint() + QSize(static_cast<int>(styledLineSize(title_).width()) + look::em(1), 0);
+    return minimumSizeHint() + QSize(static_cast<int>(styledLineSize(shownTitle_).width()) + look::em(1), 0);
 }
 
 QSize CaptionBar::minimumSizeHint() const {
@@ -79,7 +79,7 @@ void CaptionBar::paintEvent(QPaintEvent*) {
     painter.fillRect(rect(), active_ ? look::captionActive : look::captionInactive);
     const int left = icon_->geometry().right() + 1;
     const QRectF area(left, 0, width() - left - buttonsWidth() - look::em(0.3), height());
-    drawStyledLine(painter, area, title_, active_ ? look::text : look::dimText);
+    drawStyledLine(painter, area, shownTitle_, active_ ? look::text : look::dimText);
 }
 
 void CaptionBar::resizeEvent(QResizeEvent*) {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include "dialogs/CaptionButton.h"
+#include "dialogs/StyledLine.h"
 #include "dialogs/SystemMenu.h"
 #include "platform/richtext/StyledText.h"
 
@@ -18,7 +19,8 @@ class CaptionBar : public QWidget {
     // For the window `parent`. One that cannot be resized has only the button to close it.
     CaptionBar(QWidget* parent, bool resizable);
 
-    void setTitle(StyledView title);
+    // `name` is shown behind the title, see controlText.
+    void setTitle(StyledView title, const QString& name = {});
     StyledView title() const { return title_; }
 
     // The look of a window that has the keyboard, or of one that has not.
@@ -55,6 +57,7 @@ class CaptionBar : public QWidget {
     int buttonsWidth() const;
 
     StyledText title_;
+    ControlText shownTitle_;
     bool active_ = false;
     CaptionButton* icon_ = nullptr;
     CaptionButton* maximize_ = nullptr;

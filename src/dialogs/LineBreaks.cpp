@@ -18,7 +18,8 @@ std::vector<LineRange> breakLines(QStringView text, const std::vector<double>& e
                 end = begin + blank;
                 next = end + 1;
             } else {
-                end = next = std::max(end, begin + 1);
+                const qsizetype slash = text.sliced(begin, end - begin).lastIndexOf(u'/');
+                end = next = slash > 0 ? begin + slash + 1 : std::max(end, begin + 1);
             }
         }
         lines.push_back({begin, end});

@@ -68,6 +68,9 @@ constexpr const char* styleSheetPattern = R"(
     QToolButton:pressed, QToolButton:checked { background: @captionActive; }
     QStatusBar { background: @footer; border-top: 1px solid @line; }
     QCheckBox::indicator, QRadioButton::indicator { position: relative; bottom: @drop; }
+    QListWidget { outline: none; }
+    QListWidget::item { padding: @drop 0.4em 0 0.4em; background: transparent; color: @text; }
+    QListWidget::item:selected { background: @accent; color: @textOnAccent; }
     QScrollBar { background: @footer; }
     QScrollBar:vertical { width: 0.8em; }
     QScrollBar:horizontal { height: 0.8em; }

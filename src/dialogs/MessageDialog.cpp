@@ -5,6 +5,8 @@
 #include "platform/richtext/RtfWriter.h"
 
 #include <QBoxLayout>
+#include <QClipboard>
+#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QScreen>
 
@@ -34,7 +36,10 @@ void MessageDialog::setMessage(std::string_view fragment) {
 }
 
 void MessageDialog::keyPressEvent(QKeyEvent* event) {
-    if (!view_->scrollByKey(event->key())) FramedDialog::keyPressEvent(event);
+    if (event->matches(QKeySequence::Copy))
+        QGuiApplication::clipboard()->setText(view_->text());
+    else if (!view_->scrollByKey(event->key()))
+        FramedDialog::keyPressEvent(event);
 }
 
 }  // namespace tolvan

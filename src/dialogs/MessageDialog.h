@@ -1,4 +1,5 @@
-// What the message, question and error boxes have in common: a sign and a message that wraps and scrolls.
+// What the message, question and error boxes have in common: a sign and a message that wraps and scrolls. Ctrl+C copies
+// the message, in the codes of its fonts.
 #pragma once
 
 #include "dialogs/FramedDialog.h"

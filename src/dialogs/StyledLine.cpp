@@ -7,6 +7,7 @@
 #include <QPainter>
 #include <QTextOption>
 
+#include <algorithm>
 #include <cmath>
 
 namespace tolvan {
@@ -14,51 +15,61 @@ namespace {
 
 constexpr qreal unlimited = 1e6;
 
-void layOut(QTextLayout& layout, StyledView text, qreal width) {
+QTextLayout::FormatRange formatRange(qsizetype start, qsizetype length, Font font) {
+    QTextCharFormat format;
+    format.setFont(look::controlFont(font));
+    return {static_cast<int>(start), static_cast<int>(length), format};
+}
+
+void layOut(QTextLayout& layout, const ControlText& text, qreal width) {
     QTextOption option;
     option.setWrapMode(QTextOption::WrapAnywhere);  // so that the line ends where the width does
     layout.setTextOption(option);
-    layout.setText(toQString(text.text()));
-    layout.setFormats(controlFormats(text));
+    layout.setText(text.text);
+    layout.setFormats(text.formats);
     layout.beginLayout();
     QTextLine line = layout.createLine();
     if (line.isValid()) line.setLineWidth(width);
     layout.endLayout();
 }
 
-StyledText shortened(StyledView text, qreal width) {
-    const StyledText ellipsis("\x85", Font::Latin);
+ControlText shortened(const ControlText& text, qreal width) {
+    const ControlText ellipsis = controlText({}, QStringLiteral("\u2026"));
     QTextLayout layout;
     layOut(layout, text, width - styledLineSize(ellipsis).width());
-    StyledText result(text.substr(0, static_cast<std::size_t>(layout.lineAt(0).textLength())));
-    result.append(ellipsis);
+    const int kept = layout.lineAt(0).textLength();
+    ControlText result{text.text.left(kept) + ellipsis.text, {}};
+    for (const auto& range : text.formats)
+        if (range.start < kept)
+            result.formats.append({range.start, std::min(range.length, kept - range.start), range.format});
+    result.formats.append(formatRange(kept, ellipsis.text.size(), Font::Latin));
     return result;
 }
 
 }  // namespace
 
-QList<QTextLayout::FormatRange> controlFormats(StyledView text) {
-    QList<QTextLayout::FormatRange> formats;
+ControlText controlText(StyledView text, const QString& name) {
+    ControlText result{toQString(text.text()) + name, {}};
     for (std::size_t start = 0, end = 0; start < text.size(); start = end) {
         while (end < text.size() && text.font(end) == text.font(start)) ++end;
-        QTextCharFormat format;
-        format.setFont(look::controlFont(text.font(start)));
-        formats.append({static_cast<int>(start), static_cast<int>(end - start), format});
+        result.formats.append(
+            formatRange(static_cast<qsizetype>(start), static_cast<qsizetype>(end - start), text.font(start)));
     }
-    return formats;
+    if (!name.isEmpty())
+        result.formats.append(formatRange(static_cast<qsizetype>(text.size()), name.size(), Font::Latin));
+    return result;
 }
 
-QSizeF styledLineSize(StyledView text) {
-    if (text.empty()) return {};
+QSizeF styledLineSize(const ControlText& text) {
+    if (text.text.isEmpty()) return {};
     QTextLayout layout;
     layOut(layout, text, unlimited);
     return {layout.lineAt(0).naturalTextWidth(), layout.lineAt(0).height()};
 }
 
-void drawStyledLine(QPainter& painter, const QRectF& area, StyledView text, const QColor& colour) {
-    if (text.empty() || area.width() <= 0) return;
-    const StyledText fitting =
-        styledLineSize(text).width() > area.width() ? shortened(text, area.width()) : StyledText(text);
+void drawStyledLine(QPainter& painter, const QRectF& area, const ControlText& text, const QColor& colour) {
+    if (text.text.isEmpty() || area.width() <= 0) return;
+    const ControlText fitting = styledLineSize(text).width() > area.width() ? shortened(text, area.width()) : text;
     QTextLayout layout;
     layOut(layout, fitting, unlimited);
     painter.save();

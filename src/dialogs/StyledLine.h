@@ -13,14 +13,20 @@ class QRectF;
 
 namespace tolvan {
 
-// The fonts of a text as ranges for QTextLayout, in the sizes of controls.
-QList<QTextLayout::FormatRange> controlFormats(StyledView text);
+// A text with its fonts, in the sizes of controls.
+struct ControlText {
+    QString text;
+    QList<QTextLayout::FormatRange> formats;
+};
+
+// `name` stands behind the text, in the Latin font; it may be of any script, which the font-encoded text may not.
+ControlText controlText(StyledView text, const QString& name = {});
 
 // The size that the line needs.
-QSizeF styledLineSize(StyledView text);
+QSizeF styledLineSize(const ControlText& text);
 
 // Draws at the left, its letters in the middle of the height; what does not fit is left out and an ellipsis put in its
 // place.
-void drawStyledLine(QPainter& painter, const QRectF& area, StyledView text, const QColor& colour);
+void drawStyledLine(QPainter& painter, const QRectF& area, const ControlText& text, const QColor& colour);
 
 }  // namespace tolvan

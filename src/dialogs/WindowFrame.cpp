@@ -17,13 +17,13 @@ namespace {
 
 constexpr char productName[] = "Tolvan Basic";
 
-QString desktopTitle(StyledView title) {
+QString desktopTitle(StyledView title, const QString& ofFile) {
     std::string latin;
     for (std::size_t i = 0; i < title.size(); ++i)
         if (title.font(i) == Font::Latin) latin += title[i];
     // Without the dash that parts it from the product's name in the window.
     const std::size_t start = std::min(latin.find_first_not_of(" -"), latin.size());
-    const QString name = toQString(std::string_view(latin).substr(start)).trimmed();
+    const QString name = (toQString(std::string_view(latin).substr(start)) + ofFile).trimmed();
     return name.isEmpty() ? QLatin1String(productName) : name + QLatin1String(" - ") + QLatin1String(productName);
 }
 
@@ -57,9 +57,9 @@ WindowFrame::WindowFrame(QWidget& window, Kind kind)
     window.setMinimumWidth(bar_->minimumSizeHint().width() + 2 * border());
 }
 
-void WindowFrame::setTitle(StyledView title) {
-    bar_->setTitle(title);
-    window_.setWindowTitle(desktopTitle(title));
+void WindowFrame::setTitle(StyledView title, const QString& name) {
+    bar_->setTitle(title, name);
+    window_.setWindowTitle(desktopTitle(title, name));
 }
 
 void WindowFrame::perform(SystemCommand command) {

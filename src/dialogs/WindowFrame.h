@@ -28,8 +28,9 @@ class WindowFrame : public QObject {
     // Of `window`, which owns it and has not been shown yet.
     WindowFrame(QWidget& window, Kind kind);
 
-    // The desktop, which cannot draw the font-encoded text, shows the Latin part of the title and the product's name.
-    void setTitle(StyledView title);
+    // `name`, as of a file, is shown behind the title; it may be of any script. The desktop, which cannot draw the
+    // font-encoded text, shows the Latin part of the title, the name, and the product's name.
+    void setTitle(StyledView title, const QString& name = {});
 
     CaptionBar& captionBar() const { return *bar_; }
     // To add the window's own items; what they stand for is told by userCommand.

@@ -38,7 +38,7 @@ std::string otherKind(const QString& path) {
 std::string takeUpUnsaved(const QString& title) {
     return std::string("\\f0"_deva)
         .append(RtfEscape(latinBytes(title)))
-        .append("\\f1  he àayaejn saQvlele nahI\\f0.\\f1 te prt Aa[ayce ka\\f0?"_deva);
+        .append("\\f1  he àayaejn saQvlele nahI\\f0.\\f1  te prt Aa[ayce ka\\f0?"_deva);
 }
 
 std::string characterRefused(char32_t character) {

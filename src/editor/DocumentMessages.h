@@ -21,7 +21,7 @@ inline constexpr std::string_view tooManyFiles = "\\f1@k pe]a jaSt )a#l AaeFta y
 
 // The file was changed by someone else since it was opened or saved here: save all the same?
 inline constexpr std::string_view changedOnDisk =
-    "\\f1hI )a$l Ês\u009dya iofkIt bdllI Aahe\\f0.\\f1 trI tI saQvaycI ka\\f0?"_deva;
+    "\\f1hI )a$l Ês\u009dya iofkIt bdllI Aahe\\f0.\\f1  trI tI saQvaycI ka\\f0?"_deva;
 
 std::string notSaved(const QString& path);
 std::string notReadable(const QString& path);

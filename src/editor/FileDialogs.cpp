@@ -4,8 +4,10 @@
 #include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
+#include <QHeaderView>
 #include <QPointer>
 #include <QStandardPaths>
+#include <QTreeView>
 
 #include <utility>
 
@@ -36,6 +38,9 @@ QString ask(const FileRequest& request, QFileDialog::AcceptMode mode) {
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.asksBeforeReplacing);
     dialog->setDefaultSuffix(request.suffix);
     if (mode == QFileDialog::AcceptSave) dialog->selectFile(asFileName(request.name));
+    // Where the dialog is Qt's own, its list would cut sizes and dates off.
+    if (auto* list = dialog->findChild<QTreeView*>())
+        list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     const bool accepted = dialog->exec() == QDialog::Accepted;
     if (!dialog) return {};  // it went with its parent
     const QString path = accepted ? dialog->selectedFiles().value(0) : QString();

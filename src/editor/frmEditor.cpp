@@ -9,6 +9,7 @@
 #include "editor/DocumentMessages.h"
 #include "editor/EditorStatusBar.h"
 #include "editor/FileDialogs.h"
+#include "editor/PaneMenus.h"
 #include "editor/WindowPlace.h"
 #include "editor/frmFindReplace.h"
 #include "editor/panes/PaneAids.h"
@@ -101,6 +102,7 @@ void frmEditor::connectPanes() {
     input->setParent(this);
     connect(input, &RomanInput::programChanged, this, &frmEditor::textChanged);
     aids_ = std::make_unique<PaneAids>(*txtRoman_, *txtProgram_, *input);
+    addPaneMenus(*txtRoman_, *txtProgram_, *bars_);
     aids_->zoom().setZoom(rememberedZoom(settings_));
     connect(&aids_->zoom(), &ZoomTogether::zoomChanged, this,
             [this](int percent) { rememberZoom(settings_, percent); });
@@ -133,11 +135,8 @@ void frmEditor::applyPreferences() {
     aids_->quoteSpans().setEnabled(state_.PairQuotes);
 }
 
-// The name of the file is Latin text.
 void frmEditor::refreshCaption() {
-    StyledText title("tolvn beisk   "_deva, Font::Devanagari);
-    title.append(messages::latinBytes(document_.title()), Font::Latin);
-    frame_->setTitle(title);
+    frame_->setTitle(StyledText("tolvn beisk   "_deva, Font::Devanagari), document_.title());
 }
 
 void frmEditor::textChanged() {

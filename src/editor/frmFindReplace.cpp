@@ -15,6 +15,7 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QScreen>
 
 namespace tolvan {
 namespace {
@@ -126,10 +127,25 @@ void frmFindReplace::find(FindWhere where, bool behindSelection) {
     const auto found = where == Backwards ? findBackwards(text, wanted(), selected, letterCase)
                                           : findForwards(text, wanted(), from, letterCase);
     searched_ = true;
-    if (found)
-        roman_.select(found->start, found->length);
-    else
-        ShowMessage(notFound);
+    if (!found) return ShowMessage(notFound);
+    roman_.select(found->start, found->length);
+    uncoverSelection();
+}
+
+// What is found under this window would look like nothing found.
+void frmFindReplace::uncoverSelection() {
+    QTextCursor start = roman_.textCursor();
+    start.setPosition(start.selectionStart());
+    const QRect inPane = roman_.cursorRect(start) | roman_.cursorRect();
+    const QRect selected(roman_.viewport()->mapToGlobal(inPane.topLeft()), inPane.size());
+    if (!isVisible() || !frameGeometry().intersects(selected)) return;
+    const QRect room = screen()->availableGeometry();
+    const int below = selected.bottom() + look::em(0.5);
+    const int above = selected.top() - look::em(0.5) - height();
+    if (below + height() <= room.bottom())
+        move(x(), below);
+    else if (above >= room.top())
+        move(x(), above);
 }
 
 void frmFindReplace::cmdReplace() {

@@ -42,6 +42,7 @@ class frmFindReplace : public FramedDialog {
     std::string wanted() const;
     void cmdFind();
     void find(FindWhere where, bool behindSelection);
+    void uncoverSelection();
     void cmdReplace();
     void cmdReplaceAll();
 

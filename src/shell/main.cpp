@@ -1,4 +1,5 @@
 #include "dialogs/Look.h"
+#include "dialogs/MarathiTexts.h"
 #include "platform/fonts/Fonts.h"
 #include "platform/settings/Settings.h"
 #include "shell/mdlMain.h"
@@ -18,6 +19,7 @@ int main(int argumentCount, char** arguments) {
     QApplication::setDesktopFileName(QStringLiteral("tolbasic"));
     tolvan::loadStandIns();
     tolvan::look::apply(application);
+    tolvan::MarathiTexts::installIn(application);
 
     const std::vector<std::string> words(arguments + std::min(1, argumentCount), arguments + argumentCount);
     tolvan::Settings settings(tolvan::Settings::userFile());

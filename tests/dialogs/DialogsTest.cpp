@@ -7,6 +7,7 @@
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
 
+#include <QClipboard>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
@@ -196,6 +197,16 @@ TEST(Boxes, ALongMessageScrollsByKeys) {
     });
     ShowMessage(text);
     EXPECT_TRUE(user.acted());
+}
+
+TEST(Boxes, TheMessageCanBeCopied) {
+    BoxUser user([&](QDialog& box) {
+        press(box, Qt::Key_C, Qt::ControlModifier);
+        press(box, Qt::Key_Escape);
+    });
+    ShowMessage("\\f1nahI\\f0: a\\\\b");
+    EXPECT_TRUE(user.acted());
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("nahI: a\\b"));
 }
 
 TEST(Boxes, CloseWhenTheApplicationQuits) {

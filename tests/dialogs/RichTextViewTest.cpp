@@ -91,6 +91,15 @@ TEST(RichTextView, AWordLongerThanTheLineIsBrokenAnywhere) {
     EXPECT_GT(inkedLines(view), 10);
 }
 
+TEST(BreakLines, APathIsBrokenBetweenItsFolders) {
+    const QString text = QStringLiteral("a /home/asha/padhe.tvp bc /1234567890123");
+    std::vector<double> edges;
+    for (int i = 0; i <= text.size(); ++i) edges.push_back(i);
+    QStringList lines;
+    for (const auto& [begin, end] : breakLines(text, edges, 12)) lines.append(text.mid(begin, end - begin));
+    EXPECT_EQ(lines.join(u'|'), QStringLiteral("a|/home/asha/|padhe.tvp bc|/12345678901|23"));
+}
+
 TEST(RichTextView, LinesAreEven) {
     RichTextView view;
     std::string text;

@@ -242,10 +242,16 @@ TEST_F(FramedWindow, TitleIsDrawnInItsFontsAndTheDesktopGetsItsLatinPart) {
     mixed.append("- a\x80\xE9.tvp*", Font::Latin);
     grabTitle(mixed);
     EXPECT_EQ(window.windowTitle(), QString::fromUtf8("a€é.tvp* - Tolvan Basic"));
+
+    const StyledText product("tolvn beisk "_deva, Font::Devanagari);
+    const QImage unnamed = grabTitle(product);
+    frame.setTitle(product, QString::fromUtf8("नमस्ते.tvp*"));
+    EXPECT_EQ(window.windowTitle(), QString::fromUtf8("नमस्ते.tvp* - Tolvan Basic"));
+    EXPECT_NE(frame.captionBar().grab().toImage(), unnamed);
 }
 
 TEST_F(FramedWindow, ALongTitleLeavesTheButtonsFree) {
-    frame.setTitle(StyledText(std::string(5000, 'k'), Font::Devanagari));
+    frame.setTitle(StyledText(std::string(2500, 'k'), Font::Devanagari), QString(2500, QLatin1Char('k')));
     const QImage image = frame.captionBar().grab().toImage();
     frame.setTitle({});
     const QImage without = frame.captionBar().grab().toImage();

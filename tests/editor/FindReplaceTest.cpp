@@ -138,6 +138,19 @@ TEST_F(FindReplaceTest, ReplacesAllExactly) {
     EXPECT_EQ(roman(), "ab AB aab\r\nab");
 }
 
+TEST_F(FindReplaceTest, TheDialogMakesWayForWhatItFinds) {
+    start("ka\r\nkha\r\nga\r\ngha\r\nNa");
+    enter("txtFind", "a");
+    const RomanBox& box = editor->txtRoman();
+    for (int found = 0; found < 5; ++found) {
+        dialog().move(box.mapToGlobal(QPoint()));
+        click("cmdFind");
+        const QRect caret(box.viewport()->mapToGlobal(box.cursorRect().topLeft()), box.cursorRect().size());
+        EXPECT_EQ(selection().second, 1U);
+        EXPECT_FALSE(dialog().frameGeometry().intersects(caret)) << "line " << box.currentLine();
+    }
+}
+
 TEST_F(FindReplaceTest, ALockedTextIsFoundInButNotReplaced) {
     start("ab ab");
     enter("txtFind", "ab");

@@ -226,6 +226,36 @@ TEST_F(WindowTest, ClosingEndsTheApplicationUnlessItEndsAlready) {
     EXPECT_EQ(shutDowns, 1);
 }
 
+TEST_F(WindowTest, ThePanesHaveMenus) {
+    type("dAkhav");
+    TextPane* const panes[] = {&editor->txtRoman(), &editor->txtProgram()};
+    for (TextPane* pane : panes) {
+        setClipboard("");
+        pane->selectAll();
+        emit pane->customContextMenuRequested({5, 5});
+        auto* menu = pane->findChild<QMenu*>(QStringLiteral("menu"));
+        ASSERT_TRUE(menu->isVisible());
+        for (const QAction* action : menu->actions())
+            if (action->text() == toQString("àt"_deva))
+                QTest::mouseClick(menu, Qt::LeftButton, {},
+                                  menu->actionGeometry(const_cast<QAction*>(action)).center());
+        EXPECT_FALSE(menu->isVisible());
+        EXPECT_EQ(clipboard(), pane->textCursor().selectedText());
+    }
+}
+
+TEST_F(WindowTest, EachPaneCopiesItsOwnText) {
+    type("dAkhav");
+    for (TextPane* pane :
+         {static_cast<TextPane*>(&editor->txtRoman()), static_cast<TextPane*>(&editor->txtProgram())}) {
+        setClipboard("");
+        press(Qt::Key_A, Qt::ControlModifier);
+        press(Qt::Key_C, Qt::ControlModifier);
+        EXPECT_EQ(clipboard(), pane->toPlainText());
+        press(Qt::Key_F6);
+    }
+}
+
 TEST(ProgressWidth, GrowsByTheSameStepForEachLine) {
     EXPECT_DOUBLE_EQ(progressWidth({0, 422}), 1);
     EXPECT_DOUBLE_EQ(progressWidth({1, 422}), 1.5);

@@ -22,7 +22,8 @@ TEST(Completion, findsWordsByTheirFirstLetters) {
     EXPECT_THAT(spellings("Ak"), ElementsAre("Akh"));
     EXPECT_THAT(spellings("va"), ElementsAre("vajA", "vartuL", "var", "vAchaNyAsAThI", "vAch"));
     EXPECT_THAT(spellings("vA"), ElementsAre("vAchaNyAsAThI", "vAch", "vajA", "vartuL", "var"));
-    EXPECT_THAT(spellings("zzz"), ElementsAre());
+    EXPECT_THAT(spellings("lihee"), ElementsAre("lihiNyAsAThI", "lihI"));
+    for (const char* none : {"zzz", "kk", "nn"}) EXPECT_THAT(spellings(none), ElementsAre()) << none;
     EXPECT_EQ(spellings("").size(), languageWords().size());
 }
 

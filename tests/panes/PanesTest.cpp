@@ -154,6 +154,39 @@ TEST_F(PanesTest, scrollTogether) {
     EXPECT_FALSE(roman.horizontalScrollBar()->isVisible());
 }
 
+TEST_F(PanesTest, clickInTheProgramGoesToTheRomanText) {
+    roman.setText("korA\r\ndAkhav nAv");
+    const auto clickBehind = [&](const char* word, Qt::KeyboardModifiers modifiers = {}) {
+        const QTextCursor found = program.document()->find(QString::fromLatin1(word));
+        QTest::mouseClick(program.viewport(), Qt::LeftButton, modifiers, program.cursorRect(found).center());
+    };
+    clickBehind("daov");
+    EXPECT_EQ(window.focusWidget(), &roman);
+    type("A");
+    EXPECT_EQ(roman.text(), "korA\r\ndAkhavA nAv");
+    clickBehind("kae");
+    clickBehind("nav", Qt::ShiftModifier);
+    EXPECT_EQ(window.focusWidget(), &program) << "what is selected there can be copied";
+    EXPECT_EQ(roman.currentLine(), 1);
+    roman.setText(std::string(200'000, 'k'));
+    QTest::mouseClick(program.viewport(), Qt::LeftButton, {}, place(program, 100, 0, 0.5));
+    EXPECT_EQ(roman.caret(), 0U);
+}
+
+TEST_F(PanesTest, theCaretStaysInViewInLongLines) {
+    roman.setText("dAkhav");
+    press(Qt::Key_End);
+    for (int word = 0; word < 40; ++word) type(" namaskAr");
+    const int right = program.horizontalScrollBar()->value();
+    EXPECT_GT(right, 0);
+    press(Qt::Key_Return);
+    type("kar");
+    EXPECT_EQ(program.horizontalScrollBar()->value(), 0);
+    press(Qt::Key_Up);
+    press(Qt::Key_End);
+    EXPECT_NEAR(program.horizontalScrollBar()->value(), right, program.lineHeight());
+}
+
 TEST_F(PanesTest, zoomTogether) {
     const auto wheel = [&](TextPane& pane, int angle) {
         QWheelEvent event(QPointF(50, 50), pane.mapToGlobal(QPointF(50, 50)), {}, {0, angle}, Qt::NoButton,

@@ -106,5 +106,31 @@ TEST(ProgramLines, knowsWhatIsTypedIntoASpan) {
     EXPECT_FALSE(lines.isInSpan(3, 1)) << "forgotten on a line above";
 }
 
+TEST(ProgramLines, knowsWhichPlacesCorrespond) {
+    ProgramLines lines;
+    lines.replace(0, 1, {"dAkhav #\"#nAv#\"# & 1", "#x y# kartA", "#a", "b# kar#"});
+    struct Case {
+        const char* what;
+        std::size_t line, roman, program;
+    };
+    const Case cases[] = {
+        {"start", 0, 0, 0},
+        {"behind a word", 0, 6, 4},
+        {"before a span", 0, 7, 5},
+        {"behind a quote, where Devanagari letters go", 0, 10, 6},
+        {"behind the letters", 0, 13, 9},
+        {"end", 0, 20, 14},
+        {"before a span at the start", 1, 0, 0},
+        {"in a span", 1, 2, 1},
+        {"behind a span", 1, 5, 3},
+        {"behind a span from the line above", 3, 2, 1},
+        {"before a mark that is dropped", 3, 6, 4},
+    };
+    for (const auto& [what, line, roman, program] : cases) {
+        EXPECT_EQ(lines.programColumn(line, roman), program) << what;
+        EXPECT_EQ(lines.romanColumn(line, program), roman) << what;
+    }
+}
+
 }  // namespace
 }  // namespace tolvan

@@ -34,11 +34,11 @@ std::vector<HelpTopic> shippedHelp() {
 }
 
 TEST(HelpFile, IsBuiltFromRomanLines) {
-    const auto topics =
-        readHelpFile(buildHelpFile("lost\n= dAkhav\nghe #abc# dAkhav\n    dAkhav #\"#a#\"#\n      ghe\n\n= korA\n"));
+    const auto topics = readHelpFile(buildHelpFile(
+        "lost\n= dAkhav\nghe #abc# dAkhav\nghe \\# \\##a#\\#\n    dAkhav #\"#a#\"#\n      ghe\n\n= korA\n"));
     ASSERT_EQ(topics.size(), 2U);
     EXPECT_EQ(topics[0].title, "daov");
-    EXPECT_THAT(topics[0].paragraphs, ElementsAre("\"e {abc} daov"));
+    EXPECT_THAT(topics[0].paragraphs, ElementsAre("\"e {abc} daov", "\"e {#} {#a#}"));
     EXPECT_THAT(topics[0].example, ElementsAre("dAkhav #\"#a#\"#", "  ghe"));
     EXPECT_TRUE(topics[1].example.empty());
 }

@@ -28,9 +28,12 @@ std::string loosely(std::string_view spelling) {
     std::string letters;
     for (const char c : spelling) {
         const char small = smallLetter(c);
-        if (!letters.empty() && letters.back() == small && (small == 'e' || small == 'o'))
-            letters.back() = small == 'e' ? 'i' : 'u';
-        else if (letters.empty() || letters.back() != small)
+        const bool doubled = !letters.empty() && letters.back() == small;
+        if (doubled && small == 'e')
+            letters.back() = 'i';
+        else if (doubled && small == 'o')
+            letters.back() = 'u';
+        else if (!doubled || small != 'a')
             letters += small;
     }
     return letters;

@@ -10,6 +10,7 @@ namespace tolvan {
 PaneAids::PaneAids(RomanBox& roman, ProgramBox& program, const RomanInput& input)
     : caretLine_(roman, program),
       scrolling_(roman, program),
+      caret_(roman, program, input),
       zoom_(roman, program),
       quoteSpans_(roman, input),
       completion_(roman, input) {

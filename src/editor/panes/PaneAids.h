@@ -2,6 +2,7 @@
 #pragma once
 
 #include "editor/panes/CaretLine.h"
+#include "editor/panes/CaretTogether.h"
 #include "editor/panes/Completion.h"
 #include "editor/panes/QuoteSpans.h"
 #include "editor/panes/ScrollTogether.h"
@@ -25,6 +26,7 @@ class PaneAids {
   private:
     CaretLine caretLine_;
     ScrollTogether scrolling_;
+    CaretTogether caret_;
     ZoomTogether zoom_;
     QuoteSpans quoteSpans_;
     Completion completion_;

@@ -3,7 +3,9 @@
 #include "editor/panes/ShownText.h"
 #include "platform/fonts/FontEncoding.h"
 
+#include <QKeyEvent>
 #include <QMimeData>
+#include <QMouseEvent>
 #include <QTextBlock>
 
 #include <utility>
@@ -121,6 +123,22 @@ void ProgramBox::applyFonts(const PaneFonts& fonts) {
     latin_.setFontPointSize(fonts.latin.pointSizeF());
     setFont(fonts.devanagari);
     formatAll();
+}
+
+bool ProgramBox::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride) {
+        const auto* key = static_cast<QKeyEvent*>(event);
+        if (key->matches(QKeySequence::Copy) || key->matches(QKeySequence::SelectAll)) {
+            event->accept();
+            return true;
+        }
+    }
+    return TextPane::event(event);
+}
+
+void ProgramBox::mouseReleaseEvent(QMouseEvent* event) {
+    TextPane::mouseReleaseEvent(event);
+    if (event->button() == Qt::LeftButton && !textCursor().hasSelection()) emit clicked();
 }
 
 QMimeData* ProgramBox::createMimeDataFromSelection() const {

@@ -1,5 +1,5 @@
 // Shows a program text: Devanagari words in "Sanskrit 1.2", Latin text in "Times New Roman". It is only read: text can
-// be selected and copied.
+// be selected and copied, by keys of its own, not by the commands of its window.
 #pragma once
 
 #include "editor/panes/ProgramLines.h"
@@ -38,7 +38,13 @@ class ProgramBox : public TextPane {
 
     void setColouring(Colouring colouring);
 
+  signals:
+    // With the left button of the mouse, without selecting anything; the caret is where that was.
+    void clicked();
+
   protected:
+    bool event(QEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
     void applyFonts(const PaneFonts& fonts) override;
     QMimeData* createMimeDataFromSelection() const override;
 

@@ -92,6 +92,28 @@ std::vector<ProgramLinesUpdate> ProgramLines::replace(std::size_t first, std::si
     return updates;
 }
 
+// The text up to a place is a line of its own; its program text ends at that place.
+std::size_t ProgramLines::programColumn(std::size_t line, std::size_t romanColumn) const {
+    const Line& whole = lines_[line];
+    Line before{whole.roman.substr(0, romanColumn), 0, whole.state, true};
+    before.marks = marksIn(before.roman);
+    before.state.dropsLastMark = whole.state.dropsLastMark && before.marks == whole.marks;
+    before.state.isLast = false;
+    return program(before).text.size();
+}
+
+std::size_t ProgramLines::romanColumn(std::size_t line, std::size_t programColumn) const {
+    const std::string& roman = lines_[line].roman;
+    std::size_t column = 0;
+    std::size_t behind = roman.size() + 1;
+    while (behind - column > 1) {
+        const std::size_t middle = column + (behind - column) / 2;
+        (this->programColumn(line, middle) <= programColumn ? column : behind) = middle;
+    }
+    const bool isBehindOpeningMark = column > 0 && roman[column - 1] == mark && isInSpan(line, column);
+    return isBehindOpeningMark ? column - 1 : column;
+}
+
 bool ProgramLines::isInSpan(std::size_t line, std::size_t column) const {
     const Line& whole = lines_[line];
     return whole.state.startsInSpan != (marksIn(std::string_view(whole.roman).substr(0, column)) % 2 == 1);

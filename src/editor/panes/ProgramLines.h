@@ -41,6 +41,12 @@ class ProgramLines {
     // yet reaches to the end of its line here.
     bool isInSpan(std::size_t line, std::size_t column) const;
 
+    // Where a place of a line's Roman text is in its program text, and the other way round; columns from 0. Letters
+    // that become one glyph together have no place between them: the answer is near then. A place at the start of a "#"
+    // span is outside it. The longer the line, the longer this takes.
+    std::size_t programColumn(std::size_t line, std::size_t romanColumn) const;
+    std::size_t romanColumn(std::size_t line, std::size_t programColumn) const;
+
   private:
     // All on which the program line depends, beside its Roman text.
     struct State {

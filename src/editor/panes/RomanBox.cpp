@@ -67,6 +67,12 @@ Difference difference(const QString& before, const QString& after) {
     return {start, before.size() - same, after.mid(start, after.size() - same - start)};
 }
 
+// The blanks before its text.
+int indentOf(const QTextBlock& line) {
+    const QString text = line.text();
+    return static_cast<int>(std::find_if(text.begin(), text.end(), [](QChar c) { return c != u' '; }) - text.begin());
+}
+
 // Text that is typed one letter after the other is one step of undo; this is never part of it.
 void insertAsOneStep(QTextCursor& cursor, const QString& shown) {
     cursor.beginEditBlock();
@@ -129,12 +135,14 @@ void RomanBox::replaceText(std::string_view bytes) {
 
     const int line = textCursor().blockNumber();
     const int column = textCursor().positionInBlock();
+    const int indent = indentOf(textCursor().block());
     QTextCursor cursor(document());
     cursor.setPosition(static_cast<int>(start));
     cursor.setPosition(static_cast<int>(end), QTextCursor::KeepAnchor);
     insertAsOneStep(cursor, inserted);
     const QTextBlock block = document()->findBlockByNumber(std::min(line, blockCount() - 1));
-    cursor.setPosition(block.position() + std::min(column, block.length() - 1));
+    const int newColumn = column < indent ? column : column - indent + indentOf(block);
+    cursor.setPosition(block.position() + std::min(newColumn, block.length() - 1));
     setTextCursor(cursor);
 }
 

@@ -26,7 +26,7 @@ class RomanBox : public TextPane {
     void setText(std::string_view bytes);
 
     // Changes the text as a command of the user does: one step of undo, and only where the two differ. Nothing happens
-    // if they do not. The caret stays on its line.
+    // if they do not. The caret stays on its line, between the same letters if only the line's indentation has changed.
     void replaceText(std::string_view bytes);
 
     std::string selectedText() const;

@@ -19,6 +19,8 @@ class RomanInput : public QObject {
     // Whether what is typed at the caret goes into a "#" span.
     bool caretIsInSpan() const;
 
+    const ProgramLines& lines() const { return lines_; }
+
   signals:
     // After every change of the Roman text; the Devanagari pane shows it already.
     void programChanged();

@@ -6,6 +6,7 @@
 #include <QDropEvent>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QScrollBar>
 #include <QTextBlock>
 
 #include <algorithm>
@@ -76,6 +77,21 @@ void TextPane::select(std::size_t start, std::size_t length) {
     cursor.setPosition(documentPosition(start + std::min(length, size - start)), QTextCursor::KeepAnchor);
     setTextCursor(cursor);
     ensureCursorVisible();
+}
+
+void TextPane::showColumn(int line, std::size_t column) {
+    const QTextBlock block = document()->findBlockByNumber(line - 1);
+    if (!block.isValid()) return;
+    QTextCursor place(block);
+    place.setPosition(block.position() +
+                      static_cast<int>(std::min(column, static_cast<std::size_t>(block.length() - 1))));
+    const int x = cursorRect(place).left();
+    const int margin = static_cast<int>(lineHeight());
+    QScrollBar& bar = *horizontalScrollBar();
+    if (x < margin)
+        bar.setValue(bar.value() + x - margin);
+    else if (x > viewport()->width() - margin)
+        bar.setValue(bar.value() + x - viewport()->width() + margin);
 }
 
 std::size_t TextPane::textSize() const {

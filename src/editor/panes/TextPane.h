@@ -28,6 +28,9 @@ class TextPane : public QPlainTextEdit {
     // position between CR and LF is taken for the one before them.
     void select(std::size_t start, std::size_t length);
 
+    // Scrolls sideways until a place is in view: a column (from 0) of a line (from 1).
+    void showColumn(int line, std::size_t column);
+
     std::size_t textSize() const;
     int lineCount() const { return blockCount(); }
 

@@ -34,8 +34,15 @@ std::string helpLine(char mark, std::string_view text) {
     return std::string(1, mark).append(text).append(lineEnd);
 }
 
-std::string devanagari(std::string_view roman) {
-    return RomanMark(Transliterate(roman));
+std::string devanagari(std::string_view guide) {
+    constexpr std::string_view latinMark = "\\#";
+    constexpr char standIn = '\1';
+    std::string roman(guide);
+    for (std::size_t at = 0; (at = roman.find(latinMark, at)) != std::string::npos;)
+        roman.replace(at, latinMark.size(), {'#', standIn, '#'});
+    std::string text = RomanMark(Transliterate(roman));
+    std::replace(text.begin(), text.end(), standIn, '#');
+    return text;
 }
 
 }  // namespace

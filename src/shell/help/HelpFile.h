@@ -21,7 +21,7 @@ struct HelpTopic {
 std::vector<HelpTopic> readHelpFile(std::string_view bytes);
 
 // The bytes of a help file from the guide, whose lines are Roman text: titles begin with "= ", lines of an example with
-// four blanks, all others are paragraphs.
+// four blanks, all others are paragraphs. "\#" in a title or paragraph is a Latin "#", which opens no span.
 std::string buildHelpFile(std::string_view guide);
 
 // The error messages with their numbers, as paragraphs for the guide's last topic.

@@ -17,6 +17,7 @@
 #include <QListWidget>
 #include <QPointer>
 #include <QPushButton>
+#include <QScreen>
 #include <QSplitter>
 
 namespace tolvan {
@@ -87,7 +88,7 @@ frmHelp::frmHelp(std::vector<HelpTopic> topics)
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(splitter);
-    resize(look::em(50), look::em(34));
+    resize(QSize(look::em(50), look::em(34)).boundedTo(screen()->availableSize()));
 
     connect(lstTopics_, &QListWidget::currentRowChanged, this, &frmHelp::showCurrent);
     connect(cmdCopy_, &QPushButton::clicked, this, &frmHelp::copyExample);

@@ -1,0 +1,77 @@
+#include "dialogs/MarathiTexts.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+
+#include <string_view>
+
+namespace tolvan {
+namespace {
+
+struct Text {
+    std::string_view english;
+    const char* marathi;
+};
+
+// In the vocabulary of the menus and boxes. The marks of mnemonics go: the keyboard has no Devanagari letters.
+constexpr Text texts[] = {
+    // The file dialog.
+    {"Look in:", "कुठे:"},
+    {"Back", "मागे"},
+    {"Forward", "पुढे"},
+    {"Parent Directory", "वरचा फोल्डर"},
+    {"Create New Folder", "नवीन फोल्डर बनव"},
+    {"List View", "यादी"},
+    {"Detail View", "तपशील"},
+    {"File &name:", "फाइलचे नाव:"},
+    {"Files of type:", "फाइलचा प्रकार:"},
+    {"Computer", "संगणक"},
+    {"Open", "उघड"},
+    {"&Open", "उघड"},
+    {"Save", "साठव"},
+    {"&Save", "साठव"},
+    {"Cancel", "रद्द"},
+    {"&Yes", "हो"},
+    {"&No", "नाही"},
+    {"&Rename", "नाव बदल"},
+    {"Show &hidden files", "लपलेल्या फाइली दाखव"},
+    {"&New Folder", "नवीन फोल्डर"},
+    {"New Folder", "नवीन फोल्डर"},
+    {"%1 already exists.\nDo you want to replace it?", "%1 ही फाइल आधीच आहे.\nतिच्याऐवजी हे प्रायोजन साठवायचे का?"},
+    // Its list of files.
+    {"Name", "नाव"},
+    {"Size", "आकार"},
+    {"Type", "प्रकार"},
+    {"Date Modified", "बदलल्याची वेळ"},
+    {"Folder", "फोल्डर"},
+    {"File", "फाइल"},
+    {"%1 File", "%1 फाइल"},
+    // The menu of a text field.
+    {"&Undo", "रहित कर"},
+    {"&Redo", "परत कर"},
+    {"Cu&t", "काप"},
+    {"&Copy", "प्रत"},
+    {"&Paste", "जोड"},
+    {"Delete", "पुस"},
+    {"&Delete", "पुस"},
+    {"Select All", "सर्व निवड"},
+};
+
+// Names of keys, by which shortcuts are also looked up; some read like texts of the file dialog.
+constexpr std::string_view keyNames = "QShortcut";
+
+}  // namespace
+
+QString MarathiTexts::translate(const char* context, const char* source, const char*, int) const {
+    if (context == keyNames) return {};
+    for (const auto& [english, marathi] : texts)
+        if (english == source) return QString::fromUtf8(marathi);
+    return {};
+}
+
+void MarathiTexts::installIn(QApplication& application) {
+    if (!QFontDatabase::families(QFontDatabase::Devanagari).isEmpty())
+        QApplication::installTranslator(new MarathiTexts(&application));
+}
+
+}  // namespace tolvan
