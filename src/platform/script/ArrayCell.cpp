@@ -9,13 +9,16 @@ namespace tolvan::script {
 
 namespace {
 
-// Elements in all, or error 7 where no memory could hold them.
+// Error 7 for more elements than any memory could hold.
+std::size_t product(std::size_t size, std::uint32_t extent) {
+    if (extent != 0 && size > (std::size_t{1} << 40) / extent) throw ScriptError(errors::OutOfMemory);
+    return size * extent;
+}
+
+// Elements in all.
 std::size_t product(std::span<const std::uint32_t> extents) {
     std::size_t size = extents.empty() ? 0 : 1;
-    for (const std::uint32_t extent : extents) {
-        if (extent != 0 && size > (std::size_t{1} << 40) / extent) throw ScriptError(errors::OutOfMemory);
-        size *= extent;
-    }
+    for (const std::uint32_t extent : extents) size = product(size, extent);
     return size;
 }
 
@@ -59,6 +62,15 @@ ArrayCell* ArrayCell::copy(Heap& heap, const ArrayCell& other) {
     ArrayCell* cell = create(heap, {other.extents, other.rank}, other.resizable);
     for (std::size_t i = 0; i < other.size; ++i) cell->items[i] = other.items[i];
     return cell;
+}
+
+void ArrayCell::grow(std::uint32_t lastExtent) {
+    const std::size_t grown = product(size / extents[rank - 1], lastExtent);
+    // A Value has no part that knows where it lies.
+    items = static_cast<Value*>(heap->reallocate(items, size * sizeof(Value), grown * sizeof(Value)));
+    for (; size < grown; ++size) new (items + size) Value;
+    extents[rank - 1] = lastExtent;
+    if (rank == 1) count1 = lastExtent;
 }
 
 // Elements may be arrays in arrays to any depth: what they hold is taken apart without recursion.

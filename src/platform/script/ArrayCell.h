@@ -31,6 +31,10 @@ struct ArrayCell : Cell {
     static ArrayCell* createList(Heap& heap, std::size_t count);  // rank 1
     static ArrayCell* copy(Heap& heap, const ArrayCell& other);
     static void destroy(ArrayCell* cell) noexcept;
+
+    // Adds elements in the last dimension, which must not be empty; throws 7, and changes nothing then. Elements that
+    // grow one by one take a time that grows with their number, not with its square.
+    void grow(std::uint32_t lastExtent);
 };
 
 // Makes `array` (an Array value) the only holder of its cell, copying the elements if it is not.

@@ -31,7 +31,9 @@ void Machine::callBuiltin(BuiltinFunction function, Value* base, std::uint32_t c
     clearArguments(base, count);
 }
 
+// Looks at the clock, because the host may give a poll its budget back: the poll would not come to ask any more.
 void Machine::callHost(const HostMember& member, Value* base, std::uint32_t count) {
+    if (--ticks_ <= 0) slowTick();
     Arguments arguments(*this, {base + 1, count});
     base[0] = member.object->call(member.member, arguments);
     clearArguments(base, count);
@@ -53,6 +55,7 @@ bool Machine::callMember(NameId name, Value* base, std::uint32_t count, bool isO
     if (!base[0].is(Type::Object)) throw ScriptError(errors::ObjectRequired);
     Object* object = base[0].object();
     if (object == nullptr) throw ScriptError(errors::ObjectNotSet);
+    if (--ticks_ <= 0) slowTick();
     if (ClassInstance* instance = object->asInstance()) return callInstance(*instance, name, base, count, isOwn);
     const Value holder = std::move(base[0]);
     base[0] = object->call(*this, name, {base + 1, count});

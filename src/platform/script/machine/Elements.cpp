@@ -120,13 +120,17 @@ std::vector<std::uint32_t> extentsOf(Context& context, std::span<const Value> bo
     return extents;
 }
 
-// Copies the elements that both have; only the last extent may differ.
-void keepElements(const ArrayCell& from, ArrayCell& to) {
-    if (from.rank == 0 || from.size == 0) return;
-    if (from.rank != to.rank || !std::equal(from.extents, from.extents + from.rank - 1, to.extents))
+// Gives an array with elements another last extent and keeps the elements that both have.
+void keepElements(Heap& heap, Value& array, std::span<const std::uint32_t> extents) {
+    const ArrayCell& from = *array.array();
+    if (from.rank != extents.size() || !std::equal(extents.begin(), extents.end() - 1, from.extents))
         throw ScriptError(errors::Subscript);
-    const std::size_t count = std::min(from.size, to.size);
-    for (std::size_t i = 0; i < count; ++i) to.items[i] = from.items[i];
+    if (from.references == 1 && extents.back() >= from.extents[from.rank - 1])
+        return array.array()->grow(extents.back());
+    Value made = Value::adopt(ArrayCell::create(heap, extents, true));
+    const ArrayCell& to = *made.array();
+    std::copy_n(from.items, std::min(from.size, to.size), to.items);
+    array = std::move(made);
 }
 
 }  // namespace
@@ -141,9 +145,8 @@ void Machine::reDim(Value& target, std::span<const Value> bounds, bool preserve)
     if (isArray && (!target.array()->resizable || target.array()->pins != 0)) throw ScriptError(errors::ArrayLocked);
     if (preserve && !isArray && !target.is(Type::Empty)) throw ScriptError(errors::TypeMismatch);
     const std::vector<std::uint32_t> extents = extentsOf(*this, bounds);
-    Value made = Value::adopt(ArrayCell::create(heap(), extents, true));
-    if (preserve && isArray) keepElements(*target.array(), *made.array());
-    target = std::move(made);
+    if (preserve && isArray && target.array()->size != 0) return keepElements(heap(), target, extents);
+    target = Value::adopt(ArrayCell::create(heap(), extents, true));
 }
 
 void Machine::erase(Value& target) {
@@ -161,6 +164,7 @@ void Machine::prepareEach(Value* state, Value& group) {
         throw ScriptError(group.object() == nullptr ? errors::ObjectNotSet : errors::NotACollection);
     }
     if (!group.is(Type::Array)) throw ScriptError(errors::NotACollection);
+    if (group.array()->rank == 0) throw ScriptError(errors::ForNotInitialised);
     ++group.array()->pins;
     state[0] = Value();
     state[0].tag = bits(Type::Pin);
