@@ -89,18 +89,19 @@ void RichTextView::setTextRtf(std::string_view rtf) {
     }
     lines_.clear();
     paragraphs_.clear();
-    const std::string_view text = document.text.text();
-    for (std::size_t begin = 0; begin <= text.size();) {
-        const std::size_t end = std::min(text.find("\r\n", begin), text.size());
-        addParagraph(text.substr(begin, end - begin),
-                     formatsWithin(formats, static_cast<qsizetype>(begin), static_cast<qsizetype>(end)));
+    QString text = toQString(document.text.text());
+    for (const auto& [position, unit] : document.wide) text[static_cast<qsizetype>(position)] = unit;
+    for (qsizetype begin = 0; begin <= text.size();) {
+        const qsizetype lineEnd = text.indexOf(QLatin1String("\r\n"), begin);
+        const qsizetype end = lineEnd < 0 ? text.size() : lineEnd;
+        addParagraph(text.sliced(begin, end - begin), formatsWithin(formats, begin, end));
         begin = end + 2;
     }
     layOut();
 }
 
-void RichTextView::addParagraph(std::string_view text, QList<QTextLayout::FormatRange> formats) {
-    Paragraph paragraph{toQString(text), std::move(formats), {0}, 0};
+void RichTextView::addParagraph(const QString& text, QList<QTextLayout::FormatRange> formats) {
+    Paragraph paragraph{text, std::move(formats), {0}, 0};
     qsizetype begin = 0;
     do {  // once also for an empty paragraph, which has a height
         const qsizetype end = pieceEnd(paragraph.text, begin);

@@ -50,7 +50,7 @@ class RichTextView : public QAbstractScrollArea {
         double top;
     };
 
-    void addParagraph(std::string_view text, QList<QTextLayout::FormatRange> formats);
+    void addParagraph(const QString& text, QList<QTextLayout::FormatRange> formats);
     static void measure(Paragraph& paragraph, qsizetype begin, qsizetype end);
     std::vector<Line> linesFor(double width) const;
     int heightFor(double width) const;

@@ -9,16 +9,13 @@ namespace {
 constexpr std::size_t suffixLength = 4;  // ".tvp"
 
 std::string aboutFile(const QString& path, std::string_view rest) {
-    return std::string("\\f1tolvn beiskla \\f0"_deva).append(RtfEscape(latinBytes(path))).append(rest);
+    return std::string("\\f1tolvn beiskla \\f0"_deva).append(nameFragment(path)).append(rest);
 }
 
 }  // namespace
 
-std::string latinBytes(const QString& text) {
-    std::string bytes;
-    for (const char32_t character : text.toStdU32String())
-        bytes += static_cast<char>(unicodeToWindows1252(character).value_or('?'));
-    return bytes;
+std::string nameFragment(const QString& name) {
+    return RtfEscape(std::u16string_view(QStringView(name).utf16(), static_cast<std::size_t>(name.size())));
 }
 
 std::string notSaved(const QString& path) {
@@ -31,13 +28,13 @@ std::string notReadable(const QString& path) {
 
 std::string otherKind(const QString& path) {
     return std::string("\\f1tolvn beiskla ýa àakaracI )a#l %"_deva)
-        .append(RtfEscape(latinBytes(path.right(suffixLength))))
+        .append(nameFragment(path.right(suffixLength)))
         .append("fta yet nahI\\f0."_deva);
 }
 
 std::string takeUpUnsaved(const QString& title) {
     return std::string("\\f0"_deva)
-        .append(RtfEscape(latinBytes(title)))
+        .append(nameFragment(title))
         .append("\\f1  he àayaejn saQvlele nahI\\f0.\\f1  te prt Aa[ayce ka\\f0?"_deva);
 }
 

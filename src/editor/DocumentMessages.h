@@ -33,7 +33,7 @@ std::string takeUpUnsaved(const QString& title);
 std::string characterRefused(char32_t character);
 std::string helpFailed();
 
-// 8-bit text of a file name, to be shown in the Latin font: "?" for what has no code.
-std::string latinBytes(const QString& text);
+// The name of a file, in any script, as a piece of a message that is shown in the Latin font.
+std::string nameFragment(const QString& name);
 
 }  // namespace tolvan::messages

@@ -44,7 +44,7 @@ QString engineFile(const Settings& settings) {
 }
 
 bool mayBeReplaced(const QString& path) {
-    return AskQuestion(std::string("\\f0").append(RtfEscape(messages::latinBytes(path))).append(alreadyThere)) == yes;
+    return AskQuestion(std::string("\\f0").append(messages::nameFragment(path)).append(alreadyThere)) == yes;
 }
 
 // The number of the failure, or nothing.

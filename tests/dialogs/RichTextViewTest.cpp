@@ -34,6 +34,16 @@ TEST(RichTextView, TextOfFragments) {
         EXPECT_EQ(shown(messageDocument(fragment)), QString::fromLatin1(text)) << fragment;
 }
 
+TEST(RichTextView, NamesOfAnyScript) {
+    const QString name = QString::fromUtf8("/home/डेस्कटॉप/{é😀\\}.tvp");
+    const std::string fragment =
+        RtfEscape(std::u16string_view(QStringView(name).utf16(), static_cast<std::size_t>(name.size())));
+    EXPECT_EQ(shown(messageDocument("\\f1nahI\\line\\f0 " + fragment + "\\f1 nahI")),
+              QStringLiteral("nahI\n%1nahI").arg(name));
+    EXPECT_EQ(shown(messageDocument("a\\u2325\\par b")), QString::fromUtf8("a\nक")) << "in the place of what follows";
+    EXPECT_EQ(shown(messageDocument("a\\u2325")), QStringLiteral("a"));
+}
+
 TEST(RichTextView, DamagedTextsAreShownAsFarAsTheyGo) {
     std::string deep;
     for (int i = 0; i < 100000; ++i) deep += '{';

@@ -184,7 +184,7 @@ TEST_F(StartTest, AFailureWhileWritingIsToldWithItsReason) {
 
 TEST_F(StartTest, TheMenuWritesAnExecutableAndComesBackWithTheProgram) {
     const DrivenResult result =
-        start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog accept", "frmEditor close"});
+        start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog type", "frmEditor close"});
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows,
                 ElementsAre(StartsWith(splash), StartsWith(editorWindow), StartsWith("QFileDialog|Make EXE as..."),
@@ -201,7 +201,7 @@ TEST_F(StartTest, AFailureWithoutAReasonIsToldAndTheMenuComesBackWithTheProgram)
     EXPECT_THAT(compiled.windows, ElementsAre(StartsWith(splash), HasSubstr(told)));
     EXPECT_TRUE(exists("Prog.exe"));  // what was written stays, here nothing
 
-    const DrivenResult chosen = start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog accept",
+    const DrivenResult chosen = start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog type",
                                                      "frmMMsgbox click cmdOK", "frmEditor close"});
     EXPECT_EQ(chosen.status, 0) << chosen.errors;
     EXPECT_THAT(chosen.windows, ElementsAre(StartsWith(splash), AllOf(StartsWith(editorWindow), HasSubstr("Prog.tvp")),
@@ -213,7 +213,7 @@ TEST_F(StartTest, AFailureWithoutAReasonIsToldAndTheMenuComesBackWithTheProgram)
 TEST_F(StartTest, TheConsoleStaysWhenNothingIsWritten) {
     process_.folder().write("nAv.exe", "old");
     const DrivenResult result =
-        start({"prog.tvp"}, {"frmEditor command RunStart", "frmEditor command FileMakeEXE", "QFileDialog accept",
+        start({"prog.tvp"}, {"frmEditor command RunStart", "frmEditor command FileMakeEXE", "QFileDialog type",
                              "frmMQuestionBox click cmdNo", "frmExec leave", "frmEditor close"});
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_EQ(process_.folder().read("nAv.exe"), "old");
@@ -221,7 +221,7 @@ TEST_F(StartTest, TheConsoleStaysWhenNothingIsWritten) {
 
 TEST_F(StartTest, AProgramFileThatIsGoneBecomesNothing) {
     const DrivenResult result = start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog remove Prog.tvp",
-                                                     "QFileDialog accept", "frmEditor close"});
+                                                     "QFileDialog type", "frmEditor close"});
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), StartsWith(editorWindow), StartsWith("QFileDialog|")));
     EXPECT_FALSE(exists("nAv.exe"));

@@ -30,8 +30,12 @@ class DocumentBuilder {
     void append(std::string_view text, const RichFormat& format) {
         if (text.empty()) return;
         endParagraph();
+        if (wide_) document_.wide.push_back({document_.text.size(), *wide_});
+        wide_.reset();
         appendText(text, format);
     }
+    // The first character that is appended next stands for this one.
+    void wideCharacter(char16_t unit) { wide_ = unit; }
     // The break is written when text follows: the last paragraph has none.
     void paragraph(const RichFormat& format) {
         endParagraph();
@@ -60,6 +64,7 @@ class DocumentBuilder {
     RichDocument document_;
     std::unordered_map<std::string, std::uint32_t> indexOfName_;
     std::optional<RichFormat> paragraphEnd_;
+    std::optional<char16_t> wide_;
 };
 
 // The tables at the head of a document, while they are being read and then as what \f and \cf refer to.
@@ -276,6 +281,10 @@ class RtfReader {
         if (group_.destination == Destination::Body) builder_.paragraph(group_.format);
     }
 
+    void readWide(int unit) {
+        if (group_.destination == Destination::Body) builder_.wideCharacter(static_cast<char16_t>(unit));
+    }
+
     void obey(const ControlWord& word);
     void setFont(int number) {
         group_.fontNumber = number;
@@ -333,6 +342,7 @@ void RtfReader::obey(const ControlWord& word) {
         {"fs", [](RtfReader& reader, std::optional<int> number) { reader.setSize(number.value_or(24)); }},
         {"cf", [](RtfReader& reader, std::optional<int> number) { reader.setColour(number.value_or(0)); }},
         {"line", [](RtfReader& reader, std::optional<int>) { reader.addText(lineBreak); }},
+        {"u", [](RtfReader& reader, std::optional<int> number) { reader.readWide(number.value_or('?')); }},
         {"par", [](RtfReader& reader, std::optional<int>) { reader.endParagraph(); }},
         {"tab", [](RtfReader& reader, std::optional<int>) { reader.addText("\t"); }},
         {"plain", [](RtfReader& reader, std::optional<int>) { reader.setPlain(); }},

@@ -25,11 +25,18 @@ struct RichRun {
     RichFormat format;
 };
 
+// A character that the 8-bit text cannot hold, as a UTF-16 unit; the text has another one in its place.
+struct WideCharacter {
+    std::size_t position = 0;
+    char16_t unit = 0;
+};
+
 // Lines are parted by CR LF.
 struct RichDocument {
     StyledText text;
     std::vector<RichRun> runs;  // together as long as the text
     std::vector<std::string> fontNames;
+    std::vector<WideCharacter> wide;  // by their positions
 };
 
 // Never fails: of damaged input, what could be read; what does not begin as rich text is taken as plain Latin text. The

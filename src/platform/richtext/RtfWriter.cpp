@@ -1,6 +1,9 @@
 #include "platform/richtext/RtfWriter.h"
 
+#include "platform/encoding/Windows1252.h"
+
 #include <algorithm>
+#include <cstdint>
 
 namespace tolvan {
 namespace {
@@ -67,6 +70,17 @@ std::string RtfEscape(std::string_view text) {
         escaped += character;
     }
     return escaped;
+}
+
+std::string RtfEscape(std::u16string_view text) {
+    std::string rtf;
+    for (const char16_t unit : text) {
+        if (const auto code = unicodeToWindows1252(unit))
+            appendEscaped(static_cast<char>(*code), rtf);
+        else
+            rtf.append("\\u").append(std::to_string(static_cast<std::int16_t>(unit))).append("?");
+    }
+    return rtf;
 }
 
 std::string rtfBody(StyledView text) {

@@ -6,7 +6,6 @@
 // and does what the file named by TOLVAN_USER_DEEDS says, one deed a line, in this order, each when its window is in
 // front:
 //     CLASS click OBJECT     clicks the button of that object name, or of that caption
-//     CLASS accept           takes what the dialog proposes
 //     CLASS command METHOD   calls the command of that name, as the menu does
 //     CLASS type TEXT        types it into the widget with the keyboard, and Enter
 //     CLASS close            closes the window
@@ -15,7 +14,6 @@
 // With "*" as CLASS a deed is for any window, and is done again and again until the program ends.
 #include <QAbstractButton>
 #include <QApplication>
-#include <QDialog>
 #include <QFile>
 #include <QGenericPlugin>
 #include <QLineEdit>
@@ -106,8 +104,6 @@ class User : public QObject {
             for (auto* button : window.findChildren<QAbstractButton*>())
                 if (button->objectName() == deed.object || button->text().remove(u'&') == deed.object)
                     return button->click();
-        } else if (deed.verb == QLatin1String("accept")) {
-            if (auto* dialog = qobject_cast<QDialog*>(&window)) dialog->accept();
         } else if (deed.verb == QLatin1String("command")) {
             QMetaObject::invokeMethod(&window, deed.object.toLatin1().constData(), Qt::QueuedConnection);
         } else if (deed.verb == QLatin1String("type")) {
