@@ -158,13 +158,25 @@ bool EditorDocument::changedOnDisk(const QString& path) const {
     return content && fingerprintOf(*content) != fingerprint_;
 }
 
+void EditorDocument::saveBeforeRun() {
+    if (path_.isEmpty() || !QFileInfo::exists(path_))
+        FileSaveAs();
+    else if (isDirty() || changedOnDisk(path_))
+        saveTo(path_);
+    else
+        write(path_);
+}
+
 bool EditorDocument::saveTo(const QString& path) {
     if (changedOnDisk(path) && AskQuestion(messages::changedOnDisk) != 1) return false;
+    if (write(path)) return true;
+    ShowMessage(messages::notSaved(path));
+    return false;
+}
+
+bool EditorDocument::write(const QString& path) {
     const QByteArray content = QByteArray::fromStdString(writeProgramFile(caption_, text_.romanText()));
-    if (!replaceFile(path, content)) {
-        ShowMessage(messages::notSaved(path));
-        return false;
-    }
+    if (!replaceFile(path, content)) return false;
     fingerprint_ = fingerprintOf(content);
     clearDirtyMark();
     emit saved();

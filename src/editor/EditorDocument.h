@@ -69,6 +69,9 @@ class EditorDocument : public QObject {
     bool FileSave();
     bool FileSaveAs();
     bool saveTo(const QString& path);
+    // A program without unsaved changes that cannot be saved, such as an example in a folder of the system, is no
+    // failure: nothing is lost, and nothing is told.
+    void saveBeforeRun();
     // Before the window closes: whether it may.
     bool mayClose();
 
@@ -92,6 +95,7 @@ class EditorDocument : public QObject {
     void clearDirtyMark();
     bool mayGo(std::string_view question);
     bool load(const QString& path);
+    bool write(const QString& path);
     void replaceBy(const QString& path, std::string_view text);
     bool changedOnDisk(const QString& path) const;
 

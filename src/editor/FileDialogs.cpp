@@ -61,7 +61,9 @@ QString askSaveFile(const FileRequest& request) {
 QString startFolder() {
     const QString application = QCoreApplication::applicationDirPath();
     if (QFileInfo(application).isWritable()) return application;
-    return QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    // A fresh account may have no such folder yet; the dialog would propose its name for the file.
+    const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    return QFileInfo(documents).isDir() ? documents : QDir::homePath();
 }
 
 QString examplesFolder() {

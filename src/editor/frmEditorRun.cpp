@@ -10,7 +10,6 @@
 #include "translator/Translator.h"
 
 #include <QApplication>
-#include <QFileInfo>
 
 namespace tolvan {
 
@@ -26,12 +25,7 @@ void frmEditor::unloadConsole() {
 void frmEditor::RunStart() {
     if (running_) return;
     state_.run.IsRunning = true;
-    if (state_.SaveBeforeExecute) {
-        if (!document_.path().isEmpty() && QFileInfo::exists(document_.path()))
-            document_.saveTo(document_.path());
-        else
-            document_.FileSaveAs();
-    }
+    if (state_.SaveBeforeExecute) document_.saveBeforeRun();
     if (state_.FormatBeforeExecute) EditFormat();
     CompileAndExecute(txtProgram_->text());
 }

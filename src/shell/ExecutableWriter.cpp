@@ -56,7 +56,8 @@ class File {
     void write(std::string_view bytes) const {
         while (!bytes.empty()) {
             const ssize_t count = ::write(descriptor_, bytes.data(), bytes.size());
-            if (count >= 0)
+            if (count == 0) throw Failure{unknownFailure};  // a device that takes nothing and does not say why
+            if (count > 0)
                 bytes.remove_prefix(static_cast<std::size_t>(count));
             else if (errno != EINTR)
                 fail(fileError(errno));

@@ -89,7 +89,6 @@ void MakeExe(mdlMain& application, const QString& sourcePath, const QString& exe
     const QString executable = exePath;
     const bool wasVisible = application.editorIsVisible();
     if (!QFileInfo::exists(source)) return;
-    application.editor().unloadConsole();  // and with it the file that its program holds open
     const QString engine = engineFile(application.settings());
     if (engine.isEmpty()) return ShowMessage(engineMissing);
 
@@ -98,6 +97,7 @@ void MakeExe(mdlMain& application, const QString& sourcePath, const QString& exe
         if (!mayBeReplaced(executable)) return;
         failure = remove(executable);
     }
+    application.editor().unloadConsole();  // and with it the file that its program holds open
     if (!failure) failure = write(application, engine, source, executable);
     if (failure)
         ShowMessage(makeExeFailureText(*failure, 0));  // the engine holds no error between runs

@@ -163,6 +163,23 @@ TEST_F(RunTest, SavesAndFormatsBeforeARunIfThePreferencesSaySo) {
     EXPECT_TRUE(QFile::exists(path("again.tvp")));
 }
 
+// An example of the system cannot be saved, nor need it be as long as it is unchanged.
+TEST_F(RunTest, WhatCannotBeSavedIsToldOnlyWhenItIsChanged) {
+    state.SaveBeforeExecute = true;
+    const QByteArray content = "caption\r\na = 1\r\n";
+    // So long a name leaves no room for the one of the file that is written beside it.
+    const QString example = writeFile(std::string(252, 'x').c_str(), content);
+    editor->OpenFile(example);
+    press(Qt::Key_F5);
+    EXPECT_TRUE(console()->isVisible());
+    EXPECT_THAT(user.takeTold(), testing::IsEmpty());
+    toFront();
+    type("b");
+    press(Qt::Key_F5);
+    EXPECT_THAT(user.takeTold(), testing::SizeIs(1));
+    EXPECT_EQ(contentOf(example), content);
+}
+
 TEST_F(RunTest, TheOutputIsShownUnderTheCaption) {
     state.run.ProgramCaption = "nav";
     editor->ViewOutput();

@@ -33,20 +33,6 @@ std::string utf8Of(std::u32string_view text) {
     return bytes;
 }
 
-// Unicode has one character for what the font puts together.
-std::u32string composed(std::u32string text) {
-    static const std::pair<std::u32string, char32_t> pairs[] = {
-        {U"\u0905\u093E\u0947", U'ओ'}, {U"\u0905\u093E\u0948", U'औ'}, {U"\u0905\u093E\u0945", U'ऑ'},
-        {U"\u0905\u093E", U'आ'},       {U"\u0905\u0945", U'ॲ'},       {U"\u090F\u0947", U'ऐ'},
-        {U"\u093E\u0947", U'\u094B'},  {U"\u093E\u0948", U'\u094C'},  {U"\u093E\u0945", U'\u0949'},
-        {U"\u0930\u093C", U'\u0931'},
-    };
-    for (const auto& [parts, whole] : pairs)
-        for (std::size_t found = 0; (found = text.find(parts, found)) != std::u32string::npos;)
-            text.replace(found, parts.size(), 1, whole);
-    return text;
-}
-
 std::string page() {
     const FontCodes codes(sourceFolder + "/tools/fonts/encoding.tsv");
     const auto devanagari = [&](std::string_view roman) { return utf8Of(composed(codes.read(LineConvert(roman)))); };

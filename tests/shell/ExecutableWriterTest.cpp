@@ -1,7 +1,9 @@
 #include "host/TemporaryFolder.h"
+#include "runtime/host/FileError.h"
 #include "shell/ExecutableWriter.h"
 #include "shell/MakeExe.h"
 #include "shell/Payload.h"
+#include "translator/MessageTable.h"
 
 #include <gmock/gmock.h>
 
@@ -63,6 +65,13 @@ TEST_F(ExecutableWriterTest, FailuresHaveTheNumberOfTheirReason) {
         EXPECT_EQ(write(row.engine, row.program, row.executable), row.number) << row.program << ' ' << row.executable;
     EXPECT_EQ(folder_.read("a.exe"), "runtime");  // what was written stays
     EXPECT_FALSE(fs::exists(folder_ / "b.exe"));
+}
+
+// So the text alone, for a number without a message, is never told.
+TEST(ExecutableWriter, EveryReasonOfTheSystemHasAMessage) {
+    for (int reason = 0; reason < 200; ++reason)
+        for (const FileError error : {fileError(reason), openFileError(reason, "/none/file")})
+            EXPECT_TRUE(findMessage(static_cast<int>(error))) << reason;
 }
 
 TEST(MakeExeFailureText, NamesTheReasonWhereThereIsOne) {

@@ -3,6 +3,7 @@
 #include "shell/user/DrivenProcess.h"
 
 #include <gmock/gmock.h>
+#include <random>
 
 namespace tolvan {
 namespace {
@@ -13,6 +14,7 @@ using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::IsSupersetOf;
 using testing::StartsWith;
+using testing::UnorderedElementsAre;
 
 const std::string splash = "frmSplash|";
 const std::string editorWindow = "frmEditor|";
@@ -51,6 +53,20 @@ TEST_F(StartTest, SplashGoesByItself) {
     const DrivenResult result = process_.run(TOLVAN_BIN_DIR "/tolbasic", {}, {"frmEditor close"});
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), StartsWith(editorWindow)));
+}
+
+// On this platform of Qt no font can be loaded.
+TEST_F(StartTest, WithoutItsFontsItOnlySaysSo) {
+    process_.setEnvironment("QT_QPA_PLATFORM", "minimal");
+    const DrivenResult result =
+        process_.run(TOLVAN_BIN_DIR "/tolbasic", {"prog.tvp", "-compile"}, {"QMessageBox click OK"});
+    EXPECT_EQ(result.status, 1) << result.errors;
+    EXPECT_THAT(result.windows,
+                UnorderedElementsAre(StartsWith(splash),
+                                     "QMessageBox|Font Required|Critical|The fonts 'Sanskrit 1.2' and 'Times New "
+                                     "Roman' are required for this software to run and could not be found on this "
+                                     "computer. Unable to start Tolbasic."));
+    EXPECT_FALSE(exists("Prog.exe"));
 }
 
 TEST_F(StartTest, OpensAFileInTheSpellingOfTheDisk) {
@@ -176,12 +192,65 @@ TEST_F(StartTest, TheMenuWritesAnExecutableAndComesBackWithTheProgram) {
     EXPECT_GT(fs::file_size(process_.folder() / "nAv.exe"), fs::file_size(TOLVAN_BIN_DIR "/engine.dat"));
 }
 
+TEST_F(StartTest, AFailureWithoutAReasonIsToldAndTheMenuComesBackWithTheProgram) {
+    process_.setEnvironment("LD_PRELOAD", TOLVAN_SILENT_DISK);
+    process_.setEnvironment("ASAN_OPTIONS", "verify_asan_link_order=0");
+    const std::string told = "tolvn beiskla Aae¦ 0 Cya vaKyrcne mxe gfbf AaF¦lI Aahe";
+    const DrivenResult compiled = start({"prog.tvp", "-compile"}, {"frmMMsgbox click cmdOK"});
+    EXPECT_EQ(compiled.status, 0) << compiled.errors;
+    EXPECT_THAT(compiled.windows, ElementsAre(StartsWith(splash), HasSubstr(told)));
+    EXPECT_TRUE(exists("Prog.exe"));  // what was written stays, here nothing
+
+    const DrivenResult chosen = start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog type",
+                                                     "frmMMsgbox click cmdOK", "frmEditor close"});
+    EXPECT_EQ(chosen.status, 0) << chosen.errors;
+    EXPECT_THAT(chosen.windows, ElementsAre(StartsWith(splash), AllOf(StartsWith(editorWindow), HasSubstr("Prog.tvp")),
+                                            StartsWith("QFileDialog|"), HasSubstr(told)));
+    EXPECT_TRUE(exists("nAv.exe"));
+}
+
+// The console of the program that has run is there as long as nothing is written.
+TEST_F(StartTest, TheConsoleStaysWhenNothingIsWritten) {
+    process_.folder().write("nAv.exe", "old");
+    const DrivenResult result =
+        start({"prog.tvp"}, {"frmEditor command RunStart", "frmEditor command FileMakeEXE", "QFileDialog type",
+                             "frmMQuestionBox click cmdNo", "frmExec leave", "frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_EQ(process_.folder().read("nAv.exe"), "old");
+}
+
+TEST_F(StartTest, AProgramFileThatIsGoneBecomesNothing) {
+    const DrivenResult result = start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog remove Prog.tvp",
+                                                     "QFileDialog type", "frmEditor close"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), StartsWith(editorWindow), StartsWith("QFileDialog|")));
+    EXPECT_FALSE(exists("nAv.exe"));
+}
+
 TEST_F(StartTest, TheMenuAsksToSaveFirst) {
     const DrivenResult result =
         start({}, {"frmEditor command FileMakeEXE", "frmMQuestionBox click cmdNo", "frmEditor close"});
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows,
                 ElementsAre(StartsWith(splash), StartsWith(editorWindow), HasSubstr("saQvlelI nstan Svt<Ç")));
+}
+
+// Whatever is asked for, the program ends in order when its windows are closed.
+TEST_F(StartTest, AnyCommandLineEndsInOrder) {
+    const std::vector<std::string> pieces = {"prog.tvp", "OTHER.tvp", "-run", "-compile", "-?",
+                                             "\"",       "\\",        ".",    "\xE0\x01", "\n",
+                                             "-",        "--",        "/",    "",         std::string(5000, 'y')};
+    std::mt19937 random(11);
+    for (int i = 0; i < 40; ++i) {
+        std::vector<std::string> arguments;
+        for (auto count = random() % 5; count > 0; --count) {
+            arguments.push_back(pieces[random() % pieces.size()]);
+            if (random() % 4 == 0) arguments.back() += pieces[random() % pieces.size()];
+        }
+        const DrivenResult result = process_.run(TOLVAN_BIN_DIR "/tolbasic", arguments, {"* close"});
+        EXPECT_EQ(result.status, 0) << testing::PrintToString(arguments) << result.errors;
+        EXPECT_THAT(result.windows, testing::SizeIs(testing::Ge(1U)));
+    }
 }
 
 TEST_F(StartTest, ThePreferencesAreReadAndKept) {

@@ -2,11 +2,11 @@
 #include "shell/Payload.h"
 #include "shell/user/DrivenProcess.h"
 #include "stub/ExecutableExtent.h"
-#include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
 
 #include <gmock/gmock.h>
+#include <random>
 
 namespace tolvan {
 namespace {
@@ -45,7 +45,6 @@ std::string payloadOf(const std::string& caption, std::string_view roman) {
 class ExampleAsExecutable : public testing::TestWithParam<std::string> {};
 
 TEST_P(ExampleAsExecutable, PrintsDrawsAndReadsAsOnATextConsole) {
-    const ProgramFile program = readProgramFile(content(examples / (GetParam() + ".tvp")));
     const std::string input = content(examples / "expected" / (GetParam() + ".in"));
     DrivenProcess process;
     process.folder().write("answers", input);
@@ -54,12 +53,15 @@ TEST_P(ExampleAsExecutable, PrintsDrawsAndReadsAsOnATextConsole) {
                             " 2>" + (process.folder() / "expected") + " >/dev/null";
     ASSERT_EQ(std::system(tvp.c_str()), 0);
 
+    fs::copy_file(examples / (GetParam() + ".tvp"), process.folder() / "program.tvp");
+    const DrivenResult made = process.run(TOLVAN_BIN_DIR "/tolbasic", {"program.tvp", "-compile"}, {"frmSplash leave"});
+    ASSERT_EQ(made.status, 0) << made.errors;
+
     std::vector<std::string> deeds;
     for (const std::string& line : linesOf(input)) deeds.push_back("frmExec type " + line);
     deeds.emplace_back("frmExec leave");
     process.setEnvironment("TOLVAN_TRACE", process.folder() / "trace");
-    const DrivenResult result =
-        process.run(writeExecutable(process.folder(), payloadOf(program.caption, program.roman)), {}, deeds);
+    const DrivenResult result = process.run(process.folder() / "program.exe", {}, deeds);
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows, ElementsAre(StartsWith("frmExec|")));
     EXPECT_EQ(process.folder().read("trace"), process.folder().read("expected"));
@@ -106,6 +108,36 @@ TEST(StandAlone, DamageIsToldInDevanagariAndIsAnExitStatus) {
         EXPECT_EQ(result.status, 1) << result.errors;
         EXPECT_THAT(result.windows, ElementsAre(HasSubstr("ib\"flelI Aahe")));
     }
+}
+
+// Damage that cannot be seen is run; either way the executable ends in order when its windows are closed.
+TEST(StandAlone, AnyDamageIsToldOrRuns) {
+    const std::string whole = payloadOf("nAv",
+                                        "dAkhav 1 + 2 & #\"#namaskAr#\"#\r\n"
+                                        "(30, 40) pAsun (10, 20) paryaMt raMg(255, 0, 0) raMgAchI regh Akh\r\n"
+                                        "jar 1 lahAn 2 tar\r\n"
+                                        "dAkhav duppaT(2)\r\n"
+                                        "saMpav jar\r\n"
+                                        "upaprAyojan duppaT(saMkhyA)\r\n"
+                                        "duppaT = saMkhyA adhik saMkhyA\r\n"
+                                        "upaprAyojan saMpav");
+    std::mt19937 random(3);
+    DrivenProcess process;
+    int refused = 0;
+    constexpr int runs = 40;
+    for (int i = 0; i < runs; ++i) {
+        std::string damaged = whole;
+        for (auto count = 1 + random() % 3; count > 0; --count)
+            damaged[random() % damaged.size()] = static_cast<char>(random());
+        if (random() % 4 == 0) damaged.resize(random() % damaged.size());
+        const DrivenResult result = process.run(writeExecutable(process.folder(), damaged), {}, {"* close"});
+        ASSERT_THAT(result.windows, testing::Not(testing::IsEmpty())) << result.errors;
+        const bool told = result.windows[0].find("ib\"flelI Aahe") != std::string::npos;
+        EXPECT_EQ(result.status, told ? 1 : 0) << i << result.errors;
+        if (told) ++refused;
+    }
+    EXPECT_GT(refused, 5);
+    EXPECT_LT(refused, runs - 5);
 }
 
 }  // namespace

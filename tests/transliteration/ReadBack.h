@@ -182,6 +182,20 @@ inline std::u32string soundsOf(std::string_view roman) {
     return text;
 }
 
+// Unicode has one character for what the font puts together.
+inline std::u32string composed(std::u32string text) {
+    static const std::pair<std::u32string, char32_t> pairs[] = {
+        {U"\u0905\u093E\u0947", U'ओ'}, {U"\u0905\u093E\u0948", U'औ'}, {U"\u0905\u093E\u0945", U'ऑ'},
+        {U"\u0905\u093E", U'आ'},       {U"\u0905\u0945", U'ॲ'},       {U"\u090F\u0947", U'ऐ'},
+        {U"\u093E\u0947", U'\u094B'},  {U"\u093E\u0948", U'\u094C'},  {U"\u093E\u0945", U'\u0949'},
+        {U"\u0930\u093C", U'\u0931'},
+    };
+    for (const auto& [parts, whole] : pairs)
+        for (std::size_t found = 0; (found = text.find(parts, found)) != std::u32string::npos;)
+            text.replace(found, parts.size(), 1, whole);
+    return text;
+}
+
 // A spelling that `random` picks; the virama is left out.
 inline std::string_view anySpelling(std::size_t random) {
     const Spelling& spelling = spellings[random % spellings.size()];

@@ -74,12 +74,13 @@ std::string buildHelpFile(std::string_view guide) {
     return bytes;
 }
 
-std::string errorTopic() {
+std::string errorList() {
     constexpr std::int32_t firstWord = 32766;  // from here on the table holds words, no messages
-    std::string bytes = helpLine(titleMark, devanagari("chukAMche nirop"));
+    std::string bytes;
     for (const Message& message : messageTable()) {
         if (message.number < 0 || message.number >= firstWord) continue;
-        const RichDocument text = readRtf(std::string(RtfHeader()).append(message.text).append("\\par}"));
+        const std::string fragment = messageFragment(message.number).value_or(std::string());
+        const RichDocument text = readRtf(std::string(RtfHeader()).append(fragment).append("\\par}"));
         bytes += helpLine(paragraphMark, "{" + std::to_string(message.number) + ":} " + RomanMark(text.text));
     }
     return bytes;

@@ -24,7 +24,7 @@ std::vector<HelpTopic> readHelpFile(std::string_view bytes);
 // four blanks, all others are paragraphs. "\#" in a title or paragraph is a Latin "#", which opens no span.
 std::string buildHelpFile(std::string_view guide);
 
-// What the error messages say, as one more topic of the guide's file.
-std::string errorTopic();
+// The error messages with their numbers, as paragraphs for the guide's last topic.
+std::string errorList();
 
 }  // namespace tolvan

@@ -1,4 +1,4 @@
-// makehelp GUIDE HELP: builds the help file from the guide.
+// makehelp GUIDE HELP: builds the help file from the guide, whose last topic is that of the error messages.
 #include "shell/help/HelpFile.h"
 
 #include <cstdlib>
@@ -14,7 +14,7 @@ int main(int count, char** arguments) {
     std::ifstream guide(arguments[1], std::ios::binary);
     const std::string text((std::istreambuf_iterator<char>(guide)), {});
     std::ofstream help(arguments[2], std::ios::binary);
-    help << tolvan::buildHelpFile(text) << tolvan::errorTopic() << std::flush;
+    help << tolvan::buildHelpFile(text) << tolvan::errorList() << std::flush;
     if (!text.empty() && help) return EXIT_SUCCESS;
     std::cerr << "makehelp: cannot read " << arguments[1] << " or write " << arguments[2] << '\n';
     return EXIT_FAILURE;

@@ -10,6 +10,8 @@
 //     CLASS type TEXT        types it into the widget with the keyboard, and Enter
 //     CLASS close            closes the window
 //     CLASS leave            presses the blank until the window is gone
+//     CLASS remove FILE      removes a file meanwhile
+// With "*" as CLASS a deed is for any window, and is done again and again until the program ends.
 #include <QAbstractButton>
 #include <QApplication>
 #include <QFile>
@@ -84,14 +86,15 @@ class User : public QObject {
     // The next deed, if it is for this window.
     bool act(QWidget& window) {
         const Deed deed = deeds_.constFirst();
-        if (deed.window != className(window)) return false;
+        const bool always = deed.window == QLatin1String("*");
+        if (!always && deed.window != className(window)) return false;
         if (deed.verb == QLatin1String("leave")) {
             leaving_ = true;
             QTest::keyClick(window.windowHandle(), Qt::Key_Space);
             return true;
         }
         if (deed.verb == QLatin1String("type") && !qobject_cast<QLineEdit*>(QApplication::focusWidget())) return false;
-        deeds_.removeFirst();
+        if (!always) deeds_.removeFirst();
         carryOut(deed, window);
         return true;
     }
@@ -109,6 +112,8 @@ class User : public QObject {
             QTest::keyClick(window.windowHandle(), Qt::Key_Return);
         } else if (deed.verb == QLatin1String("close")) {
             window.close();
+        } else if (deed.verb == QLatin1String("remove")) {
+            QFile::remove(deed.object);
         }
     }
 
