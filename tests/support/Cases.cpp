@@ -3,6 +3,7 @@
 #include "platform/encoding/Deva.h"
 
 #include <algorithm>
+#include <cctype>
 #include <fstream>
 #include <stdexcept>
 
@@ -79,6 +80,17 @@ std::vector<std::string> Section::parts(std::string_view lineEnd) const {
         first = false;
     }
     return parts;
+}
+
+std::string Section::testName() const {
+    std::string name;
+    bool begins = true;
+    for (const char c : title) {
+        const bool letter = std::isalnum(static_cast<unsigned char>(c)) != 0;
+        if (letter) name += begins ? static_cast<char>(std::toupper(static_cast<unsigned char>(c))) : c;
+        begins = !letter;
+    }
+    return name;
 }
 
 std::vector<Section> sectionsOf(const std::string& file) {

@@ -22,6 +22,10 @@ struct Section {
 
     // The lines from a line "--" to the next: each such part as one text whose lines end as given, the last one not.
     std::vector<std::string> parts(std::string_view lineEnd = "\r\n") const;
+
+    // The title as the name of a test: its words together, each with a capital.
+    std::string testName() const;
+    friend std::ostream& operator<<(std::ostream& out, const Section& section) { return out << section.title; }
 };
 
 // A line of a section in fields that one or more tabs part.

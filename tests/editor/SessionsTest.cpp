@@ -1,0 +1,156 @@
+// Sessions of a user with the editor: what is done by keys and mouse, and what must then be seen. They stand in
+// sessions.cases, where their words are explained.
+#include "EditorFixture.h"
+#include "dialogs/RichTextView.h"
+#include "platform/fonts/FontEncoding.h"
+#include "shell/SettingsReader.h"
+#include "shell/frmPreferences.h"
+#include "support/Cases.h"
+
+#include <QDir>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include <map>
+
+namespace tolvan {
+namespace {
+
+class SessionTest : public EditorTest, public testing::WithParamInterface<Section> {
+  protected:
+    SessionTest() {
+        readPreferences(settings, state);
+        QDir::setCurrent(folder.path());
+    }
+    ~SessionTest() override { QDir::setCurrent(QDir::rootPath()); }
+
+    // A line of a session: a word that says what, and what stands behind it.
+    void follow(const std::string& line) {
+        SCOPED_TRACE(line);
+        const bool expects = line.starts_with("= ");
+        const std::string words = line.substr(expects ? 2 : 0);
+        const std::size_t blank = std::min(words.find(' '), words.size());
+        const std::string what = words.substr(0, blank);
+        const std::string rest = bytesOf(words.substr(std::min(blank + 1, words.size())));
+        if (!expects)
+            deeds_.at(what)(rest);
+        else if (what == "file" || what == "shown")
+            EXPECT_EQ(views_.at(what)(beforeBlank(rest)), behindBlank(rest));
+        else
+            EXPECT_EQ(views_.at(what)(rest), rest);
+    }
+
+  private:
+    using Deed = std::function<void(const std::string&)>;
+    using View = std::function<std::string(const std::string&)>;
+
+    static std::string beforeBlank(const std::string& text) { return text.substr(0, text.find(' ')); }
+    static std::string behindBlank(const std::string& text) {
+        return text.substr(std::min(text.find(' '), text.size() - 1) + 1);
+    }
+    // By its name, in any window.
+    template <class Control = QWidget>
+    static Control& control(const std::string& name) {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (auto* found = window->findChild<Control*>(QString::fromStdString(name)); found) return *found;
+        throw std::runtime_error("no control " + name);
+    }
+    static void enter(const std::string& name, const std::string& text) {
+        control<QLineEdit>(name).clear();
+        QTest::keyClicks(&control<QLineEdit>(name), toQString(text));
+    }
+    void showPreferences() {
+        preferences_ = std::make_unique<frmPreferences>(*editor);
+        preferences_->show();
+        preferences_->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(preferences_.get()));
+    }
+    std::string recentFiles() const {
+        std::string names;
+        for (const char* slot : {"MnuMru1", "MnuMru2", "MnuMru3", "MnuMru4"})
+            if (const QAction* item = editor->commandBars().item(slot); item->isVisible())
+                names.append(names.empty() ? "" : " ").append(QFileInfo(item->text()).fileName().toStdString());
+        EXPECT_EQ(editor->commandBars().item("mnuSeperator4")->isVisible(), !names.empty());
+        return names;
+    }
+
+    std::unique_ptr<frmPreferences> preferences_;
+    const std::map<std::string, Deed> deeds_ = {
+        {"type", [this](const std::string& text) { type(text.c_str()); }},
+        {"press",
+         [this](const std::string& keys) {
+             const QKeyCombination key = QKeySequence(QString::fromStdString(keys))[0];
+             press(key.key(), key.keyboardModifiers());
+         }},
+        {"select",
+         [this](const std::string& span) {
+             editor->txtRoman().select(std::stoul(beforeBlank(span)), std::stoul(behindBlank(span)));
+         }},
+        {"write",
+         [this](const std::string& file) {
+             writeFile(beforeBlank(file).c_str(), QByteArray::fromStdString(behindBlank(file)));
+         }},
+        {"folder", [this](const std::string& name) { QDir(folder.path()).mkdir(QString::fromStdString(name)); }},
+        {"remove", [](const std::string& name) { QFile::remove(QString::fromStdString(name)); }},
+        {"open", [this](const std::string& name) { editor->OpenFile(path(name.c_str())); }},
+        {"command", [this](const std::string& key) { EXPECT_TRUE(editor->TopMenu_UserCommand(key.c_str())); }},
+        {"answer", [this](const std::string& answer) { user.answers.push_back(std::stoi(answer)); }},
+        {"choose",
+         [this](const std::string& name) { user.files.push_back(name.empty() ? QString() : path(name.c_str())); }},
+        {"restart", [this](const std::string&) { open(); }},
+        {"front", [this](const std::string&) { toFront(); }},
+        {"preferences", [this](const std::string&) { showPreferences(); }},
+        {"click", [](const std::string& name) { QTest::mouseClick(&control(name), Qt::LeftButton); }},
+        {"escape",
+         [](const std::string& name) { QTest::keyClick(control(name).window()->windowHandle(), Qt::Key_Escape); }},
+        {"tick",
+         [](const std::string& name) {
+             QTest::mouseClick(&control(name), Qt::LeftButton, {}, {6, 10});
+         }},
+        {"page", [](const std::string& page) { control<QTabWidget>("SSTab1").setCurrentIndex(std::stoi(page)); }},
+        {"enter", [](const std::string& text) { enter(beforeBlank(text), behindBlank(text)); }},
+    };
+    const std::map<std::string, View> views_ = {
+        {"text", [this](const std::string&) { return roman(); }},
+        {"title", [this](const std::string&) { return title().toStdString(); }},
+        {"caption", [this](const std::string&) { return state.run.ProgramCaption; }},
+        {"selection",
+         [this](const std::string&) {
+             const RomanBox& box = editor->txtRoman();
+             return std::to_string(box.selectionStart()) + " " + std::to_string(box.selectionLength());
+         }},
+        {"told",
+         [this](const std::string&) {
+             std::string told;
+             for (const std::string& text : user.takeTold()) told += text;
+             const std::string here = folder.path().toStdString() + "/";
+             if (const std::size_t found = told.find(here); found != std::string::npos) told.erase(found, here.size());
+             return told;
+         }},
+        {"recent", [this](const std::string&) { return recentFiles(); }},
+        {"visible", [](const std::string& name) { return control(name).isVisible() ? name : name + " is not"; }},
+        {"hidden", [](const std::string& name) { return control(name).isVisible() ? name + " is not" : name; }},
+        {"shown", [](const std::string& name) { return toFontEncoded(control<RichTextView>(name).text().trimmed()); }},
+        {"file", [this](const std::string& name) { return contentOf(path(name.c_str())).toStdString(); }},
+        {"setting",
+         [this](const std::string& words) {
+             const QStringList names = QString::fromStdString(words).split(u' ');
+             return words.substr(0, words.find(' ', words.find(' ') + 1)) + " " +
+                    settings.GetSetting(names.at(0), names.at(1)).toStdString();
+         }},
+    };
+};
+
+TEST_P(SessionTest, ShowsWhatItShould) {
+    for (const std::string& line : GetParam().lines)
+        if (!line.empty()) follow(line);
+    EXPECT_TRUE(user.answers.empty() && user.files.empty()) << "questions that were not asked";
+    EXPECT_THAT(user.told, testing::IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(, SessionTest, testing::ValuesIn(sectionsOf("editor/sessions.cases")),
+                         [](const auto& test) { return test.param.testName(); });
+
+}  // namespace
+}  // namespace tolvan
