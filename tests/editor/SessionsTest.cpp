@@ -2,6 +2,7 @@
 // sessions.cases, where their words are explained.
 #include "EditorFixture.h"
 #include "dialogs/RichTextView.h"
+#include "editor/panes/CompletionList.h"
 #include "platform/fonts/FontEncoding.h"
 #include "shell/SettingsReader.h"
 #include "shell/frmPreferences.h"
@@ -66,6 +67,7 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
         preferences_->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(preferences_.get()));
     }
+    CompletionList& suggestions() const { return *editor->findChild<CompletionList*>(); }
     std::string recentFiles() const {
         std::string names;
         for (const char* slot : {"MnuMru1", "MnuMru2", "MnuMru3", "MnuMru4"})
@@ -108,6 +110,12 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
          [](const std::string& name) {
              QTest::mouseClick(&control(name), Qt::LeftButton, {}, {6, 10});
          }},
+        {"pick",
+         [this](const std::string& row) {
+             CompletionList& list = suggestions();
+             const QRect item = list.visualItemRect(list.item(std::stoi(row), 2));
+             QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, item.center());
+         }},
         {"page", [](const std::string& page) { control<QTabWidget>("SSTab1").setCurrentIndex(std::stoi(page)); }},
         {"enter", [](const std::string& text) { enter(beforeBlank(text), behindBlank(text)); }},
     };
@@ -127,6 +135,10 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
              const std::string here = folder.path().toStdString() + "/";
              if (const std::size_t found = told.find(here); found != std::string::npos) told.erase(found, here.size());
              return told;
+         }},
+        {"suggestions",
+         [this](const std::string&) {
+             return suggestions().isVisible() ? std::to_string(suggestions().rowCount()) : "none";
          }},
         {"recent", [this](const std::string&) { return recentFiles(); }},
         {"visible", [](const std::string& name) { return control(name).isVisible() ? name : name + " is not"; }},
