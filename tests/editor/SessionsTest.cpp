@@ -13,6 +13,7 @@
 #include <QPushButton>
 #include <QTabWidget>
 
+#include <algorithm>
 #include <map>
 
 namespace tolvan {
@@ -34,18 +35,24 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
         const std::size_t blank = std::min(words.find(' '), words.size());
         const std::string what = words.substr(0, blank);
         const std::string rest = bytesOf(words.substr(std::min(blank + 1, words.size())));
-        if (!expects)
-            deeds_.at(what)(rest);
-        else if (what == "file" || what == "shown")
-            EXPECT_EQ(views_.at(what)(beforeBlank(rest)), behindBlank(rest));
+        if (!expects) return known(deeds_, what)(rest);
+        const View& view = known(views_, what);
+        if (what == "file" || what == "shown")
+            EXPECT_EQ(view(beforeBlank(rest)), behindBlank(rest));
         else
-            EXPECT_EQ(views_.at(what)(rest), rest);
+            EXPECT_EQ(view(rest), rest);
     }
 
   private:
     using Deed = std::function<void(const std::string&)>;
     using View = std::function<std::string(const std::string&)>;
 
+    template <class Table>
+    static const typename Table::mapped_type& known(const Table& table, const std::string& what) {
+        const auto found = table.find(what);
+        if (found == table.end()) throw std::runtime_error("a session has no word " + what);
+        return found->second;
+    }
     static std::string beforeBlank(const std::string& text) { return text.substr(0, text.find(' ')); }
     static std::string behindBlank(const std::string& text) {
         return text.substr(std::min(text.find(' '), text.size() - 1) + 1);
@@ -66,6 +73,22 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
         preferences_->show();
         preferences_->activateWindow();
         EXPECT_TRUE(QTest::qWaitForWindowActive(preferences_.get()));
+    }
+    // The next start finds what the old window left.
+    void crash() {
+        editor.reset();
+        open();
+        state.run.ProgramCaption.clear();
+    }
+    QStringList copies() const {
+        return QDir(settings.folder()).entryList({QStringLiteral("unsaved-*.tvp")}, QDir::Files);
+    }
+    bool isKept(const std::string& text) const {
+        const auto holds = [&](const QString& copy) {
+            return contentOf(settings.folder() + u'/' + copy).contains(QByteArray::fromStdString(text));
+        };
+        const QStringList all = copies();
+        return std::any_of(all.begin(), all.end(), holds);
     }
     CompletionList& suggestions() const { return *editor->findChild<CompletionList*>(); }
     std::string recentFiles() const {
@@ -101,6 +124,9 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
         {"choose",
          [this](const std::string& name) { user.files.push_back(name.empty() ? QString() : path(name.c_str())); }},
         {"restart", [this](const std::string&) { open(); }},
+        {"crash", [this](const std::string&) { crash(); }},
+        {"recover", [this](const std::string&) { editor->offerRecovery(); }},
+        {"wait", [](const std::string& milliseconds) { QTest::qWait(std::stoi(milliseconds)); }},
         {"front", [this](const std::string&) { toFront(); }},
         {"preferences", [this](const std::string&) { showPreferences(); }},
         {"click", [](const std::string& name) { QTest::mouseClick(&control(name), Qt::LeftButton); }},
@@ -139,6 +165,12 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
         {"suggestions",
          [this](const std::string&) {
              return suggestions().isVisible() ? std::to_string(suggestions().rowCount()) : "none";
+         }},
+        {"asked", [this](const std::string&) { return std::to_string(user.takeTold().size()); }},
+        {"copies", [this](const std::string&) { return std::to_string(copies().size()); }},
+        {"kept",
+         [this](const std::string& text) {
+             return QTest::qWaitFor([&] { return isKept(text); }, 5000) ? text : "not " + text;
          }},
         {"recent", [this](const std::string&) { return recentFiles(); }},
         {"visible", [](const std::string& name) { return control(name).isVisible() ? name : name + " is not"; }},
