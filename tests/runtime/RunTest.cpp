@@ -120,6 +120,8 @@ struct Busy {
     std::vector<std::string> statements;
     bool asks = false;
     bool fails = false;
+
+    friend std::ostream& operator<<(std::ostream& out, const Busy& busy) { return out << busy.name; }
 };
 const Busy busyPrograms[] = {
     {"Looping", {"Do", "a = a + 1", "Loop"}},
@@ -131,6 +133,8 @@ const Busy busyPrograms[] = {
 struct Stop {
     const char* name;
     void (*press)(frmExec&);
+
+    friend std::ostream& operator<<(std::ostream& out, const Stop& stop) { return out << stop.name; }
 };
 QWidget* keyboardOf(frmExec& console) {
     QWidget* const focused = QApplication::focusWidget();
