@@ -8,6 +8,7 @@
 #include "shell/frmPreferences.h"
 #include "support/Cases.h"
 
+#include <QClipboard>
 #include <QDir>
 #include <QLineEdit>
 #include <QPushButton>
@@ -142,6 +143,7 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
              const QRect item = list.visualItemRect(list.item(std::stoi(row), 2));
              QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, item.center());
          }},
+        {"clipboard", [](const std::string& text) { QApplication::clipboard()->setText(toQString(text)); }},
         {"page", [](const std::string& page) { control<QTabWidget>("SSTab1").setCurrentIndex(std::stoi(page)); }},
         {"enter", [](const std::string& text) { enter(beforeBlank(text), behindBlank(text)); }},
     };
@@ -165,6 +167,14 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
         {"suggestions",
          [this](const std::string&) {
              return suggestions().isVisible() ? std::to_string(suggestions().rowCount()) : "none";
+         }},
+        {"clipboard", [](const std::string&) { return toFontEncoded(QApplication::clipboard()->text()); }},
+        {"panel1", [this](const std::string&) { return toFontEncoded(panel("panel1")); }},
+        // The work comes to an end by itself, a moment after the last key.
+        {"panel2",
+         [this](const std::string& expected) {
+             const auto shown = [this] { return toFontEncoded(panel("panel2")); };
+             return QTest::qWaitFor([&] { return shown() == expected; }, 5000) ? expected : shown();
          }},
         {"asked", [this](const std::string&) { return std::to_string(user.takeTold().size()); }},
         {"copies", [this](const std::string&) { return std::to_string(copies().size()); }},
