@@ -1,5 +1,5 @@
 // Sessions of a user with the editor: what is done by keys and mouse, and what must then be seen. They stand in
-// sessions.cases, where their words are explained.
+// sessions.cases.
 #include "EditorFixture.h"
 #include "dialogs/RichTextView.h"
 #include "editor/panes/CompletionList.h"

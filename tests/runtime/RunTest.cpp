@@ -1,8 +1,8 @@
 // Whole runs of programs in the window.
 #include "ConsoleFixture.h"
-#include "dialogs/Dialogs.h"
 #include "platform/encoding/Deva.h"
 #include "support/Cases.h"
+#include "support/ScriptedUser.h"
 
 #include <sstream>
 
@@ -28,16 +28,6 @@ class RunTest : public ConsoleTest {
         EXPECT_THAT(editor.romanSelections, ElementsAre(roman));
         EXPECT_EQ(editor.broughtBack, 1);
     }
-    // What the error box would be shown for.
-    struct Answers : DialogAnswers {
-        explicit Answers(bool goOn) : answer(goOn) {}
-        bool ShowError(std::int32_t number, int errorLine) override {
-            errors.emplace_back(number, errorLine);
-            return answer;
-        }
-        bool answer;
-        std::vector<std::pair<int, int>> errors;
-    };
 };
 
 TEST_F(RunTest, EndsWithItsMessagesAndClosesByAKey) {
@@ -64,17 +54,18 @@ class OutcomeTest : public RunTest, public testing::WithParamInterface<Section> 
 TEST_P(OutcomeTest, IsAsExpected) {
     const std::vector<std::string> parts = GetParam().parts("\n");
     const QStringList expected = QString::fromStdString(parts.at(1)).split(u'\n');
-    Answers answers(expected.front().endsWith(QStringLiteral("go on")));
-    const ReplacedDialogs replaced(answers);
+    ScriptedUser user;
+    if (expected.size() > 1) user.errorAnswers = {expected.front().endsWith(QStringLiteral("go on"))};
+    const ReplacedDialogs replaced(user);
     std::istringstream lines(parts.at(0));
     std::vector<std::string> statements;
     for (std::string line; std::getline(lines, line);) statements.push_back(line);
     run(statements);
 
-    for (const auto& [number, line] : answers.errors)
+    for (const auto& [number, line] : user.errors)
         EXPECT_TRUE(expected.front().startsWith(QStringLiteral("asked %1 %2:").arg(number).arg(line)))
             << number << " " << line;
-    EXPECT_EQ(answers.errors.size() + 1, static_cast<std::size_t>(expected.size()));
+    EXPECT_EQ(user.errors.size() + 1, static_cast<std::size_t>(expected.size()));
     if (expected.back() == u"closed at 1")
         expectClosedAt({3, 3}, {3, 2});
     else if (expected.back() == u"closed at 2")
@@ -87,11 +78,12 @@ INSTANTIATE_TEST_SUITE_P(, OutcomeTest, testing::ValuesIn(sectionsOf("runtime/ru
                          [](const auto& test) { return test.param.testName(); });
 
 TEST_F(RunTest, AnErrorBeforeTheProgramMarksItsFirstLine) {
-    Answers answers(false);
-    const ReplacedDialogs replaced(answers);
+    ScriptedUser user;
+    user.errorAnswers = {false};
+    const ReplacedDialogs replaced(user);
     state.CompiledScript = "Sub Main(\r\nEnd Sub\r\n";
     console->execute();
-    EXPECT_EQ(answers.errors.size(), 1U);
+    EXPECT_EQ(user.errors.size(), 1U);
     expectClosedAt({0, 2}, {0, 2});
 }
 

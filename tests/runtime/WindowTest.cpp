@@ -1,9 +1,9 @@
 // The console as a window.
 #include "ConsoleFixture.h"
-#include "dialogs/Dialogs.h"
 #include "dialogs/WindowFrame.h"
 #include "platform/encoding/Deva.h"
 #include "platform/settings/Settings.h"
+#include "support/ScriptedUser.h"
 
 #include <QClipboard>
 #include <QFile>
@@ -85,14 +85,11 @@ TEST_F(WindowTest, SavesThePictureAsPng) {
 }
 
 TEST_F(WindowTest, TellsWhenThePictureCannotBeSaved) {
-    struct Messages : DialogAnswers {
-        void ShowMessage(std::string_view text) override { texts.emplace_back(text); }
-        std::vector<std::string> texts;
-    } messages;
-    const ReplacedDialogs replaced(messages);
+    ScriptedUser user;
+    const ReplacedDialogs replaced(user);
     onceDialogIsUp([](QDialog& dialog) { chooseFile(dialog, QStringLiteral("/dev/full/picture.png")); });
     console->SavePicture();
-    EXPECT_EQ(messages.texts.size(), 1U);
+    EXPECT_EQ(user.told.size(), 1U);
 }
 
 }  // namespace
