@@ -113,7 +113,7 @@ class Writer {
                             "Left", "Eval", "IsArray", "Abs", "Filter"}) +
                        "(" + arguments(depth) + ")";
             case 9:
-                return "New K";
+                return one({"New K", "New L"});
             case 10:
                 return "GetRef(\"f\")";
             case 11:
@@ -198,7 +198,11 @@ class Writer {
                 return put("End With");
             case 14:
                 return put(one({"Execute", "ExecuteGlobal"}) + " \"" +
-                           one({"a = b", "arr(1) = c", "Sub g : a = 1 : End Sub", "f 1", "z = 1", "Dim q(2)", "If"}) +
+                           one({"a = b", "arr(1) = c", "Sub g : a = 1 : End Sub", "f 1", "z = 1", "Dim q(2)", "If",
+                                "Function f(x) : x = x & 1 : f = x : End Function", "Dim a : a = Array(1, 2)",
+                                "Const b = 3", "Class L : Public p : Sub m(x) : x = 1 : End Sub : End Class",
+                                "Set obj = New L", "Execute \"\"d = d + 1 : Sub h(x) : f x : End Sub\"\"",
+                                "ExecuteGlobal \"\"Sub i(x) : x = a : End Sub\"\" : i c"}) +
                            "\"");
             case 15:
                 return put("Call " + name() + "(" + arguments(depth) + ")");
@@ -258,6 +262,9 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     executor.setMemoryLimit(std::size_t{8} << 20);
     executor.addObject("host", console, script::Executor::Members::AlsoGlobal);
     if (executor.addCode(module)) {
+        // What it declares anew has procedures of the first module compiled again.
+        if (data[0] % 8 < 4)
+            executor.addCode("Dim d, i\nSub g(x)\nx = 2 : a = x\nEnd Sub\nFunction Len(x)\nEnd Function");
         const script::Value arguments[] = {script::Value::longInteger(3), script::Value::text("ab")};
         for (const char* procedure : {"f", "g", "h"})
             for (std::size_t count = 0; count <= 2; ++count) executor.run(procedure, {arguments, count});

@@ -4,6 +4,7 @@
 #include "platform/script/StringCell.h"
 #include "script/ScriptConsole.h"
 
+#include <cstring>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
@@ -41,6 +42,9 @@ TEST(RunTimeErrors, HaveTheirNumberAndTheLineOfTheStatement) {
         {"ParentForm.PrintString", "error 450 line 1\n"},
         {"parentform.nothing 1, 2", "error 438 line 1\n"},
         {"Option Explicit\nSub Main\nx = 1\nEnd Sub", "error 500 line 3\n"},
+        {"Option Explicit\nReDim a(1)\na(1) = 2\nSub Main\nReDim b(1)\nb(a(1)) = 1\nEnd Sub", "error 9 line 6\n"},
+        {"Option Explicit\nExecute \"x = 1\"\ny = x\nz = x", "error 500 line 3\n"},
+        {"Sub Main\nExecute \"Sub p : q = 1 / 0 : End Sub\"\np\nEnd Sub", "error 11 line 1\n"},
     };
     for (const auto& [module, expected] : cases) EXPECT_EQ(outcome(module), expected) << module;
 }
@@ -221,6 +225,41 @@ TEST(Host, CallsProceduresWithValuesAndTakesResults) {
     ASSERT_TRUE(executor.evaluate("total * 21", result));
     EXPECT_EQ(executor.text(result), "42");
     EXPECT_EQ(executor.typeName(result), "Integer");
+}
+
+// Procedures of the first module meet what the second one declares.
+TEST(Host, ALaterModuleGivesNamesTheirMeaning) {
+    struct Case {
+        const char* first;
+        const char* second;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {"Sub Test : PrintString twice(2) : End Sub", "Function twice(x) : twice = x * 2 : End Function", "4\n"},
+        {"Sub Test : x = 5 : PrintString y : End Sub", "x = 1 : y = 2", "2\n"},
+        {"Sub Test : PrintString Len(\"abc\") : End Sub", "Function Len(x) : Len = x & \"!\" : End Function", "abc!\n"},
+        {"Sub Test : Set c = New Later : PrintString c.v : End Sub", "Class Later : Public v : End Class", "\n"},
+        {"Sub Test : a = 1 : Change a : PrintString a : End Sub\nSub Change(x) : End Sub",
+         "Sub Change(x) : x = x + 1 : End Sub", "2\n"},
+        {"Class C : Sub Go : PrintString later : End Sub : End Class\nSub Test : Set o = New C : o.Go : End Sub",
+         "Const later = \"later\"", "later\n"},
+        {"Option Explicit\nSub Test : late = 3 : PrintString late : End Sub", "Dim late", "3\n"},
+        {"x = 1\nSub Test : PrintString x : End Sub", "Dim x", "1\n"},
+        {"Sub Test : PrintString where : End Sub", "where = 1 : Execute \"Sub More : where = 2 : End Sub\" : More",
+         "2\n"},
+        {"Sub Test : Make : PrintString made(1) : End Sub",
+         "Sub Make : ExecuteGlobal \"Function made(x) : made = x + 1 : End Function\" : End Sub", "2\n"},
+    };
+    for (const Case& one : cases) {
+        Executor executor;
+        ScriptConsole console;
+        executor.addObject("ParentForm", console, Executor::Members::AlsoGlobal);
+        ASSERT_TRUE(executor.addCode(one.first) && executor.addCode(one.second)) << one.first;
+        executor.run("Test");
+        EXPECT_EQ(executor.error().number, 0) << one.first;
+        EXPECT_THAT(console.lines, testing::ElementsAre(std::string(one.expected, std::strlen(one.expected) - 1)))
+            << one.first;
+    }
 }
 
 TEST(Host, ObjectsInVariablesBehaveAsTheirName) {

@@ -14,7 +14,7 @@ class Executor::Engine {
     template <class Action>
     bool attempt(Action action) {
         report = ErrorReport{};
-        machine.startClock();
+        machine.start();
         try {
             action();
             return true;

@@ -66,6 +66,7 @@ class Executor {
 
     // Loads a module and runs its statements outside procedures. False if it cannot be compiled (nothing of it is
     // loaded) or fails; see error().
+    // What it declares becomes known to the modules before it, too, and takes the place of what had the name.
     bool addCode(std::string_view module);
 
     // Calls a procedure; true if it ended without an error. `result` receives what a function returned.

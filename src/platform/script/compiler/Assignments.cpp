@@ -54,6 +54,9 @@ void ProcedureCompiler::store(const Binding& binding, std::uint32_t from, bool i
         case Binding::Kind::Field:
             code_.emit(isSet ? Op::SetField : Op::LetField, from, binding.index);
             return;
+        case Binding::Kind::Late:
+            code_.emit(isSet ? Op::SetReferred : Op::LetReferred, place(binding), from);
+            return;
         case Binding::Kind::Undefined:
             return raise(errors::UndefinedVariable);
         default:
@@ -199,7 +202,7 @@ void ProcedureCompiler::assignElement(const AssignStmt& statement) {
                     return putInto(binding.index, element.arguments, statement);
                 break;
             default:
-                if (!binding.isVariable()) return raise(errors::IllegalAssignment);
+                if (!binding.mayBeVariable()) return raise(errors::IllegalAssignment);
                 break;
         }
     }

@@ -58,11 +58,11 @@ std::uint32_t countElements(std::span<Expr* const> arguments) {
 
 bool ProcedureCompiler::isElement(const Expr& argument) {
     return argument.kind == ExprKind::Call && argument.left->kind == ExprKind::Name && !argument.arguments.empty() &&
-           bind(argument.left->name, Use::Callee).isVariable();
+           bind(argument.left->name, Use::Callee).mayBeVariable();
 }
 
 bool ProcedureCompiler::isReferable(const Expr& argument) {
-    return (argument.kind == ExprKind::Name && bind(argument.name).isVariable()) || isElement(argument);
+    return (argument.kind == ExprKind::Name && bind(argument.name).mayBeVariable()) || isElement(argument);
 }
 
 // `byReference`: which parameters the called procedure reads as references; null if it is not known: all.
@@ -90,12 +90,16 @@ void ProcedureCompiler::passReference(const Expr& argument, std::uint32_t target
             case Binding::Kind::Field:
                 code_.emit(Op::ReferField, target, binding.index);
                 return;
+            case Binding::Kind::Late:
+                return passLate(binding, argument, target, pin);
             default:
                 code_.emit(Op::ReferRegister, target, binding.index);
                 return;
         }
     }
-    const std::uint32_t array = place(bind(argument.left->name, Use::Callee));
+    const Binding callee = bind(argument.left->name, Use::Callee);
+    if (callee.kind == Binding::Kind::Late) return passLate(callee, argument, target, pin);
+    const std::uint32_t array = place(callee);
     const std::uint32_t first = evaluatePlain(argument.arguments);
     code_.emit(Op::PinArray, pin, array);
     code_.emitWithWord(Op::ReferElement, target, array, first, countOf(argument.arguments));
@@ -125,7 +129,9 @@ std::uint32_t ProcedureCompiler::evaluatePlain(std::span<Expr* const> expression
 }
 
 std::uint32_t ProcedureCompiler::place(const Binding& binding) {
-    if (binding.kind == Binding::Kind::Register || binding.kind == Binding::Kind::Referred) return binding.index;
+    if (binding.kind == Binding::Kind::Late)
+        code_.emitWithWord(Op::FindVariable, binding.index, 0, 0, lateUse(binding));
+    if (binding.kind <= Binding::Kind::Referred || binding.kind == Binding::Kind::Late) return binding.index;
     const std::uint32_t reference = code_.takeRegisters();
     if (binding.kind == Binding::Kind::Outside)
         code_.emitWithWord(Op::ReferGlobal, reference, 0, 0, binding.variable);
@@ -139,10 +145,11 @@ std::uint32_t ProcedureCompiler::place(const Binding& binding) {
 std::uint32_t ProcedureCompiler::placeOf(const Expr& expression) {
     if (expression.kind == ExprKind::Name) {
         const Binding binding = bind(expression.name);
-        if (binding.isVariable()) return place(binding);
+        if (binding.mayBeVariable()) return place(binding);
     }
     const bool isNested = expression.kind == ExprKind::Call && rootName(expression) != nullptr &&
-                          bind(rootName(expression)->name, Use::Callee).isVariable() && !expression.arguments.empty();
+                          bind(rootName(expression)->name, Use::Callee).mayBeVariable() &&
+                          !expression.arguments.empty();
     const std::uint32_t target = code_.takeRegisters();
     if (!isNested) {
         into(expression, target);
@@ -176,6 +183,8 @@ void ProcedureCompiler::callInto(const Expr& call, std::uint32_t target, Wanted 
             return callSpecial(binding.symbol->special, arguments, target);
         case Binding::Kind::Method:
             return callOwnMember(callee.name, arguments, target);
+        case Binding::Kind::Late:
+            return callLate(binding, arguments, target, wanted);
         case Binding::Kind::Undefined:
             if (callee.kind == ExprKind::Name) return raise(errors::UndefinedVariable);
             break;
@@ -251,6 +260,34 @@ void ProcedureCompiler::callOwnMember(NameId name, std::span<Expr* const> argume
     code_.emitWithWord(Op::CallMember, frame.base(), countOf(arguments), 1, name);
     forgetGate();
     frame.finish();
+}
+
+LateUse ProcedureCompiler::lateUse(const Binding& late) const {
+    return {late.name, module_.optionExplicit, false, false, false};
+}
+
+void ProcedureCompiler::callLate(const Binding& late, std::span<Expr* const> arguments, std::uint32_t target,
+                                 Wanted wanted) {
+    CallFrame frame(code_, target, countElements(arguments));
+    passArguments(arguments, frame, nullptr);
+    LateUse use = lateUse(late);
+    use.isStatement = wanted == Wanted::Nothing;
+    code_.emitWithWord(Op::CallLate, frame.base(), countOf(arguments), late.index, use);
+    forgetGate();
+    frame.finish();
+}
+
+// An argument that is a variable or an element of one, if the name turns out to be a variable's; else a call.
+// `target` is the last register in use.
+void ProcedureCompiler::passLate(const Binding& late, const Expr& argument, std::uint32_t target, std::uint32_t pin) {
+    const bool isElement = argument.kind == ExprKind::Call;
+    LateUse use = lateUse(late);
+    use.wantsReference = use.mayBeNoVariable = true;
+    if (isElement) evaluateInOrder(argument.arguments);
+    code_.emitWithWord(Op::FindVariable, late.index, 0, 0, use);
+    if (isElement) code_.emit(Op::PinArray, pin, late.index);
+    code_.emitWithWord(Op::CallLate, target, isElement ? countOf(argument.arguments) : 0, late.index, use);
+    forgetGate();
 }
 
 // A call that cannot be made: its arguments are evaluated all the same.

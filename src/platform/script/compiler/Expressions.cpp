@@ -68,65 +68,45 @@ constexpr std::uint32_t LargestConstantOperand = 0xffff;
 }  // namespace
 
 ProcedureCompiler::Binding ProcedureCompiler::bind(NameId name, Use use) {
+    using Kind = Binding::Kind;
     Binding binding;
+    binding.name = name;
+    // "f(1)" in the function f calls it; "f" is its result.
     const auto outer = scope_.outer.find(name);
-    if (outer != scope_.outer.end()) {
-        binding.kind = Binding::Kind::Outside;
+    if (outer != scope_.outer.end() && !(use == Use::Callee && name == scope_.outerResult)) {
+        binding.kind = Kind::Outside;
         binding.variable = outer->second;
         return binding;
     }
     const auto reg = scope_.registers.find(name);
-    // "f(1)" in the function f calls it; "f" is its result.
     if (reg != scope_.registers.end() && !(use == Use::Callee && reg->second == 0)) {
-        binding.kind = scope_.isByReference(reg->second) ? Binding::Kind::Referred : Binding::Kind::Register;
+        binding.kind = scope_.isByReference(reg->second) ? Kind::Referred : Kind::Register;
+        if (reg->second >= scope_.firstLate) binding.kind = Kind::Late;
         binding.index = reg->second;
         return binding;
     }
     const auto constant = scope_.constants.find(name);
     if (constant != scope_.constants.end()) {
-        binding.kind = Binding::Kind::Constant;
+        binding.kind = Kind::Constant;
         binding.constant = &constant->second;
         return binding;
     }
     if (scope_.owner != nullptr) {
         if (const ScriptClass::Member* member = scope_.owner->find(name)) {
-            binding.kind = member->field >= 0 ? Binding::Kind::Field : Binding::Kind::Method;
+            binding.kind = member->field >= 0 ? Kind::Field : Kind::Method;
             binding.index = static_cast<std::uint32_t>(member->field);
             return binding;
         }
     }
     binding.symbol = module_.find(name);
     if (binding.symbol == nullptr) return binding;
+    // In the order of Symbol::Kind.
+    static constexpr Kind OfSymbols[] = {Kind::Undefined,  Kind::Outside, Kind::Constant,
+                                         Kind::Procedure,  Kind::Class,   Kind::HostObject,
+                                         Kind::HostMember, Kind::Builtin, Kind::Special};
+    binding.kind = OfSymbols[static_cast<std::size_t>(binding.symbol->kind)];
     binding.variable = binding.symbol->variable;
     binding.constant = &binding.symbol->constant;
-    switch (binding.symbol->kind) {
-        case Symbol::Kind::Variable:
-            binding.kind = Binding::Kind::Outside;
-            break;
-        case Symbol::Kind::Constant:
-            binding.kind = Binding::Kind::Constant;
-            break;
-        case Symbol::Kind::Procedure:
-            binding.kind = Binding::Kind::Procedure;
-            break;
-        case Symbol::Kind::Class:
-            binding.kind = Binding::Kind::Class;
-            break;
-        case Symbol::Kind::HostObject:
-            binding.kind = Binding::Kind::HostObject;
-            break;
-        case Symbol::Kind::HostMember:
-            binding.kind = Binding::Kind::HostMember;
-            break;
-        case Symbol::Kind::Builtin:
-            binding.kind = Binding::Kind::Builtin;
-            break;
-        case Symbol::Kind::Special:
-            binding.kind = Binding::Kind::Special;
-            break;
-        case Symbol::Kind::None:
-            break;
-    }
     return binding;
 }
 
@@ -234,8 +214,13 @@ void ProcedureCompiler::into(const Expr& expression, std::uint32_t target) {
             return into(*expression.left, target);
         case ExprKind::New: {
             const Symbol* symbol = module_.find(expression.name);
-            if (symbol == nullptr || symbol->kind != Symbol::Kind::Class) return raise(errors::ClassNotDefined);
-            code_.emitWithWord(Op::NewObject, target, 0, 0, symbol->scriptClass);
+            const bool isClass = symbol != nullptr && symbol->kind == Symbol::Kind::Class;
+            if (isClass)
+                code_.emitWithWord(Op::NewObject, target, 0, 0, symbol->scriptClass);
+            else if (module_.isLate)
+                code_.emitWithWord(Op::NewLate, target, 0, 0, std::uint64_t{expression.name});
+            else
+                raise(errors::ClassNotDefined);
             return forgetGate();
         }
         case ExprKind::Me:
@@ -269,6 +254,8 @@ void ProcedureCompiler::nameInto(const Expr& name, std::uint32_t target) {
             return raise(errors::UndefinedVariable);
         case Binding::Kind::Class:
             return raise(errors::TypeMismatch);
+        case Binding::Kind::Late:
+            return callLate(binding, {}, target, Wanted::Value);
         default: {
             Expr call = name;
             call.kind = ExprKind::Call;

@@ -5,18 +5,27 @@
 #include "platform/script/syntax/Parser.h"
 #include "platform/script/syntax/SyntaxError.h"
 
+#include <algorithm>
 #include <deque>
+#include <unordered_set>
 
 namespace tolvan::script {
 
 struct ModuleCompiler::Work {
-    Work(SymbolTable& symbols, Names& names) : scope(symbols, names) {}
+    Work(SymbolTable& symbols, Names& names, const Surroundings* surroundings)
+        : around(surroundings), scope(symbols, names, surroundings != nullptr ? surroundings->symbols : nullptr) {}
 
+    // Whether Execute runs the statements within a procedure.
+    bool isWithinProcedure() const { return around != nullptr && around->makeVariable != nullptr; }
+
+    const Surroundings* around;  // null: the module stands by itself
     std::unique_ptr<Module> module;
     ModuleScope scope;
     ProcedureScope outside;
     std::deque<ProcedureScope> procedures;
     std::unordered_map<NameId, const ProcedureNode*> lastProcedure;  // of several with one name the last counts
+    std::vector<std::pair<ProcedureScope*, std::shared_ptr<Procedure>>> compiled;
+    std::shared_ptr<LoadedModule> loaded;  // null for what needs never be compiled again
 };
 
 namespace {
@@ -24,16 +33,15 @@ namespace {
 // Declarations in the statements outside procedures, in blocks too.
 class OutsideDeclarations : public AstVisitor {
   public:
-    OutsideDeclarations(ModuleScope& scope, const std::vector<Value>& literals) : scope_(scope), literals_(literals) {}
+    // `declare` makes a variable of the name.
+    OutsideDeclarations(ModuleScope& scope, const std::vector<Value>& literals, std::function<void(NameId)> declare)
+        : scope_(scope), literals_(literals), declare_(std::move(declare)) {}
 
   protected:
     void onDim(const DimStmt& statement) override {
         for (const Variable& variable : statement.variables) {
             refuseSecond(variable.name, statement.line);
-            Symbol symbol;
-            symbol.kind = Symbol::Kind::Variable;
-            symbol.variable = scope_.engine().makeVariable();
-            scope_.define(variable.name, symbol);
+            declare_(variable.name);
         }
     }
     void onConst(const ConstStmt& statement) override {
@@ -46,11 +54,13 @@ class OutsideDeclarations : public AstVisitor {
 
   private:
     void refuseSecond(NameId name, std::uint32_t line) {
-        if (scope_.findPending(name) != nullptr) throw SyntaxError{Syntax::NameRedefined, line, 0};
+        if (!declared_.insert(name).second) throw SyntaxError{Syntax::NameRedefined, line, 0};
     }
 
     ModuleScope& scope_;
     const std::vector<Value>& literals_;
+    std::function<void(NameId)> declare_;
+    std::unordered_set<NameId> declared_;
 };
 
 std::vector<std::uint32_t> extentsOf(const Variable& variable, const std::vector<Value>& literals) {
@@ -60,64 +70,136 @@ std::vector<std::uint32_t> extentsOf(const Variable& variable, const std::vector
     return extents;
 }
 
+// Whether the text may run texts that define names: the word stands in it somewhere.
+bool mayExecute(std::string_view source) {
+    constexpr std::string_view Word = "execute";
+    const auto sameLetter = [](char letter, char small) { return (letter | 0x20) == small; };
+    return std::search(source.begin(), source.end(), Word.begin(), Word.end(), sameLetter) != source.end();
+}
+
 }  // namespace
 
-std::shared_ptr<const Procedure> ModuleCompiler::compileModule(std::string_view source, const Surroundings* around) {
-    Work work(symbols_, names_);
+std::shared_ptr<const Procedure> ModuleCompiler::compileModule(std::string_view source) {
+    Work work(symbols_, names_, nullptr);
+    work.loaded = std::make_shared<LoadedModule>();
+    auto outside = compile(work, source);
+    outside->isModule = true;
+    return outside;
+}
+
+std::shared_ptr<const Procedure> ModuleCompiler::compileText(std::string_view source, const Surroundings& around) {
+    Work work(symbols_, names_, &around);
+    if (!work.isWithinProcedure()) work.loaded = std::make_shared<LoadedModule>();
+    auto outside = compile(work, source);
+    outside->isText = true;
+    return outside;
+}
+
+// Nothing of it is known to anybody before all of it is compiled.
+std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view source) {
+    if (mayExecute(source)) symbols_.isLate = true;
+    work.scope.isLate = symbols_.isLate;
     work.module = Parser(source, names_).parseModule();
     work.scope.optionExplicit = work.module->optionExplicit;
     work.scope.hasClasses = !work.module->classes.empty();
     declare(work);
-    findNames(work, around);
-
-    std::vector<std::pair<ProcedureScope*, std::shared_ptr<Procedure>>> compiled;
-    for (ProcedureScope& scope : work.procedures) compiled.emplace_back(&scope, generate(work, scope));
+    findNames(work);
+    generateProcedures(work);
     auto outside = std::make_shared<Procedure>();
-    outside->isModule = around == nullptr;
     ProcedureCompiler(work.scope, work.outside, work.module->literals, context_, *outside)
         .compileBody(work.module->body, work.module->lastLine);
 
-    work.scope.commit();
-    for (auto& [scope, procedure] : compiled) {
-        if (scope->owner != nullptr) {
-            finishMethod(*scope->owner, *scope->node, procedure);
-            continue;
-        }
-        if (scope->slot->procedure != nullptr) {
-            procedure->checksArguments = true;
-            symbols_.retire(scope->slot->procedure);
-        }
-        scope->slot->procedure = procedure;
+    std::vector<NameId> changed = work.scope.commit();
+    if (work.loaded != nullptr && !work.compiled.empty()) {
+        work.loaded->source = source;
+        work.loaded->uses = work.scope.takeUses();
+        work.loaded->isLate = symbols_.isLate;
     }
+    for (auto& [scope, procedure] : work.compiled) {
+        const auto& known = scope->slot != nullptr ? scope->slot->procedure : nullptr;
+        if (known != nullptr && known->byReference != procedure->byReference) changed.push_back(procedure->name);
+        finishProcedure(work, *scope, procedure);
+    }
+    if (!work.scope.isLocal()) recompileUsers(changed, work.loaded.get());
+    if (!work.compiled.empty() && work.loaded != nullptr) symbols_.addModule(work.loaded);
     return outside;
 }
 
+void ModuleCompiler::recompileUsers(const std::vector<NameId>& changed, const LoadedModule* changer) {
+    for (const auto& module : symbols_.modules()) {
+        const auto uses = [&](NameId name) { return name < module->uses.size() && module->uses[name]; };
+        if (module.get() == changer) continue;
+        if (module->isLate == symbols_.isLate && std::none_of(changed.begin(), changed.end(), uses)) continue;
+        try {
+            recompile(module);
+        } catch (const SyntaxError&) {
+            // With other meanings it has become too big for the machine: it stays as it is.
+        }
+    }
+}
+
+// What the module declares is there already; its statements outside procedures have run.
+void ModuleCompiler::recompile(const std::shared_ptr<LoadedModule>& module) {
+    Work work(symbols_, names_, nullptr);
+    work.loaded = module;
+    work.scope.isLate = symbols_.isLate;
+    work.module = Parser(module->source, names_).parseModule();
+    work.scope.optionExplicit = work.module->optionExplicit;
+    work.scope.hasClasses = !work.module->classes.empty();
+    for (const ProcedureNode* node : work.module->procedures) {
+        const Symbol* symbol = symbols_.find(node->name);
+        const bool isCurrent =
+            symbol != nullptr && symbol->kind == Symbol::Kind::Procedure && symbol->procedure->module == module;
+        if (isCurrent) work.lastProcedure[node->name] = node;
+    }
+    for (const ClassNode& node : work.module->classes)
+        for (const ProcedureNode* method : node.members) {
+            ProcedureScope& scope = work.procedures.emplace_back();
+            scope.node = method;
+            scope.owner = module->classes.at(node.name);
+        }
+    findNames(work);
+    generateProcedures(work);
+    module->uses = work.scope.takeUses();
+    module->isLate = symbols_.isLate;
+    for (auto& [scope, procedure] : work.compiled) finishProcedure(work, *scope, procedure);
+}
+
 std::shared_ptr<const Procedure> ModuleCompiler::compileExpression(std::string_view source,
-                                                                   const Surroundings* around) {
-    Work work(symbols_, names_);
+                                                                   const Surroundings& around) {
+    Work work(symbols_, names_, &around);
+    work.scope.isLate = symbols_.isLate;
     Expr* expression = nullptr;
     work.module = Parser(source, names_).parseSingleExpression(expression);
     // One statement that uses it, so that its names are found.
     CallStmt use{{StmtKind::Call, expression->line}, expression};
     work.module->body.append(&use);
-    findNames(work, around);
+    findNames(work);
     auto procedure = std::make_shared<Procedure>();
     procedure->kind = ProcedureKind::Function;
+    procedure->isText = true;
     ProcedureCompiler(work.scope, work.outside, work.module->literals, context_, *procedure)
         .compileExpression(*expression);
-    work.scope.commit();
+    const std::vector<NameId> changed = work.scope.commit();
+    if (!changed.empty()) recompileUsers(changed, nullptr);
     return procedure;
 }
 
 void ModuleCompiler::declare(Work& work) {
-    OutsideDeclarations(work.scope, work.module->literals).visit(work.module->body);
+    const auto declareVariable = [&work](NameId name) {
+        if (!work.isWithinProcedure())
+            work.scope.defineVariable(name);
+        else if (work.around->variables.count(name) == 0)
+            work.outside.outer[name] = work.around->makeVariable(name);
+    };
+    OutsideDeclarations(work.scope, work.module->literals, declareVariable).visit(work.module->body);
     for (const ProcedureNode* node : work.module->procedures) {
         const Symbol* earlier = work.scope.findPending(node->name);
         if (earlier != nullptr && earlier->kind != Symbol::Kind::Procedure)
             throw SyntaxError{Syntax::NameRedefined, node->line, 0};
         work.lastProcedure[node->name] = node;
         if (earlier != nullptr) continue;
-        const Symbol* known = symbols_.find(node->name);
+        const Symbol* known = work.scope.findEarlier(node->name);
         Symbol symbol;
         symbol.kind = Symbol::Kind::Procedure;
         symbol.procedure =
@@ -136,6 +218,7 @@ void ModuleCompiler::declareClass(Work& work, const ClassNode& node) {
     symbol.kind = Symbol::Kind::Class;
     symbol.scriptClass = made;
     work.scope.define(node.name, symbol);
+    if (work.loaded != nullptr) work.loaded->classes[node.name] = made;
     for (const FieldNode& field : node.fields) {
         ScriptClass::Member member;
         member.field = static_cast<int>(made->fieldCount());
@@ -179,28 +262,26 @@ void ModuleCompiler::addMethod(Work& work, ScriptClass& owner, const ProcedureNo
     }
 }
 
-void ModuleCompiler::findNames(Work& work, const Surroundings* around) {
-    if (around != nullptr) {
-        work.outside.outer = around->variables;
-        work.outside.owner = around->owner;
+void ModuleCompiler::findNames(Work& work) {
+    if (work.around != nullptr) {
+        work.outside.outer.insert(work.around->variables.begin(), work.around->variables.end());
+        work.outside.outerResult = work.around->result;
+        work.outside.owner = work.around->owner;
     }
     findVariables(work.outside, work.module->body, work.scope, work.module->literals, [&](NameId name) {
         if (work.scope.optionExplicit) return false;
-        if (around != nullptr && around->makeVariable) {
-            work.outside.outer[name] = around->makeVariable(name);
-            return false;
-        }
-        Symbol symbol;
-        symbol.kind = Symbol::Kind::Variable;
-        symbol.variable = symbols_.makeVariable();
-        work.scope.define(name, symbol);
+        if (work.isWithinProcedure())
+            work.outside.outer[name] = work.around->makeVariable(name);
+        else
+            work.scope.defineVariable(name, true);
         return false;
     });
     for (const ProcedureNode* node : work.module->procedures) {
-        if (work.lastProcedure[node->name] != node) continue;
+        const auto last = work.lastProcedure.find(node->name);
+        if (last == work.lastProcedure.end() || last->second != node) continue;
         ProcedureScope& scope = work.procedures.emplace_back();
         scope.node = node;
-        scope.slot = work.scope.findPending(node->name)->procedure;
+        scope.slot = work.scope.find(node->name)->procedure;
     }
     std::vector<ProcedureScope*> all{&work.outside};
     for (ProcedureScope& scope : work.procedures) {
@@ -215,6 +296,10 @@ void ModuleCompiler::findNames(Work& work, const Surroundings* around) {
 void ModuleCompiler::findNamesOf(Work& work, ProcedureScope& scope, const Block& body) {
     const bool isExplicit = work.scope.optionExplicit;
     findVariables(scope, body, work.scope, work.module->literals, [isExplicit](NameId) { return !isExplicit; });
+}
+
+void ModuleCompiler::generateProcedures(Work& work) {
+    for (ProcedureScope& scope : work.procedures) work.compiled.emplace_back(&scope, generate(work, scope));
 }
 
 std::shared_ptr<Procedure> ModuleCompiler::generate(Work& work, ProcedureScope& scope) {
@@ -235,21 +320,37 @@ std::shared_ptr<Procedure> ModuleCompiler::generate(Work& work, ProcedureScope& 
     return procedure;
 }
 
+// A procedure that another one takes the place of may be running.
+void ModuleCompiler::replace(std::shared_ptr<const Procedure>& place, std::shared_ptr<const Procedure> procedure) {
+    if (place != nullptr) symbols_.retire(std::move(place));
+    place = std::move(procedure);
+}
+
+void ModuleCompiler::finishProcedure(Work& work, ProcedureScope& scope, std::shared_ptr<Procedure> procedure) {
+    if (scope.owner != nullptr) {
+        scope.owner->module = work.loaded;
+        return finishMethod(*scope.owner, *scope.node, std::move(procedure));
+    }
+    scope.slot->module = work.loaded;
+    procedure->checksArguments = scope.slot->procedure != nullptr;
+    replace(scope.slot->procedure, std::move(procedure));
+}
+
 void ModuleCompiler::finishMethod(ScriptClass& owner, const ProcedureNode& node,
                                   std::shared_ptr<const Procedure> procedure) {
     const std::string name = lowerCase(names_.spelling(node.name));
-    if (node.kind == ProcedureKind::Sub && name == "class_initialize") owner.initialize = procedure;
-    if (node.kind == ProcedureKind::Sub && name == "class_terminate") owner.terminate = procedure;
+    if (node.kind == ProcedureKind::Sub && name == "class_initialize") replace(owner.initialize, procedure);
+    if (node.kind == ProcedureKind::Sub && name == "class_terminate") replace(owner.terminate, procedure);
     ScriptClass::Member& member = owner.members[node.name];
     switch (node.kind) {
         case ProcedureKind::PropertyLet:
-            member.let = std::move(procedure);
+            replace(member.let, std::move(procedure));
             break;
         case ProcedureKind::PropertySet:
-            member.set = std::move(procedure);
+            replace(member.set, std::move(procedure));
             break;
         default:
-            member.call = std::move(procedure);
+            replace(member.call, std::move(procedure));
             break;
     }
 }

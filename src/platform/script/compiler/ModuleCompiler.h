@@ -1,9 +1,10 @@
 // Compiles modules and the texts of Eval and Execute. What a module declares becomes known to the engine only if all
 // of it compiles.
 //
-// Names get their meaning here, once: code that is loaded already does not see what a later module declares, except
-// that a procedure defined anew takes the place of the old one for all callers. (Parameters that the old one did not
-// change are copies for callers compiled before, even if the new one changes them.)
+// Names get their meaning here. Where a later module gives one another meaning, the procedures of the earlier modules
+// that use it are compiled again, for the next time that they are called. Procedures that are running already see new
+// names only if their module, or one before it, can run texts with Execute: then names without a meaning are left open
+// (see ProcedureScope::firstLate).
 #pragma once
 
 #include "platform/script/Context.h"
@@ -21,27 +22,37 @@ class ModuleCompiler {
     ModuleCompiler(SymbolTable& symbols, Names& names, Context& context)
         : symbols_(symbols), names_(names), context_(context) {}
 
-    // The variables of the procedure in which Execute or Eval stands, and who makes new ones there.
+    // The names of the procedure in which Execute or Eval stands, and who makes new variables there; within the
+    // statements outside procedures there is none.
     struct Surroundings {
         std::unordered_map<NameId, Value*> variables;
+        NameId result = 0;  // of the variables: the function's own name
         std::function<Value*(NameId)> makeVariable;
+        SymbolTable::Map* symbols = nullptr;  // procedures, constants and classes that texts made in the procedure
         ScriptClass* owner = nullptr;
     };
 
     // The statements of the module outside procedures, to be run. Throws SyntaxError.
-    std::shared_ptr<const Procedure> compileModule(std::string_view source, const Surroundings* around = nullptr);
+    std::shared_ptr<const Procedure> compileModule(std::string_view source);
+    std::shared_ptr<const Procedure> compileText(std::string_view source, const Surroundings& around);
     // A procedure that returns the value of the expression.
-    std::shared_ptr<const Procedure> compileExpression(std::string_view source, const Surroundings* around = nullptr);
+    std::shared_ptr<const Procedure> compileExpression(std::string_view source, const Surroundings& around);
 
   private:
     struct Work;
+    std::shared_ptr<Procedure> compile(Work& work, std::string_view source);
     void declare(Work& work);
     void declareClass(Work& work, const ClassNode& node);
     void addMethod(Work& work, ScriptClass& owner, const ProcedureNode& node);
-    void findNames(Work& work, const Surroundings* around);
+    void findNames(Work& work);
     void findNamesOf(Work& work, ProcedureScope& scope, const Block& body);
+    void generateProcedures(Work& work);
     std::shared_ptr<Procedure> generate(Work& work, ProcedureScope& scope);
+    void replace(std::shared_ptr<const Procedure>& place, std::shared_ptr<const Procedure> procedure);
+    void finishProcedure(Work& work, ProcedureScope& scope, std::shared_ptr<Procedure> procedure);
     void finishMethod(ScriptClass& owner, const ProcedureNode& node, std::shared_ptr<const Procedure> procedure);
+    void recompileUsers(const std::vector<NameId>& changed, const LoadedModule* changer);
+    void recompile(const std::shared_ptr<LoadedModule>& module);
 
     SymbolTable& symbols_;
     Names& names_;

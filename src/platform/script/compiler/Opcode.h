@@ -57,6 +57,7 @@ namespace tolvan::script {
     X(ReferGlobal)          /* R[a] = reference to *pointer; + pointer */ \
     X(ReferField)           /* R[a] = reference to field b of Me */ \
     X(ReferElement)         /* R[a] = reference to the element R[c..] of the array R[b]; its value if R[b] is none; + count */ \
+    X(FindVariable)         /* R[a], of a late name: a reference to the variable that the name stands for by now; 501 if it is no variable; + LateUse */ \
     X(PinArray)             /* R[a] = pin on the array R[b], if it is one */ \
     X(AddInteger)           /* R[a] = R[b] + c, c an Integer */ \
     X(Append)               /* the variable that R[a] refers to = itself & R[b] */ \
@@ -91,10 +92,12 @@ namespace tolvan::script {
     X(CallMember)           /* R[a] = R[a].name(R[a+1], ... b of them); + name */ \
     X(CallValue)            /* R[a] = R[a](R[a+1], ... b of them): a call of what the object is */ \
     X(CallStatement)        /* the same as a statement: 13 for what cannot be called */ \
+    X(CallLate)             /* R[a] = what the late name of R[c] stands for by now, called with R[a+1], ... b of them; + LateUse */ \
     X(PutHost)              /* host member(R[a+1], ... b of them) = the register behind them; + pointer to HostMember */ \
     X(PutMember)            /* R[a].name(R[a+1], ... b of them) = the register behind them; c: Set; + name */ \
     X(Evaluate)             /* R[a] = Eval, Execute, ExecuteGlobal or GetRef (c) of R[a+1] */ \
     X(NewObject)            /* R[a] = New class; + pointer to the class */ \
+    X(NewLate)              /* R[a] = New class; + name of the class */ \
     X(OnError)              /* a: Resume Next; else GoTo 0 */ \
     X(Raise)                /* raises the error bc */ \
     X(Return)               /* leaves the procedure; its result is R[0] */
@@ -115,6 +118,15 @@ enum class Op : std::uint16_t {
                 TOLVAN_COMPARISONS(Y)
 #undef Y
 #undef X
+};
+
+// How a late name is used.
+struct LateUse {
+    std::uint32_t name;
+    bool mustBeDeclared;   // 500 if the name stands for nothing
+    bool isStatement;      // a call as a statement
+    bool wantsReference;   // to the variable, or the element of it, where the name is a variable's
+    bool mayBeNoVariable;  // of FindVariable: leaves Empty what is no variable
 };
 
 struct Instruction {

@@ -38,15 +38,18 @@ class ProcedureCompiler {
             Builtin,
             Special,
             Class,
+            Late,  // see ProcedureScope::firstLate
             Undefined,
         };
         Kind kind = Kind::Undefined;
+        NameId name = 0;
         std::uint32_t index = 0;  // of the register or field
         Value* variable = nullptr;
         const Value* constant = nullptr;
         const Symbol* symbol = nullptr;
 
         bool isVariable() const { return kind <= Kind::Field; }
+        bool mayBeVariable() const { return isVariable() || kind == Kind::Late; }
     };
     enum class Use { Value, Callee };
     Binding bind(NameId name, Use use = Use::Value);
@@ -90,8 +93,12 @@ class ProcedureCompiler {
     void callSpecial(Special special, std::span<Expr* const> arguments, std::uint32_t target);
     void callOwnMember(NameId name, std::span<Expr* const> arguments, std::uint32_t target);
     void callMissing(std::span<Expr* const> arguments, int number);
+    LateUse lateUse(const Binding& late) const;
+    void callLate(const Binding& late, std::span<Expr* const> arguments, std::uint32_t target, Wanted wanted);
+    void passLate(const Binding& late, const Expr& argument, std::uint32_t target, std::uint32_t pin);
     const HostObject* hostObject(const Expr& expression);
-    // A register from which element instructions reach a variable: the variable itself, or a reference to it.
+    // A register from which element instructions reach a variable: the variable itself, or a reference to it. A late
+    // name has to be a variable by then.
     std::uint32_t place(const Binding& binding);
     std::uint32_t placeOf(const Expr& expression);
     std::uint32_t evaluateInOrder(std::span<Expr* const> expressions);

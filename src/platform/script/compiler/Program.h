@@ -31,6 +31,7 @@ struct Procedure {
     ProcedureKind kind = ProcedureKind::Sub;
     ScriptClass* owner = nullptr;  // of a method
     bool isModule = false;         // the statements outside procedures: their variables are the module's
+    bool isText = false;           // of Eval, Execute or ExecuteGlobal: sees the names of the frame below
     std::vector<Instruction> code;
     std::vector<Value> constants;
     std::vector<LineMark> lines;  // by pc
@@ -45,15 +46,20 @@ struct Procedure {
 
     // The names of R[0], R[1], ..., for Execute and Eval in its scope; 0 where there is none.
     std::vector<NameId> variableNames;
+    // The variables from here on are late: see ProcedureScope.
+    std::uint32_t firstLate = 0;
 
     std::uint32_t lineAt(std::uint32_t pc) const;
     // The statement after the one at pc, in the order of the code.
     std::uint32_t statementAfter(std::uint32_t pc) const;
 };
 
+struct LoadedModule;
+
 // A procedure's place under its name; a later definition takes it over.
 struct ProcedureSlot {
     std::shared_ptr<const Procedure> procedure;
+    std::shared_ptr<const LoadedModule> module;  // that the procedure is from; null: of the text of an Execute
 };
 
 // One member of a host object, looked up once.
@@ -82,6 +88,7 @@ class ScriptClass {
     NameId defaultMember = DefaultMember;  // its name, if there is one
     std::shared_ptr<const Procedure> initialize;
     std::shared_ptr<const Procedure> terminate;
+    std::shared_ptr<const LoadedModule> module;
 
     std::size_t fieldCount() const { return fieldIsArray.size(); }
     const Member* find(NameId member) const {
@@ -107,6 +114,7 @@ struct Symbol {
         Special,
     };
     Kind kind = Kind::None;
+    bool isImplicit = false;  // a variable that nobody declared
     Special special = Special::Eval;
     Value* variable = nullptr;
     ProcedureSlot* procedure = nullptr;
@@ -115,6 +123,15 @@ struct Symbol {
     const HostMember* member = nullptr;
     const Builtin* builtin = nullptr;
     Value constant;
+};
+
+// A module with procedures or classes, as long as one of them is in use. Its procedures are compiled again when one of
+// the names that it uses gets another meaning.
+struct LoadedModule {
+    std::string source;
+    std::unordered_map<NameId, ScriptClass*> classes;
+    std::vector<bool> uses;  // by NameId: a change of their meaning changes the code
+    bool isLate = false;     // compiled for an engine in which names can get a meaning at any time
 };
 
 // All names that are known outside procedures: those of the scripts first, then those of hosts, then the language's
@@ -141,8 +158,15 @@ class SymbolTable {
     // The same place for the same member each time.
     const HostMember* hostMember(HostObject& object, int member);
 
-    // Keeps a procedure that another one took the place of: it may be running.
+    // Keeps a procedure that another one took the place of, until nothing runs: it may be running.
     void retire(std::shared_ptr<const Procedure> procedure) { retired_.push_back(std::move(procedure)); }
+    void dropRetired() { retired_.clear(); }
+
+    void addModule(const std::shared_ptr<LoadedModule>& module) { modules_.push_back(module); }
+    std::vector<std::shared_ptr<LoadedModule>> modules();
+
+    // Whether a text was loaded that can define names while procedures run.
+    bool isLate = false;
 
     bool isErr(NameId name) const { return name == err_; }
     // Empties all variables of scripts, so that what they hold is let go while the scripts' code still exists.
@@ -161,6 +185,7 @@ class SymbolTable {
     std::deque<ProcedureSlot> slots_;
     std::deque<ScriptClass> classes_;
     std::vector<std::shared_ptr<const Procedure>> retired_;
+    std::vector<std::weak_ptr<LoadedModule>> modules_;
     std::deque<HostMember> hostMembers_;
     std::vector<HostObject*> global_;  // those whose members are names of their own
 };

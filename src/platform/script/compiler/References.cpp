@@ -23,6 +23,7 @@ struct SharedArgument {
 class ReferenceFinder : public AstVisitor {
   public:
     ReferenceFinder(std::vector<ProcedureScope*>& procedures, ModuleScope& module) : module_(module) {
+        anythingChanges_ = module.isLate;
         for (ProcedureScope* procedure : procedures)
             if (procedure->slot != nullptr) bySlot_[procedure->slot] = procedure;
     }
@@ -59,11 +60,13 @@ class ReferenceFinder : public AstVisitor {
         if (call.left->kind == ExprKind::Name) {
             const NameId name = call.left->name;
             const bool recursion = current_->hasResult() && name == current_->node->name;
-            if (current_->knows(name) && !recursion) return;
-            const Symbol* symbol = module_.find(name);
-            if (symbol == nullptr || symbol->kind == Symbol::Kind::Builtin || symbol->kind == Symbol::Kind::Variable)
-                return;
-            if (symbol->kind == Symbol::Kind::Procedure && current_->owner == nullptr) {
+            const bool isLate = current_->isLate(name);
+            if (current_->knows(name) && !recursion && !isLate) return;
+            const Symbol* symbol = isLate ? nullptr : module_.find(name);
+            const bool runsNothing =
+                symbol == nullptr || symbol->kind == Symbol::Kind::Builtin || symbol->kind == Symbol::Kind::Variable;
+            if (runsNothing && !isLate) return;
+            if (symbol != nullptr && symbol->kind == Symbol::Kind::Procedure && current_->owner == nullptr) {
                 const auto place = bySlot_.find(symbol->procedure);
                 if (place != bySlot_.end())
                     callee = place->second;

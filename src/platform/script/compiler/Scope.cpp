@@ -7,7 +7,27 @@ namespace tolvan::script {
 
 const Symbol* ModuleScope::find(NameId name) {
     const auto place = pending_.find(name);
-    return place != pending_.end() ? &place->second : engine_.find(name);
+    const Symbol* symbol = place != pending_.end() ? &place->second : findOutside(name);
+    const bool staysOpen = isLate && (symbol == nullptr || symbol->isImplicit);
+    if (!staysOpen) {
+        if (name >= uses_.size()) uses_.resize(name + 1);
+        uses_[name] = true;
+    }
+    return symbol;
+}
+
+const Symbol* ModuleScope::findOutside(NameId name) {
+    if (locals_ != nullptr) {
+        const auto place = locals_->find(name);
+        if (place != locals_->end()) return &place->second;
+    }
+    return engine_.find(name);
+}
+
+const Symbol* ModuleScope::findEarlier(NameId name) {
+    if (locals_ == nullptr) return engine_.find(name);
+    const auto place = locals_->find(name);
+    return place == locals_->end() ? nullptr : &place->second;
 }
 
 Symbol* ModuleScope::findPending(NameId name) {
@@ -15,9 +35,32 @@ Symbol* ModuleScope::findPending(NameId name) {
     return place == pending_.end() ? nullptr : &place->second;
 }
 
-void ModuleScope::commit() {
-    for (auto& [name, symbol] : pending_) engine_.define(name, std::move(symbol));
+// A variable that is known already stays where code of other modules expects it.
+void ModuleScope::defineVariable(NameId name, bool isImplicit) {
+    const Symbol* known = findEarlier(name);
+    Symbol symbol;
+    symbol.kind = Symbol::Kind::Variable;
+    symbol.isImplicit = isImplicit;
+    symbol.variable =
+        known != nullptr && known->kind == Symbol::Kind::Variable ? known->variable : engine_.makeVariable();
+    define(name, std::move(symbol));
+}
+
+std::vector<NameId> ModuleScope::commit() {
+    std::vector<NameId> changed;
+    for (auto& [name, symbol] : pending_) {
+        const Symbol* earlier = findEarlier(name);
+        const bool isSame = earlier != nullptr && earlier->kind == symbol.kind &&
+                            earlier->variable == symbol.variable && earlier->procedure == symbol.procedure &&
+                            earlier->scriptClass == symbol.scriptClass && symbol.kind != Symbol::Kind::Constant;
+        if (!isSame) changed.push_back(name);
+        if (locals_ != nullptr)
+            (*locals_)[name] = std::move(symbol);
+        else
+            engine_.define(name, std::move(symbol));
+    }
     pending_.clear();
+    return changed;
 }
 
 const std::vector<bool>* ModuleScope::modesOf(const ProcedureSlot* slot) const {
@@ -59,8 +102,7 @@ class Declarations : public AstVisitor {
     void onDim(const DimStmt& statement) override {
         for (const Variable& variable : statement.variables) {
             refuseSecond(variable.name, statement.line);
-            scope_.registers[variable.name] = static_cast<std::uint32_t>(scope_.variables.size());
-            scope_.variables.push_back(variable.name);
+            scope_.addVariable(variable.name);
         }
     }
     void onConst(const ConstStmt& statement) override {
@@ -80,6 +122,27 @@ class Declarations : public AstVisitor {
     const std::vector<Value>& literals_;
 };
 
+// ReDim declares what nothing else declares. Only Option Explicit makes that a difference.
+class ReDimDeclarations : public AstVisitor {
+  public:
+    ReDimDeclarations(ProcedureScope& scope, ModuleScope& module) : scope_(scope), module_(module) {}
+
+  protected:
+    void onReDim(const Expr& array) override {
+        if (array.kind != ExprKind::Name || scope_.knows(array.name)) return;
+        if (scope_.owner != nullptr && scope_.owner->find(array.name) != nullptr) return;
+        if (module_.find(array.name) != nullptr) return;
+        if (scope_.node != nullptr)
+            scope_.addVariable(array.name);
+        else
+            module_.defineVariable(array.name);
+    }
+
+  private:
+    ProcedureScope& scope_;
+    ModuleScope& module_;
+};
+
 // Second reading: names that are used without a declaration.
 class Uses : public AstVisitor {
   public:
@@ -91,13 +154,12 @@ class Uses : public AstVisitor {
         if (scope_.knows(name.name)) return;
         if (scope_.owner != nullptr && scope_.owner->find(name.name) != nullptr) return;
         const Symbol* symbol = module_.find(name.name);
-        if (symbol != nullptr) {
+        if (symbol != nullptr && !(module_.isLate && symbol->isImplicit)) {
             if (symbol->kind == Symbol::Kind::Special && symbol->special != Special::GetRef) scope_.runsText = true;
             return;
         }
-        if (!becomesLocal_(name.name)) return;
-        scope_.registers[name.name] = static_cast<std::uint32_t>(scope_.variables.size());
-        scope_.variables.push_back(name.name);
+        const bool isLocal = symbol == nullptr && becomesLocal_(name.name);
+        if ((isLocal || module_.isLate) && !scope_.knows(name.name)) scope_.addVariable(name.name);
     }
 
   private:
@@ -124,6 +186,8 @@ void findVariables(ProcedureScope& scope, const Block& body, ModuleScope& module
         }
         Declarations(scope, literals).visit(body);
     }
+    if (module.optionExplicit) ReDimDeclarations(scope, module).visit(body);
+    if (module.isLate) scope.firstLate = static_cast<std::uint32_t>(scope.variables.size());
     Uses(scope, module, becomesLocal).visit(body);
 }
 

@@ -12,11 +12,14 @@
 
 namespace tolvan::script {
 
-// The names of a module on top of those that its engine knows already. The engine learns them only when all of the
+// The names of a module on top of those that its engine knows already. They become known to others only when all of the
 // module is compiled.
 class ModuleScope {
   public:
-    ModuleScope(SymbolTable& engine, Names& names) : engine_(engine), names_(names) {}
+    // `locals`: for a text that Execute runs within a procedure, the procedures, constants and classes that such texts
+    // made there; what this one declares joins them. Null: it joins the engine's names.
+    ModuleScope(SymbolTable& engine, Names& names, SymbolTable::Map* locals = nullptr)
+        : engine_(engine), names_(names), locals_(locals) {}
 
     SymbolTable& engine() { return engine_; }
     Names& names() { return names_; }
@@ -24,8 +27,15 @@ class ModuleScope {
     const Symbol* find(NameId name);
     // Null if this module has not defined the name.
     Symbol* findPending(NameId name);
+    // What the name stands for where a definition of it would go; null: nothing.
+    const Symbol* findEarlier(NameId name);
     void define(NameId name, Symbol symbol) { pending_[name] = std::move(symbol); }
-    void commit();
+    void defineVariable(NameId name, bool isImplicit = false);
+    // Returns the names that others may have used with another meaning.
+    std::vector<NameId> commit();
+    bool isLocal() const { return locals_ != nullptr; }
+    // The names that were looked up: where one gets another meaning the code changes.
+    std::vector<bool> takeUses() { return std::move(uses_); }
 
     // Which parameters a procedure takes as references; null if it is not known.
     void setModes(const ProcedureSlot* slot, const std::vector<bool>& modes) { modes_[slot] = &modes; }
@@ -33,11 +43,16 @@ class ModuleScope {
 
     bool optionExplicit = false;
     bool hasClasses = false;
+    bool isLate = false;  // see ProcedureScope::firstLate
 
   private:
+    const Symbol* findOutside(NameId name);
+
     SymbolTable& engine_;
     Names& names_;
+    SymbolTable::Map* locals_;
     SymbolTable::Map pending_;
+    std::vector<bool> uses_;
     std::unordered_map<const ProcedureSlot*, const std::vector<bool>*> modes_;
 };
 
@@ -51,9 +66,14 @@ struct ProcedureScope {
     ProcedureSlot* slot = nullptr;     // outside classes
     std::vector<NameId> variables{0};  // R[0], R[1], ...; 0 where a register has no name
     std::unordered_map<NameId, std::uint32_t> registers;
+    // Registers from here on are of late names: where texts can define names at any time, a name that nothing has given
+    // a meaning yet is looked up whenever it is used. Until something is found, and if nothing ever is, its register is
+    // a variable of the procedure.
+    std::uint32_t firstLate = UINT32_MAX;
     std::unordered_map<NameId, Value> constants;
     // For a text that Execute runs: the variables of the procedure around it.
     std::unordered_map<NameId, Value*> outer;
+    NameId outerResult = 0;         // of these, the one that is the result of a function
     std::vector<bool> byReference;  // of R[1], R[2], ...: the parameters
     bool runsText = false;          // Eval, Execute or ExecuteGlobal: anything may happen to any variable
     bool handlesErrors = false;     // On Error Resume Next
@@ -66,6 +86,14 @@ struct ProcedureScope {
     }
     // Whether the procedure itself gives the name a meaning.
     bool knows(NameId name) const { return registers.count(name) + constants.count(name) + outer.count(name) != 0; }
+    bool isLate(NameId name) const {
+        const auto reg = registers.find(name);
+        return reg != registers.end() && reg->second >= firstLate;
+    }
+    void addVariable(NameId name) {
+        registers[name] = static_cast<std::uint32_t>(variables.size());
+        variables.push_back(name);
+    }
 };
 
 // The variable at the bottom of a target or argument: a in "a", "a(1)", "a(1)(2)"; null where there is none.

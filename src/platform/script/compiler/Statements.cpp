@@ -7,6 +7,7 @@ ProcedureCompiler::ProcedureCompiler(ModuleScope& module, ProcedureScope& scope,
     : module_(module), scope_(scope), literals_(literals), context_(context), code_(procedure) {
     procedure.variableCount = static_cast<std::uint32_t>(scope.variables.size());
     procedure.variableNames = scope.variables;
+    procedure.firstLate = scope.firstLate;
     code_.startRegistersAt(procedure.variableCount);
 }
 
@@ -84,7 +85,7 @@ void ProcedureCompiler::makeArray(const Variable& variable, std::uint32_t placeR
 void ProcedureCompiler::reDim(const ReDimStmt& statement) {
     for (const ReDimStmt::Target& target : statement.targets) {
         const Temporaries temporaries(code_);
-        const bool isVariable = target.array->kind == ExprKind::Name && bind(target.array->name).isVariable();
+        const bool isVariable = target.array->kind == ExprKind::Name && bind(target.array->name).mayBeVariable();
         if (!isVariable && target.array->kind == ExprKind::Name) {
             const bool isUndefined = bind(target.array->name).kind == Binding::Kind::Undefined;
             raise(isUndefined ? errors::UndefinedVariable : errors::IllegalAssignment);
@@ -157,7 +158,7 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
     const Temporaries temporaries(code_);
     const NameId name = statement.variable->name;
     const Binding binding = bind(name);
-    if (!binding.isVariable())
+    if (!binding.mayBeVariable())
         return raise(binding.kind == Binding::Kind::Undefined ? errors::UndefinedVariable : errors::IllegalAssignment);
     const bool isRegister = binding.kind == Binding::Kind::Register;
     const std::uint32_t counter = isRegister ? binding.index : code_.takeRegisters();
@@ -207,7 +208,7 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
 void ProcedureCompiler::forEach(const ForEachStmt& statement) {
     const Temporaries temporaries(code_);
     const Binding binding = bind(statement.variable->name);
-    if (!binding.isVariable())
+    if (!binding.mayBeVariable())
         return raise(binding.kind == Binding::Kind::Undefined ? errors::UndefinedVariable : errors::IllegalAssignment);
     const std::uint32_t state = code_.takeRegisters(2);
     const std::uint32_t element = code_.takeRegisters();

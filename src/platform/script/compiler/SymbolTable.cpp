@@ -89,6 +89,13 @@ const HostMember* SymbolTable::hostMember(HostObject& object, int member) {
     return &hostMembers_.emplace_back(HostMember{&object, member});
 }
 
+std::vector<std::shared_ptr<LoadedModule>> SymbolTable::modules() {
+    std::erase_if(modules_, [](const auto& module) { return module.expired(); });
+    std::vector<std::shared_ptr<LoadedModule>> all;
+    for (const auto& module : modules_) all.push_back(module.lock());
+    return all;
+}
+
 void SymbolTable::clearVariables() {
     for (Value& variable : variables_) variable = Value();
 }

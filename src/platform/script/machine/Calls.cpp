@@ -159,7 +159,7 @@ void Machine::evaluateText(Special what, Value* base) {
     Value keep;
     const std::string_view source = toTextView(*this, text, keep);
     if (what == Special::GetRef) {
-        const Symbol* symbol = symbols_->find(names_.intern(source));
+        const Symbol* symbol = meaningOf(names_.intern(source));
         if (symbol == nullptr || symbol->kind != Symbol::Kind::Procedure) throw ScriptError(errors::InvalidCall);
         base[0] = Value::adopt(new ProcedureReference(*this, *symbol->procedure));
         return;
@@ -170,35 +170,46 @@ void Machine::evaluateText(Special what, Value* base) {
 Value Machine::runText(std::string_view source, bool isExpression, bool isGlobal) {
     checkClock();
     ModuleCompiler compiler(*symbols_, names_, *this);
-    const ModuleCompiler::Surroundings around = isGlobal ? ModuleCompiler::Surroundings{} : surroundings();
     std::shared_ptr<const Procedure> procedure;
     try {
-        procedure =
-            isExpression ? compiler.compileExpression(source, &around) : compiler.compileModule(source, &around);
+        if (isGlobal)
+            procedure = compiler.compileModule(source);
+        else if (isExpression)
+            procedure = compiler.compileExpression(source, surroundings());
+        else
+            procedure = compiler.compileText(source, surroundings());
     } catch (const SyntaxError& error) {
         throw ScriptError(static_cast<int>(error.number));
     }
     return invoke(*procedure, isGlobal ? nullptr : top().me, {});
 }
 
-// The names that a text sees of the procedure in which it is run.
+// The frame whose names a text sees: that of the procedure, or of the statements outside, in which the outermost of the
+// texts that are run within each other stands.
+Frame& Machine::textFrame() {
+    Frame* frame = &top();
+    while (frame->procedure->isText && frame != frames_.get()) --frame;
+    return *frame;
+}
+
 ModuleCompiler::Surroundings Machine::surroundings() {
     ModuleCompiler::Surroundings around;
-    Frame& frame = top();
+    Frame& frame = textFrame();
     const Procedure& procedure = *frame.procedure;
-    for (std::size_t i = 0; i < procedure.variableNames.size(); ++i) {
-        if (procedure.variableNames[i] == 0) continue;
-        Value& variable = frame.base[i];
-        around.variables[procedure.variableNames[i]] = variable.is(Type::Reference) ? variable.as.ref : &variable;
-    }
-    if (frame.made != nullptr)
-        for (const auto& [name, variable] : *frame.made) around.variables[name] = variable.get();
     around.owner = procedure.owner;
-    if (procedure.isModule) return around;
-    around.makeVariable = [&frame](NameId name) {
-        if (frame.made == nullptr) frame.made = new MadeVariables;
-        return frame.made->emplace(name, std::make_unique<Value>()).first->second.get();
-    };
+    if (procedure.isModule || procedure.isText) return around;
+    for (std::uint32_t i = 0; i < procedure.variableNames.size(); ++i) {
+        const NameId name = procedure.variableNames[i];
+        if (i == 0) around.result = name;
+        if (name == 0) continue;
+        Value& variable = followed(frame.base[i]);
+        const bool isOpen = i >= procedure.firstLate && variable.is(Type::Empty);
+        if (!isOpen || meaningOf(name) == nullptr) around.variables[name] = &variable;
+    }
+    if (frame.made == nullptr) frame.made = new MadeNames;
+    for (auto& [name, variable] : frame.made->variables) around.variables[name] = &variable;
+    around.makeVariable = [&frame](NameId name) { return &frame.made->variables[name]; };
+    around.symbols = &frame.made->symbols;
     return around;
 }
 

@@ -98,7 +98,8 @@ bool Machine::recover(const ScriptError& error) {
     }
 }
 
-void Machine::startClock() {
+void Machine::start() {
+    if (depth_ == 0) symbols_->dropRetired();
     ticks_ = TicksPerLook;
     hasErrorLine_ = false;
     errorLine_ = 0;

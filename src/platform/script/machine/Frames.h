@@ -11,6 +11,11 @@ inline void letGo(Value& value) {
         value = Value();
 }
 
+// What a register is, or refers to.
+inline Value& followed(Value& value) {
+    return value.tag == bits(Type::Reference) ? *value.as.ref : value;
+}
+
 // The window at `base` holds the result's register and `count` arguments, as many as the procedure has. Takes over a
 // reference to `me`.
 inline void Machine::enter(const Procedure& procedure, Value* base, Object* me, bool isEntry) {

@@ -48,7 +48,7 @@ void Machine::addModule(std::string_view source) {
 }
 
 Value Machine::evaluate(std::string_view expression) {
-    const auto procedure = ModuleCompiler(*symbols_, names_, *this).compileExpression(expression);
+    const auto procedure = ModuleCompiler(*symbols_, names_, *this).compileExpression(expression, {});
     return invoke(*procedure, nullptr, {});
 }
 

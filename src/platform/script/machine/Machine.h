@@ -23,15 +23,18 @@
 
 namespace tolvan::script {
 
-// Variables that Execute made in a running procedure.
-using MadeVariables = std::map<NameId, std::unique_ptr<Value>>;
+// What Execute made in a running procedure.
+struct MadeNames {
+    std::map<NameId, Value> variables;
+    SymbolTable::Map symbols;  // procedures, constants, classes
+};
 
 struct Frame {
     const Procedure* procedure;
     const Instruction* pc;  // where to go on; kept up to date only while another frame runs
     Value* base;            // R[0]
     Object* me;             // counted; null outside methods
-    MadeVariables* made;    // owned; null as a rule
+    MadeNames* made;        // owned; null as a rule
     bool resumeNext;
     bool isEntry;  // called from C++: returning ends the dispatch loop
 };
@@ -54,9 +57,10 @@ class Machine : public Context {
     // Arguments may be References. `me` is the instance of a method.
     Value invoke(const Procedure& procedure, Object* me, std::span<const Value> arguments);
 
-    // -1: no limit. Counts from startClock().
+    // -1: no limit. Counts from start().
     int timeout = -1;
-    void startClock();
+    // The host begins something.
+    void start();
 
     // The line of the statement that raised the error which left the outermost procedure.
     int errorLine() const { return errorLine_; }
@@ -141,7 +145,16 @@ class Machine : public Context {
     bool askGate(const HostMember& member);
     void evaluateText(Special what, Value* base);
     Value runText(std::string_view source, bool isExpression, bool isGlobal);
+    Frame& textFrame();
     ModuleCompiler::Surroundings surroundings();
+
+    // Late names (LateNames.cpp).
+    const Symbol* meaningOf(NameId name);
+    Value* lateVariable(Value& own, NameId name, const Symbol*& meaning);
+    void findVariable(Value& own, const LateUse& use);
+    bool callLate(Value& own, const LateUse& use, Value* base, std::uint32_t count);
+    bool callMeaning(const Symbol& meaning, const LateUse& use, Value* base, std::uint32_t count);
+    void newLate(Value& target, NameId name);
     void setOnError(bool resumeNext);
 
     Names names_;

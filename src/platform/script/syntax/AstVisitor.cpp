@@ -18,6 +18,7 @@ void AstVisitor::visit(const Expr* expression) {
 
 void AstVisitor::visitReDim(const ReDimStmt& statement) {
     for (const ReDimStmt::Target& target : statement.targets) {
+        onReDim(*target.array);
         onAssigned(*target.array);
         visit(target.array);
         for (const Expr* bound : target.bounds) visit(bound);

@@ -21,6 +21,7 @@ class AstVisitor {
     virtual void onCall(const Expr&) {}
     // A target of an assignment, a loop variable, an array of ReDim or Erase; before it is visited.
     virtual void onAssigned(const Expr&) {}
+    virtual void onReDim(const Expr&) {}
     virtual void onDim(const DimStmt&) {}
     virtual void onConst(const ConstStmt&) {}
     virtual void onError(const OnErrorStmt&) {}

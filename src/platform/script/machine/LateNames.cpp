@@ -1,0 +1,119 @@
+// Names that had no meaning when the code that uses them was compiled, because a text that Execute runs may give them
+// one at any time. `own` is the register of such a name: the procedure's own variable, or, once it was found, a
+// reference to the variable outside.
+
+#include "platform/script/convert.h"
+#include "platform/script/machine/Frames.h"
+
+namespace tolvan::script {
+
+namespace {
+
+void refer(Value& place, Value& variable) {
+    place = Value();
+    place.tag = bits(Type::Reference);
+    place.as.ref = &variable;
+}
+
+}  // namespace
+
+// What the name stands for now, outside the variables of the running procedure; null: nothing.
+const Symbol* Machine::meaningOf(NameId name) {
+    if (const MadeNames* made = textFrame().made) {
+        const auto place = made->symbols.find(name);
+        if (place != made->symbols.end()) return &place->second;
+    }
+    return symbols_->find(name);
+}
+
+// The variable that the name stands for; null if it stands for something else. `meaning` is null where it stands for
+// nothing but the procedure's own variable.
+Value* Machine::lateVariable(Value& own, NameId name, const Symbol*& meaning) {
+    meaning = nullptr;
+    // A variable that is Empty may have got its meaning only now.
+    if (!followed(own).is(Type::Empty)) return &followed(own);
+    if (MadeNames* made = textFrame().made) {
+        const auto place = made->variables.find(name);
+        if (place != made->variables.end()) {
+            refer(own, place->second);
+            return &place->second;
+        }
+    }
+    meaning = meaningOf(name);
+    if (meaning == nullptr) return &followed(own);
+    if (meaning->kind != Symbol::Kind::Variable) return nullptr;
+    refer(own, *meaning->variable);
+    return meaning->variable;
+}
+
+void Machine::findVariable(Value& own, const LateUse& use) {
+    const Symbol* meaning = nullptr;
+    const bool isVariable = lateVariable(own, use.name, meaning) != nullptr;
+    if (use.mayBeNoVariable) return;
+    if (!isVariable) {
+        // An object of the host: its elements can be assigned.
+        if (meaning->kind != Symbol::Kind::HostObject) throw ScriptError(errors::IllegalAssignment);
+        own = meaning->constant;
+    } else if (meaning == nullptr && use.mustBeDeclared && followed(own).is(Type::Empty)) {
+        throw ScriptError(errors::UndefinedVariable);
+    }
+}
+
+// Like all calls leaves the result in base[0] and no argument; true if a procedure was entered.
+bool Machine::callLate(Value& own, const LateUse& use, Value* base, std::uint32_t count) {
+    const Symbol* meaning = nullptr;
+    Value* const variable = lateVariable(own, use.name, meaning);
+    if (variable == nullptr) return callMeaning(*meaning, use, base, count);
+    if (meaning == nullptr && use.mustBeDeclared && variable->is(Type::Empty))
+        throw ScriptError(errors::UndefinedVariable);
+    const std::span<Value> arguments(base + 1, count);
+    if (count == 0 && use.wantsReference) {
+        refer(base[0], *variable);
+        return false;
+    }
+    if (count == 0 && !use.isStatement) {
+        base[0] = *variable;
+        return false;
+    }
+    if (!variable->is(Type::Object)) {
+        for (Value& argument : arguments)
+            if (argument.is(Type::Reference)) argument = Value(*argument.as.ref);
+    }
+    if (use.wantsReference && variable->is(Type::Array)) {
+        referElement(base[0], *variable, arguments);
+        for (Value& argument : arguments) letGo(argument);
+        return false;
+    }
+    base[0] = *variable;
+    return callValue(base, count, use.isStatement);
+}
+
+bool Machine::callMeaning(const Symbol& meaning, const LateUse& use, Value* base, std::uint32_t count) {
+    switch (meaning.kind) {
+        case Symbol::Kind::Procedure: {
+            const Procedure& procedure = *meaning.procedure->procedure;
+            if (procedure.parameterCount != count) throw ScriptError(errors::ArgumentCount);
+            loadArguments(procedure, base);
+            if (--ticks_ <= 0) slowTick();
+            enter(procedure, base, nullptr, false);
+            return true;
+        }
+        case Symbol::Kind::HostMember:
+            callHost(*meaning.member, base, count);
+            return false;
+        case Symbol::Kind::Constant:
+        case Symbol::Kind::HostObject:
+            base[0] = meaning.constant;
+            return count != 0 || use.isStatement ? callValue(base, count, use.isStatement) : false;
+        default:
+            throw ScriptError(errors::TypeMismatch);
+    }
+}
+
+void Machine::newLate(Value& target, NameId name) {
+    const Symbol* meaning = meaningOf(name);
+    if (meaning == nullptr || meaning->kind != Symbol::Kind::Class) throw ScriptError(errors::ClassNotDefined);
+    newObject(target, *meaning->scriptClass);
+}
+
+}  // namespace tolvan::script
