@@ -7,7 +7,6 @@
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <regex>
 
 namespace tolvan {
 namespace {
@@ -120,9 +119,11 @@ class DataFileTest : public ConsoleObjectTest {
     std::string open(const std::string& name, const std::string& mode) const {
         return "parentform.FileOPEN  \"{" + (folder / name) + "}\"," + mode + " \r\n";
     }
-    std::string withPaths(const std::string& statements) const {
-        const std::string file = std::regex_replace(statements, std::regex("FILE"), folder / "f");
-        return std::regex_replace(file, std::regex("FOLDER"), folder.path());
+    std::string withPaths(std::string statements) const {
+        for (const auto& [word, path] : {std::pair{"FILE", folder / "f"}, {"FOLDER", folder.path()}})
+            for (std::size_t found = 0; (found = statements.find(word)) != std::string::npos;)
+                statements.replace(found, std::string_view(word).size(), path);
+        return statements;
     }
 };
 
