@@ -1,11 +1,13 @@
-// Fuzzes the whole engine. The first byte decides: the rest is a module as it stands, or the choices from which one is
-// written that is right in its grammar, so that the compiler and the machine get to work. Afterwards nothing of the
-// script may be left in memory.
+// Fuzzes the whole engine. The first byte decides: the rest is a module as it stands, or the first choices from which
+// one is written that is right in its grammar, so that the compiler and the machine get to work. Afterwards nothing of
+// the script may be left in memory.
 
 #include "platform/script/Executor.h"
 
 #include <cstdint>
 #include <cstdlib>
+#include <numeric>
+#include <random>
 #include <string>
 
 namespace {
@@ -44,10 +46,15 @@ class Console : public script::HostObject {
 
 class Writer {
   public:
-    Writer(const std::uint8_t* data, std::size_t size) : data_(data), size_(size) {}
+    Writer(const std::uint8_t* data, std::size_t size) : data_(data), size_(size), random_(seedOf(data, size)) {}
 
     std::string module() {
-        while (place_ < size_ && text_.size() < LongestModule) {
+        const std::size_t length = ShortestModule << choose(7);
+        // Otherwise the first error would be the end of most modules.
+        if (choose(4) != 0) put("On Error Resume Next");
+        if (choose(2) != 0) scriptClass();
+        if (choose(4) == 0) put("Const less = -1.5, more = \"text\"");
+        while (text_.size() < length) {
             switch (choose(8)) {
                 case 0:
                     procedure("Sub", "End Sub");
@@ -67,14 +74,25 @@ class Writer {
     }
 
   private:
-    static constexpr std::size_t LongestModule = 4000;
+    static constexpr std::size_t ShortestModule = 64;
+    static constexpr std::size_t LongestModule = 5000;
     static constexpr int Deepest = 4;
 
-    unsigned choose(unsigned count) { return place_ < size_ ? data_[place_++] % count : 0; }
+    static std::uint32_t seedOf(const std::uint8_t* data, std::size_t size) {
+        return std::accumulate(data, data + size, 1u,
+                               [](std::uint32_t sum, std::uint8_t byte) { return sum * 31 + byte; });
+    }
+    // Few bytes make a long module: where they end, numbers that follow from them take over.
+    unsigned choose(unsigned count) {
+        return (place_ < size_ ? data_[place_++] : static_cast<unsigned>(random_() >> 8)) % count;
+    }
     std::string one(std::initializer_list<const char*> words) {
         return *(words.begin() + choose(static_cast<unsigned>(words.size())));
     }
-    std::string name() { return one({"a", "b", "c", "d", "arr", "obj", "f", "g", "h", "i", "x"}); }
+    std::string name() {
+        if (inClass_ && choose(4) == 0) return one({"hidden", "m", "p", "arr", "value"});
+        return one({"a", "b", "c", "d", "arr", "obj", "f", "g", "h", "i", "x", "width", "ask", "less", "K"});
+    }
     std::string member() { return one({"p", "m", "arr", "value", "gate", "show", "Number", "nothing"}); }
     std::string operation() {
         return one({" + ", " - ", " * ",  " / ",  " \\ ",  " Mod ", " ^ ",   " & ",   " = ",   " <> ",
@@ -92,7 +110,7 @@ class Writer {
     }
     std::string expression(int depth) {
         if (depth > Deepest) return choose(2) == 0 ? name() : literal();
-        switch (choose(14)) {
+        switch (choose(15)) {
             case 0:
             case 1:
                 return literal();
@@ -117,7 +135,10 @@ class Writer {
             case 10:
                 return "GetRef(\"f\")";
             case 11:
-                return "host." + member();
+                return (inClass_ ? "Me." : "host.") + member();
+            case 12:
+                return name() + one({" < 2", " = b", " <> 1.5", ""}) + one({" And ", " Or "}) + one({"Not ", ""}) +
+                       expression(depth + 1) + one({" > 1", " = \"a\"", ""});
             default:
                 return name();
         }
@@ -143,7 +164,7 @@ class Writer {
     void statement(int depth) {
         if (text_.size() > LongestModule) return;
         if (depth > Deepest) return put(name() + " = " + literal());
-        switch (choose(22)) {
+        switch (choose(25)) {
             case 0:
                 return put("Set " + target(depth) + " = " + expression(depth));
             case 1:
@@ -154,7 +175,7 @@ class Writer {
                 return put(one({"ReDim ", "ReDim Preserve "}) + name() + "(" + one({"3", "a", "0, 1", "2, 2", "-1"}) +
                            ")");
             case 4:
-                return put("Erase " + name());
+                return put("Erase " + one({"a", "arr", "arr(1)", "obj.arr", "c"}));
             case 5:
                 return put(one({"On Error Resume Next", "On Error GoTo 0", "Err.Raise 5", "Err.Clear"}));
             case 6:
@@ -199,9 +220,10 @@ class Writer {
             case 14:
                 return put(one({"Execute", "ExecuteGlobal"}) + " \"" +
                            one({"a = b", "arr(1) = c", "Sub g : a = 1 : End Sub", "f 1", "z = 1", "Dim q(2)", "If",
-                                "Function f(x) : x = x & 1 : f = x : End Function", "Dim a : a = Array(1, 2)",
-                                "Const b = 3", "Class L : Public p : Sub m(x) : x = 1 : End Sub : End Class",
-                                "Set obj = New L", "Execute \"\"d = d + 1 : Sub h(x) : f x : End Sub\"\"",
+                                "Function f(x) : x = x & 1 : f = x : Erase arr : End Function",
+                                "Dim a : a = Array(1, 2)", "Const b = 3", "Set obj = New K",
+                                "Class L : Public p : Sub m(x) : x = 1 : End Sub : End Class", "Set obj = New L",
+                                "Execute \"\"d = d + 1 : Sub h(x) : f x : End Sub\"\"",
                                 "ExecuteGlobal \"\"Sub i(x) : x = a : End Sub\"\" : i c"}) +
                            "\"");
             case 15:
@@ -210,19 +232,28 @@ class Writer {
                 return put(name() + " = " + name() + " & " + expression(depth) + " & " + name());
             case 17:
                 return put("arr = Array(" + arguments(depth) + ")");
+            case 18:
+                return put("Set obj = " + one({"New K", "obj.m(obj)", "GetRef(\"g\")", "Nothing", "arr(1)"}));
+            case 19:
+                return put(exit_);
             default:
                 return put(target(depth) + " = " + expression(depth));
         }
     }
+    // Each name once: a second procedure of a name would be refused.
     void procedure(const std::string& head, const std::string& end) {
-        put(head + " " + one({"f", "g", "h"}) + one({"", "(a)", "(ByVal a)", "(a, b)", "(arr, ByVal b, c)"}));
+        if (procedures_ == std::size(ProcedureNames)) return statement(0);
+        put(head + " " + ProcedureNames[procedures_++] + one({"", "(a)", "(ByVal a)", "(a, b)", "(arr, ByVal b, c)"}));
         if (choose(3) == 0) put("Dim " + one({"x", "arr(3)", "d(), i", "arr(1, 2)"}));
+        if (choose(2) == 0) put("On Error Resume Next");
+        exit_ = "Exit " + head;
         body(0);
+        exit_ = OutsideExit;
         put(end);
     }
     void scriptClass() {
         if (hasClass_) return;
-        hasClass_ = true;
+        hasClass_ = inClass_ = true;
         put("Class K\nPublic p, arr(2)\nPrivate hidden");
         put("Public Default Property Get value\nvalue = " + expression(0) + "\nEnd Property");
         put("Public Property Let value(v)\nhidden = v");
@@ -238,13 +269,20 @@ class Writer {
             put("End Sub");
         }
         put("End Class");
+        inClass_ = false;
     }
 
     const std::uint8_t* data_;
     std::size_t size_;
     std::size_t place_ = 0;
+    std::minstd_rand random_;
     std::string text_;
     bool hasClass_ = false;
+    bool inClass_ = false;
+    static constexpr const char* ProcedureNames[] = {"f", "g", "h"};
+    std::size_t procedures_ = 0;
+    static constexpr const char* OutsideExit = "c = c + 1";
+    std::string exit_ = OutsideExit;  // what leaves the procedure that is being written
 };
 
 }  // namespace

@@ -23,6 +23,7 @@ TEST(RunTimeErrors, HaveTheirNumberAndTheLineOfTheStatement) {
         {"x = \"abc\"\nIf x > 5 Then y = 1", "error 13 line 2\n"},
         {"For i = 1 To \"x\"\nNext", "error 13 line 1\n"},
         {"For Each x In 5\nNext", "error 451 line 1\n"},
+        {"Dim a()\nFor Each x In a\nNext", "error 92 line 2\n"},
         {"x = CLng(Null)", "error 94 line 1\n"},
         {"Set x = 1", "error 424 line 1\n"},
         {"Set x = Nothing\nx.y", "error 91 line 2\n"},
@@ -122,22 +123,27 @@ TEST(Reset, GivesBackAllMemoryOfARun) {
         executor.reset();
         ASSERT_EQ(executor.memoryUsed(), 0U);
         EXPECT_FALSE(executor.hasProcedure("Main"));
-        EXPECT_EQ(outcome(executor, console, "Option Explicit\nx = kept"), "more\nerror 500 line 2\n");
+        EXPECT_EQ(outcome(executor, console,
+                          "Option Explicit\nFunction Main\nMain = \"half\" & \" a result\"\nx = kept\nEnd Function"),
+                  "more\nerror 500 line 4\n");
         executor.reset();
+        ASSERT_EQ(executor.memoryUsed(), 0U);
     }
 }
 
 TEST(Timeout, EndsARunThatTakesTooLong) {
-    for (const char* body : {"Do\nLoop", "While True\nWend", "For i = 1 To 2 Step 0\nNext", "Do\nx = f(1)\nLoop",
-                             "fib 50", "Do\nif not checkforevents then err.raise 1001\nLoop",
-                             "On Error Resume Next\nDo\nx = 1\nLoop", "On Error Resume Next\nDo\nx = y.z\nLoop",
-                             "On Error Resume Next\nDo\nSet o = New Waits\nLoop", "Do\nExecute \"x = 1\"\nLoop"}) {
+    for (const char* body :
+         {"Do\nLoop", "While True\nWend", "For i = 1 To 2 Step 0\nNext", "Do\nx = f(1)\nLoop", "fib 50",
+          "Do\nif not checkforevents then err.raise 1001\nLoop", "On Error Resume Next\nDo\nx = 1\nLoop",
+          "On Error Resume Next\nDo\nx = y.z\nLoop", "On Error Resume Next\nDo\nSet o = New Waits\nLoop",
+          "Set o = New Waits\no.forks", "Do\nExecute \"x = 1\"\nLoop"}) {
         Executor executor;
         executor.setTimeout(30);
         ScriptConsole console;
         const std::string module = std::string("Sub Main\n") + body +
                                    "\nEnd Sub\nFunction f(x)\nf = x\nEnd Function\n"
-                                   "Class Waits\nSub Class_Terminate\nFor k = 1 To 100 : Next\nEnd Sub\nEnd Class\n"
+                                   "Class Waits\nSub Class_Terminate\nFor k = 1 To 100 : Next\nEnd Sub\n"
+                                   "Sub forks\nOn Error Resume Next\nforks\nforks\nEnd Sub\nEnd Class\n"
                                    "Sub fib(n)\nIf n > 1 Then\nfib n - 1\nfib n - 2\nEnd If\nEnd Sub";
         EXPECT_THAT(outcome(executor, console, module), testing::StartsWith("error 113 line ")) << body;
         executor.reset();

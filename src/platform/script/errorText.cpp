@@ -128,6 +128,14 @@ constexpr Row Rows[] = {
     {1056, "'Default' can be specified only on 'Property' or 'Function' or 'Sub'"},
     {1057, "'Default' specification must also specify 'Public'"},
     {1058, "'Default' specification can only be on Property Get"},
+    {5016, "Regular Expression object expected"},
+    {5017, "Syntax error in regular expression"},
+    {5018, "Unexpected quantifier"},
+    {5019, "Expected ']' in regular expression"},
+    {5020, "Expected ')' in regular expression"},
+    {5021, "Invalid range in character set"},
+    {32811, "Element not found"},
+    {32812, "The specified date is not available in the current locale's calendar"},
 };
 
 }  // namespace

@@ -68,7 +68,7 @@ bool triStateAt(Context& context, ArgumentList arguments, std::size_t index, boo
 Value formatted(Context& context, ArgumentList arguments, const NumberStyle& style) {
     const Value& number = settle(context, arguments[0]);
     Digits digits = number.is(Type::Currency) ? digitsOfCurrency(number.as.c) : digitsOf(toDouble(context, number));
-    digits.point += style.shift;
+    if (digits.count > 0) digits.point += style.shift;
     const int decimals = isGiven(arguments, 1) ? longWithin(context, arguments[1], -1, 255) : -1;
     const bool leadingZero = triStateAt(context, arguments, 2, true);
     const bool brackets = triStateAt(context, arguments, 3, style.brackets);

@@ -88,6 +88,7 @@ bool Machine::callInstance(ClassInstance& instance, NameId name, Value* base, st
         return false;
     }
     if (procedure.parameterCount != count) throw ScriptError(errors::ArgumentCount);
+    if (--ticks_ <= 0) slowTick();
     loadArguments(procedure, base);
     // The frame takes over the reference that the window held.
     Value holder = std::move(base[0]);

@@ -161,6 +161,7 @@ void Machine::prepareEach(Value* state, Value& group) {
         throw ScriptError(group.object() == nullptr ? errors::ObjectNotSet : errors::NotACollection);
     }
     if (!group.is(Type::Array)) throw ScriptError(errors::NotACollection);
+    if (group.array()->rank == 0) throw ScriptError(errors::ForNotInitialised);
     ++group.array()->pins;
     state[0] = Value();
     state[0].tag = bits(Type::Pin);

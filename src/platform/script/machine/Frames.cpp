@@ -94,7 +94,10 @@ bool Machine::recover(const ScriptError& error) {
         }
         const bool isEntry = frame.isEntry;
         leave();
-        if (isEntry) return false;
+        if (!isEntry) continue;
+        // Nobody asks for the result any more.
+        letGo(*frame.base);
+        return false;
     }
 }
 

@@ -4,8 +4,7 @@
 #include "platform/script/convert.h"
 
 #include <array>
-#include <charconv>
-#include <cstdlib>
+#include <cmath>
 #include <unordered_map>
 
 namespace tolvan::script {
@@ -165,7 +164,7 @@ void Lexer::bracketedName() {
     ++state_.next;
     const std::size_t first = state_.next;
     while (!atLineEnd(0) && peek() != ']') ++state_.next;
-    if (atLineEnd(0)) fail(Syntax::InvalidCharacter);
+    if (atLineEnd(0)) fail(Syntax::ExpectedCloseBracket);
     const std::string_view spelled = source_.substr(first, state_.next - first);
     ++state_.next;
     if (spelled.empty()) fail(Syntax::ExpectedIdentifier);
@@ -257,9 +256,9 @@ void Lexer::number() {
         if (!isDigit(peek())) fail(Syntax::InvalidNumber);
         while (isDigit(peek())) ++state_.next;
     }
-    const std::string digits(spelling());
-    double value = std::strtod(digits.c_str(), nullptr);
-    if (value > 1.7976931348623157e308) fail(Syntax::InvalidNumber);
+    // Not the C library's reading: a window's locale would have its say on the decimal point.
+    const double value = parseNumber(spelling()).value_or(0);
+    if (std::isinf(value)) fail(Syntax::InvalidNumber);
     addLiteral(isWhole && value <= 0x7fffffff ? wholeNumber(static_cast<std::int64_t>(value)) : Value::number(value));
 }
 

@@ -103,6 +103,7 @@ class Parser {
     Names& names_;
     Lexer lexer_;
     int depth_ = 0;
+    bool inLineIf_ = false;  // an If on one line, which can hold no block of lines
     int withDepth_ = 0;
     int doDepth_ = 0;
     int forDepth_ = 0;

@@ -139,7 +139,7 @@ Expr* Parser::primary() {
             made = make(ExprKind::Me);
             break;
         case Token::Dot:
-            if (withDepth_ == 0) lexer_.fail(Syntax::ExpectedExpression);
+            if (withDepth_ == 0) lexer_.fail(Syntax::OutsideWith);
             return member(make(ExprKind::WithTarget));
         case Token::New:
             lexer_.advance();

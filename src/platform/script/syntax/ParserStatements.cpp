@@ -255,7 +255,7 @@ void Parser::constants(Block& into, bool isPrivate) {
     do {
         const NameId name = expectName();
         expect(Token::Equal, Syntax::ExpectedEqual);
-        Expr* value = expression();
+        Expr* value = unary();
         const Expr* inside = value;
         while (inside->kind == ExprKind::Group || (inside->kind == ExprKind::Unary && inside->op != Token::Not))
             inside = inside->left;
@@ -272,10 +272,12 @@ void Parser::ifStatement(Block& into) {
     IfStmt::Branch first{expression(), {}, atLine};
     expect(Token::Then, Syntax::ExpectedThen);
     std::vector<IfStmt::Branch> branches;
-    if (token() == Token::EndOfLine || token() == Token::EndOfFile)
-        blockIf(first, branches);
-    else
+    if (token() != Token::EndOfLine && token() != Token::EndOfFile) {
         singleLineIf(first, branches);
+    } else {
+        if (inLineIf_) lexer_.fail(Syntax::NotFirstOnLine);
+        blockIf(first, branches);
+    }
     add(into, IfStmt{{StmtKind::If, atLine}, module_->arena.copy(branches)});
 }
 
@@ -295,6 +297,7 @@ void Parser::statementsOnLine(Block& into) {
 }
 
 void Parser::singleLineIf(IfStmt::Branch first, std::vector<IfStmt::Branch>& branches) {
+    const bool outer = std::exchange(inLineIf_, true);
     statementsOnLine(first.body);
     branches.push_back(first);
     if (token() == Token::Else) {
@@ -303,6 +306,7 @@ void Parser::singleLineIf(IfStmt::Branch first, std::vector<IfStmt::Branch>& bra
         statementsOnLine(other.body);
         branches.push_back(other);
     }
+    inLineIf_ = outer;
     if (token() == Token::End) expectEnd(Token::If, Syntax::ExpectedIf);
 }
 

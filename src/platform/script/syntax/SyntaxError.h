@@ -1,4 +1,6 @@
-// The errors of a module's text, found before anything of it runs.
+// The errors of a module's text, found before anything of it runs. Of the documented numbers the language never has a
+// use for 1003 (':'), 1027 (a statement may end where While and Until are expected: 1028), 1034 (comments end with
+// their line) and 1043 (every argument can be assigned to).
 #pragma once
 
 #include <cstdint>
@@ -6,10 +8,12 @@
 namespace tolvan::script {
 
 enum class Syntax : int {
+    OutsideWith = 505,
     OutOfMemory = 1001,  // also: nested too deep, too many names or arguments
     General = 1002,
     ExpectedOpen = 1005,
     ExpectedClose = 1006,
+    ExpectedCloseBracket = 1007,
     ExpectedIdentifier = 1010,
     ExpectedEqual = 1011,
     ExpectedIf = 1012,
@@ -39,6 +43,7 @@ enum class Syntax : int {
     InvalidExit = 1039,
     InvalidForVariable = 1040,
     NameRedefined = 1041,
+    NotFirstOnLine = 1042,
     ParenthesesOnSub = 1044,
     ExpectedLiteral = 1045,
     ExpectedIn = 1046,
