@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QKeyEvent>
+#include <QTemporaryDir>
 #include <QTimer>
 
 #include <algorithm>
@@ -37,42 +38,23 @@ void runLoop(benchmark::State& state, const char* statement, int count) {
     state.SetItemsProcessed(state.iterations() * count);
 }
 
-void printSameLine(benchmark::State& state) {
-    runLoop(state, "parentform.PrintString \"he {=} kml \"", 20'000);
-}
-void printNumbers(benchmark::State& state) {
-    runLoop(state, "parentform.PrintString i & \" * {=} \" & i * i", 20'000);
-}
-void printManyNumbers(benchmark::State& state) {
-    runLoop(state, "parentform.PrintString \"kml\" & i & \"rIt \" & i + 7 & \"paca\"", 20'000);
-}
-void printRandomWords(benchmark::State& state) {
-    runLoop(state,
-            "parentform.PrintString Chr(97 + i Mod 26) & Chr(97 + i * 7 \\ 26 Mod 26) & Chr(97 + i \\ 676 Mod 26) & "
-            "\"kml\"",
-            20'000);
-}
-void drawPoints(benchmark::State& state) {
-    runLoop(state, "ParentForm.DrawPoint i Mod 797,i Mod 557,i", 300'000);
-}
-void drawShortLines(benchmark::State& state) {
-    runLoop(state, "parentform.DrawLine i Mod 797,i Mod 557,i Mod 797 + 15,i Mod 557 + 9,i", 100'000);
-}
-void drawCircles(benchmark::State& state) {
-    runLoop(state, "ParentForm.DrawCircle i Mod 797,i Mod 557,12,i, TRUE", 100'000);
-}
-void emptyLoop(benchmark::State& state) {
-    runLoop(state, "a = i", 1'000'000);
+void measureLoop(const char* name, const char* statement, int count) {
+    benchmark::RegisterBenchmark(name, runLoop, statement, count)->Unit(benchmark::kMillisecond);
 }
 
-BENCHMARK(printSameLine)->Unit(benchmark::kMillisecond);
-BENCHMARK(printNumbers)->Unit(benchmark::kMillisecond);
-BENCHMARK(printManyNumbers)->Unit(benchmark::kMillisecond);
-BENCHMARK(printRandomWords)->Unit(benchmark::kMillisecond);
-BENCHMARK(drawPoints)->Unit(benchmark::kMillisecond);
-BENCHMARK(drawShortLines)->Unit(benchmark::kMillisecond);
-BENCHMARK(drawCircles)->Unit(benchmark::kMillisecond);
-BENCHMARK(emptyLoop)->Unit(benchmark::kMillisecond);
+void registerLoops() {
+    measureLoop("printSameLine", "parentform.PrintString \"he {=} kml \"", 20'000);
+    measureLoop("printNumbers", "parentform.PrintString i & \" * {=} \" & i * i", 20'000);
+    measureLoop("printManyNumbers", "parentform.PrintString \"kml\" & i & \"rIt \" & i + 7 & \"paca\"", 20'000);
+    measureLoop("printRandomWords",
+                "parentform.PrintString Chr(97 + i Mod 26) & Chr(97 + i * 7 \\ 26 Mod 26) & "
+                "Chr(97 + i \\ 676 Mod 26) & \"kml\"",
+                20'000);
+    measureLoop("drawPoints", "ParentForm.DrawPoint i Mod 797,i Mod 557,i", 300'000);
+    measureLoop("drawShortLines", "parentform.DrawLine i Mod 797,i Mod 557,i Mod 797 + 15,i Mod 557 + 9,i", 100'000);
+    measureLoop("drawCircles", "ParentForm.DrawCircle i Mod 797,i Mod 557,12,i, TRUE", 100'000);
+    measureLoop("emptyLoop", "a = i", 1'000'000);
+}
 
 // From the text of a program of 1,000 lines until the first of them is printed.
 void startPrinting(benchmark::State& state) {
@@ -132,9 +114,11 @@ BENCHMARK_CAPTURE(stop, drawing, "parentform.DrawLine 0,0,800,600,i")
 
 int main(int argumentCount, char** arguments) {
     if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+    const QTemporaryDir settings;  // in place of the user's own
+    qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
     QApplication application(argumentCount, arguments);
-    QApplication::setOrganizationName(QStringLiteral("TolbasicBench"));
     tolvan::loadStandIns();
     benchmark::Initialize(&argumentCount, arguments);
+    tolvan::registerLoops();
     benchmark::RunSpecifiedBenchmarks();
 }

@@ -43,11 +43,15 @@ void bytesAndComplexity(benchmark::State& state, std::size_t bytes) {
     state.SetComplexityN(static_cast<std::int64_t>(bytes));
 }
 
-void compileLines(benchmark::State& state) {
-    const StyledText program = styled(schoolText(static_cast<std::size_t>(state.range(0))));
+void compile(benchmark::State& state, const std::string& text) {
+    const StyledText program = styled(text);
     Translator translator;
     for (auto _ : state) benchmark::DoNotOptimize(translator.Compile(program));
     bytesAndComplexity(state, program.size());
+}
+
+void compileLines(benchmark::State& state) {
+    compile(state, schoolText(static_cast<std::size_t>(state.range(0))));
 }
 BENCHMARK(compileLines)
     ->RangeMultiplier(10)
@@ -58,10 +62,7 @@ BENCHMARK(compileLines)
 void compileNewNames(benchmark::State& state) {
     std::string text;
     for (std::int64_t i = 0; i < state.range(0); ++i) text.append("x").append(std::to_string(i)).append("{=}1\r\n");
-    const StyledText program = styled(text);
-    Translator translator;
-    for (auto _ : state) benchmark::DoNotOptimize(translator.Compile(program));
-    bytesAndComplexity(state, program.size());
+    compile(state, text);
 }
 BENCHMARK(compileNewNames)
     ->RangeMultiplier(10)
@@ -74,10 +75,7 @@ void compileNestedForms(benchmark::State& state) {
     std::string text;
     while (text.size() < static_cast<std::size_t>(state.range(0))) text += "te ";
     text += "saQI ";
-    const StyledText program = styled(text);
-    Translator translator;
-    for (auto _ : state) benchmark::DoNotOptimize(translator.Compile(program));
-    bytesAndComplexity(state, program.size());
+    compile(state, text);
 }
 BENCHMARK(compileNestedForms)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(benchmark::kMillisecond);
 

@@ -10,6 +10,7 @@
 #include <QToolTip>
 
 #include <algorithm>
+#include <utility>
 
 // A static library's resources are linked only where they are asked for by name; the call must stand outside any
 // namespace.
@@ -23,20 +24,17 @@ namespace {
 constexpr qreal devanagariScale = 1.3;
 
 QPalette palette() {
+    static constexpr std::pair<QPalette::ColorRole, QColor> colours[] = {
+        {QPalette::Window, background}, {QPalette::WindowText, text},
+        {QPalette::Base, paper},        {QPalette::AlternateBase, footer},
+        {QPalette::Text, text},         {QPalette::PlaceholderText, dimText},
+        {QPalette::Button, paper},      {QPalette::ButtonText, text},
+        {QPalette::Highlight, accent},  {QPalette::HighlightedText, textOnAccent},
+        {QPalette::Link, accent},       {QPalette::ToolTipBase, paper},
+        {QPalette::ToolTipText, text},
+    };
     QPalette palette(background);
-    palette.setColor(QPalette::Window, background);
-    palette.setColor(QPalette::WindowText, text);
-    palette.setColor(QPalette::Base, paper);
-    palette.setColor(QPalette::AlternateBase, footer);
-    palette.setColor(QPalette::Text, text);
-    palette.setColor(QPalette::PlaceholderText, dimText);
-    palette.setColor(QPalette::Button, paper);
-    palette.setColor(QPalette::ButtonText, text);
-    palette.setColor(QPalette::Highlight, accent);
-    palette.setColor(QPalette::HighlightedText, textOnAccent);
-    palette.setColor(QPalette::Link, accent);
-    palette.setColor(QPalette::ToolTipBase, paper);
-    palette.setColor(QPalette::ToolTipText, text);
+    for (const auto& [role, colour] : colours) palette.setColor(role, colour);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
         palette.setColor(QPalette::Disabled, role, greyedText);
     return palette;

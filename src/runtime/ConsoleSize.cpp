@@ -1,22 +1,24 @@
 #include "runtime/ConsoleSize.h"
 
+#include "platform/settings/Settings.h"
+
 #include <QGuiApplication>
 #include <QScreen>
-#include <QSettings>
 
 namespace tolvan {
 namespace {
 
 constexpr QSize openingSize(800, 600);
 constexpr QSize smallestSize(240, 180);
-const QString widthKey = QStringLiteral("Settings/ConsoleWidth");
-const QString heightKey = QStringLiteral("Settings/ConsoleHeight");
+const QString section = QStringLiteral("Settings");
+const QString widthKey = QStringLiteral("ConsoleWidth");
+const QString heightKey = QStringLiteral("ConsoleHeight");
 
 }  // namespace
 
 QSize rememberedConsoleSize(QMargins frame) {
-    const QSettings settings;
-    const QSize size(settings.value(widthKey).toInt(), settings.value(heightKey).toInt());
+    const Settings settings(Settings::userFile());
+    const QSize size(settings.GetSetting(section, widthKey).toInt(), settings.GetSetting(section, heightKey).toInt());
     const bool sensible = size.width() >= smallestSize.width() && size.height() >= smallestSize.height();
     const QScreen* const screen = QGuiApplication::primaryScreen();
     const QSize window = (sensible ? size : openingSize).grownBy(frame);
@@ -25,9 +27,9 @@ QSize rememberedConsoleSize(QMargins frame) {
 
 void rememberConsoleSize(QSize window, QMargins frame) {
     const QSize size = window.shrunkBy(frame);
-    QSettings settings;
-    settings.setValue(widthKey, QString::number(size.width()));
-    settings.setValue(heightKey, QString::number(size.height()));
+    Settings settings(Settings::userFile());
+    settings.SaveSetting(section, widthKey, QString::number(size.width()));
+    settings.SaveSetting(section, heightKey, QString::number(size.height()));
 }
 
 }  // namespace tolvan

@@ -24,6 +24,7 @@ struct LineSpan {
 // whole text.
 LineSpan spanOfLine(std::string_view text, std::int32_t line);
 
+// Selects that line of the program in both texts of the editor; counted as spanOfLine does.
 void markFailingLine(ProgramMarker& editor, std::int32_t errorLine);
 
 }  // namespace tolvan

@@ -1,19 +1,14 @@
 #include "BoxUser.h"
-#include "dialogs/Dialogs.h"
 #include "dialogs/frmAbout.h"
+#include "support/ScriptedUser.h"
 
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
 
 namespace tolvan {
 namespace {
-
-struct Told : DialogAnswers {
-    void ShowMessage(std::string_view text) override { message = text; }
-    std::string message;
-};
 
 // The system-information tool is looked for in the program path alone.
 class AboutBox : public testing::Test {
@@ -21,17 +16,17 @@ class AboutBox : public testing::Test {
     AboutBox() : path_(qgetenv("PATH")) { qputenv("PATH", folder_.path().toLocal8Bit()); }
     ~AboutBox() override { qputenv("PATH", path_); }
 
-    std::string pressSystemInformation() {
-        Told told;
-        const ReplacedDialogs replaced(told);
-        BoxUser user([](QDialog& box) {
+    std::vector<std::string> pressSystemInformation() {
+        ScriptedUser user;
+        const ReplacedDialogs replaced(user);
+        BoxUser about([](QDialog& box) {
             clickOn(control(box, "cmdSysInfo"));
             EXPECT_TRUE(box.isVisible());
             press(box, Qt::Key_Escape);
         });
         showAbout(nullptr);
-        EXPECT_TRUE(user.acted());
-        return told.message;
+        EXPECT_TRUE(about.acted());
+        return user.told;
     }
 
     QTemporaryDir folder_;
@@ -41,7 +36,7 @@ class AboutBox : public testing::Test {
 };
 
 TEST_F(AboutBox, WithoutAToolItSaysSo) {
-    EXPECT_EQ(pressSystemInformation(), "\\f0 System Information Is Unavailable At This Time");
+    EXPECT_THAT(pressSystemInformation(), testing::ElementsAre("\\f0 System Information Is Unavailable At This Time"));
 }
 
 #ifdef Q_OS_LINUX
@@ -52,7 +47,7 @@ TEST_F(AboutBox, StartsTheToolThatIsInstalled) {
     tool.write("#!/bin/sh\n: > " + started.toLocal8Bit() + "\n");
     tool.close();
     tool.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
-    EXPECT_EQ(pressSystemInformation(), "");
+    EXPECT_THAT(pressSystemInformation(), testing::IsEmpty());
     EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(started); }));
 }
 #endif

@@ -6,8 +6,10 @@
 #include "dialogs/frmErrorBox.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
+#include "support/Cases.h"
 
 #include <QClipboard>
+#include <QKeySequence>
 #include <QPushButton>
 #include <QScreen>
 #include <QScrollBar>
@@ -26,68 +28,35 @@ void closeBySystemMenu(QDialog& box) {
     press(*menu, Qt::Key_Return);
 }
 
-struct Gesture {
-    const char* what;
-    BoxUser::Action act;
-    int answer;
-};
-
 BoxUser::Action click(const char* name) {
     return [name](QDialog& box) { clickOn(control(box, name)); };
 }
 
-BoxUser::Action keys(const QList<Qt::Key>& pressed, Qt::KeyboardModifiers modifiers = {}) {
-    return [=](QDialog& box) {
-        for (const Qt::Key key : pressed) press(box, key, modifiers);
-    };
-}
-
-TEST(AskQuestion, EveryWayToAnswer) {
-    const Gesture gestures[] = {
-        {"yes", click("cmdYes"), 1},
-        {"no", click("cmdNo"), 0},
-        {"cancel", click("cmdCancel"), -1},
-        {"Enter takes the first button", keys({Qt::Key_Return}), 1},
-        {"so does Enter of the keypad", keys({Qt::Key_Enter}), 1},
-        {"and the space bar", keys({Qt::Key_Space}), 1},
-        {"Tab to the second, Enter", keys({Qt::Key_Tab, Qt::Key_Return}), 0},
-        {"arrows to the third, space bar", keys({Qt::Key_Right, Qt::Key_Right, Qt::Key_Space}), -1},
-        {"Tab goes round", keys({Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Tab, Qt::Key_Return}), 1},
-        {"Escape cancels", keys({Qt::Key_Escape}), -1},
-        {"Alt+F4 closes", keys({Qt::Key_F4}, Qt::AltModifier), 0},
-        {"close button", click("cmdClose"), 0},
-        {"system menu", closeBySystemMenu, 0},
-        {"the window system closes", [](QDialog& box) { box.close(); }, 0},
-    };
-    for (const auto& [what, act, answer] : gestures) {
-        BoxUser user(act);
-        EXPECT_EQ(AskQuestion("\\f1te saQvayce kay"), answer) << what;
-        EXPECT_TRUE(user.acted()) << what;
-        EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << what;
+// Does what a line of answers.cases says.
+void act(QDialog& box, const std::string& deed) {
+    const QStringList words = QString::fromStdString(deed).split(u' ');
+    if (words[0] == u"click") return clickOn(control(box, qPrintable(words[1])));
+    if (words[0] == u"menu") return closeBySystemMenu(box);
+    if (words[0] == u"close") return void(box.close());
+    for (const QString& key : words.mid(1)) {
+        const QKeyCombination pressed = QKeySequence(key)[0];
+        press(box, pressed.key(), pressed.keyboardModifiers());
     }
 }
 
-TEST(ShowError, EveryWayToAnswer) {
-    const Gesture gestures[] = {
-        {"go on", click("cmdRun"), true},          {"stop", click("cmdStop"), false},
-        {"Enter", keys({Qt::Key_Return}), true},   {"Tab, Enter", keys({Qt::Key_Tab, Qt::Key_Return}), false},
-        {"Escape", keys({Qt::Key_Escape}), false}, {"Alt+F4", keys({Qt::Key_F4}, Qt::AltModifier), false},
-        {"close", click("cmdClose"), false},       {"system menu", closeBySystemMenu, false},
-    };
-    for (const auto& [what, act, answer] : gestures) {
-        BoxUser user(act);
-        EXPECT_EQ(ShowError(11, 3), bool(answer)) << what;
-        EXPECT_TRUE(user.acted()) << what;
-    }
+std::string answerOf(const std::string& box) {
+    if (box == "AskQuestion") return std::to_string(AskQuestion("\\f1te saQvayce kay"));
+    if (box == "ShowError") return ShowError(11, 3) ? "1" : "0";
+    ShowMessage("Latin");
+    return "put away";
 }
 
-TEST(ShowMessage, EveryWayToPutItAway) {
-    const BoxUser::Action actions[] = {click("cmdOK"), keys({Qt::Key_Return}), keys({Qt::Key_Escape}),
-                                       click("cmdClose"), closeBySystemMenu};
-    for (const auto& action : actions) {
-        BoxUser user(action);
-        ShowMessage("Latin");
-        EXPECT_TRUE(user.acted());
+TEST(Boxes, EveryWayToAnswer) {
+    for (const Row& row : rowsOf("dialogs/answers.cases")) {
+        BoxUser user([&](QDialog& box) { act(box, row[0]); });
+        EXPECT_EQ(answerOf(row.title), row[1]) << row;
+        EXPECT_TRUE(user.acted()) << row;
+        EXPECT_EQ(QApplication::activeModalWidget(), nullptr) << row;
     }
 }
 

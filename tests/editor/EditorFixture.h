@@ -1,13 +1,13 @@
 // A whole editor window with a folder of its own for settings and files, and a user whose answers are given beforehand.
 #pragma once
 
-#include "dialogs/Dialogs.h"
 #include "editor/CommandBars.h"
 #include "editor/FileDialogs.h"
 #include "editor/frmEditor.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
 #include "platform/settings/Settings.h"
+#include "support/ScriptedUser.h"
 
 #include <QFile>
 #include <QLabel>
@@ -22,37 +22,16 @@
 
 namespace tolvan {
 
-// A question that was not expected fails the test; its answer is cancel.
-class ScriptedUser : public DialogAnswers, public FileAnswers {
+// Of the boxes and the file dialogs.
+class EditorUser : public ScriptedUser, public FileAnswers {
   public:
-    std::deque<int> answers;         // to questions: 1 yes, 0 no, -1 cancel
-    std::deque<bool> errorAnswers;   // to errors of a program: whether it goes on
     std::deque<QString> files;       // chosen in file dialogs, empty to cancel
-    std::vector<std::string> told;   // messages, questions
     std::vector<FileRequest> asked;  // of file dialogs
 
-    void ShowMessage(std::string_view text) override { told.emplace_back(text); }
-    int AskQuestion(std::string_view text) override {
-        told.emplace_back(text);
-        return next(answers, -1);
-    }
-    bool ShowError(std::int32_t, int) override { return next(errorAnswers, false); }
     QString askOpenFile(const FileRequest& request) override { return file(request); }
     QString askSaveFile(const FileRequest& request) override { return file(request); }
 
-    std::vector<std::string> takeTold() { return std::exchange(told, {}); }
-
   private:
-    template <class Answer>
-    static Answer next(std::deque<Answer>& prepared, Answer otherwise) {
-        if (prepared.empty()) {
-            ADD_FAILURE() << "an unexpected question";
-            return otherwise;
-        }
-        const Answer answer = prepared.front();
-        prepared.pop_front();
-        return answer;
-    }
     QString file(const FileRequest& request) {
         asked.push_back(request);
         return next(files, QString());
@@ -102,7 +81,7 @@ class EditorTest : public testing::Test {
     Settings settings{folder.filePath(QStringLiteral("settings/Tolbasic.conf"))};
     EditorState state{.run = {}, .SaveBeforeExecute = false, .FormatBeforeExecute = false};
     EditorServices services;
-    ScriptedUser user;
+    EditorUser user;
     ReplacedDialogs dialogs{user};
     ReplacedFileDialogs fileDialogs{user};
     std::unique_ptr<frmEditor> editor;

@@ -2,6 +2,7 @@
 #include "EditorFixture.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
+#include "platform/picturebox/PictureBox.h"
 #include "runtime/frmExec.h"
 
 #include <QApplication>
@@ -28,14 +29,11 @@ class RunTest : public EditorTest {
             if (auto* found = qobject_cast<frmExec*>(window)) return found;
         return nullptr;
     }
-    // Done while the program runs.
+    // Done while the program runs, once it has printed something.
     void whileItRuns(std::function<void()> action) {
         acted_ = false;
         watchdog_.start(10000);
-        QTimer::singleShot(50, editor.get(), [this, action = std::move(action)] {
-            acted_ = editor->isRunning();
-            action();
-        });
+        oncePrinted(std::move(action));
     }
     bool acted() const { return acted_; }
     void setProgram(const QByteArray& lines) {
@@ -47,6 +45,15 @@ class RunTest : public EditorTest {
     }
 
   private:
+    void oncePrinted(std::function<void()> action) {
+        QTimer::singleShot(10, editor.get(), [this, action = std::move(action)] {
+            if (!state.run.IsRunning || console()->findChild<PictureBox*>(QStringLiteral("Display"))->CurrentY == 0)
+                return oncePrinted(action);
+            acted_ = editor->isRunning();
+            action();
+        });
+    }
+
     bool acted_ = false;
     QTimer watchdog_;  // a program that nothing stops must not hang the test
 };
@@ -103,7 +110,7 @@ TEST_F(RunTest, AStopSelectsTheLineInBothPanes) {
         [this] { QTest::keyClick(console()->windowHandle(), Qt::Key_F4); },
         [this] { console()->close(); },
     };
-    setProgram(QByteArray("b = 1\n").repeated(200) + "jovar 1 lahAn 2 tovar\nkar\n");
+    setProgram(QByteArray("b = 1\n").repeated(200) + "dAkhav 1\njovar 1 lahAn 2 tovar\nkar\n");
     for (const auto& stop : stops) {
         editor->txtRoman().select(0, 0);
         whileItRuns(stop);

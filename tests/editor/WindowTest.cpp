@@ -24,7 +24,6 @@ class WindowTest : public EditorTest {
     QToolButton& button(const char* key) const {
         return *editor->commandBars().toolBar()->findChild<QToolButton*>(QLatin1String(key));
     }
-    void click(const char* key) const { QTest::mouseClick(&button(key), Qt::LeftButton); }
     QMenu* menu(int index) const { return editor->commandBars().menuBar()->actions().at(index)->menu(); }
     void setClipboard(const char* text) const { QApplication::clipboard()->setText(QLatin1String(text)); }
     static QString clipboard() { return QApplication::clipboard()->text(); }
@@ -61,37 +60,6 @@ TEST_F(WindowTest, EveryKeyOfTheTablesIsACommand) {
         EXPECT_GE(editor->metaObject()->indexOfSlot((key + "()").c_str()), 0) << key;
     }
     EXPECT_FALSE(editor->TopMenu_UserCommand("NoSuchCommand"));
-}
-
-TEST_F(WindowTest, EditingByKeysMenusAndButtons) {
-    type("ek don");
-    press(Qt::Key_A, Qt::ControlModifier);
-    press(Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(clipboard(), QStringLiteral("ek don"));
-    click("EditCut");
-    EXPECT_EQ(roman(), "");
-    press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(roman(), "ek don");
-    click("EditRedo");
-    EXPECT_EQ(roman(), "");
-    click("EditPaste");
-    press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(roman(), "ek donek don");
-    click("EditUndo");
-    press(Qt::Key_Y, Qt::ControlModifier);
-    press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(roman(), "ek don");
-    press(Qt::Key_Z, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(roman(), "ek donek don");
-
-    press(Qt::Key_X, Qt::ControlModifier);  // without selection: an empty text on the clipboard
-    EXPECT_EQ(clipboard(), QString());
-    EXPECT_EQ(roman(), "ek donek don");
-
-    setClipboard("line 1\nline 2");
-    press(Qt::Key_A, Qt::ControlModifier);
-    press(Qt::Key_V, Qt::ControlModifier);
-    EXPECT_EQ(roman(), "line 1\r\nline 2");
 }
 
 TEST_F(WindowTest, WhatHasNoCodeIsRefusedByName) {
@@ -145,38 +113,6 @@ TEST_F(WindowTest, TheToolbarIsHiddenAndShown) {
     EXPECT_TRUE(bar->isVisible());
     EXPECT_TRUE(editor->commandBars().item("Toolbar_general")->isChecked());
     EXPECT_EQ(setting("Settings", "Toolbar_general"), QStringLiteral("True"));
-}
-
-TEST_F(WindowTest, TheStatusBarTellsLineAndWork) {
-    const QString ready = toQString("tolvn beisk tyar Aahe"_deva);
-    EXPECT_EQ(panel("panel2"), ready);
-    type("ek");
-    press(Qt::Key_Return);
-    EXPECT_EQ(panel("panel2"), toQString("q<k leon sué Aahe"_deva));
-    EXPECT_EQ(panel("panel1"), toQString("Aae¦ 2"_deva));
-    press(Qt::Key_Up);
-    EXPECT_EQ(panel("panel1"), toQString("Aae¦ 1"_deva));
-    EXPECT_TRUE(QTest::qWaitFor([&] { return panel("panel2") == ready; }));
-}
-
-TEST_F(WindowTest, FormattingIsOneStepAndOnlyWhereItChanges) {
-    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
-    type("   ");
-    press(Qt::Key_F, Qt::ControlModifier | Qt::ShiftModifier);
-    EXPECT_EQ(roman(), "   ");
-    const std::string formatted = "jovar 1 lahAn 2 tovar\r\n      dAkhav 1\r\nkar\r\n";
-    writeFile("a.tvp", "\r\njovar 1 lahAn 2 tovar\r\ndAkhav 1\r\nkar\r\n");
-    user.answers = {};
-    ASSERT_TRUE(editor->OpenFile(path("a.tvp")));
-    click("EditFormat");
-    const std::string once = roman();
-    EXPECT_EQ(title(), QStringLiteral("a.tvp*"));
-    EXPECT_EQ(once, formatted);
-    press(Qt::Key_S, Qt::ControlModifier);
-    click("EditFormat");
-    EXPECT_EQ(title(), QStringLiteral("a.tvp"));
-    press(Qt::Key_Z, Qt::ControlModifier);
-    EXPECT_EQ(roman(), "jovar 1 lahAn 2 tovar\r\ndAkhav 1\r\nkar\r\n");
 }
 
 TEST_F(WindowTest, SizeAndSplitterAreRemembered) {

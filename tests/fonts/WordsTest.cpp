@@ -1,6 +1,6 @@
 #include "Picture.h"
-#include "Words.h"
 #include "platform/fonts/FontEncoding.h"
+#include "support/Cases.h"
 
 #include <gtest/gtest.h>
 
@@ -11,38 +11,32 @@ namespace {
 // misplaced mark cannot hide.
 constexpr int sizes[] = {13, 21, 53};
 
-double differenceOfWord(const Word& word, int pixels) {
-    return difference(picture(QString::fromUtf16(word.unicode), sourceFont(pixels)),
-                      picture(toQString(word.encoded), builtFont(pixels)));
+// Of the Unicode word in the source font to the encoded word in the built one.
+double differenceOfWord(const QString& unicode, const QString& encoded, int pixels) {
+    return difference(picture(unicode, sourceFont(pixels)), picture(encoded, builtFont(pixels)));
 }
 
-std::string name(const Word& word) {
-    return QString::fromUtf16(word.unicode).toStdString();
+QString unicodeOf(const Row& row) {
+    return QString::fromStdString(row.written.at(0));
 }
 
 TEST(BuiltFont, DrawsWordsAsItsSourceDoes) {
-    for (const Word& word : words)
-        for (const int pixels : sizes)
-            EXPECT_LE(differenceOfWord(word, pixels), tolerance) << name(word) << " at " << pixels << " pixels";
-}
-
-TEST(BuiltFont, DrawsALineOfWordsAsItsSourceDoes) {
     QString unicode, encoded;
-    for (const Word& word : words) {
-        unicode += QString::fromUtf16(word.unicode) + u' ';
-        encoded += toQString(word.encoded) + u' ';
+    for (const Row& row : rowsOf("fonts/words.cases")) {
+        for (const int pixels : sizes)
+            EXPECT_LE(differenceOfWord(unicodeOf(row), toQString(row[1]), pixels), tolerance)
+                << row << " at " << pixels << " pixels";
+        unicode += unicodeOf(row) + u' ';
+        encoded += toQString(row[1]) + u' ';
     }
-    EXPECT_LE(difference(picture(unicode, sourceFont(21)), picture(encoded, builtFont(21))), tolerance);
+    EXPECT_LE(differenceOfWord(unicode, encoded, 21), tolerance) << "all in one line";
 }
 
 // The comparison is of no worth unless it tells words apart that differ in the smallest sign.
 TEST(BuiltFont, ComparisonSeesASmallSign) {
-    const Word different[] = {
-        {u"कं", "k"_deva},  {u"कि", "kI"_deva}, {u"पु", "pU"_deva},   {u"बँक", "b<k"_deva},
-        {u"र्क", "k"_deva}, {u"ज़", "j"_deva},   {u"स्थि", "iw"_deva}, {u"ट्र", "q"_deva},
-    };
-    for (const Word& word : different)
-        for (const int pixels : sizes) EXPECT_GT(differenceOfWord(word, pixels), 4 * tolerance) << name(word);
+    for (const Row& row : rowsOf("fonts/others.cases"))
+        for (const int pixels : sizes)
+            EXPECT_GT(differenceOfWord(unicodeOf(row), toQString(row[1]), pixels), 4 * tolerance) << row;
 }
 
 }  // namespace

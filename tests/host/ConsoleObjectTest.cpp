@@ -3,6 +3,7 @@
 #include "host/TemporaryFolder.h"
 #include "runtime/host/ConsoleObject.h"
 #include "runtime/host/ModuleRunner.h"
+#include "support/Cases.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
@@ -13,6 +14,8 @@ namespace {
 using testing::ElementsAre;
 using testing::IsEmpty;
 using Calls = std::vector<std::string>;
+
+const std::string cases = "host/calls.cases";
 
 class ConsoleObjectTest : public testing::Test {
   protected:
@@ -32,74 +35,16 @@ class ConsoleObjectTest : public testing::Test {
 };
 
 TEST_F(ConsoleObjectTest, PassesArgumentsOnAndFillsInMissingOnes) {
-    const struct {
-        const char* statement;
-        const char* call;
-    } cases[] = {
-        {"parentform.PrintString  \" a \" & 5", "print  a 5"},
-        {"PRINTSTRING CStr(12)", "print 12"},
-        {"parentform.PrintString -2.5", "print {-}2{.}5"},
-        {"parentform.PrintString 1E15 * 10", "print 1{E+}16"},
-        {"parentform.PrintString \"{-}2{.}5\" * 2", "print {-}5"},
-        {"parentform.PrintString 1 < 2", "print ore"},
-        {"parentform.PrintString nothingYet", "print "},
-        {"parentform.ClearScreen", "clear"},
-        {"ParentForm.DrawPoint 1.5,\"2\"", "point 1.5,2"},
-        {"ParentForm.DrawPoint 1,2 ,RGB(1,2,3) ", "point 1,2 colour 197121"},
-        {"parentform.DrawLine 30,40", "line 30,40"},
-        {"parentform.DrawLine 30,40,10,20", "line 30,40 to 10,20"},
-        {"parentform.DrawLine 30,40,10,20,255", "line 30,40 to 10,20 colour 255"},
-        {"parentform.DrawLine 30,40,,,255", "line 30,40 colour 255"},
-        {"parentform.DrawBox 30,40", "box 30,40"},
-        {"parentform.DrawBox 30,40, TRUE", "solid box 30,40"},
-        {"parentform.DrawBox 30,40,,,255", "box 30,40 colour 255"},
-        {"parentform.DrawBox 30,40,,,255, TRUE", "solid box 30,40 colour 255"},
-        {"parentform.DrawBox 30,40,10,20", "box 30,40 to 10,20"},
-        {"parentform.DrawBox 30,40,10,20, TRUE", "solid box 30,40 to 10,20"},
-        {"parentform.DrawBox 30,40,10,20,255, TRUE", "solid box 30,40 to 10,20 colour 255"},
-        {"parentform.DrawBox 30,40,10,20,255,0", "box 30,40 to 10,20 colour 255"},
-        {"ParentForm.DrawCircle 1,2, 3,, FALSE", "circle 3,0 to 1,2"},
-        {"ParentForm.DrawCircle 1,2, 3,255, TRUE", "disc 3,0 to 1,2 colour 255"},
-        {"ParentForm.DrawCircle 1,2, 3,255, Null", "circle 3,0 to 1,2 colour 255"},
-        {"parentform.PrintString DisplayWidth - displayheight", "print 159{.}5"},
-    };
-    for (const auto& [statement, call] : cases) {
+    for (const Row& row : rowsOf(cases, "The call that reaches the console")) {
         console.calls.clear();
-        EXPECT_EQ(run(statement), 0) << statement;
-        EXPECT_THAT(console.calls, ElementsAre(call)) << statement;
+        EXPECT_EQ(run(row[0]), 0) << row;
+        EXPECT_THAT(console.calls, ElementsAre(row[1])) << row;
     }
 }
 
 TEST_F(ConsoleObjectTest, RefusesArgumentsThatDoNotFit) {
-    const struct {
-        const char* statement;
-        int number;
-    } cases[] = {
-        {"parentform.PrintString", 450},
-        {"parentform.PrintString 1,2", 450},
-        {"parentform.ClearScreen 1", 450},
-        {"parentform.InputString", 450},
-        {"ParentForm.DrawPoint 1", 450},
-        {"parentform.DrawLine 1,2,3,4,5,6", 450},
-        {"parentform.DrawBox 1,2,3,4,5,6,7", 450},
-        {"ParentForm.DrawCircle 1,2", 450},
-        {"parentform.FileOpen \"a\"", 450},
-        {"ParentForm.DrawPoint ,2", 449},
-        {"ParentForm.DrawCircle 1,2,,255, TRUE", 449},
-        {"parentform.DrawLine ,2,3,4", 449},
-        {"parentform.DrawLine 1,2,3", 13},
-        {"parentform.DrawLine 1,2,3,,255", 13},
-        {"parentform.DrawBox 1,2,3", 13},
-        {"ParentForm.DrawPoint \"kr\",2", 13},
-        {"ParentForm.DrawPoint 1,2,\"kr\"", 13},
-        {"ParentForm.DrawCircle 1,2,3,,\"kr\"", 13},
-        {"ParentForm.DrawPoint 1E39,2", 6},
-        {"ParentForm.DrawPoint 1,2,3000000000", 6},
-        {"ParentForm.DrawPoint Null,2", 94},
-        {"parentform.PrintString Null", 94},
-        {"parentform.NoSuchThing 1", 438},
-    };
-    for (const auto& [statement, number] : cases) EXPECT_EQ(run(statement), number) << statement;
+    for (const Row& row : rowsOf(cases, "The error of arguments that do not fit"))
+        EXPECT_EQ(run(row[0]), std::stoi(row[1])) << row;
     EXPECT_THAT(console.calls, IsEmpty());
 }
 
@@ -174,6 +119,12 @@ class DataFileTest : public ConsoleObjectTest {
     std::string open(const std::string& name, const std::string& mode) const {
         return "parentform.FileOPEN  \"{" + (folder / name) + "}\"," + mode + " \r\n";
     }
+    std::string withPaths(std::string statements) const {
+        for (const auto& [word, path] : {std::pair{"FILE", folder / "f"}, {"FOLDER", folder.path()}})
+            for (std::size_t found = 0; (found = statements.find(word)) != std::string::npos;)
+                statements.replace(found, std::string_view(word).size(), path);
+        return statements;
+    }
 };
 
 TEST_F(DataFileTest, WritesValuesAndReadsThemBack) {
@@ -193,48 +144,18 @@ TEST_F(DataFileTest, WritesValuesAndReadsThemBack) {
 }
 
 TEST_F(DataFileTest, ReportsAFileThatDoesNotOpenAndGoesOn) {
-    const std::string name = folder / "f";
-    const struct {
-        std::string arguments;
-        int number;
-    } cases[] = {
-        {"\"{" + name + "}\",1", 53},
-        {"\"{" + folder.path() + "}\",2", 75},
-        {"\"\",1", 52},
-        {"5,1", 5},
-        {"unassigned,1", 5},
-        {",1", 5},
-        {"\"{" + name + "}\",4", 5},
-        {"\"{" + name + "}\",\"kr\"", 5},
-        {"\"{" + name + "}\",Null", 5},
-        {"\"{" + name + "}\",", 5},
-        {"\"{" + name + "}\",0", 54},
-        {"\"{" + name + "}\",3.9", 54},
-    };
-    for (const auto& [arguments, number] : cases) {
+    for (const Row& row : rowsOf(cases, "The error of a file that does not open")) {
         console.calls.clear();
-        EXPECT_EQ(run("parentform.FileOpen " + arguments + "\r\nparentform.PrintString 1"), 0) << arguments;
-        EXPECT_THAT(console.calls, ElementsAre("file " + std::to_string(number), "print 1")) << arguments;
+        EXPECT_EQ(run("parentform.FileOpen " + withPaths(row[0]) + "\r\nparentform.PrintString 1"), 0) << row;
+        EXPECT_THAT(console.calls, ElementsAre("file " + row[1], "print 1")) << row;
     }
-    EXPECT_FALSE(std::filesystem::exists(name));
+    EXPECT_FALSE(std::filesystem::exists(folder / "f"));
 }
 
 TEST_F(DataFileTest, RaisesErrorsOfReadingAndWriting) {
     folder.write("f", "a\r\n");
-    const struct {
-        std::string statements;
-        int number;
-    } cases[] = {
-        {"parentform.FileWrite 1", 52},
-        {"parentform.FileInput a", 52},
-        {"a = parentform.EndOfFile", 52},
-        {"parentform.FileClose", 0},
-        {open("f", "1") + "parentform.FileWrite 1", 54},
-        {open("f", "3") + "parentform.FileInput a", 54},
-        {open("f", "1") + "parentform.FileInput a\r\nparentform.FileInput a", 62},
-        {"parentform.FileOpen \"{/dev/full}\",3\r\nparentform.FileWrite 1", 61},
-    };
-    for (const auto& [statements, number] : cases) EXPECT_EQ(run(statements), number) << statements;
+    for (const Row& row : rowsOf(cases, "The error of reading and writing"))
+        EXPECT_EQ(run(withPaths(row[0])), std::stoi(row[1])) << row;
 }
 
 }  // namespace

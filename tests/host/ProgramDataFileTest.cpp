@@ -156,20 +156,5 @@ TEST(ProgramDataFile, ReportsAFullDiskAtTheRecordThatDoesNotFit) {
     EXPECT_EQ(file.close(), FileError::None);
 }
 
-TEST(ProgramDataFile, ReadsNamesInInternalTextForm) {
-    const struct {
-        std::string internal;
-        std::string plain;
-    } cases[] = {
-        {"gui[ {marks.txt}", "gui[ marks.txt"},
-        {"{marks.txt}", "marks.txt"},
-        {"{C:\\data\\marks.txt}", "C:\\data\\marks.txt"},
-        {"kr\\{ya{a\\}b}", "kr{yaa}b"},
-        {"{unclosed", "unclosed"},
-        {"\xE9\x80\x9D\\", "\xC3\xA9\xE2\x82\xAC\xC2\x9D\\"},
-    };
-    for (const auto& [internal, plain] : cases) EXPECT_EQ(plainFileName(internal), plain);
-}
-
 }  // namespace
 }  // namespace tolvan

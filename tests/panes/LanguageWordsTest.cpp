@@ -5,6 +5,8 @@
 #include "translator/Translator.h"
 #include "transliteration/ReadBack.h"
 
+#include <QString>
+
 #include <filesystem>
 #include <fstream>
 #include <gmock/gmock.h>
@@ -16,26 +18,11 @@ namespace {
 
 const std::string sourceFolder = TOLVAN_SOURCE_DIR;
 
-std::string utf8Of(std::u32string_view text) {
-    std::string bytes;
-    for (const char32_t c : text) {
-        if (c < 0x80) {
-            bytes += static_cast<char>(c);
-        } else if (c < 0x800) {
-            bytes += static_cast<char>(0xC0U | (c >> 6U));
-            bytes += static_cast<char>(0x80U | (c & 0x3FU));
-        } else {
-            bytes += static_cast<char>(0xE0U | (c >> 12U));
-            bytes += static_cast<char>(0x80U | ((c >> 6U) & 0x3FU));
-            bytes += static_cast<char>(0x80U | (c & 0x3FU));
-        }
-    }
-    return bytes;
-}
-
 std::string page() {
-    const FontCodes codes(sourceFolder + "/tools/fonts/encoding.tsv");
-    const auto devanagari = [&](std::string_view roman) { return utf8Of(composed(codes.read(LineConvert(roman)))); };
+    const FontCodes codes;
+    const auto devanagari = [&](std::string_view roman) {
+        return QString::fromStdU32String(composed(codes.read(LineConvert(roman)))).toStdString();
+    };
     std::ostringstream page;
     page
         << "# The words of the language\n\n"

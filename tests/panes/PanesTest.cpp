@@ -238,26 +238,5 @@ TEST_F(PanesTest, linesStandSideBySide) {
     }
 }
 
-TEST_F(PanesTest, typedQuotesGetASpan) {
-    type("dAkhav ");
-    type("\"namaskAr\"");
-    EXPECT_EQ(roman.text(), "dAkhav #\"#namaskAr#\"#");
-    type(" #a");
-    type("\"");
-    EXPECT_EQ(roman.text(), "dAkhav #\"#namaskAr#\"# #a\"") << "inside a span it is a plain quote";
-
-    roman.setText("dAkhav ");
-    press(Qt::Key_End);
-    type("ka \"");
-    EXPECT_EQ(roman.text(), "dAkhav ka #\"#");
-    roman.undo();
-    EXPECT_EQ(roman.text(), "dAkhav ka ");
-    roman.setText("dAkhav ");
-    press(Qt::Key_End);
-    aids.quoteSpans().setEnabled(false);
-    type("\"");
-    EXPECT_EQ(roman.text(), "dAkhav \"");
-}
-
 }  // namespace
 }  // namespace tolvan

@@ -1,13 +1,15 @@
 #include "platform/picturebox/PictureBox.h"
+#include "support/Cases.h"
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
 
 #include <array>
 #include <cmath>
-#include <functional>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <limits>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -43,73 +45,31 @@ class TestBox : public PictureBox {
     }
 };
 
-struct Figure {
-    const char* name;
-    std::function<void(PictureBox&)> draw;
-    const char* picture;
-};
-
-class PictureBoxFigures : public testing::TestWithParam<Figure> {};
-
-TEST_P(PictureBoxFigures, HasThesePixels) {
-    TestBox box(9, 7);
-    GetParam().draw(box);
-    EXPECT_EQ(pictureOf(box), GetParam().picture);
+// Draws what a line of figures.cases says.
+void draw(PictureBox& box, const std::string& line) {
+    std::istringstream stream(line);
+    const std::vector<std::string> words{std::istream_iterator<std::string>(stream), {}};
+    const std::string& figure = words.front();
+    const QColor ink(QString::fromStdString(words.back() == "green" ? "lime" : words.back()));  // the pure green
+    const auto at = [&](std::size_t index) { return std::stof(words.at(index + 1)); };
+    if (figure == "point") return box.PSet(at(0), at(1), ink);
+    if (figure == "line") return box.Line(at(0), at(1), at(2), at(3), ink);
+    if (figure == "box") return box.Box(at(0), at(1), at(2), at(3), ink, Fill::Transparent);
+    if (figure == "solid-box") return box.Box(at(0), at(1), at(2), at(3), ink, Fill::Solid);
+    if (figure == "circle") return box.Circle(at(0), at(1), at(2), ink, Fill::Transparent);
+    if (figure == "disc") return box.Circle(at(0), at(1), at(2), ink, Fill::Solid);
+    FAIL() << "no such figure: " << line;
 }
 
-const Figure figures[] = {
-    {"PointsAreRoundedToTheNearestPixel",
-     [](PictureBox& box) {
-         box.PSet(0, 0, Qt::white);
-         box.PSet(2.4F, 1.5F, Qt::red);
-         box.PSet(8, 6, Qt::green);
-         box.PSet(9, 3, Qt::white);
-         box.PSet(-1, 3, Qt::white);
-     },
-     "#........\n.........\n..r......\n.........\n.........\n.........\n........g\n"},
-    {"LineHasBothItsEnds", [](PictureBox& box) { box.Line(1, 1, 7, 4, Qt::white); },
-     ".........\n.#.......\n..##.....\n....##...\n......##.\n.........\n.........\n"},
-    {"LineIsTheSameBackwards",
-     [](PictureBox& box) {
-         box.Line(1, 1, 7, 4, Qt::white);
-         box.Line(7, 4, 1, 1, Qt::black);
-         box.Line(5, 6, 3, 0, Qt::red);
-         box.Line(3, 0, 5, 6, Qt::black);
-     },
-     ".........\n.........\n.........\n.........\n.........\n.........\n.........\n"},
-    {"StraightLines",
-     [](PictureBox& box) {
-         box.Line(2, 5, 2, -20, Qt::white);
-         box.Line(-5, 6, 40, 6, Qt::red);
-     },
-     "..#......\n..#......\n..#......\n..#......\n..#......\n..#......\nrrrrrrrrr\n"},
-    {"LineThatComesFromFarKeepsItsPlace", [](PictureBox& box) { box.Line(-6000, -6000, 6000, 6000, Qt::white); },
-     "#........\n.#.......\n..#......\n...#.....\n....#....\n.....#...\n......#..\n"},
-    {"BoxFromAnyCorner",
-     [](PictureBox& box) {
-         box.Box(6, 5, 1, 1, Qt::white, Fill::Transparent);
-         box.Box(3, 3, 4, 20, Qt::red, Fill::Solid);
-     },
-     ".........\n.######..\n.#....#..\n.#.rr.#..\n.#.rr.#..\n.##rr##..\n...rr....\n"},
-    {"BoxWithoutSize", [](PictureBox& box) { box.Box(4, 3, 4, 3, Qt::white, Fill::Transparent); },
-     ".........\n.........\n.........\n....#....\n.........\n.........\n.........\n"},
-    {"Circle", [](PictureBox& box) { box.Circle(4, 3, 3, Qt::white, Fill::Transparent); },
-     "...###...\n..#...#..\n.#.....#.\n.#.....#.\n.#.....#.\n..#...#..\n...###...\n"},
-    {"FilledCircle", [](PictureBox& box) { box.Circle(4, 3, 3, Qt::red, Fill::Solid); },
-     "...rrr...\n..rrrrr..\n.rrrrrrr.\n.rrrrrrr.\n.rrrrrrr.\n..rrrrr..\n...rrr...\n"},
-    {"SmallestCircles",
-     [](PictureBox& box) {
-         box.Circle(1, 3, 0, Qt::white, Fill::Transparent);
-         box.Circle(5, 3, 1, Qt::red, Fill::Transparent);
-         box.Circle(7, 3, -2, Qt::green, Fill::Solid);
-     },
-     ".........\n.........\n.....r...\n.#..r.r..\n.....r...\n.........\n.........\n"},
-    {"CircleCutOffByTheEdges", [](PictureBox& box) { box.Circle(0, 0, 4, Qt::white, Fill::Transparent); },
-     "....#....\n....#....\n...#.....\n..##.....\n##.......\n.........\n.........\n"},
-};
-
-INSTANTIATE_TEST_SUITE_P(, PictureBoxFigures, testing::ValuesIn(figures),
-                         [](const auto& figure) { return figure.param.name; });
+TEST(PictureBox, FiguresHaveTheirPixels) {
+    for (const Section& section : sectionsOf("picturebox/figures.cases")) {
+        const auto parts = section.parts("\n");
+        TestBox box(9, 7);
+        std::istringstream lines(parts.at(0));
+        for (std::string line; std::getline(lines, line);) draw(box, line);
+        EXPECT_EQ(pictureOf(box), parts.at(1) + "\n") << section.title;
+    }
+}
 
 TEST(PictureBox, EveryOperationMovesThePositionToTheLastPointItWasGiven) {
     TestBox box(20, 20);

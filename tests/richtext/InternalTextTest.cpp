@@ -1,54 +1,25 @@
 #include "platform/richtext/InternalText.h"
 #include "richtext/RoundTrips.h"
+#include "support/Cases.h"
 
 #include <gtest/gtest.h>
-#include <ostream>
 #include <random>
 
 namespace tolvan {
 
-void PrintTo(const InternalTextRun& run, std::ostream* stream) {
-    *stream << (run.font == Font::Devanagari ? "deva" : "latin") << (run.dropped ? " dropped " : " ") << run.text;
-}
-
 namespace {
 
-InternalTextRun deva(std::string text) {
-    return {std::move(text), Font::Devanagari, false};
-}
-InternalTextRun latin(std::string text) {
-    return {std::move(text), Font::Latin, true};
-}
-InternalTextRun undropped(std::string text) {
-    return {std::move(text), Font::Latin, false};
-}
-
 TEST(InternalTextRuns, AnyText) {
-    struct Row {
-        std::string_view text;
-        std::vector<InternalTextRun> runs;
-    };
-    for (const Row& row : std::initializer_list<Row>{
-             {"", {}},
-             {"nmSkar", {deva("nmSkar")}},
-             {"{Hello}", {latin("Hello")}},
-             {"a{b}c", {deva("a"), latin("b"), deva("c")}},
-             {"a{b}{c}", {deva("a"), latin("b"), latin("c")}},
-             {"{}{}", {}},
-             {"\\{a\\}", {deva("{a}")}},
-             {"{\\{a\\}}", {latin("{a}")}},
-             {"{a", {undropped("a")}},
-             {"{a{b", {deva("a"), undropped("b")}},
-             {"a{b{c}", {deva("a"), deva("b"), latin("c")}},
-             {"a}b", {latin("a"), deva("b")}},
-             {"a}{b}}", {latin("a"), latin("b")}},
-             {"a\\b", {deva("a\\b")}},
-             {"a\\", {deva("a\\")}},
-             {"\\\\{a", {deva("\\{a")}},
-             {"{\\}a", {undropped("}a")}},
-             {"\r\n{x\r\n}", {deva("\r\n"), latin("x\r\n")}},
-         })
-        EXPECT_EQ(InternalTextRuns(row.text), row.runs) << row.text;
+    for (const Row& row : rowsOf("richtext/runs.cases")) {
+        std::vector<std::string> expected, runs;
+        for (std::size_t i = 1; i < row.size(); ++i) expected.push_back(row[i]);
+        for (const InternalTextRun& run : InternalTextRuns(row[0])) {
+            const char* kind = run.font == Font::Devanagari ? "deva " : run.dropped ? "latin " : "undropped ";
+            runs.push_back(kind + std::string(run.text));
+            EXPECT_TRUE(!run.dropped || run.font == Font::Latin) << row;
+        }
+        EXPECT_EQ(runs, expected) << row;
+    }
 }
 
 TEST(PlainText, RunMarksFallAway) {

@@ -16,7 +16,6 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
-#include <initializer_list>
 #include <string>
 #include <utility>
 #include <vector>
@@ -43,7 +42,7 @@ class NotingEditor : public ProgramMarker {
 };
 
 // A module as the translator makes it: a poll before each statement.
-inline std::string moduleOf(std::initializer_list<std::string> statements) {
+inline std::string moduleOf(const std::vector<std::string>& statements) {
     std::string module = "Sub Main()";
     for (const std::string& statement : statements)
         module += "\r\nif not parentform.checkforevents then err.raise 1001\r\n" + statement;
@@ -62,7 +61,7 @@ class ConsoleTest : public testing::Test {
         QApplication::processEvents();
     }
 
-    void run(std::initializer_list<std::string> statements) {
+    void run(const std::vector<std::string>& statements) {
         state.CompiledScript = moduleOf(statements);
         console->execute();
     }

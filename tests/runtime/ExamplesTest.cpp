@@ -1,12 +1,12 @@
 // The example programs do in the window what they do on the text console.
 #include "ConsoleFixture.h"
+#include "support/Examples.h"
 #include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
+#include "tvp/TvpProcess.h"
 
 #include <QDir>
-#include <QFile>
-#include <QProcess>
 #include <QTemporaryDir>
 
 #include <cstdlib>
@@ -14,21 +14,12 @@
 namespace tolvan {
 namespace {
 
-QByteArray contentOf(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? file.readAll() : QByteArray();
-}
-
 class ExamplesTest : public ConsoleTest, public testing::WithParamInterface<std::string> {
   protected:
     ExamplesTest() { QDir::setCurrent(folder_.path()); }  // some of them write files
     ~ExamplesTest() override { QDir::setCurrent(QDir::rootPath()); }
 
-    static QString examples() { return QStringLiteral(TOLVAN_SOURCE_DIR "/examples/"); }
-    static QString name() { return QString::fromStdString(GetParam()); }
-    static QByteArray answers() {
-        return contentOf(examples() + QStringLiteral("expected/") + name() + QStringLiteral(".in"));
-    }
+    static std::string answers() { return contentOf(expectedOfExample(GetParam(), ".in")); }
 
     void answer(const QByteArrayList& lines) {
         if (lines.isEmpty()) return;
@@ -42,22 +33,12 @@ class ExamplesTest : public ConsoleTest, public testing::WithParamInterface<std:
     std::string traceOfWindow() {
         std::string calls;
         console->setTrace([&calls](std::string_view call) { calls.append(call).append("\n"); });
-        const ProgramFile file = readProgramFile(contentOf(examples() + name() + QStringLiteral(".tvp")).toStdString());
+        const ProgramFile file = readProgramFile(contentOf(exampleProgram(GetParam())));
         state.CompiledScript = Translator().Compile(ProgramText(file.roman));
-        const QByteArray lines = answers();
+        const QByteArray lines = QByteArray::fromStdString(answers());
         if (!lines.isEmpty()) answer(lines.trimmed().split('\n'));
         console->execute();
         return calls;
-    }
-
-    static std::string traceOfTextConsole() {
-        QProcess tvp;
-        tvp.start(QStringLiteral(TOLVAN_BIN_DIR "/tvp"),
-                  {QStringLiteral("run"), QStringLiteral("--trace"), examples() + name() + QStringLiteral(".tvp")});
-        tvp.write(answers());
-        tvp.closeWriteChannel();
-        EXPECT_TRUE(tvp.waitForFinished());
-        return tvp.readAllStandardError().toStdString();
     }
 
   private:
@@ -67,18 +48,12 @@ class ExamplesTest : public ConsoleTest, public testing::WithParamInterface<std:
 class DrawingTest : public ExamplesTest {};
 
 TEST_P(ExamplesTest, MakesTheSameCalls) {
-    const std::string expected = traceOfTextConsole();
+    const std::string expected = TvpProcess().run({"run", "--trace", exampleProgram(GetParam())}, answers()).errors;
     EXPECT_FALSE(expected.empty());
     EXPECT_EQ(traceOfWindow(), expected);
     EXPECT_TRUE(console->isVisible()) << "it came to its end";
 }
 
-std::vector<std::string> exampleNames() {
-    std::vector<std::string> names;
-    for (const QString& file : QDir(QStringLiteral(TOLVAN_SOURCE_DIR "/examples")).entryList({QStringLiteral("*.tvp")}))
-        names.push_back(file.chopped(4).toStdString());
-    return names;
-}
 // The share of the pixels of two pictures of one size that differ visibly, in per mille.
 int difference(const QImage& left, const QImage& right) {
     int count = 0;
@@ -97,12 +72,12 @@ int difference(const QImage& left, const QImage& right) {
 // the next. A figure at another place differs in far more than 2 per mille of the pixels.
 TEST_P(DrawingTest, LooksAsKept) {
     traceOfWindow();
-    const QString file = QStringLiteral(TOLVAN_SOURCE_DIR "/examples/expected/") + name() + QStringLiteral(".png");
-    const QImage kept(file);
-    const QString seen = name() + QStringLiteral("-seen.png");
+    const std::string file = expectedOfExample(GetParam(), ".png");
+    const QImage kept(QString::fromStdString(file));
     if (picture().size() != kept.size() || difference(picture(), kept) > 2) {
-        picture().save(QStringLiteral(TOLVAN_BIN_DIR "/") + seen);
-        FAIL() << file.toStdString() << " shows another picture than " << seen.toStdString() << " beside the tests";
+        const std::string seen = TOLVAN_BIN_DIR "/" + GetParam() + "-seen.png";
+        picture().save(QString::fromStdString(seen));
+        FAIL() << file << " shows another picture than " << seen;
     }
 }
 INSTANTIATE_TEST_SUITE_P(, DrawingTest, testing::Values("ghadyal", "gogalgay", "tiranga"),

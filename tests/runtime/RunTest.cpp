@@ -1,7 +1,10 @@
 // Whole runs of programs in the window.
 #include "ConsoleFixture.h"
-#include "dialogs/Dialogs.h"
 #include "platform/encoding/Deva.h"
+#include "support/Cases.h"
+#include "support/ScriptedUser.h"
+
+#include <sstream>
 
 namespace tolvan {
 namespace {
@@ -25,16 +28,6 @@ class RunTest : public ConsoleTest {
         EXPECT_THAT(editor.romanSelections, ElementsAre(roman));
         EXPECT_EQ(editor.broughtBack, 1);
     }
-    // What the error box would be shown for.
-    struct Answers : DialogAnswers {
-        explicit Answers(bool goOn) : answer(goOn) {}
-        bool ShowError(std::int32_t number, int errorLine) override {
-            errors.emplace_back(number, errorLine);
-            return answer;
-        }
-        bool answer;
-        std::vector<std::pair<int, int>> errors;
-    };
 };
 
 TEST_F(RunTest, EndsWithItsMessagesAndClosesByAKey) {
@@ -56,61 +49,42 @@ TEST_F(RunTest, RunsNothingWithoutANewCompile) {
     expectEnded({});
 }
 
-TEST_F(RunTest, AProgramThatStopsItselfClosesAtItsNextStatement) {
-    run({"a = 1", "parentform.StopExecution", "PrintString \"never\""});
-    expectClosedAt({7, 4}, {6, 2});
+class OutcomeTest : public RunTest, public testing::WithParamInterface<Section> {};
+
+TEST_P(OutcomeTest, IsAsExpected) {
+    const std::vector<std::string> parts = GetParam().parts("\n");
+    const QStringList expected = QString::fromStdString(parts.at(1)).split(u'\n');
+    ScriptedUser user;
+    if (expected.size() > 1) user.errorAnswers = {expected.front().endsWith(QStringLiteral("go on"))};
+    const ReplacedDialogs replaced(user);
+    std::istringstream lines(parts.at(0));
+    std::vector<std::string> statements;
+    for (std::string line; std::getline(lines, line);) statements.push_back(line);
+    run(statements);
+
+    for (const auto& [number, line] : user.errors)
+        EXPECT_TRUE(expected.front().startsWith(QStringLiteral("asked %1 %2:").arg(number).arg(line)))
+            << number << " " << line;
+    EXPECT_EQ(user.errors.size() + 1, static_cast<std::size_t>(expected.size()));
+    if (expected.back() == u"closed at 1")
+        expectClosedAt({3, 3}, {3, 2});
+    else if (expected.back() == u"closed at 2")
+        expectClosedAt({7, 4}, {6, 2});
+    else
+        expectEnded(expected.back() == u"shows k" ? std::vector<std::string>{"k"} : std::vector<std::string>{});
 }
 
-TEST_F(RunTest, StopAsTheLastStatementIsAnEnd) {
-    run({"parentform.StopExecution"});
-    expectEnded({});
-}
-
-TEST_F(RunTest, GoOnAfterAnErrorAbandonsTheScript) {
-    Answers answers(true);
-    const ReplacedDialogs replaced(answers);
-    run({"PrintString \"k\"", "a = 1 / 0", "PrintString \"never\""});
-    EXPECT_THAT(answers.errors, ElementsAre(Pair(11, 2)));  // line 5 of the module: 1.5, to even
-    expectEnded({"k"});
-}
-
-TEST_F(RunTest, StopAfterAnErrorMarksTheLine) {
-    Answers answers(false);
-    const ReplacedDialogs replaced(answers);
-    run({"PrintString \"k\"", "b = 2", "a = \"k\" * 2", "PrintString \"never\""});
-    EXPECT_THAT(answers.errors, ElementsAre(Pair(13, 2)));
-    EXPECT_EQ(state.ErrorLine, 2);
-    expectClosedAt({7, 4}, {6, 2});
-}
-
-TEST_F(RunTest, ASyntaxErrorIsToldLikeAnyOther) {
-    Answers answers(false);
-    const ReplacedDialogs replaced(answers);
-    run({"PrintString \"k\"", "If a = 1", "End If"});
-    ASSERT_EQ(answers.errors.size(), 1U);
-    EXPECT_EQ(answers.errors[0], std::pair(1017, 2));
-    expectClosedAt({7, 4}, {6, 2});
-}
+INSTANTIATE_TEST_SUITE_P(, OutcomeTest, testing::ValuesIn(sectionsOf("runtime/runs.cases")),
+                         [](const auto& test) { return test.param.testName(); });
 
 TEST_F(RunTest, AnErrorBeforeTheProgramMarksItsFirstLine) {
-    Answers answers(false);
-    const ReplacedDialogs replaced(answers);
+    ScriptedUser user;
+    user.errorAnswers = {false};
+    const ReplacedDialogs replaced(user);
     state.CompiledScript = "Sub Main(\r\nEnd Sub\r\n";
     console->execute();
-    EXPECT_EQ(answers.errors.size(), 1U);
+    EXPECT_EQ(user.errors.size(), 1U);
     expectClosedAt({0, 2}, {0, 2});
-}
-
-TEST_F(RunTest, AFileThatCannotBeOpenedAsksAsWell) {
-    Answers answers(true);
-    const ReplacedDialogs replaced(answers);
-    run({"parentform.FileOpen \"{/no/such/file}\", 1", "PrintString \"k\""});
-    EXPECT_THAT(answers.errors, ElementsAre(Pair(76, testing::_)));
-    expectEnded({"k"});
-
-    answers.answer = false;
-    run({"parentform.FileOpen \"{/no/such/file}\", 1", "PrintString \"never\""});
-    expectClosedAt({3, 3}, {3, 2});
 }
 
 TEST_F(RunTest, WithoutAnEditorErrorsAreToldInTheConsole) {
@@ -135,9 +109,11 @@ TEST_F(RunTest, TheErrorBoxIsAnsweredByItsButtons) {
 // What a program is doing when it is stopped, and how.
 struct Busy {
     const char* name;
-    std::initializer_list<std::string> statements;
+    std::vector<std::string> statements;
     bool asks = false;
     bool fails = false;
+
+    friend std::ostream& operator<<(std::ostream& out, const Busy& busy) { return out << busy.name; }
 };
 const Busy busyPrograms[] = {
     {"Looping", {"Do", "a = a + 1", "Loop"}},
@@ -149,6 +125,8 @@ const Busy busyPrograms[] = {
 struct Stop {
     const char* name;
     void (*press)(frmExec&);
+
+    friend std::ostream& operator<<(std::ostream& out, const Stop& stop) { return out << stop.name; }
 };
 QWidget* keyboardOf(frmExec& console) {
     QWidget* const focused = QApplication::focusWidget();

@@ -1,12 +1,13 @@
 // The console as a window.
 #include "ConsoleFixture.h"
-#include "dialogs/Dialogs.h"
 #include "dialogs/WindowFrame.h"
 #include "platform/encoding/Deva.h"
+#include "platform/settings/Settings.h"
+#include "support/ScriptedUser.h"
 
 #include <QClipboard>
+#include <QFile>
 #include <QFileDialog>
-#include <QSettings>
 #include <QTemporaryDir>
 
 namespace tolvan {
@@ -14,7 +15,7 @@ namespace {
 
 class WindowTest : public ConsoleTest {
   protected:
-    ~WindowTest() override { QSettings().clear(); }
+    ~WindowTest() override { QFile::remove(Settings::userFile()); }
 
     QAction* item(const char* command) {
         for (QAction* const action : frame().systemMenu().actions())
@@ -32,7 +33,8 @@ TEST_F(WindowTest, TheDisplayOpensAt800By600AndTheWindowRemembersItsSize) {
     open(&editor);
     EXPECT_EQ(console->size(), QSize(640, 500));
     for (const char* damaged : {"", "-5", "7", "wide"}) {
-        QSettings().setValue(QStringLiteral("Settings/ConsoleWidth"), QLatin1String(damaged));
+        Settings(Settings::userFile())
+            .SaveSetting(QStringLiteral("Settings"), QStringLiteral("ConsoleWidth"), QLatin1String(damaged));
         open(&editor);
         EXPECT_EQ(display().size(), QSize(800, 600)) << damaged;
     }
@@ -83,14 +85,11 @@ TEST_F(WindowTest, SavesThePictureAsPng) {
 }
 
 TEST_F(WindowTest, TellsWhenThePictureCannotBeSaved) {
-    struct Messages : DialogAnswers {
-        void ShowMessage(std::string_view text) override { texts.emplace_back(text); }
-        std::vector<std::string> texts;
-    } messages;
-    const ReplacedDialogs replaced(messages);
+    ScriptedUser user;
+    const ReplacedDialogs replaced(user);
     onceDialogIsUp([](QDialog& dialog) { chooseFile(dialog, QStringLiteral("/dev/full/picture.png")); });
     console->SavePicture();
-    EXPECT_EQ(messages.texts.size(), 1U);
+    EXPECT_EQ(user.told.size(), 1U);
 }
 
 }  // namespace

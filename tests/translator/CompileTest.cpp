@@ -1,42 +1,42 @@
 // Whole programs: the module's layout, functions, names, and programs that were made to break it.
 
 #include "platform/encoding/Deva.h"
+#include "support/Cases.h"
+#include "translator/Keywords.h"
 #include "translator/Modules.h"
+#include "translator/ProgramText.h"
 #include "translator/Styled.h"
 #include "translator/Translator.h"
 
 #include <gtest/gtest.h>
 #include <random>
+#include <set>
 #include <string>
 #include <vector>
 
 namespace tolvan {
 namespace {
 
-TEST(Compile, Layout) {
-    const struct {
-        std::string_view name, program, module;
-    } rows[] = {
-        {"empty", "", "Sub Main()\nEnd Sub\n"},
-        {"blank lines", "\n  \n \n", "Sub Main()\nEnd Sub\n"},
-        {"statements", "kaera\n\n      wa<b\n"_deva,
-         "Sub Main()\n!\nparentform.ClearScreen\n!\nparentform.StopExecution\nEnd Sub\n"},
-        {"no line end", "kaera"_deva, "Sub Main()\n!\nparentform.ClearScreen\nEnd Sub\n"},
-        {"a statement that vanishes keeps its line", "taevr\nsucna\nkaera"_deva,
-         "Sub Main()\n!\n\n!\n\n!\nparentform.ClearScreen\nEnd Sub\n"},
-        {"condition", "jr x{>}1 tr\nkaera\nnahItr\nwa<b\ns<pv jr"_deva,
-         "Sub Main()\n!\nIF @1>1 THEN\n!\nparentform.ClearScreen\n!\nELSE\n!\nparentform.StopExecution\n!\nEND "
-         "IF\nEnd Sub\n"},
-        {"functions", "kaera\n%pàayaejn f{(}x{)}\nf{=}x\n%pàayaejn s<pv\n%pàayaejn g\ns<pv %pàayaejn\nwa<b"_deva,
-         "Sub Main()\n!\nparentform.ClearScreen\nEnd Sub\n\n\n\nFunction "
-         "@1(@2)\n!\n@1=@2"
-         "\n!\nEnd Function\n\nFunction @3\n!\nEND Function\n!\nparentform.StopExecution"},
-        {"only a function", "%pàayaejn f"_deva, "Sub Main()\nEnd Sub\n\n\n\nFunction @1"},
-        {"a function's head that is a comment", "sucna %pàayaejn"_deva, "Sub Main()\nEnd Sub\n\n\n\n"},
-    };
+// Programs in internal text form, and programs as they are typed.
+TEST(Compile, Modules) {
     Translator translator;
-    for (const auto& row : rows)
-        EXPECT_EQ(translator.Compile(styled(moduleText(row.program))), moduleText(row.module)) << row.name;
+    for (const Section& section : sectionsOf("translator/modules.cases"))
+        EXPECT_EQ(translator.Compile(styled(section.parts().at(0))), moduleText(section.parts("\n").at(1)))
+            << section.title;
+    for (const Section& section : sectionsOf("translator/programs.cases"))
+        EXPECT_EQ(translator.Compile(ProgramText(section.parts().at(0))), moduleText(section.parts("\n").at(1)))
+            << section.title;
+}
+
+TEST(Compile, EveryWordOfTheLanguageAmongOtherWords) {
+    const std::vector<Row> rows = rowsOf("translator/words.cases");
+    for (const Row& row : rows)
+        EXPECT_EQ(Translator().TranslateLine(ProgramText("vay " + row[0] + "(" + row[0] + "q 7")),
+                  moduleText(" @1 " + row[1] + "(@2 7  "))
+            << row;
+    std::set<std::string_view> words;
+    for (const Keyword& keyword : keywords()) words.insert(keyword.word);
+    EXPECT_EQ(words.size(), rows.size()) << "each word has a row here";
 }
 
 TEST(Compile, BareLineEndsStayInTheirLine) {

@@ -1,22 +1,19 @@
-#include "platform/encoding/Deva.h"
+#include "support/Cases.h"
 #include "translator/Scanner.h"
 #include "translator/Styled.h"
 
+#include <cctype>
 #include <gtest/gtest.h>
 
 namespace tolvan {
 namespace {
 
 TEST(IsSeparator, DependsOnCodeThenOnFont) {
-    const std::string_view neverSeparate = "AZaz09_";
     for (int code = 0; code < 256; ++code) {
         const char c = static_cast<char>(code);
-        const bool blank = c == ' ';
-        const bool word = neverSeparate.find(c) != std::string_view::npos || (code > 'A' && code < 'Z') ||
-                          (code > 'a' && code < 'z') || (code > '0' && code < '9');
+        const bool word = code < 128 && (std::isalnum(code) != 0 || c == '_');
         EXPECT_EQ(IsSeparator(c, Font::Latin), !word) << code;
-        EXPECT_EQ(IsSeparator(c, Font::Devanagari), blank) << code;
-        EXPECT_EQ(IsSeparator(c, Font::Other), blank) << code;
+        for (const Font font : {Font::Devanagari, Font::Other}) EXPECT_EQ(IsSeparator(c, font), c == ' ') << code;
     }
 }
 
@@ -33,22 +30,7 @@ std::string tokens(std::string_view internal) {
 }
 
 TEST(Scanner, Tokens) {
-    struct {
-        std::string_view statement, tokens;
-    } const table[] = {
-        {"", ""},
-        {" ", "W[]S[ ]"},
-        {"daov", "X[daov]"},
-        {"daov ", "W[daov]S[ ]"},
-        {"x{=}1 ", "W[x]S[=]W[1]S[ ]"},
-        {"x=1 ", "W[x=1]S[ ]"},
-        {"{x_1=}", "W[x_1]S[=]"},
-        {"s<pv {<}jr "_deva, "W[s<pv]S[ ]W[]S[<]W[jr]S[ ]"},
-        {"{\"}a b{, \"}c ", "W[]S[\"]L[a b, ]S[\"]W[c]S[ ]"},
-        {"{\"}a\"b{\"\"\"}", "W[]S[\"]L[a\"b]S[\"]W[]S[\"]L[]S[\"]"},
-        {"a{\"}b c", "W[a]S[\"]X[b c]"},
-    };
-    for (const auto& row : table) EXPECT_EQ(tokens(row.statement), row.tokens) << row.statement;
+    for (const Row& row : rowsOf("translator/tokens.cases")) EXPECT_EQ(tokens(row[0]), row[1]) << row;
 }
 
 }  // namespace

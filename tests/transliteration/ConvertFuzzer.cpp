@@ -8,7 +8,7 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tolvan;
-    static const FontCodes codes(TOLVAN_SOURCE_DIR "/tools/fonts/encoding.tsv");
+    static const FontCodes codes;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
 
     const std::string_view piece = bytes.substr(0, maxConvertLength);

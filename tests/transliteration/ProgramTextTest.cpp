@@ -1,5 +1,6 @@
-#include "platform/encoding/Deva.h"
 #include "platform/richtext/InternalText.h"
+#include "platform/transliteration/MarkRoman.h"
+#include "support/Cases.h"
 #include "translator/ProgramText.h"
 #include "transliteration/Invariants.h"
 
@@ -9,24 +10,13 @@
 namespace tolvan {
 namespace {
 
+TEST(MarkRoman, SpansInText) {
+    for (const Row& row : rowsOf("transliteration/marks.cases")) EXPECT_EQ(markRoman(row[0]), row[1]) << row;
+}
+
 TEST(ProgramText, FontsOfWordsMarksAndSpans) {
-    struct Row {
-        std::string_view roman;
-        std::string_view program;  // in internal text form
-    };
-    for (const Row& row : std::initializer_list<Row>{
-             {"", ""_deva},
-             {"ghe", "\"e  "_deva},
-             {"A", "Aa  "_deva},
-             {"sum = a + 1", "sum {=} A {+} 1  "_deva},
-             {"#\"#namaskAr Tolvan#\"# dAkhav", "{\"}nmSkar qaeLvn{\"} daov  "_deva},
-             {"#\"Hello, (you)\"# dAkhav", "{\"Hello, (you)\"} daov  "_deva},
-             {"jar (x<1)\r\nsaMpav\r\n", "jr {(}]{<}1{)}\r\ns<pv\r\n  "_deva},
-             {"#one\r\ntwo# tar", "{one\r\ntwo} tr  "_deva},
-             {"#{a}# {", "{\\{a\\}} \\{  "_deva},
-             {"kar #na", "kr n  "_deva},
-         })
-        EXPECT_EQ(RomanMark(ProgramText(row.roman)), row.program) << row.roman;
+    for (const Row& row : rowsOf("transliteration/programs.cases"))
+        EXPECT_EQ(RomanMark(ProgramText(row[0])), row[1]) << row;
     EXPECT_EQ(RomanMark(Transliterate("kar(a)")), "kr{(}A{)}");
     EXPECT_TRUE(Transliterate("").empty());
 }

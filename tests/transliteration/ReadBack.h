@@ -2,14 +2,12 @@
 // the Roman spelling stands for.
 #pragma once
 
+#include "platform/encoding/Deva.h"
 #include "platform/transliteration/RomanReader.h"
+#include "support/EncodingTable.h"
 
 #include <array>
-#include <fstream>
-#include <sstream>
-#include <stdexcept>
 #include <string>
-#include <vector>
 
 namespace tolvan {
 
@@ -17,11 +15,7 @@ namespace tolvan {
 inline std::u32string unicodeOf(std::string_view utf8) {
     std::u32string text;
     for (std::size_t i = 0; i < utf8.size();) {
-        const auto lead = static_cast<unsigned char>(utf8[i++]);
-        const int following = lead >= 0xF0 ? 3 : lead >= 0xE0 ? 2 : lead >= 0xC0 ? 1 : 0;
-        char32_t character = following == 0 ? lead : lead & (0x3FU >> following);
-        for (int k = 0; k < following; ++k)
-            character = (character << 6U) | (static_cast<unsigned char>(utf8[i++]) & 0x3FU);
+        const char32_t character = detail::nextCharacter(utf8.data(), i);
         text += character == U'ऱ' ? U"\u0930\u093C" : std::u32string(1, character);
     }
     return text;
@@ -29,17 +23,8 @@ inline std::u32string unicodeOf(std::string_view utf8) {
 
 class FontCodes {
   public:
-    explicit FontCodes(const std::string& file) {
-        std::ifstream lines(file);
-        if (!lines) throw std::runtime_error("no " + file);
-        std::string line;
-        std::getline(lines, line);
-        while (std::getline(lines, line)) {
-            std::array<std::string, 5> fields;  // code, hex, windows-1252, kind, draws
-            std::istringstream stream(line);
-            for (std::string& field : fields) std::getline(stream, field, '\t');
-            codes_.at(std::stoul(fields[0])) = {fields[3], unicodeOf(fields[4])};
-        }
+    FontCodes() {
+        for (const EncodingRow& row : encodingTable()) codes_.at(row.code) = {row.kind, unicodeOf(row.draws)};
     }
 
     // The codes that draw something, in ascending order.
@@ -132,23 +117,10 @@ inline std::u32string soundsOf(std::string_view roman) {
         {U"क", U"ख", U"ग", U"घ", U"ङ", U"च", U"छ", U"ज", U"झ",  U"ञ",  U"ट",           U"ठ", U"ड",
          U"ढ", U"ण", U"त", U"थ", U"द", U"ध", U"न", U"प", U"फ",  U"ब",  U"भ",           U"म", U"य",
          U"र", U"ल", U"व", U"श", U"ष", U"स", U"ह", U"ळ", U"क्ष", U"ज्ञ", U"\u0930\u093C"});
-    struct Vowel {
-        std::u32string_view independent;
-        std::u32string_view sign;
-    };
-    static constexpr auto vowels = std::to_array<Vowel>({{U"अ", U""},
-                                                         {U"अा", U"ा"},
-                                                         {U"इ", U"ि"},
-                                                         {U"ई", U"ी"},
-                                                         {U"उ", U"ु"},
-                                                         {U"ऊ", U"ू"},
-                                                         {U"ऋ", U"ृ"},
-                                                         {U"ए", U"े"},
-                                                         {U"एे", U"ै"},
-                                                         {U"अाे", U"ाे"},
-                                                         {U"अाै", U"ाै"},
-                                                         {U"अॅ", U"ॅ"},
-                                                         {U"अाॅ", U"ाॅ"}});
+    static constexpr auto vowels = std::to_array<std::u32string_view>(
+        {U"अ", U"अा", U"इ", U"ई", U"उ", U"ऊ", U"ऋ", U"ए", U"एे", U"अाे", U"अाै", U"अॅ", U"अाॅ"});
+    static constexpr auto vowelSigns =
+        std::to_array<std::u32string_view>({U"", U"ा", U"ि", U"ी", U"ु", U"ू", U"ृ", U"े", U"ै", U"ाे", U"ाै", U"ॅ", U"ाॅ"});
     std::u32string text;
     bool consonantBefore = false;
     const auto addConsonant = [&](Sound sound) {
@@ -163,8 +135,8 @@ inline std::u32string soundsOf(std::string_view roman) {
         if (isConsonant(sound)) {
             addConsonant(sound);
         } else if (isVowel(sound)) {
-            const Vowel& vowel = vowels.at(static_cast<std::size_t>(sound) - static_cast<std::size_t>(Sound::A));
-            text += consonantBefore ? vowel.sign : vowel.independent;
+            const std::size_t vowel = static_cast<std::size_t>(sound) - static_cast<std::size_t>(Sound::A);
+            text += (consonantBefore ? vowelSigns : vowels).at(vowel);
             consonantBefore = false;
         } else if (sound == Sound::NuktaOrParting) {
             if (consonantBefore && text.back() != U'\u093C') text += U'\u093C';

@@ -1,10 +1,13 @@
 #include "platform/encoding/Deva.h"
+#include "support/Cases.h"
 #include "tvp/TvpProcess.h"
 
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
+#include <iterator>
 #include <random>
 #include <signal.h>
+#include <sstream>
 
 namespace tolvan {
 namespace {
@@ -19,6 +22,8 @@ constexpr std::size_t largeFile = std::size_t{10} << 20;
 constexpr std::size_t largeFile = std::size_t{100} << 20;
 #endif
 
+const std::string cases = "tvp/commands.cases";
+
 std::string deva(std::string_view text) {
     return std::string(text);
 }
@@ -28,28 +33,11 @@ TEST(CommandLine, AnswersBadUseInEnglishWithStatus2) {
     tvp.folder().write("empty.tvp", "");
     tvp.folder().write("caption.tvp", "caption");
     std::filesystem::create_directory(tvp.folder() / "folder.tvp");
-    const struct {
-        std::vector<std::string> arguments;
-        const char* message;
-    } cases[] = {
-        {{}, "a command is needed"},
-        {{"translate", "a.tvp"}, "there is no command translate"},
-        {{"run"}, "run needs a file"},
-        {{"module", "a.tvp", "b.tvp"}, "module takes one file, not also b.tvp"},
-        {{"module", "--trace", "a.tvp"}, "module has no option --trace"},
-        {{"run", "-x", "a.tvp"}, "run has no option -x"},
-        {{"run", "missing.tvp"}, "cannot read missing.tvp: No such file or directory"},
-        {{"convert", "missing.txt"}, "cannot read missing.txt: No such file or directory"},
-        {{"program", "folder.tvp"}, "cannot read folder.tvp: Is a directory"},
-        {{"run", "empty.tvp/x"}, "cannot read empty.tvp/x: Not a directory"},
-        {{"run", "empty.tvp"}, "empty.tvp is empty"},
-        {{"format", "empty.tvp"}, "empty.tvp is empty"},
-        {{"run", "caption.tvp"}, "caption.tvp is no program: its first line, the caption, has no end"},
-    };
-    for (const auto& [arguments, message] : cases) {
-        const TvpResult result = tvp.run(arguments);
-        EXPECT_EQ(result.status, 2) << message;
-        EXPECT_THAT(result.errors, StartsWith("tvp: " + std::string(message)));
+    for (const Row& row : rowsOf(cases, "Bad use and the message")) {
+        std::istringstream words(row[0]);
+        const TvpResult result = tvp.run({std::istream_iterator<std::string>(words), {}});
+        EXPECT_EQ(result.status, 2) << row;
+        EXPECT_THAT(result.errors, StartsWith("tvp: " + row[1]));
         EXPECT_EQ(result.output, "");
     }
 }
@@ -82,26 +70,12 @@ TEST(CommandLine, ReadsProgramsWithBareLineFeeds) {
 }
 
 TEST(CommandLine, ReportsErrorsWithNumberAndScriptLine) {
-    const struct {
-        const char* roman;
-        const char* output;
-        const char* error;
-    } cases[] = {
-        {"dAkhav 1\r\nA = 1 bhAgile 0\r\ndAkhav 2", "1\n", "error 11 line 5\n"},
-        {"\r\nA = #\"#kar#\"# guNile 2", "", "error 13 line 3\n"},
-        {"dAkhav nAhIch(5)", "", "error 13 line 3\n"},
-        {"A = 2\r\njar A moThA 1\r\ndAkhav A\r\nsaMpav jar", "", "error 1017 line 5\n"},
-        {"mitI A(3)\r\nA(4) = 1", "", "error 9 line 5\n"},
-        {"ghe A", "", "error 62 line 3\n"},
-        {"ughaD #\"missing.txt\"#, vAchaNyAsAThI", "", "error 53 line 3\n"},
-        {"jovar 1 = 1 tovar\r\ndAkhav 1\r\nthAMb\r\nkar", "1\n", ""},
-    };
-    for (const auto& [roman, output, error] : cases) {
+    for (const Row& row : rowsOf(cases, "Programs, what they print, and the error they end with")) {
         TvpProcess tvp;
-        const TvpResult result = tvp.runProgram({"run"}, roman);
-        EXPECT_EQ(result.output, output) << roman;
-        EXPECT_EQ(result.errors, error) << roman;
-        EXPECT_EQ(result.status, *error == 0 ? 0 : 1) << roman;
+        const TvpResult result = tvp.runProgram({"run"}, row[0]);
+        EXPECT_EQ(result.output, row[1]) << row;
+        EXPECT_EQ(result.errors, row[2]) << row;
+        EXPECT_EQ(result.status, row[2].empty() ? 0 : 1) << row;
     }
 }
 

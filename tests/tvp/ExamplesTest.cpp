@@ -1,37 +1,17 @@
 // Every program of examples/: it prints, draws and asks what stands in examples/expected/, and is laid out as the
 // formatter would.
+#include "support/Examples.h"
 #include "tvp/TvpProcess.h"
 
-#include <algorithm>
 #include <gtest/gtest.h>
 
 namespace tolvan {
 namespace {
 
-namespace fs = std::filesystem;
-
-const fs::path examples = fs::path(TOLVAN_SOURCE_DIR) / "examples";
-
-std::vector<std::string> exampleNames() {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(examples))
-        if (entry.path().extension() == ".tvp") names.push_back(entry.path().stem().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
-
-// Empty when there is no such file.
-std::string content(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
-
 class ExampleTest : public testing::TestWithParam<std::string> {
   protected:
-    std::string program() const { return (examples / (GetParam() + ".tvp")).string(); }
-    std::string expected(const char* extension) const {
-        return content(examples / "expected" / (GetParam() + extension));
-    }
+    std::string program() const { return exampleProgram(GetParam()).string(); }
+    std::string expected(const char* extension) const { return contentOf(expectedOfExample(GetParam(), extension)); }
 };
 
 TEST_P(ExampleTest, PrintsAndDrawsWhatIsExpected) {
@@ -40,19 +20,16 @@ TEST_P(ExampleTest, PrintsAndDrawsWhatIsExpected) {
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.output, expected(".out"));
     std::string drawing;
-    for (std::size_t start = 0; start < result.errors.size();) {
-        const std::size_t end = result.errors.find('\n', start) + 1;
-        const std::string line = result.errors.substr(start, end - start);
-        if (line.starts_with("Draw")) drawing += line;
-        start = end;
-    }
+    std::istringstream calls(result.errors);
+    for (std::string call; std::getline(calls, call);)
+        if (call.starts_with("Draw")) drawing += call + "\n";
     EXPECT_EQ(drawing, expected(".trace"));
     EXPECT_FALSE(result.output.empty() && drawing.empty());
 }
 
 TEST_P(ExampleTest, IsFormatted) {
     TvpProcess tvp;
-    EXPECT_EQ(tvp.run({"format", program()}).output, content(program()));
+    EXPECT_EQ(tvp.run({"format", program()}).output, contentOf(program()));
 }
 
 INSTANTIATE_TEST_SUITE_P(All, ExampleTest, testing::ValuesIn(exampleNames()),

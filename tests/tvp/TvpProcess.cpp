@@ -26,6 +26,7 @@ TvpResult TvpProcess::run(const std::vector<std::string>& arguments, std::string
 
     const pid_t child = ::fork();
     if (child == 0) {
+        ::signal(SIGINT, SIG_DFL);  // who runs the tests in the background has it ignored
         if (::chdir(folder_.path().c_str()) != 0) ::_exit(127);
         redirect(STDIN_FILENO, inputPath, O_RDONLY);
         redirect(STDOUT_FILENO, outputPath_, O_WRONLY | O_CREAT | O_TRUNC);

@@ -2,6 +2,8 @@
 // band behind the caret's line.
 #pragma once
 
+#include "dialogs/Look.h"
+
 #include <QColor>
 
 namespace tolvan::pane_colours {
@@ -12,6 +14,6 @@ inline constexpr QColor numbersBackground{0xF7, 0xF6, 0xF3};
 inline constexpr QColor keyword{0x1F, 0x4E, 0x9E};
 inline constexpr QColor number{0x8A, 0x4B, 0x08};
 inline constexpr QColor literal{0x1B, 0x6E, 0x3C};
-inline constexpr QColor comment{0x6B, 0x70, 0x7A};
+inline constexpr QColor comment = look::dimText;
 
 }  // namespace tolvan::pane_colours

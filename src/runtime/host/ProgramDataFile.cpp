@@ -93,6 +93,7 @@ FileError ProgramDataFile::writeLine(std::string_view text) {
     record += "\r\n";
     for (std::size_t written = 0; written < record.size();) {
         const ssize_t count = ::write(descriptor_, record.data() + written, record.size() - written);
+        if (count == 0) return FileError::DeviceError;  // it takes nothing and does not say why
         if (count < 0 && errno != EINTR) return fileError(errno);
         if (count > 0) written += static_cast<std::size_t>(count);
     }

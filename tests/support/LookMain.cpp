@@ -1,3 +1,4 @@
+// The main of test programs whose windows have the look of the application.
 #include "dialogs/Look.h"
 
 #include <QApplication>

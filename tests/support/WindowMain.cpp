@@ -1,4 +1,4 @@
-// The main of test programs with windows.
+// The main of test programs with windows of a kind: the display of the console, or letters alone.
 #include <QApplication>
 #include <QTemporaryDir>
 

@@ -1,0 +1,210 @@
+// Sessions of a user with the editor: what is done by keys and mouse, and what must then be seen. They stand in
+// sessions.cases.
+#include "EditorFixture.h"
+#include "dialogs/RichTextView.h"
+#include "editor/panes/CompletionList.h"
+#include "platform/fonts/FontEncoding.h"
+#include "shell/SettingsReader.h"
+#include "shell/frmPreferences.h"
+#include "support/Cases.h"
+
+#include <QClipboard>
+#include <QDir>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTabWidget>
+
+#include <algorithm>
+#include <map>
+
+namespace tolvan {
+namespace {
+
+class SessionTest : public EditorTest, public testing::WithParamInterface<Section> {
+  protected:
+    SessionTest() {
+        readPreferences(settings, state);
+        QDir::setCurrent(folder.path());
+    }
+    ~SessionTest() override { QDir::setCurrent(QDir::rootPath()); }
+
+    // A line of a session: a word that says what, and what stands behind it.
+    void follow(const std::string& line) {
+        SCOPED_TRACE(line);
+        const bool expects = line.starts_with("= ");
+        const std::string words = line.substr(expects ? 2 : 0);
+        const std::size_t blank = std::min(words.find(' '), words.size());
+        const std::string what = words.substr(0, blank);
+        const std::string rest = bytesOf(words.substr(std::min(blank + 1, words.size())));
+        if (!expects) return known(deeds_, what)(rest);
+        const View& view = known(views_, what);
+        if (what == "file" || what == "shown")
+            EXPECT_EQ(view(beforeBlank(rest)), behindBlank(rest));
+        else
+            EXPECT_EQ(view(rest), rest);
+    }
+
+  private:
+    using Deed = std::function<void(const std::string&)>;
+    using View = std::function<std::string(const std::string&)>;
+
+    template <class Table>
+    static const typename Table::mapped_type& known(const Table& table, const std::string& what) {
+        const auto found = table.find(what);
+        if (found == table.end()) throw std::runtime_error("a session has no word " + what);
+        return found->second;
+    }
+    static std::string beforeBlank(const std::string& text) { return text.substr(0, text.find(' ')); }
+    static std::string behindBlank(const std::string& text) {
+        return text.substr(std::min(text.find(' '), text.size() - 1) + 1);
+    }
+    // By its name, in any window.
+    template <class Control = QWidget>
+    static Control& control(const std::string& name) {
+        for (QWidget* window : QApplication::topLevelWidgets())
+            if (auto* found = window->findChild<Control*>(QString::fromStdString(name)); found) return *found;
+        throw std::runtime_error("no control " + name);
+    }
+    static void enter(const std::string& name, const std::string& text) {
+        control<QLineEdit>(name).clear();
+        QTest::keyClicks(&control<QLineEdit>(name), toQString(text));
+    }
+    void showPreferences() {
+        preferences_ = std::make_unique<frmPreferences>(*editor);
+        preferences_->show();
+        preferences_->activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(preferences_.get()));
+    }
+    // The next start finds what the old window left.
+    void crash() {
+        editor.reset();
+        open();
+        state.run.ProgramCaption.clear();
+    }
+    QStringList copies() const {
+        return QDir(settings.folder()).entryList({QStringLiteral("unsaved-*.tvp")}, QDir::Files);
+    }
+    bool isKept(const std::string& text) const {
+        const auto holds = [&](const QString& copy) {
+            return contentOf(settings.folder() + u'/' + copy).contains(QByteArray::fromStdString(text));
+        };
+        const QStringList all = copies();
+        return std::any_of(all.begin(), all.end(), holds);
+    }
+    CompletionList& suggestions() const { return *editor->findChild<CompletionList*>(); }
+    std::string recentFiles() const {
+        std::string names;
+        for (const char* slot : {"MnuMru1", "MnuMru2", "MnuMru3", "MnuMru4"})
+            if (const QAction* item = editor->commandBars().item(slot); item->isVisible())
+                names.append(names.empty() ? "" : " ").append(QFileInfo(item->text()).fileName().toStdString());
+        EXPECT_EQ(editor->commandBars().item("mnuSeperator4")->isVisible(), !names.empty());
+        return names;
+    }
+
+    std::unique_ptr<frmPreferences> preferences_;
+    const std::map<std::string, Deed> deeds_ = {
+        {"type", [this](const std::string& text) { type(text.c_str()); }},
+        {"press",
+         [this](const std::string& keys) {
+             const QKeyCombination key = QKeySequence(QString::fromStdString(keys))[0];
+             press(key.key(), key.keyboardModifiers());
+         }},
+        {"select",
+         [this](const std::string& span) {
+             editor->txtRoman().select(std::stoul(beforeBlank(span)), std::stoul(behindBlank(span)));
+         }},
+        {"write",
+         [this](const std::string& file) {
+             writeFile(beforeBlank(file).c_str(), QByteArray::fromStdString(behindBlank(file)));
+         }},
+        {"folder", [this](const std::string& name) { QDir(folder.path()).mkdir(QString::fromStdString(name)); }},
+        {"remove", [](const std::string& name) { QFile::remove(QString::fromStdString(name)); }},
+        {"open", [this](const std::string& name) { editor->OpenFile(path(name.c_str())); }},
+        {"command", [this](const std::string& key) { EXPECT_TRUE(editor->TopMenu_UserCommand(key.c_str())); }},
+        {"answer", [this](const std::string& answer) { user.answers.push_back(std::stoi(answer)); }},
+        {"choose",
+         [this](const std::string& name) { user.files.push_back(name.empty() ? QString() : path(name.c_str())); }},
+        {"restart", [this](const std::string&) { open(); }},
+        {"crash", [this](const std::string&) { crash(); }},
+        {"recover", [this](const std::string&) { editor->offerRecovery(); }},
+        {"wait", [](const std::string& milliseconds) { QTest::qWait(std::stoi(milliseconds)); }},
+        {"front", [this](const std::string&) { toFront(); }},
+        {"preferences", [this](const std::string&) { showPreferences(); }},
+        {"click", [](const std::string& name) { QTest::mouseClick(&control(name), Qt::LeftButton); }},
+        {"escape",
+         [](const std::string& name) { QTest::keyClick(control(name).window()->windowHandle(), Qt::Key_Escape); }},
+        {"tick",
+         [](const std::string& name) {
+             QTest::mouseClick(&control(name), Qt::LeftButton, {}, {6, 10});
+         }},
+        {"pick",
+         [this](const std::string& row) {
+             CompletionList& list = suggestions();
+             const QRect item = list.visualItemRect(list.item(std::stoi(row), 2));
+             QTest::mouseClick(list.viewport(), Qt::LeftButton, Qt::NoModifier, item.center());
+         }},
+        {"clipboard", [](const std::string& text) { QApplication::clipboard()->setText(toQString(text)); }},
+        {"page", [](const std::string& page) { control<QTabWidget>("SSTab1").setCurrentIndex(std::stoi(page)); }},
+        {"enter", [](const std::string& text) { enter(beforeBlank(text), behindBlank(text)); }},
+    };
+    const std::map<std::string, View> views_ = {
+        {"text", [this](const std::string&) { return roman(); }},
+        {"title", [this](const std::string&) { return title().toStdString(); }},
+        {"caption", [this](const std::string&) { return state.run.ProgramCaption; }},
+        {"selection",
+         [this](const std::string&) {
+             const RomanBox& box = editor->txtRoman();
+             return std::to_string(box.selectionStart()) + " " + std::to_string(box.selectionLength());
+         }},
+        {"told",
+         [this](const std::string&) {
+             std::string told;
+             for (const std::string& text : user.takeTold()) told += text;
+             const std::string here = folder.path().toStdString() + "/";
+             if (const std::size_t found = told.find(here); found != std::string::npos) told.erase(found, here.size());
+             return told;
+         }},
+        {"suggestions",
+         [this](const std::string&) {
+             return suggestions().isVisible() ? std::to_string(suggestions().rowCount()) : "none";
+         }},
+        {"clipboard", [](const std::string&) { return toFontEncoded(QApplication::clipboard()->text()); }},
+        {"panel1", [this](const std::string&) { return toFontEncoded(panel("panel1")); }},
+        // The work comes to an end by itself, a moment after the last key.
+        {"panel2",
+         [this](const std::string& expected) {
+             const auto shown = [this] { return toFontEncoded(panel("panel2")); };
+             return QTest::qWaitFor([&] { return shown() == expected; }, 5000) ? expected : shown();
+         }},
+        {"asked", [this](const std::string&) { return std::to_string(user.takeTold().size()); }},
+        {"copies", [this](const std::string&) { return std::to_string(copies().size()); }},
+        {"kept",
+         [this](const std::string& text) {
+             return QTest::qWaitFor([&] { return isKept(text); }, 5000) ? text : "not " + text;
+         }},
+        {"recent", [this](const std::string&) { return recentFiles(); }},
+        {"visible", [](const std::string& name) { return control(name).isVisible() ? name : name + " is not"; }},
+        {"hidden", [](const std::string& name) { return control(name).isVisible() ? name + " is not" : name; }},
+        {"shown", [](const std::string& name) { return toFontEncoded(control<RichTextView>(name).text().trimmed()); }},
+        {"file", [this](const std::string& name) { return contentOf(path(name.c_str())).toStdString(); }},
+        {"setting",
+         [this](const std::string& words) {
+             const QStringList names = QString::fromStdString(words).split(u' ');
+             return words.substr(0, words.find(' ', words.find(' ') + 1)) + " " +
+                    settings.GetSetting(names.at(0), names.at(1)).toStdString();
+         }},
+    };
+};
+
+TEST_P(SessionTest, ShowsWhatItShould) {
+    for (const std::string& line : GetParam().lines)
+        if (!line.empty()) follow(line);
+    EXPECT_TRUE(user.answers.empty() && user.files.empty()) << "questions that were not asked";
+    EXPECT_THAT(user.told, testing::IsEmpty());
+}
+
+INSTANTIATE_TEST_SUITE_P(, SessionTest, testing::ValuesIn(sectionsOf("editor/sessions.cases")),
+                         [](const auto& test) { return test.param.testName(); });
+
+}  // namespace
+}  // namespace tolvan

@@ -1,0 +1,36 @@
+// The example programs of the application and what is kept of their runs.
+#pragma once
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <string>
+#include <vector>
+
+namespace tolvan {
+
+// All bytes of a file; empty when there is no such file.
+inline std::string contentOf(const std::filesystem::path& path) {
+    std::ifstream file(path, std::ios::binary);
+    return {std::istreambuf_iterator<char>(file), {}};
+}
+
+inline std::filesystem::path exampleProgram(const std::string& name) {
+    return std::filesystem::path(TOLVAN_SOURCE_DIR) / "examples" / (name + ".tvp");
+}
+
+// ".in" is what is typed in a run, ".out" what is printed, ".trace" what is drawn, ".png" what that looks like.
+inline std::filesystem::path expectedOfExample(const std::string& name, const char* extension) {
+    return std::filesystem::path(TOLVAN_SOURCE_DIR) / "examples/expected" / (name + extension);
+}
+
+inline std::vector<std::string> exampleNames() {
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(TOLVAN_SOURCE_DIR "/examples"))
+        if (entry.path().extension() == ".tvp") names.push_back(entry.path().stem().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
+
+}  // namespace tolvan
