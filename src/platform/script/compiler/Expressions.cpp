@@ -299,17 +299,20 @@ void ProcedureCompiler::binaryInto(const Expr& expression, std::uint32_t target)
     code_.emit(row.constant, target, left, right.index);
 }
 
+ProcedureCompiler::ComparedOperands ProcedureCompiler::comparedOperands(const Expr& expression) {
+    Operand left = operandBefore(*expression.left, expression.right);
+    Operand right = operand(*expression.right);
+    const bool isSwapped = left.isConstant && !right.isConstant;
+    if (isSwapped) std::swap(left, right);
+    return {inRegister(left), right, isSwapped};
+}
+
 void ProcedureCompiler::comparisonInto(const Expr& expression, std::uint32_t target) {
     const Temporaries temporaries(code_);
     const ComparisonRow* row = comparisonOf(expression.op);
-    Operand left = operandBefore(*expression.left, expression.right);
-    Operand right = operand(*expression.right);
-    if (left.isConstant && !right.isConstant) {
-        std::swap(left, right);
-        row = comparisonOf(row->swapped);
-    }
-    const std::uint32_t leftRegister = inRegister(left);
-    code_.emit(right.isConstant ? row->constant : row->registers, target, leftRegister, right.index);
+    const auto [left, right, isSwapped] = comparedOperands(expression);
+    if (isSwapped) row = comparisonOf(row->swapped);
+    code_.emit(right.isConstant ? row->constant : row->registers, target, left, right.index);
 }
 
 // Jumps to `target` when the condition is True (jumpWhen), or when it is anything else.
@@ -333,16 +336,10 @@ void ProcedureCompiler::comparisonJump(const Expr& expression, bool inverted, La
     const Temporaries temporaries(code_);
     const ComparisonRow* row = comparisonOf(expression.op);
     if (inverted) row = comparisonOf(row->inverse);
-    Operand left = operandBefore(*expression.left, expression.right);
-    Operand right = operand(*expression.right);
-    if (left.isConstant && !right.isConstant) {
-        std::swap(left, right);
-        row = comparisonOf(row->swapped);
-    }
-    const std::uint32_t leftRegister = inRegister(left);
+    const auto [left, right, isSwapped] = comparedOperands(expression);
+    if (isSwapped) row = comparisonOf(row->swapped);
     if (jumpWhen && code_.isAtGate(target)) {
-        code_.loopWithGate(right.isConstant ? row->loopConstant : row->loopRegisters, leftRegister, right.index,
-                           target);
+        code_.loopWithGate(right.isConstant ? row->loopConstant : row->loopRegisters, left, right.index, target);
         return;
     }
     Op op = row->jumpRegisters;
@@ -350,7 +347,7 @@ void ProcedureCompiler::comparisonJump(const Expr& expression, bool inverted, La
         op = right.isConstant ? row->jumpConstant : row->jumpRegisters;
     else
         op = right.isConstant ? row->jumpUnlessConstant : row->jumpUnlessRegisters;
-    code_.jumpWithWord(op, leftRegister, right.index, target);
+    code_.jumpWithWord(op, left, right.index, target);
 }
 
 // Whether the expression is True, False or Null: only then is And the same as "both".

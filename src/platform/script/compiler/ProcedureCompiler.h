@@ -67,6 +67,13 @@ class ProcedureCompiler {
     void nameInto(const Expr& name, std::uint32_t target);
     void unaryInto(const Expr& expression, std::uint32_t target);
     void binaryInto(const Expr& expression, std::uint32_t target);
+    // Of a comparison: what can be a constant is the right one.
+    struct ComparedOperands {
+        std::uint32_t left;
+        Operand right;
+        bool isSwapped;
+    };
+    ComparedOperands comparedOperands(const Expr& expression);
     void comparisonInto(const Expr& expression, std::uint32_t target);
     void loadConstant(const Value& value, std::uint32_t target);
     bool literalOf(const Expr& expression, Value& value) const;

@@ -58,6 +58,7 @@ class Parser {
     void statement(Block& block);
     bool startsStatement() const;
     void block(Block& into);
+    void enclosed(Block& into, int& depth);
     void simpleStatement(Block& block);
     void assignmentOrCall(Block& block);
     Expr* callTarget(bool& hasArguments);

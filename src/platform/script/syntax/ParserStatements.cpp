@@ -30,6 +30,14 @@ bool Parser::startsStatement() const {
     }
 }
 
+// The statements within one more loop or With, behind its first line.
+void Parser::enclosed(Block& into, int& depth) {
+    expectStatementEnd();
+    ++depth;
+    block(into);
+    --depth;
+}
+
 // Statements up to a word that starts none: the end of what encloses them. Signs, literals and the words that close a
 // loop that is not open are refused here, because nothing that encloses could want them.
 void Parser::block(Block& into) {
@@ -370,10 +378,7 @@ void Parser::forStatement(Block& into) {
     expect(Token::To, Syntax::ExpectedTo);
     loop.to = expression();
     if (acceptName("step")) loop.step = expression();
-    expectStatementEnd();
-    ++forDepth_;
-    block(loop.body);
-    --forDepth_;
+    enclosed(loop.body, forDepth_);
     expect(Token::Next, Syntax::ExpectedNext);
     add(into, loop);
 }
@@ -384,10 +389,7 @@ void Parser::forEach(Block& into, std::uint32_t atLine) {
     if (token() == Token::Open || token() == Token::Dot) lexer_.fail(Syntax::InvalidForVariable);
     expect(Token::In, Syntax::ExpectedIn);
     loop.group = expression();
-    expectStatementEnd();
-    ++forDepth_;
-    block(loop.body);
-    --forDepth_;
+    enclosed(loop.body, forDepth_);
     expect(Token::Next, Syntax::ExpectedNext);
     add(into, loop);
 }
@@ -416,10 +418,7 @@ void Parser::doStatement(Block& into) {
         condition(LoopStmt::Test::Before);
     else if (!atStatementEnd())
         lexer_.fail(Syntax::ExpectedWhileUntilOrEnd);
-    expectStatementEnd();
-    ++doDepth_;
-    block(loop.body);
-    --doDepth_;
+    enclosed(loop.body, doDepth_);
     expect(Token::Loop, Syntax::ExpectedLoop);
     if (token() == Token::While || token() == Token::Until) {
         if (loop.test == LoopStmt::Test::Before) lexer_.fail(Syntax::ExpectedEndOfStatement);
@@ -435,10 +434,7 @@ void Parser::with(Block& into) {
     const std::uint32_t atLine = line();
     lexer_.advance();
     WithStmt with{{StmtKind::With, atLine}, expression(), {}};
-    expectStatementEnd();
-    ++withDepth_;
-    block(with.body);
-    --withDepth_;
+    enclosed(with.body, withDepth_);
     expectEnd(Token::With, Syntax::ExpectedWith);
     add(into, with);
 }
