@@ -2,6 +2,7 @@
 #include "shell/Payload.h"
 #include "shell/user/DrivenProcess.h"
 #include "stub/ExecutableExtent.h"
+#include "support/Examples.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
 
@@ -15,13 +16,6 @@ namespace fs = std::filesystem;
 using testing::ElementsAre;
 using testing::HasSubstr;
 using testing::StartsWith;
-
-const fs::path examples = fs::path(TOLVAN_SOURCE_DIR) / "examples";
-
-std::string content(const fs::path& path) {
-    std::ifstream file(path, std::ios::binary);
-    return {std::istreambuf_iterator<char>(file), {}};
-}
 
 std::vector<std::string> linesOf(const std::string& text) {
     std::vector<std::string> lines;
@@ -45,15 +39,15 @@ std::string payloadOf(const std::string& caption, std::string_view roman) {
 class ExampleAsExecutable : public testing::TestWithParam<std::string> {};
 
 TEST_P(ExampleAsExecutable, PrintsDrawsAndReadsAsOnATextConsole) {
-    const std::string input = content(examples / "expected" / (GetParam() + ".in"));
+    const std::string input = contentOf(expectedOfExample(GetParam(), ".in"));
     DrivenProcess process;
     process.folder().write("answers", input);
     const std::string tvp = "cd " + process.folder().path() + " && " TOLVAN_BIN_DIR "/tvp run --trace " +
-                            (examples / (GetParam() + ".tvp")).string() + " <" + (process.folder() / "answers") +
-                            " 2>" + (process.folder() / "expected") + " >/dev/null";
+                            exampleProgram(GetParam()).string() + " <" + (process.folder() / "answers") + " 2>" +
+                            (process.folder() / "expected") + " >/dev/null";
     ASSERT_EQ(std::system(tvp.c_str()), 0);
 
-    fs::copy_file(examples / (GetParam() + ".tvp"), process.folder() / "program.tvp");
+    fs::copy_file(exampleProgram(GetParam()), process.folder() / "program.tvp");
     const DrivenResult made = process.run(TOLVAN_BIN_DIR "/tolbasic", {"program.tvp", "-compile"}, {"frmSplash leave"});
     ASSERT_EQ(made.status, 0) << made.errors;
 
@@ -68,13 +62,6 @@ TEST_P(ExampleAsExecutable, PrintsDrawsAndReadsAsOnATextConsole) {
     EXPECT_NE(process.folder().read("trace"), "");
 }
 
-std::vector<std::string> exampleNames() {
-    std::vector<std::string> names;
-    for (const auto& entry : fs::directory_iterator(examples))
-        if (entry.path().extension() == ".tvp") names.push_back(entry.path().stem().string());
-    std::sort(names.begin(), names.end());
-    return names;
-}
 INSTANTIATE_TEST_SUITE_P(All, ExampleAsExecutable, testing::ValuesIn(exampleNames()),
                          [](const auto& test) { return test.param; });
 
