@@ -71,7 +71,29 @@ std::vector<std::uint32_t> extentsOf(const Variable& variable, const std::vector
     return extents;
 }
 
-// Whether the text may run texts that define names: the word stands in it somewhere.
+// Whether one of the names is used anywhere.
+class NameSearch : public AstVisitor {
+  public:
+    explicit NameSearch(std::initializer_list<NameId> names) : names_(names) {}
+
+    void visitAll(const Module& module) {
+        visit(module.body);
+        for (const ProcedureNode* procedure : module.procedures) visit(procedure->body);
+        for (const ClassNode& one : module.classes)
+            for (const ProcedureNode* method : one.members) visit(method->body);
+    }
+    bool found = false;
+
+  protected:
+    void onName(const Expr& name) override {
+        found |= std::find(names_.begin(), names_.end(), name.name) != names_.end();
+    }
+
+  private:
+    std::vector<NameId> names_;
+};
+
+// The word stands somewhere in the text, if only in a remark.
 bool mayExecute(std::string_view source) {
     constexpr std::string_view Word = "execute";
     const auto sameLetter = [](char letter, char small) { return (letter | 0x20) == small; };
@@ -98,9 +120,9 @@ std::shared_ptr<const Procedure> ModuleCompiler::compileText(std::string_view so
 
 // Nothing of it is known to anybody before all of it is compiled.
 std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view source) {
-    if (mayExecute(source)) leaveNamesOpen();
-    work.scope.isLate = symbols_.isLate;
     work.module = Parser(source, names_).parseModule();
+    if (mayExecute(source)) leaveNamesOpen(*work.module);
+    work.scope.isLate = symbols_.isLate;
     work.scope.optionExplicit = work.module->optionExplicit;
     work.scope.hasClasses = !work.module->classes.empty();
     declare(work);
@@ -125,11 +147,14 @@ std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view 
     return outside;
 }
 
-// From now on names can get a meaning at any time.
-void ModuleCompiler::leaveNamesOpen() {
+// If the module runs texts, names can get a meaning at any time from now on.
+void ModuleCompiler::leaveNamesOpen(const Module& module) {
     if (symbols_.isLate) return;
+    NameSearch search({names_.intern("Execute"), names_.intern("ExecuteGlobal")});
+    search.visitAll(module);
+    if (!search.found) return;
     symbols_.isLate = true;
-    for (const auto& module : symbols_.modules()) recompile(module);
+    for (const auto& loaded : symbols_.modules()) recompile(loaded);
 }
 
 void ModuleCompiler::recompileUsers(const std::vector<NameId>& changed) {

@@ -51,7 +51,7 @@ class ModuleCompiler {
     void replace(std::shared_ptr<const Procedure>& place, std::shared_ptr<const Procedure> procedure);
     void finishProcedure(Work& work, ProcedureScope& scope, std::shared_ptr<Procedure> procedure);
     void finishMethod(ScriptClass& owner, const ProcedureNode& node, std::shared_ptr<const Procedure> procedure);
-    void leaveNamesOpen();
+    void leaveNamesOpen(const Module& module);
     void recompileUsers(const std::vector<NameId>& changed);
     void recompile(const std::shared_ptr<LoadedModule>& module);
 

@@ -173,7 +173,7 @@ class SymbolTable {
     bool isFirstUse(NameId name, std::uint32_t user);
     std::uint32_t nextUser() { return ++lastUser_; }
 
-    // Whether a text was loaded that can define names while procedures run.
+    // Whether a module was loaded that can define names while procedures run.
     bool isLate = false;
 
     bool isErr(NameId name) const { return name == err_; }
