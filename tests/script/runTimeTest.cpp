@@ -137,7 +137,8 @@ TEST(Timeout, EndsARunThatTakesTooLong) {
                              "While parentform.checkforevents\nif not checkforevents then err.raise 1001\nWend",
                              "On Error Resume Next\nDo\nx = 1\nLoop", "On Error Resume Next\nDo\nx = y.z\nLoop",
                              "On Error Resume Next\nDo\nSet o = New Waits\nLoop", "Set o = New Waits\no.forks",
-                             "Do\nExecute \"x = 1\"\nLoop"}) {
+                             "Do\nExecute \"x = 1\"\nLoop", "On Error Resume Next\nWhile y.z\nWend",
+                             "On Error Resume Next\nDo Until 1 / 0\nx = 1\nLoop"}) {
         Executor executor;
         executor.setTimeout(30);
         ScriptConsole console;

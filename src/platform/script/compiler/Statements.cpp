@@ -268,11 +268,13 @@ void ProcedureCompiler::loopInTextOrder(const LoopStmt& statement) {
     bindLabel(test);
     mark(statement.testLine);
     condition(*statement.condition, exit, statement.isUntil);
-    if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
     if (statement.isDo) loops_.push_back({ExitKind::Do, &exit});
     block(statement.body);
     if (statement.isDo) loops_.pop_back();
-    leaveBlock(test);
+    mark(line_);
+    // Here, where a failing condition does not lead past it.
+    if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
+    code_.jump(Op::Jump, 0, test);
     bindLabel(exit);
 }
 
