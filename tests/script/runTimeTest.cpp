@@ -138,6 +138,7 @@ TEST(Timeout, EndsARunThatTakesTooLong) {
                              "On Error Resume Next\nDo\nx = 1\nLoop", "On Error Resume Next\nDo\nx = y.z\nLoop",
                              "On Error Resume Next\nDo\nSet o = New Waits\nLoop", "Set o = New Waits\no.forks",
                              "Do\nExecute \"x = 1\"\nLoop", "On Error Resume Next\nWhile y.z\nWend",
+                             "On Error Resume Next\nExecute \"Const k = 1\"\nFor k = 1 To 2\nx = 1\nNext",
                              "On Error Resume Next\nDo Until 1 / 0\nx = 1\nLoop"}) {
         Executor executor;
         executor.setTimeout(30);

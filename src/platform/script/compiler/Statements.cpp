@@ -195,8 +195,8 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
     Label& finished = newLabel();
     code_.jumpWithWord(Op::ForPrepare, counter, limit, finished);
     bindLabel(body);
-    handOver();
     if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
+    handOver();
     loops_.push_back({ExitKind::For, &exit});
     block(statement.body);
     loops_.pop_back();
