@@ -45,6 +45,8 @@ TEST(RunTimeErrors, HaveTheirNumberAndTheLineOfTheStatement) {
         {"Option Explicit\nSub Main\nx = 1\nEnd Sub", "error 500 line 3\n"},
         {"Option Explicit\nReDim a(1)\na(1) = 2\nSub Main\nReDim b(1)\nb(a(1)) = 1\nEnd Sub", "error 9 line 6\n"},
         {"Option Explicit\nExecute \"x = 1\"\ny = x\nz = x", "error 500 line 3\n"},
+        {"Option Explicit\nSub Main\nExecute \"Dim v\"\nw = v\nv = 3\nEnd Sub", "error 500 line 4\n"},
+        {"Option Explicit\nSub Main\nExecute \"Dim v\"\nv = v & 3\nPrintString v\nEnd Sub", "3\n"},
         {"Sub Main\nExecute \"Sub p : q = 1 / 0 : End Sub\"\np\nEnd Sub", "error 11 line 1\n"},
     };
     for (const auto& [module, expected] : cases) EXPECT_EQ(outcome(module), expected) << module;

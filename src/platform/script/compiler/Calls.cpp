@@ -263,7 +263,7 @@ void ProcedureCompiler::callOwnMember(NameId name, std::span<Expr* const> argume
 }
 
 LateUse ProcedureCompiler::lateUse(const Binding& late) const {
-    return {late.name, module_.optionExplicit, false, false, false};
+    return {late.name, module_.optionExplicit, false, false};
 }
 
 void ProcedureCompiler::callLate(const Binding& late, std::span<Expr* const> arguments, std::uint32_t target,
@@ -282,7 +282,7 @@ void ProcedureCompiler::callLate(const Binding& late, std::span<Expr* const> arg
 void ProcedureCompiler::passLate(const Binding& late, const Expr& argument, std::uint32_t target, std::uint32_t pin) {
     const bool isElement = argument.kind == ExprKind::Call;
     LateUse use = lateUse(late);
-    use.wantsReference = use.mayBeNoVariable = true;
+    use.wantsReference = true;
     if (isElement) evaluateInOrder(argument.arguments);
     code_.emitWithWord(Op::FindVariable, late.index, 0, 0, use);
     if (isElement) code_.emit(Op::PinArray, pin, late.index);

@@ -120,11 +120,7 @@ std::shared_ptr<const Procedure> ModuleCompiler::compileText(std::string_view so
 
 // Nothing of it is known to anybody before all of it is compiled.
 std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view source) {
-    work.module = Parser(source, names_).parseModule();
-    if (mayExecute(source)) leaveNamesOpen(*work.module);
-    work.scope.isLate = symbols_.isLate;
-    work.scope.optionExplicit = work.module->optionExplicit;
-    work.scope.hasClasses = !work.module->classes.empty();
+    read(work, source);
     declare(work);
     findNames(work);
     generateProcedures(work);
@@ -138,13 +134,21 @@ std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view 
         if (known != nullptr && known->byReference != procedure->byReference) changed.push_back(procedure->name);
         finishProcedure(work, *scope, procedure);
     }
-    if (!work.scope.isLocal()) recompileUsers(changed);
+    if (!work.isWithinProcedure()) recompileUsers(changed);
     if (!work.compiled.empty() && work.loaded != nullptr) {
         work.loaded->source = source;
         symbols_.addModule(work.loaded);
         symbols_.addUses(work.loaded, work.scope.uses());
     }
     return outside;
+}
+
+void ModuleCompiler::read(Work& work, std::string_view source) {
+    work.module = Parser(source, names_).parseModule();
+    if (mayExecute(source)) leaveNamesOpen(*work.module);
+    work.scope.isLate = symbols_.isLate;
+    work.scope.optionExplicit = work.module->optionExplicit;
+    work.scope.hasClasses = !work.module->classes.empty();
 }
 
 // If the module runs texts, names can get a meaning at any time from now on.
@@ -168,10 +172,7 @@ void ModuleCompiler::recompileUsers(const std::vector<NameId>& changed) {
 void ModuleCompiler::recompile(const std::shared_ptr<LoadedModule>& module) {
     Work work(symbols_, names_, nullptr);
     work.loaded = module;
-    work.scope.isLate = symbols_.isLate;
-    work.module = Parser(module->source, names_).parseModule();
-    work.scope.optionExplicit = work.module->optionExplicit;
-    work.scope.hasClasses = !work.module->classes.empty();
+    read(work, module->source);
     for (const ProcedureNode* node : work.module->procedures) {
         const Symbol* symbol = symbols_.find(node->name);
         const bool isCurrent =

@@ -41,6 +41,7 @@ class ModuleCompiler {
   private:
     struct Work;
     std::shared_ptr<Procedure> compile(Work& work, std::string_view source);
+    void read(Work& work, std::string_view source);
     void declare(Work& work);
     void declareClass(Work& work, const ClassNode& node);
     void addMethod(Work& work, ScriptClass& owner, const ProcedureNode& node);

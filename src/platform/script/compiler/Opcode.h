@@ -57,7 +57,7 @@ namespace tolvan::script {
     X(ReferGlobal)          /* R[a] = reference to *pointer; + pointer */ \
     X(ReferField)           /* R[a] = reference to field b of Me */ \
     X(ReferElement)         /* R[a] = reference to the element R[c..] of the array R[b]; its value if R[b] is none; + count */ \
-    X(FindVariable)         /* R[a], of a late name: a reference to the variable that the name stands for by now; 501 if it is no variable; + LateUse */ \
+    X(FindVariable)         /* R[a], of a late name: a reference to the variable that the name stands for by now; if it stands for none 501, or nothing where a call may follow; + LateUse */ \
     X(PinArray)             /* R[a] = pin on the array R[b], if it is one */ \
     X(AddInteger)           /* R[a] = R[b] + c, c an Integer */ \
     X(Append)               /* the variable that R[a] refers to = itself & R[b] */ \
@@ -125,10 +125,10 @@ enum class Op : std::uint16_t {
 // How a late name is used.
 struct LateUse {
     std::uint32_t name;
-    bool mustBeDeclared;   // 500 if the name stands for nothing
-    bool isStatement;      // a call as a statement
-    bool wantsReference;   // to the variable, or the element of it, where the name is a variable's
-    bool mayBeNoVariable;  // of FindVariable: leaves Empty what is no variable
+    bool mustBeDeclared;  // 500 if the name stands for nothing
+    bool isStatement;     // a call as a statement
+    bool wantsReference;  // to the variable, or the element of it, where the name is a variable's; a call where it is
+                          // not
 };
 
 struct Instruction {

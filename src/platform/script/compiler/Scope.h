@@ -33,7 +33,6 @@ class ModuleScope {
     void defineVariable(NameId name, bool isImplicit = false);
     // Returns the names that others may have used with another meaning.
     std::vector<NameId> commit();
-    bool isLocal() const { return locals_ != nullptr; }
     // The names that were looked up: where one gets another meaning the code changes.
     const std::vector<NameId>& uses() const { return uses_; }
 

@@ -206,8 +206,9 @@ ModuleCompiler::Surroundings Machine::surroundings() {
         if (i == 0) around.result = name;
         if (name == 0) continue;
         Value& variable = followed(frame.base[i]);
+        // What stands for nothing yet is for the text to make, or to find outside.
         const bool isOpen = i >= procedure.firstLate && variable.is(Type::Empty);
-        if (!isOpen || meaningOf(name) == nullptr) around.variables[name] = &variable;
+        if (!isOpen) around.variables[name] = &variable;
     }
     if (frame.made == nullptr) frame.made = new MadeNames;
     for (auto& [name, variable] : frame.made->variables) around.variables[name] = &variable;

@@ -26,21 +26,22 @@ const Symbol* Machine::meaningOf(NameId name) {
     return symbols_->find(name);
 }
 
-// The variable that the name stands for; null if it stands for something else. `meaning` is null where it stands for
-// nothing but the procedure's own variable.
-Value* Machine::lateVariable(Value& own, NameId name, const Symbol*& meaning) {
-    meaning = nullptr;
+// The variable that the name stands for; null if it stands for something else, which is `meaning` then.
+Value* Machine::lateVariable(Value& own, const LateUse& use, const Symbol*& meaning) {
     // A variable that is Empty may have got its meaning only now.
     if (!followed(own).is(Type::Empty)) return &followed(own);
     if (MadeNames* made = textFrame().made) {
-        const auto place = made->variables.find(name);
+        const auto place = made->variables.find(use.name);
         if (place != made->variables.end()) {
             refer(own, place->second);
             return &place->second;
         }
     }
-    meaning = meaningOf(name);
-    if (meaning == nullptr) return &followed(own);
+    meaning = meaningOf(use.name);
+    if (meaning == nullptr) {
+        if (use.mustBeDeclared && &followed(own) == &own) throw ScriptError(errors::UndefinedVariable);
+        return &followed(own);
+    }
     if (meaning->kind != Symbol::Kind::Variable) return nullptr;
     refer(own, *meaning->variable);
     return meaning->variable;
@@ -48,24 +49,17 @@ Value* Machine::lateVariable(Value& own, NameId name, const Symbol*& meaning) {
 
 void Machine::findVariable(Value& own, const LateUse& use) {
     const Symbol* meaning = nullptr;
-    const bool isVariable = lateVariable(own, use.name, meaning) != nullptr;
-    if (use.mayBeNoVariable) return;
-    if (!isVariable) {
-        // An object of the host: its elements can be assigned.
-        if (meaning->kind != Symbol::Kind::HostObject) throw ScriptError(errors::IllegalAssignment);
-        own = meaning->constant;
-    } else if (meaning == nullptr && use.mustBeDeclared && followed(own).is(Type::Empty)) {
-        throw ScriptError(errors::UndefinedVariable);
-    }
+    if (lateVariable(own, use, meaning) != nullptr || use.wantsReference) return;
+    // An object of the host: its elements can be assigned.
+    if (meaning->kind != Symbol::Kind::HostObject) throw ScriptError(errors::IllegalAssignment);
+    own = meaning->constant;
 }
 
 // Like all calls leaves the result in base[0] and no argument; true if a procedure was entered.
 bool Machine::callLate(Value& own, const LateUse& use, Value* base, std::uint32_t count) {
     const Symbol* meaning = nullptr;
-    Value* const variable = lateVariable(own, use.name, meaning);
+    Value* const variable = lateVariable(own, use, meaning);
     if (variable == nullptr) return callMeaning(*meaning, use, base, count);
-    if (meaning == nullptr && use.mustBeDeclared && variable->is(Type::Empty))
-        throw ScriptError(errors::UndefinedVariable);
     const std::span<Value> arguments(base + 1, count);
     if (count == 0 && use.wantsReference) {
         refer(base[0], *variable);

@@ -152,7 +152,7 @@ class Machine : public Context {
 
     // Late names (LateNames.cpp).
     const Symbol* meaningOf(NameId name);
-    Value* lateVariable(Value& own, NameId name, const Symbol*& meaning);
+    Value* lateVariable(Value& own, const LateUse& use, const Symbol*& meaning);
     void findVariable(Value& own, const LateUse& use);
     bool callLate(Value& own, const LateUse& use, Value* base, std::uint32_t count);
     bool callMeaning(const Symbol& meaning, const LateUse& use, Value* base, std::uint32_t count);
