@@ -7,17 +7,8 @@
 #include <QApplication>
 #include <QPointer>
 
-#include <utility>
-
 namespace tolvan {
 namespace {
-
-DialogAnswers* current = nullptr;  // null: the boxes
-
-DialogAnswers& answers() {
-    static DialogAnswers boxes;
-    return current ? *current : boxes;
-}
 
 // Shows a box until it is closed. `read` takes the answer from it, unless it went with its parent.
 template <class Box, class Answer>
@@ -34,13 +25,13 @@ Answer ask(std::string_view message, Answer (*read)(const Box&), Answer closed) 
 }  // namespace
 
 void ShowMessage(std::string_view text) {
-    answers().ShowMessage(text);
+    ReplacedDialogs::current().ShowMessage(text);
 }
 int AskQuestion(std::string_view text) {
-    return answers().AskQuestion(text);
+    return ReplacedDialogs::current().AskQuestion(text);
 }
 bool ShowError(std::int32_t number, int errorLine) {
-    return answers().ShowError(number, errorLine);
+    return ReplacedDialogs::current().ShowError(number, errorLine);
 }
 
 void DialogAnswers::ShowMessage(std::string_view text) {
@@ -56,11 +47,6 @@ int DialogAnswers::AskQuestion(std::string_view text) {
 bool DialogAnswers::ShowError(std::int32_t number, int errorLine) {
     return ask<frmErrorBox, bool>(
         errorMessage(number, errorLine), [](const frmErrorBox& box) { return box.decision(); }, false);
-}
-
-ReplacedDialogs::ReplacedDialogs(DialogAnswers& answers) : replaced_(std::exchange(current, &answers)) {}
-ReplacedDialogs::~ReplacedDialogs() {
-    current = replaced_;
 }
 
 }  // namespace tolvan

@@ -5,6 +5,8 @@
 // A text is a rich-text fragment (see messageDocument): its backslashes and braces are escaped by the caller.
 #pragma once
 
+#include "dialogs/ReplacedAnswers.h"
+
 #include <cstdint>
 #include <string_view>
 
@@ -33,15 +35,6 @@ class DialogAnswers {
 };
 
 // As long as it lives, `answers` answers. These nest.
-class ReplacedDialogs {
-  public:
-    explicit ReplacedDialogs(DialogAnswers& answers);
-    ReplacedDialogs(const ReplacedDialogs&) = delete;
-    ReplacedDialogs& operator=(const ReplacedDialogs&) = delete;
-    ~ReplacedDialogs();
-
-  private:
-    DialogAnswers* replaced_;
-};
+using ReplacedDialogs = ReplacedAnswers<DialogAnswers>;
 
 }  // namespace tolvan

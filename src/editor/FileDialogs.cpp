@@ -9,17 +9,8 @@
 #include <QStandardPaths>
 #include <QTreeView>
 
-#include <utility>
-
 namespace tolvan {
 namespace {
-
-FileAnswers* current = nullptr;  // null: the dialogs
-
-FileAnswers& answers() {
-    static FileAnswers dialogs;
-    return current ? *current : dialogs;
-}
 
 // A proposed name comes from the user's caption of the program, which may hold anything.
 QString asFileName(QString name) {
@@ -51,11 +42,11 @@ QString ask(const FileRequest& request, QFileDialog::AcceptMode mode) {
 }  // namespace
 
 QString askOpenFile(const FileRequest& request) {
-    return answers().askOpenFile(request);
+    return ReplacedFileDialogs::current().askOpenFile(request);
 }
 
 QString askSaveFile(const FileRequest& request) {
-    return answers().askSaveFile(request);
+    return ReplacedFileDialogs::current().askSaveFile(request);
 }
 
 QString startFolder() {
@@ -81,11 +72,6 @@ QString FileAnswers::askOpenFile(const FileRequest& request) {
 
 QString FileAnswers::askSaveFile(const FileRequest& request) {
     return ask(request, QFileDialog::AcceptSave);
-}
-
-ReplacedFileDialogs::ReplacedFileDialogs(FileAnswers& answers) : replaced_(std::exchange(current, &answers)) {}
-ReplacedFileDialogs::~ReplacedFileDialogs() {
-    current = replaced_;
 }
 
 }  // namespace tolvan

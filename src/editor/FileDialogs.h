@@ -1,6 +1,8 @@
 // The file dialogs of the editor. They wait until the user has chosen.
 #pragma once
 
+#include "dialogs/ReplacedAnswers.h"
+
 #include <QString>
 
 namespace tolvan {
@@ -19,7 +21,8 @@ struct FileRequest {
 QString askOpenFile(const FileRequest& request);
 QString askSaveFile(const FileRequest& request);
 
-// Where a file dialog begins: the application's folder; where a user cannot write, the one for documents.
+// Where a file dialog begins: the application's folder; where a user cannot write, the one for documents, or the home
+// folder.
 QString startFolder();
 
 // Where a user who has no programs yet finds some: the examples, installed or in the source tree. Empty if there are
@@ -39,15 +42,6 @@ class FileAnswers {
 };
 
 // As long as it lives, `answers` answers. These nest.
-class ReplacedFileDialogs {
-  public:
-    explicit ReplacedFileDialogs(FileAnswers& answers);
-    ReplacedFileDialogs(const ReplacedFileDialogs&) = delete;
-    ReplacedFileDialogs& operator=(const ReplacedFileDialogs&) = delete;
-    ~ReplacedFileDialogs();
-
-  private:
-    FileAnswers* replaced_;
-};
+using ReplacedFileDialogs = ReplacedAnswers<FileAnswers>;
 
 }  // namespace tolvan
