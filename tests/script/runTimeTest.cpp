@@ -85,6 +85,7 @@ TEST(Limits, MemoryThatRunsOutIsAnErrorAndComesBack) {
         {"s = \"0123456789\"\nDo\ns = s & s\nLoop", "error 7 line 3\n"},
         {"s = String(10000000, \"x\")\nDim a(1000)\nFor i = 1 To 1000\na(i) = s & i\nNext", "error 7 line 4\n"},
         {"Dim a(99999999)", "error 7 line 1\n"},
+        {"ReDim a(2147483647)", "error 7 line 1\n"},
         {"ReDim a(1000, 1000, 1000)", "error 7 line 1\n"},
         {"ReDim a(0)\nDo\nReDim Preserve a(UBound(a) * 2 + 1)\nLoop", "error 7 line 3\n"},
         {"x = Space(2000000000)", "error 7 line 1\n"},

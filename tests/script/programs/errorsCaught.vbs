@@ -9,6 +9,8 @@ fails                                               '> fails
 PrintString "after " & Err.Number                   '> after 13
 Err.Raise 5000, "me", "my own"
 PrintString Err.Number & Err.Source & Err.Description '> 5000memy own
+Err = 12
+PrintString Err                                     '> 12
 Err.Raise 1001
 PrintString Err.Number                              '> 1001
 If 1 / 0 Then PrintString "the block is entered"    '> the block is entered
@@ -36,7 +38,7 @@ On Error GoTo 0
 PrintString Err.Number                              '> 0
 y = "abc" + 1
 PrintString "not reached"
-'> error 13 line 37
+'> error 13 line 39
 End Sub
 Sub fails
 PrintString "fails"

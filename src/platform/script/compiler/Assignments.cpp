@@ -72,6 +72,10 @@ void ProcedureCompiler::assignName(const AssignStmt& statement) {
     if (binding.kind == Binding::Kind::Register && !statement.isSet) return assignRegister(statement, binding.index);
     if (binding.kind == Binding::Kind::HostMember) return assignHost(binding.symbol->member, statement, {});
     if (binding.kind == Binding::Kind::Method) return putOwnMember(name, statement, {});
+    // "Err = 5" sets its number.
+    const bool isErr = binding.kind == Binding::Kind::Constant && module_.engine().isErr(name);
+    if (isErr && binding.constant->is(Type::Object) && !statement.isSet)
+        return putMember(statement, *statement.target, DefaultMember, {});
     const std::uint32_t value = code_.takeRegisters();
     into(*statement.value, value);
     store(binding, value, statement.isSet);
@@ -204,11 +208,16 @@ void ProcedureCompiler::assignMember(const AssignStmt& statement, const Expr& me
         if (number == HostObject::NoMember) return raise(errors::NoSuchMember);
         return assignHost(module_.engine().hostMember(*host, number), statement, arguments);
     }
+    putMember(statement, *member.left, member.name, arguments);
+}
+
+void ProcedureCompiler::putMember(const AssignStmt& statement, const Expr& object, NameId name,
+                                  std::span<Expr* const> arguments) {
     const std::uint32_t base = code_.takeRegisters();
-    into(*member.left, base);
+    into(object, base);
     evaluateInOrder(arguments);
     into(*statement.value, code_.takeRegisters());
-    code_.emitWithWord(Op::PutMember, base, countOf(arguments), statement.isSet ? 1 : 0, member.name);
+    code_.emitWithWord(Op::PutMember, base, countOf(arguments), statement.isSet ? 1 : 0, name);
     forgetGate();
 }
 

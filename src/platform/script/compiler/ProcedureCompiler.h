@@ -148,6 +148,7 @@ class ProcedureCompiler {
     bool isQuiet(const Expr& expression, NameId variable);
     void assignName(const AssignStmt& statement);
     void assignMember(const AssignStmt& statement, const Expr& member, std::span<Expr* const> arguments);
+    void putMember(const AssignStmt& statement, const Expr& object, NameId name, std::span<Expr* const> arguments);
     void assignElement(const AssignStmt& statement);
     void assignHost(const HostMember* member, const AssignStmt& statement, std::span<Expr* const> arguments);
     void putOwnMember(NameId name, const AssignStmt& statement, std::span<Expr* const> arguments);

@@ -128,7 +128,8 @@ std::vector<std::uint32_t> extentsOf(Context& context, std::span<const Value> bo
     std::vector<std::uint32_t> extents;
     for (const Value& bound : bounds) {
         const std::int64_t upper = toLong(context, bound);
-        if (upper < -1 || upper > LargestBound) throw ScriptError(errors::Subscript);
+        if (upper < -1) throw ScriptError(errors::Subscript);
+        if (upper > LargestBound) throw ScriptError(errors::OutOfMemory);
         extents.push_back(static_cast<std::uint32_t>(upper + 1));
     }
     return extents;
