@@ -1,5 +1,6 @@
 #include "platform/fonts/FontEncoding.h"
 #include "platform/fonts/Fonts.h"
+#include "support/Folders.h"
 
 #include <QFile>
 #include <QFontDatabase>
@@ -21,7 +22,7 @@ QString familyDrawn(Font font) {
 
 // The built font under another name: its family name is overwritten in its name table.
 QByteArray builtFontNamed(const QString& family) {
-    QFile file(QStringLiteral(TOLVAN_SOURCE_DIR "/assets/fonts/TolvanDevanagari.ttf"));
+    QFile file(QString::fromStdString(sourceFolder() + "/assets/fonts/TolvanDevanagari.ttf"));
     EXPECT_TRUE(file.open(QIODevice::ReadOnly));
     QByteArray font = file.readAll();
     const auto number16 = [&font](qsizetype place) { return qFromBigEndian<quint16>(font.constData() + place); };

@@ -1,5 +1,6 @@
 #include "editor/panes/LanguageWords.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
+#include "support/Folders.h"
 #include "translator/Keywords.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
@@ -15,8 +16,6 @@
 
 namespace tolvan {
 namespace {
-
-const std::string sourceFolder = TOLVAN_SOURCE_DIR;
 
 std::string page() {
     const FontCodes codes;
@@ -65,7 +64,7 @@ TEST(LanguageWords, haveAMeaningInTheirStatements) {
 }
 
 TEST(LanguageWords, areOnTheirPage) {
-    const std::string name = sourceFolder + "/docs/words.md";
+    const std::string name = sourceFolder() + "/docs/words.md";
     std::ifstream file(name);
     std::ostringstream present;
     present << file.rdbuf();

@@ -1,6 +1,7 @@
 // The example programs do in the window what they do on the text console.
 #include "ConsoleFixture.h"
 #include "support/Examples.h"
+#include "support/Folders.h"
 #include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
@@ -75,7 +76,7 @@ TEST_P(DrawingTest, LooksAsKept) {
     const std::string file = expectedOfExample(GetParam(), ".png");
     const QImage kept(QString::fromStdString(file));
     if (picture().size() != kept.size() || difference(picture(), kept) > 2) {
-        const std::string seen = TOLVAN_BIN_DIR "/" + GetParam() + "-seen.png";
+        const std::string seen = programFolder() + "/" + GetParam() + "-seen.png";
         picture().save(QString::fromStdString(seen));
         FAIL() << file << " shows another picture than " << seen;
     }

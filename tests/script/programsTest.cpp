@@ -2,6 +2,7 @@
 // "'> error NUMBER line LINE" at the end expects it to fail.
 
 #include "script/ScriptConsole.h"
+#include "support/Folders.h"
 
 #include <filesystem>
 #include <fstream>
@@ -13,7 +14,7 @@ namespace {
 
 std::vector<std::filesystem::path> programs() {
     std::vector<std::filesystem::path> found;
-    for (const auto& entry : std::filesystem::directory_iterator(TOLVAN_SOURCE_DIR "/tests/script/programs"))
+    for (const auto& entry : std::filesystem::directory_iterator(sourceFolder() + "/tests/script/programs"))
         if (entry.path().extension() == ".vbs") found.push_back(entry.path());
     std::sort(found.begin(), found.end());
     return found;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "host/TemporaryFolder.h"
+#include "support/Folders.h"
 
 #include <cstdlib>
 #include <string>
@@ -20,8 +21,7 @@ inline ExampleRun runExample(const std::vector<std::string>& lines) {
     std::string program = "nAv\r\n";
     for (const std::string& line : lines) program.append(line).append("\r\n");
     folder.write("program.tvp", program);
-    const std::string command = "cd " + folder.path() +
-                                " && echo 7 | timeout 10 " TOLVAN_BIN_DIR
+    const std::string command = "cd " + folder.path() + " && echo 7 | timeout 10 " + programFolder() +
                                 "/tvp run --trace program.tvp >printed 2>called";
     const int status = std::system(command.c_str());
     return {status, folder.read("printed") + folder.read("called")};

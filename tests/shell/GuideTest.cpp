@@ -2,6 +2,7 @@
 #include "editor/panes/LanguageWords.h"
 #include "platform/transliteration/Spellings.h"
 #include "shell/Examples.h"
+#include "support/Folders.h"
 #include "transliteration/ReadBack.h"
 
 #include <QRegularExpression>
@@ -13,7 +14,7 @@ namespace tolvan {
 namespace {
 
 std::vector<std::string> guideLines() {
-    std::ifstream file(TOLVAN_SOURCE_DIR "/docs/guide.md");
+    std::ifstream file(sourceFolder() + "/docs/guide.md");
     std::vector<std::string> lines;
     for (std::string line; std::getline(file, line);) lines.push_back(line);
     return lines;

@@ -6,6 +6,7 @@
 #include "shell/help/HelpFile.h"
 #include "shell/help/frmHelp.h"
 #include "shell/user/DrivenProcess.h"
+#include "support/Folders.h"
 #include "translator/MessageTable.h"
 
 #include <QApplication>
@@ -26,7 +27,7 @@ using testing::Contains;
 using testing::ElementsAre;
 using testing::StartsWith;
 
-const std::string helpPath = TOLVAN_BIN_DIR "/Tolbasic.hlp";
+const std::string helpPath = programFolder() + "/Tolbasic.hlp";
 
 std::vector<HelpTopic> shippedHelp() {
     std::ifstream file(helpPath, std::ios::binary);
@@ -118,7 +119,7 @@ TEST(Help, TheEditorsCommandShowsItWhereTheFileIs) {
     {
         DrivenProcess process;
         const DrivenResult result =
-            process.run(TOLVAN_BIN_DIR "/tolbasic", {},
+            process.run(programFolder() + "/tolbasic", {},
                         {"frmSplash leave", "frmEditor command HelpHelp", "frmHelp close", "frmEditor close"});
         EXPECT_EQ(result.status, 0) << result.errors;
         EXPECT_THAT(result.windows,
@@ -127,7 +128,7 @@ TEST(Help, TheEditorsCommandShowsItWhereTheFileIs) {
     {  // a program without the help beside it
         DrivenProcess process;
         const std::string lonely = process.folder() / "tolbasic";
-        fs::copy_file(TOLVAN_BIN_DIR "/tolbasic", lonely);
+        fs::copy_file(programFolder() + "/tolbasic", lonely);
         const DrivenResult result =
             process.run(lonely, {}, {"frmSplash leave", "frmEditor command HelpHelp", "frmEditor close"});
         EXPECT_EQ(result.status, 0) << result.errors;

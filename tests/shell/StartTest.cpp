@@ -1,6 +1,7 @@
 // The real program, started with command lines, with a user at its windows.
 #include "shell/CommandLine.h"
 #include "shell/user/DrivenProcess.h"
+#include "support/Folders.h"
 
 #include <gmock/gmock.h>
 #include <random>
@@ -30,7 +31,7 @@ class StartTest : public testing::Test {
     // The user closes the splash window by a key.
     DrivenResult start(const std::vector<std::string>& arguments, std::vector<std::string> deeds) {
         deeds.insert(deeds.begin(), "frmSplash leave");
-        return process_.run(TOLVAN_BIN_DIR "/tolbasic", arguments, deeds);
+        return process_.run(programFolder() + "/tolbasic", arguments, deeds);
     }
 
     bool exists(const char* name) const { return fs::exists(process_.folder() / name); }
@@ -50,7 +51,7 @@ TEST_F(StartTest, WithoutFileShowsAnEmptyEditorUntilItIsClosed) {
 }
 
 TEST_F(StartTest, SplashGoesByItself) {
-    const DrivenResult result = process_.run(TOLVAN_BIN_DIR "/tolbasic", {}, {"frmEditor close"});
+    const DrivenResult result = process_.run(programFolder() + "/tolbasic", {}, {"frmEditor close"});
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), StartsWith(editorWindow)));
 }
@@ -59,7 +60,7 @@ TEST_F(StartTest, SplashGoesByItself) {
 TEST_F(StartTest, WithoutItsFontsItOnlySaysSo) {
     process_.setEnvironment("QT_QPA_PLATFORM", "minimal");
     const DrivenResult result =
-        process_.run(TOLVAN_BIN_DIR "/tolbasic", {"prog.tvp", "-compile"}, {"QMessageBox click OK"});
+        process_.run(programFolder() + "/tolbasic", {"prog.tvp", "-compile"}, {"QMessageBox click OK"});
     EXPECT_EQ(result.status, 1) << result.errors;
     EXPECT_THAT(result.windows,
                 UnorderedElementsAre(StartsWith(splash),
@@ -141,7 +142,7 @@ TEST_F(StartTest, AnExistingExecutableStaysUnlessItsDeletionIsWanted) {
     ASSERT_EQ(result.windows.size(), 2U);
     EXPECT_THAT(result.windows[1],
                 AllOf(HasSubstr((process_.folder() / "Prog.exe") + "  ya navacI )a#l"), HasSubstr("tI oaefaycI ka?")));
-    EXPECT_GT(fs::file_size(process_.folder() / "Prog.exe"), fs::file_size(TOLVAN_BIN_DIR "/engine.dat"));
+    EXPECT_GT(fs::file_size(process_.folder() / "Prog.exe"), fs::file_size(programFolder() + "/engine.dat"));
 }
 
 TEST_F(StartTest, WithoutTheRuntimeNothingIsWritten) {
@@ -179,7 +180,7 @@ TEST_F(StartTest, AFailureWhileWritingIsToldWithItsReason) {
         ASSERT_FALSE(result.windows.empty());
         EXPECT_THAT(result.windows.back(), AllOf(HasSubstr("Svt<Ç krta Aale nahI"), HasSubstr(row.told)));
     }
-    EXPECT_EQ(fs::file_size(process_.folder() / "noend.exe"), fs::file_size(TOLVAN_BIN_DIR "/engine.dat"));
+    EXPECT_EQ(fs::file_size(process_.folder() / "noend.exe"), fs::file_size(programFolder() + "/engine.dat"));
 }
 
 TEST_F(StartTest, TheMenuWritesAnExecutableAndComesBackWithTheProgram) {
@@ -189,7 +190,7 @@ TEST_F(StartTest, TheMenuWritesAnExecutableAndComesBackWithTheProgram) {
     EXPECT_THAT(result.windows,
                 ElementsAre(StartsWith(splash), StartsWith(editorWindow), StartsWith("QFileDialog|Make EXE as..."),
                             AllOf(StartsWith(editorWindow), HasSubstr("Prog.tvp"))));
-    EXPECT_GT(fs::file_size(process_.folder() / "nAv.exe"), fs::file_size(TOLVAN_BIN_DIR "/engine.dat"));
+    EXPECT_GT(fs::file_size(process_.folder() / "nAv.exe"), fs::file_size(programFolder() + "/engine.dat"));
 }
 
 TEST_F(StartTest, AFailureWithoutAReasonIsToldAndTheMenuComesBackWithTheProgram) {
@@ -247,7 +248,7 @@ TEST_F(StartTest, AnyCommandLineEndsInOrder) {
             arguments.push_back(pieces[random() % pieces.size()]);
             if (random() % 4 == 0) arguments.back() += pieces[random() % pieces.size()];
         }
-        const DrivenResult result = process_.run(TOLVAN_BIN_DIR "/tolbasic", arguments, {"* close"});
+        const DrivenResult result = process_.run(programFolder() + "/tolbasic", arguments, {"* close"});
         EXPECT_EQ(result.status, 0) << testing::PrintToString(arguments) << result.errors;
         EXPECT_THAT(result.windows, testing::SizeIs(testing::Ge(1U)));
     }

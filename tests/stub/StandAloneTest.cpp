@@ -3,6 +3,7 @@
 #include "shell/user/DrivenProcess.h"
 #include "stub/ExecutableExtent.h"
 #include "support/Examples.h"
+#include "support/Folders.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
 
@@ -27,7 +28,7 @@ std::vector<std::string> linesOf(const std::string& text) {
 // The runtime with something behind it, ready to be started.
 std::string writeExecutable(const TemporaryFolder& folder, const std::string& behind) {
     const std::string path = folder / "program.exe";
-    fs::copy_file(TOLVAN_BIN_DIR "/engine.dat", path, fs::copy_options::overwrite_existing);
+    fs::copy_file(programFolder() + "/engine.dat", path, fs::copy_options::overwrite_existing);
     std::ofstream(path, std::ios::binary | std::ios::app) << behind;
     return path;
 }
@@ -42,13 +43,14 @@ TEST_P(ExampleAsExecutable, PrintsDrawsAndReadsAsOnATextConsole) {
     const std::string input = contentOf(expectedOfExample(GetParam(), ".in"));
     DrivenProcess process;
     process.folder().write("answers", input);
-    const std::string tvp = "cd " + process.folder().path() + " && " TOLVAN_BIN_DIR "/tvp run --trace " +
+    const std::string tvp = "cd " + process.folder().path() + " && " + programFolder() + "/tvp run --trace " +
                             exampleProgram(GetParam()).string() + " <" + (process.folder() / "answers") + " 2>" +
                             (process.folder() / "expected") + " >/dev/null";
     ASSERT_EQ(std::system(tvp.c_str()), 0);
 
     fs::copy_file(exampleProgram(GetParam()), process.folder() / "program.tvp");
-    const DrivenResult made = process.run(TOLVAN_BIN_DIR "/tolbasic", {"program.tvp", "-compile"}, {"frmSplash leave"});
+    const DrivenResult made =
+        process.run(programFolder() + "/tolbasic", {"program.tvp", "-compile"}, {"frmSplash leave"});
     ASSERT_EQ(made.status, 0) << made.errors;
 
     std::vector<std::string> deeds;

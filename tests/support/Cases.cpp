@@ -1,6 +1,7 @@
 #include "support/Cases.h"
 
 #include "platform/encoding/Deva.h"
+#include "support/Folders.h"
 
 #include <algorithm>
 #include <cctype>
@@ -94,7 +95,7 @@ std::string Section::testName() const {
 }
 
 std::vector<Section> sectionsOf(const std::string& file) {
-    std::ifstream stream(TOLVAN_SOURCE_DIR "/tests/" + file);
+    std::ifstream stream(sourceFolder() + "/tests/" + file);
     std::vector<Section> sections;
     for (std::string line; std::getline(stream, line);) {
         if (line.starts_with("== "))

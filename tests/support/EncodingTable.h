@@ -1,6 +1,8 @@
 // The table of what each code of the font encoding draws.
 #pragma once
 
+#include "support/Folders.h"
+
 #include <array>
 #include <fstream>
 #include <sstream>
@@ -17,7 +19,7 @@ struct EncodingRow {
 };
 
 inline std::vector<EncodingRow> encodingTable() {
-    std::ifstream lines(TOLVAN_SOURCE_DIR "/tools/fonts/encoding.tsv");
+    std::ifstream lines(sourceFolder() + "/tools/fonts/encoding.tsv");
     std::vector<EncodingRow> rows;
     std::string line;
     std::getline(lines, line);  // the names of the columns

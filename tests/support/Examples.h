@@ -1,6 +1,8 @@
 // The example programs of the application and what is kept of their runs.
 #pragma once
 
+#include "support/Folders.h"
+
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
@@ -17,17 +19,17 @@ inline std::string contentOf(const std::filesystem::path& path) {
 }
 
 inline std::filesystem::path exampleProgram(const std::string& name) {
-    return std::filesystem::path(TOLVAN_SOURCE_DIR) / "examples" / (name + ".tvp");
+    return std::filesystem::path(sourceFolder()) / "examples" / (name + ".tvp");
 }
 
 // ".in" is what is typed in a run, ".out" what is printed, ".trace" what is drawn, ".png" what that looks like.
 inline std::filesystem::path expectedOfExample(const std::string& name, const char* extension) {
-    return std::filesystem::path(TOLVAN_SOURCE_DIR) / "examples/expected" / (name + extension);
+    return std::filesystem::path(sourceFolder()) / "examples/expected" / (name + extension);
 }
 
 inline std::vector<std::string> exampleNames() {
     std::vector<std::string> names;
-    for (const auto& entry : std::filesystem::directory_iterator(TOLVAN_SOURCE_DIR "/examples"))
+    for (const auto& entry : std::filesystem::directory_iterator(sourceFolder() + "/examples"))
         if (entry.path().extension() == ".tvp") names.push_back(entry.path().stem().string());
     std::sort(names.begin(), names.end());
     return names;

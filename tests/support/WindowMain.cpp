@@ -1,4 +1,6 @@
 // The main of test programs with windows of a kind: the display of the console, or letters alone.
+#include "support/Folders.h"
+
 #include <QApplication>
 #include <QTemporaryDir>
 
@@ -7,7 +9,8 @@
 int main(int argumentCount, char** arguments) {
     ::testing::InitGoogleTest(&argumentCount, arguments);
     // The off-screen platform's own screen is too small for the windows at their opening size.
-    qputenv("QT_QPA_PLATFORM", "offscreen:configfile=" TOLVAN_SOURCE_DIR "/tests/screen.json");
+    qputenv("QT_QPA_PLATFORM",
+            QByteArray::fromStdString("offscreen:configfile=" + tolvan::sourceFolder() + "/tests/screen.json"));
     const QTemporaryDir settings;  // in place of the user's own
     qputenv("XDG_CONFIG_HOME", settings.path().toLocal8Bit());
     QApplication application(argumentCount, arguments);

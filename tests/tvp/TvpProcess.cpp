@@ -1,5 +1,7 @@
 #include "tvp/TvpProcess.h"
 
+#include "support/Folders.h"
+
 #include <fcntl.h>
 #include <signal.h>
 #include <sys/wait.h>
@@ -16,7 +18,7 @@ void redirect(int descriptor, const std::string& path, int flags) {
 }  // namespace
 
 TvpResult TvpProcess::run(const std::vector<std::string>& arguments, std::string_view input) {
-    const std::string program = TOLVAN_BIN_DIR "/tvp";
+    const std::string program = programFolder() + "/tvp";
     folder_.write(".input", input);
     std::vector<char*> words{const_cast<char*>(program.c_str())};
     for (const std::string& argument : arguments) words.push_back(const_cast<char*>(argument.c_str()));
