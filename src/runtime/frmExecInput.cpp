@@ -1,5 +1,5 @@
-// A line of input: typed in Roman letters into the input box, while its tip shows on the console's current line what it
-// means.
+// The part of frmExec that asks for a line of input: it is typed in Roman letters into the input box, while the tip
+// shows on the console's current line what the letters mean.
 #include "platform/encoding/Deva.h"
 #include "runtime/InputBox.h"
 #include "runtime/frmExec.h"

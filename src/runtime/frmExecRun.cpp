@@ -1,4 +1,4 @@
-// The run of a program, from the compiled script to the end messages or the marked line.
+// The part of frmExec that runs a program, from the compiled script to the end messages or the marked line.
 #include "dialogs/frmErrorBox.h"
 #include "platform/encoding/Deva.h"
 #include "platform/richtext/InternalText.h"

@@ -1,4 +1,4 @@
-// What a program draws, and the picture of it as a whole.
+// The part of frmExec that draws for a program, and that saves and copies the picture.
 #include "dialogs/Dialogs.h"
 #include "platform/encoding/Deva.h"
 #include "runtime/frmExec.h"
