@@ -18,9 +18,9 @@ class Console : public script::HostObject {
   public:
     std::string_view typeName() const override { return "ParentForm"; }
     int findMember(std::string_view name) const override {
-        for (int member = 0; member < MemberCount; ++member)
-            if (name == Names[member]) return member;
-        return NoMember;
+        for (int member = 0; member < memberCount; ++member)
+            if (name == memberNames[member]) return member;
+        return noMember;
     }
     script::Value call(int member, script::Arguments& arguments) override {
         if (member == 0) {
@@ -38,8 +38,8 @@ class Console : public script::HostObject {
     int* gateBudget(int member) override { return member == 0 ? &budget_ : nullptr; }
 
   private:
-    static constexpr int MemberCount = 5;
-    static constexpr std::string_view Names[MemberCount] = {"gate", "show", "ask", "halt", "width"};
+    static constexpr int memberCount = 5;
+    static constexpr std::string_view memberNames[memberCount] = {"gate", "show", "ask", "halt", "width"};
     int budget_ = 0;
     bool isRunning_ = true;
 };
@@ -49,7 +49,7 @@ class Writer {
     Writer(const std::uint8_t* data, std::size_t size) : data_(data), size_(size), random_(seedOf(data, size)) {}
 
     std::string module() {
-        const std::size_t length = ShortestModule << choose(7);
+        const std::size_t length = shortestModule << choose(7);
         // Otherwise the first error would be the end of most modules.
         if (choose(4) != 0) put("On Error Resume Next");
         if (choose(2) != 0) scriptClass();
@@ -74,9 +74,9 @@ class Writer {
     }
 
   private:
-    static constexpr std::size_t ShortestModule = 64;
-    static constexpr std::size_t LongestModule = 5000;
-    static constexpr int Deepest = 4;
+    static constexpr std::size_t shortestModule = 64;
+    static constexpr std::size_t longestModule = 5000;
+    static constexpr int deepest = 4;
 
     static std::uint32_t seedOf(const std::uint8_t* data, std::size_t size) {
         return std::accumulate(data, data + size, 1u,
@@ -109,7 +109,7 @@ class Writer {
         return list;
     }
     std::string expression(int depth) {
-        if (depth > Deepest) return choose(2) == 0 ? name() : literal();
+        if (depth > deepest) return choose(2) == 0 ? name() : literal();
         switch (choose(15)) {
             case 0:
             case 1:
@@ -162,8 +162,8 @@ class Writer {
         for (unsigned count = choose(4); count > 0; --count) statement(depth + 1);
     }
     void statement(int depth) {
-        if (text_.size() > LongestModule) return;
-        if (depth > Deepest) return put(name() + " = " + literal());
+        if (text_.size() > longestModule) return;
+        if (depth > deepest) return put(name() + " = " + literal());
         switch (choose(25)) {
             case 0:
                 return put("Set " + target(depth) + " = " + expression(depth));
@@ -242,13 +242,13 @@ class Writer {
     }
     // Each name once: a second procedure of a name would be refused.
     void procedure(const std::string& head, const std::string& end) {
-        if (procedures_ == std::size(ProcedureNames)) return statement(0);
-        put(head + " " + ProcedureNames[procedures_++] + one({"", "(a)", "(ByVal a)", "(a, b)", "(arr, ByVal b, c)"}));
+        if (procedures_ == std::size(procedureNames)) return statement(0);
+        put(head + " " + procedureNames[procedures_++] + one({"", "(a)", "(ByVal a)", "(a, b)", "(arr, ByVal b, c)"}));
         if (choose(3) == 0) put("Dim " + one({"x", "arr(3)", "d(), i", "arr(1, 2)"}));
         if (choose(2) == 0) put("On Error Resume Next");
         exit_ = "Exit " + head;
         body(0);
-        exit_ = OutsideExit;
+        exit_ = outsideExit;
         put(end);
     }
     void scriptClass() {
@@ -279,10 +279,10 @@ class Writer {
     std::string text_;
     bool hasClass_ = false;
     bool inClass_ = false;
-    static constexpr const char* ProcedureNames[] = {"f", "g", "h"};
+    static constexpr const char* procedureNames[] = {"f", "g", "h"};
     std::size_t procedures_ = 0;
-    static constexpr const char* OutsideExit = "c = c + 1";
-    std::string exit_ = OutsideExit;  // what leaves the procedure that is being written
+    static constexpr const char* outsideExit = "c = c + 1";
+    std::string exit_ = outsideExit;  // what leaves the procedure that is being written
 };
 
 }  // namespace
@@ -308,7 +308,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
             for (std::size_t count = 0; count <= 2; ++count) executor.run(procedure, {arguments, count});
     }
     const script::ErrorReport& error = executor.error();
-    if (error.number != 0 && error.number != script::errors::UndefinedProcedure && error.line < 0) std::abort();
+    if (error.number != 0 && error.number != script::errors::undefinedProcedure && error.line < 0) std::abort();
     executor.reset();
     if (executor.memoryUsed() != 0) std::abort();
     return 0;

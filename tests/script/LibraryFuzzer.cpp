@@ -2,9 +2,9 @@
 // raise an error, and must leave no memory behind.
 #include "platform/script/ArrayCell.h"
 #include "platform/script/Builtin.h"
-#include "platform/script/convert.h"
-#include "platform/script/library/numberText.h"
-#include "platform/script/operators.h"
+#include "platform/script/Conversions.h"
+#include "platform/script/Operators.h"
+#include "platform/script/library/NumberWriting.h"
 
 #include <cmath>
 #include <cstdlib>
@@ -86,19 +86,19 @@ Value anyValue(Context& context, Bytes& bytes) {
 }
 
 using Operation = Value (*)(Context&, const Value&, const Value&);
-constexpr Operation Operations[] = {script::add,        script::subtract,     script::multiply,    script::divide,
+constexpr Operation operations[] = {script::add,        script::subtract,     script::multiply,    script::divide,
                                     script::modulo,     script::power,        script::concatenate, script::logicalAnd,
                                     script::logicalImp, script::integerDivide};
 
 Value anyCall(Context& context, Bytes& bytes) {
     const auto functions = script::builtins();
     const std::size_t choice = bytes.next();
-    if (choice < std::size(Operations))
-        return Operations[choice](context, anyValue(context, bytes), anyValue(context, bytes));
+    if (choice < std::size(operations))
+        return operations[choice](context, anyValue(context, bytes), anyValue(context, bytes));
     const script::Builtin& row = functions[choice % functions.size()];
     std::size_t count = bytes.next() % 7;
     if (count < row.least) count = row.least;
-    if (row.most != script::Builtin::AnyCount && count > row.most) count = row.most;
+    if (row.most != script::Builtin::anyCount && count > row.most) count = row.most;
     std::vector<Value> arguments;
     for (std::size_t i = 0; i < count; ++i) arguments.push_back(anyValue(context, bytes));
     return row.function(context, arguments);

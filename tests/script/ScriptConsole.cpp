@@ -10,24 +10,24 @@ namespace tolvan::script {
 namespace {
 
 enum Member { PrintString, InputString, CheckForEvents, StopExecution, DisplayWidth, Note, Fail, Colour };
-constexpr std::array<std::string_view, 8> Names = {"printstring",  "inputstring", "checkforevents", "stopexecution",
-                                                   "displaywidth", "note",        "fail",           "colour"};
-constexpr int Width = 640;
+constexpr std::array<std::string_view, 8> memberNames = {
+    "printstring", "inputstring", "checkforevents", "stopexecution", "displaywidth", "note", "fail", "colour"};
+constexpr int width = 640;
 
 }  // namespace
 
 int ScriptConsole::findMember(std::string_view name) const {
     std::string lower(name);
     for (char& letter : lower) letter = static_cast<char>(std::tolower(static_cast<unsigned char>(letter)));
-    for (std::size_t i = 0; i < Names.size(); ++i)
-        if (Names[i] == lower) return static_cast<int>(i);
-    return NoMember;
+    for (std::size_t i = 0; i < memberNames.size(); ++i)
+        if (memberNames[i] == lower) return static_cast<int>(i);
+    return noMember;
 }
 
 Value ScriptConsole::call(int member, Arguments& arguments) {
     switch (member) {
         case PrintString:
-            if (arguments.count() != 1) throw ScriptError(errors::ArgumentCount);
+            if (arguments.count() != 1) throw ScriptError(errors::argumentCount);
             lines.push_back(arguments.text(0));
             return {};
         case InputString:
@@ -42,7 +42,7 @@ Value ScriptConsole::call(int member, Arguments& arguments) {
             budget_ = 0;
             return {};
         case DisplayWidth:
-            return Value::single(Width);
+            return Value::single(width);
         case Note:
             noted.clear();
             for (std::size_t i = 0; i < arguments.count(); ++i)

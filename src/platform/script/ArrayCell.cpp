@@ -11,7 +11,7 @@ namespace {
 
 // Error 7 for more elements than any memory could hold.
 std::size_t product(std::size_t size, std::uint32_t extent) {
-    if (extent != 0 && size > (std::size_t{1} << 40) / extent) throw ScriptError(errors::OutOfMemory);
+    if (extent != 0 && size > (std::size_t{1} << 40) / extent) throw ScriptError(errors::outOfMemory);
     return size * extent;
 }
 
@@ -53,7 +53,7 @@ ArrayCell* ArrayCell::create(Heap& heap, std::span<const std::uint32_t> extents,
 }
 
 ArrayCell* ArrayCell::createList(Heap& heap, std::size_t count) {
-    if (count > 0xffffffffu) throw ScriptError(errors::OutOfMemory);
+    if (count > 0xffffffffu) throw ScriptError(errors::outOfMemory);
     const auto extent = static_cast<std::uint32_t>(count);
     return create(heap, {&extent, 1}, true);
 }

@@ -24,7 +24,7 @@ struct ArrayCell : Cell {
 
     std::span<Value> elements() const { return {items, size}; }
 
-    static constexpr std::size_t MostDimensions = 60;
+    static constexpr std::size_t mostDimensions = 60;
 
     // Elements are Empty. An extent of 0 gives an array without elements. Throws ScriptError 7.
     static ArrayCell* create(Heap& heap, std::span<const std::uint32_t> extents, bool resizable);

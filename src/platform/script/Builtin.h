@@ -1,9 +1,9 @@
 // How a built-in function is made known to the compiler: one row in the table.
 //
-// Who owns what in this folder: library/ holds the functions, constants, dates and formats; convert.* the conversions
-// between types; operators.* the full meaning of every operator. Everything else is the language itself: lexer,
-// parser, compiler, machine, objects. The machine works out Integer, Long and Double by itself where both operands
-// are such, and calls operators.* for the rest; both must agree.
+// Who owns what in this folder: library/ holds the functions, constants, dates and formats; Conversions.* the
+// conversions between types; Operators.h the full meaning of every operator. Everything else is the language itself:
+// lexer, parser, compiler, machine, objects. The machine works out Integer, Long and Double by itself where both
+// operands are such, and calls Operators.h for the rest; both must agree.
 #pragma once
 
 #include "platform/script/Context.h"
@@ -21,10 +21,10 @@ namespace tolvan::script {
 using BuiltinFunction = Value (*)(Context& context, std::span<Value> arguments);
 
 struct Builtin {
-    static constexpr std::uint8_t AnyCount = 255;
+    static constexpr std::uint8_t anyCount = 255;
     std::string_view name;  // as documented: "InStrRev"
     std::uint8_t least;
-    std::uint8_t most;  // AnyCount: no limit ("Array")
+    std::uint8_t most;  // anyCount: no limit ("Array")
     BuiltinFunction function;
 };
 

@@ -7,17 +7,17 @@ namespace tolvan::script {
 
 namespace {
 
-const TextForm PlainForm;
-constexpr std::size_t EmptyText = 256;
+const TextForm plainForm;
+constexpr std::size_t emptyText = 256;
 
 }  // namespace
 
-Context::Context() : heap_(Heap::create()), textForm_(&PlainForm) {
-    for (std::size_t code = 0; code < EmptyText; ++code) {
+Context::Context() : heap_(Heap::create()), textForm_(&plainForm) {
+    for (std::size_t code = 0; code < emptyText; ++code) {
         const char byte = static_cast<char>(code);
         characters_[code] = Value::text({&byte, 1});
     }
-    characters_[EmptyText] = Value::text({});
+    characters_[emptyText] = Value::text({});
 }
 
 Context::~Context() {
@@ -25,11 +25,11 @@ Context::~Context() {
 }
 
 void Context::setTextForm(const TextForm* form) {
-    textForm_ = form != nullptr ? form : &PlainForm;
+    textForm_ = form != nullptr ? form : &plainForm;
 }
 
 Value Context::text(std::string_view bytes) {
-    if (bytes.empty()) return characters_[EmptyText];
+    if (bytes.empty()) return characters_[emptyText];
     if (bytes.size() == 1) return character(static_cast<std::uint8_t>(bytes[0]));
     StringCell* cell = StringCell::create(heap_, bytes.size());
     std::memcpy(cell->bytes(), bytes.data(), bytes.size());
@@ -45,10 +45,10 @@ Value Context::plain(const Value& value) {
     Value result = value;
     // A default member that gives an object stands for that object's default member.
     for (int depth = 0; result.is(Type::Object); ++depth) {
-        if (result.object() == nullptr) throw ScriptError(errors::ObjectNotSet);
-        if (depth == LongestDefaultChain || !result.object()->hasDefault()) throw ScriptError(errors::NoSuchMember);
+        if (result.object() == nullptr) throw ScriptError(errors::objectNotSet);
+        if (depth == longestDefaultChain || !result.object()->hasDefault()) throw ScriptError(errors::noSuchMember);
         const Value holder = result;
-        result = holder.object()->call(*this, DefaultMember, {});
+        result = holder.object()->call(*this, defaultMemberName, {});
     }
     return result;
 }

@@ -30,11 +30,11 @@ class Context {
     // an operand that is an object. Throws ScriptError 91 for Nothing, 438 without a default member.
     Value plain(const Value& value);
 
-    static constexpr int LongestDefaultChain = 16;
+    static constexpr int longestDefaultChain = 16;
 
     // The state of Rnd: 24 bits.
-    static constexpr std::uint32_t FirstRandomSeed = 0x50000;
-    std::uint32_t randomSeed = FirstRandomSeed;
+    static constexpr std::uint32_t firstRandomSeed = 0x50000;
+    std::uint32_t randomSeed = firstRandomSeed;
 
   private:
     Heap* heap_;

@@ -1,8 +1,8 @@
 #include "platform/script/Executor.h"
 
 #include "platform/script/Builtin.h"
-#include "platform/script/convert.h"
-#include "platform/script/errorText.h"
+#include "platform/script/Conversions.h"
+#include "platform/script/ErrorText.h"
 #include "platform/script/machine/Machine.h"
 #include "platform/script/syntax/SyntaxError.h"
 
@@ -28,7 +28,7 @@ class Executor::Engine {
             report.description = error.description;
             report.source = error.source;
         } catch (const std::bad_alloc&) {
-            report.number = errors::OutOfMemory;
+            report.number = errors::outOfMemory;
             report.line = machine.errorLine();
         }
         if (report.description.empty()) report.description = errorText(report.number);
@@ -92,7 +92,7 @@ bool Executor::run(std::string_view procedure, std::span<const Value> arguments,
     return engine_->attempt([&] {
         Machine& machine = engine_->machine;
         const Symbol* symbol = machine.symbols().find(machine.names().intern(procedure));
-        if (symbol == nullptr || symbol->kind != Symbol::Kind::Procedure) throw ScriptError(errors::UndefinedProcedure);
+        if (symbol == nullptr || symbol->kind != Symbol::Kind::Procedure) throw ScriptError(errors::undefinedProcedure);
         Value value = machine.invoke(*symbol->procedure->procedure, nullptr, arguments);
         if (result != nullptr) *result = std::move(value);
     });

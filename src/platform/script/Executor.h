@@ -46,7 +46,7 @@ class Executor {
     std::string_view language() const;
 
     // Longest time that one run may take, in milliseconds; -1 (the start value): no limit. A run that takes longer
-    // ends with errors::TimedOut, which no script can catch.
+    // ends with errors::timedOut, which no script can catch.
     void setTimeout(int milliseconds);
     int timeout() const;
 

@@ -12,7 +12,7 @@ void Heap::abandon() {
 }
 
 void Heap::take(std::size_t bytes) {
-    if (bytes > limit_ || used_ > limit_ - bytes) throw ScriptError(errors::OutOfMemory);
+    if (bytes > limit_ || used_ > limit_ - bytes) throw ScriptError(errors::outOfMemory);
     used_ += bytes;
 }
 
@@ -26,7 +26,7 @@ void* Heap::allocate(std::size_t bytes) {
     void* block = std::malloc(bytes);
     if (block == nullptr) {
         used_ -= bytes;
-        throw ScriptError(errors::OutOfMemory);
+        throw ScriptError(errors::outOfMemory);
     }
     return block;
 }
@@ -36,7 +36,7 @@ void* Heap::reallocate(void* block, std::size_t oldBytes, std::size_t newBytes) 
     void* moved = std::realloc(block, newBytes);
     if (moved == nullptr) {
         if (newBytes > oldBytes) used_ -= newBytes - oldBytes;
-        throw ScriptError(errors::OutOfMemory);
+        throw ScriptError(errors::outOfMemory);
     }
     if (newBytes < oldBytes) used_ -= oldBytes - newBytes;
     return moved;

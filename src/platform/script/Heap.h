@@ -21,7 +21,7 @@ class Heap {
     std::size_t used() const { return used_; }
     void setLimit(std::size_t bytes) { limit_ = bytes; }
 
-    static constexpr std::size_t DefaultLimit = std::size_t{1} << 30;
+    static constexpr std::size_t defaultLimit = std::size_t{1} << 30;
 
   private:
     Heap() = default;
@@ -30,7 +30,7 @@ class Heap {
     void give(std::size_t bytes) noexcept;
 
     std::size_t used_ = 0;
-    std::size_t limit_ = DefaultLimit;
+    std::size_t limit_ = defaultLimit;
     bool abandoned_ = false;
 };
 

@@ -1,11 +1,11 @@
 #include "platform/script/HostObject.h"
 
-#include "platform/script/convert.h"
+#include "platform/script/Conversions.h"
 
 namespace tolvan::script {
 
 void HostObject::put(int, Arguments&, const Value&) {
-    throw ScriptError(errors::NoSuchMember);
+    throw ScriptError(errors::noSuchMember);
 }
 
 int* HostObject::gateBudget(int) {
@@ -14,12 +14,12 @@ int* HostObject::gateBudget(int) {
 
 namespace {
 
-const Value Nothing = Value::missing();
+const Value leftOut = Value::missing();
 
 }  // namespace
 
 const Value& Arguments::operator[](std::size_t index) const {
-    if (index >= values_.size()) return Nothing;
+    if (index >= values_.size()) return leftOut;
     const Value& value = values_[index];
     return value.is(Type::Reference) ? *value.as.ref : value;
 }
@@ -30,7 +30,7 @@ bool Arguments::isMissing(std::size_t index) const {
 
 const Value& Arguments::present(std::size_t index) const {
     const Value& value = (*this)[index];
-    if (value.isMissing()) throw ScriptError(errors::ArgumentNotOptional);
+    if (value.isMissing()) throw ScriptError(errors::argumentNotOptional);
     return value;
 }
 

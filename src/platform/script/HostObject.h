@@ -56,8 +56,8 @@ class HostObject {
     // TypeName of the object.
     virtual std::string_view typeName() const = 0;
 
-    static constexpr int NoMember = -1;
-    // The number (0 or above) of the member with this name, letter case aside, or NoMember. One name has one number
+    static constexpr int noMember = -1;
+    // The number (0 or above) of the member with this name, letter case aside, or noMember. One name has one number
     // for the life of the object.
     virtual int findMember(std::string_view name) const = 0;
 

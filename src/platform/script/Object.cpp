@@ -5,11 +5,11 @@
 namespace tolvan::script {
 
 Value Object::call(Context&, NameId, std::span<Value>) {
-    throw ScriptError(errors::NoSuchMember);
+    throw ScriptError(errors::noSuchMember);
 }
 
 void Object::put(Context&, NameId, std::span<Value>, const Value&, bool) {
-    throw ScriptError(errors::NoSuchMember);
+    throw ScriptError(errors::noSuchMember);
 }
 
 }  // namespace tolvan::script

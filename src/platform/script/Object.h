@@ -15,7 +15,7 @@ class Context;
 
 // A member name as the compiler numbers it (see Names); 0 is the default member.
 using NameId = std::uint32_t;
-inline constexpr NameId DefaultMember = 0;
+inline constexpr NameId defaultMemberName = 0;
 
 class Object : public Cell {
   public:

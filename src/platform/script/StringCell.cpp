@@ -16,13 +16,13 @@ std::size_t blockSize(std::size_t capacity) {
 }
 
 std::size_t checkedSum(std::size_t a, std::size_t b) {
-    if (a > StringCell::LongestText || b > StringCell::LongestText - a) throw ScriptError(errors::OutOfMemory);
+    if (a > StringCell::longestText || b > StringCell::longestText - a) throw ScriptError(errors::outOfMemory);
     return a + b;
 }
 
 // Room to grow in proportion to the length, so that appending costs a constant time per byte on average.
 std::size_t roomFor(std::size_t length) {
-    return std::min(length + length / 2 + 16, StringCell::LongestText);
+    return std::min(length + length / 2 + 16, StringCell::longestText);
 }
 
 void growTo(Heap& heap, Value& target, std::size_t capacity) {
@@ -44,9 +44,9 @@ void growTo(Heap& heap, Value& target, std::size_t capacity) {
 }  // namespace
 
 StringCell* StringCell::create(Heap* heap, std::size_t length) {
-    if (length > LongestText) throw ScriptError(errors::OutOfMemory);
+    if (length > longestText) throw ScriptError(errors::outOfMemory);
     void* block = heap != nullptr ? heap->allocate(blockSize(length)) : std::malloc(blockSize(length));
-    if (block == nullptr) throw ScriptError(errors::OutOfMemory);
+    if (block == nullptr) throw ScriptError(errors::outOfMemory);
     auto* cell = new (block) StringCell;
     cell->length = static_cast<std::uint32_t>(length);
     cell->capacity = static_cast<std::uint32_t>(length);

@@ -20,7 +20,7 @@ struct StringCell : Cell {
     std::string_view view() const { return {bytes(), length}; }
 
     // Longest text, in bytes; asking for more raises 7.
-    static constexpr std::size_t LongestText = 0x7fffffff;
+    static constexpr std::size_t longestText = 0x7fffffff;
 
     // A text of `length` bytes that are yet to be written. Throws ScriptError 7.
     static StringCell* create(Heap* heap, std::size_t length);

@@ -78,7 +78,7 @@ class Value {
     static Value date(double days) { return real(Type::Date, days); }
     static Value error(std::int32_t number) { return whole(Type::Error, number); }
     // An argument that the caller left out.
-    static Value missing() { return error(MissingArgument); }
+    static Value missing() { return error(missingArgument); }
     // A text that no engine's memory limit counts: for hosts. Inside the engine texts are made by Context::text.
     static Value text(std::string_view bytes);
     static Value nothing() { return Value(Type::Object); }
@@ -91,7 +91,7 @@ class Value {
     Type type() const { return static_cast<Type>(tag); }
     bool is(Type type) const { return tag == bits(type); }
     bool isOneOf(std::uint32_t types) const { return (tag & types) != 0; }
-    bool isMissing() const { return is(Type::Error) && as.i == MissingArgument; }
+    bool isMissing() const { return is(Type::Error) && as.i == missingArgument; }
     // Each asks for a value of the type in its name; Value does not convert.
     bool isTrue() const { return as.i != 0; }
     std::string_view view() const;  // bytes of a String; they live as long as the value is unchanged
@@ -108,8 +108,8 @@ class Value {
         as = otherPayload;
     }
 
-    static constexpr std::uint32_t HeapTypes = bits(Type::String, Type::Array, Type::Object, Type::Pin);
-    static constexpr std::int32_t MissingArgument = static_cast<std::int32_t>(0x80020004u);
+    static constexpr std::uint32_t heapTypes = bits(Type::String, Type::Array, Type::Object, Type::Pin);
+    static constexpr std::int32_t missingArgument = static_cast<std::int32_t>(0x80020004u);
 
     union Payload {
         std::int32_t i;
@@ -136,14 +136,14 @@ class Value {
         return value;
     }
     void retain() const noexcept {
-        if ((tag & HeapTypes) == 0 || as.cell == nullptr) return;
+        if ((tag & heapTypes) == 0 || as.cell == nullptr) return;
         if (tag != bits(Type::Pin))
             ++as.cell->references;
         else
             retainPin();
     }
     void release() noexcept {
-        if ((tag & HeapTypes) == 0 || as.cell == nullptr) return;
+        if ((tag & heapTypes) == 0 || as.cell == nullptr) return;
         if (tag == bits(Type::Pin) || --as.cell->references == 0) releaseLast();
     }
     void retainPin() const noexcept;

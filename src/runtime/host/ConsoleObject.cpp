@@ -22,7 +22,7 @@ using Point = ConsoleOperations::Point;
 
 float single(const Arguments& arguments, std::size_t index) {
     const double number = arguments.number(index);
-    if (std::abs(number) > std::numeric_limits<float>::max()) throw ScriptError(script::errors::Overflow);
+    if (std::abs(number) > std::numeric_limits<float>::max()) throw ScriptError(script::errors::overflow);
     return static_cast<float>(number);
 }
 
@@ -50,7 +50,7 @@ struct Ends {
 Ends ends(const Arguments& arguments) {
     const Point first = point(arguments, 0, 1);
     if (arguments.isMissing(2)) return {std::nullopt, first};
-    if (arguments.isMissing(3)) throw ScriptError(script::errors::TypeMismatch);
+    if (arguments.isMissing(3)) throw ScriptError(script::errors::typeMismatch);
     return {first, point(arguments, 2, 3)};
 }
 
@@ -113,13 +113,13 @@ void ConsoleObject::reset() {
 int ConsoleObject::findMember(std::string_view name) const {
     const auto* const found = std::find_if(std::begin(members), std::end(members),
                                            [&](const Member& m) { return sameButForCase(m.name, name); });
-    return found == std::end(members) ? NoMember : static_cast<int>(found - std::begin(members));
+    return found == std::end(members) ? noMember : static_cast<int>(found - std::begin(members));
 }
 
 Value ConsoleObject::call(int number, Arguments& arguments) {
     const Member& member = members[number];
     if (arguments.count() < member.leastArguments || arguments.count() > member.mostArguments)
-        throw ScriptError(script::errors::ArgumentCount);
+        throw ScriptError(script::errors::argumentCount);
     if (trace_ && member.after != After::IsPoll) traceCall(member, arguments);
     if (member.after == After::LookSoon) gate_.lookSoon();
     if (member.after == After::ProgramMayEnd) gate_.mustAsk();
@@ -142,7 +142,7 @@ Value ConsoleObject::printString(Arguments& arguments) {
 }
 
 Value ConsoleObject::inputString(Arguments& arguments) {
-    if (arguments.isMissing(0)) throw ScriptError(script::errors::ArgumentNotOptional);
+    if (arguments.isMissing(0)) throw ScriptError(script::errors::argumentNotOptional);
     if (const std::optional<std::string> line = console_.InputString()) arguments.assign(0, Value::text(*line));
     return {};
 }
@@ -228,7 +228,7 @@ Value ConsoleObject::fileClose(Arguments&) {
 }
 
 Value ConsoleObject::fileInput(Arguments& arguments) {
-    if (arguments.isMissing(0)) throw ScriptError(script::errors::ArgumentNotOptional);
+    if (arguments.isMissing(0)) throw ScriptError(script::errors::argumentNotOptional);
     std::string line;
     check(file_.readLine(line));
     arguments.assign(0, Value::text(line));

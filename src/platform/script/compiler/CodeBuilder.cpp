@@ -9,8 +9,8 @@ namespace tolvan::script {
 
 namespace {
 
-constexpr std::uint32_t LargestOperand = 0xffff;
-constexpr std::size_t LongestCode = 0x3fffffff;  // offsets fit in 32 bits
+constexpr std::uint32_t largestOperand = 0xffff;
+constexpr std::size_t longestCode = 0x3fffffff;  // offsets fit in 32 bits
 
 bool isJumpWithOffsetInside(Op op) {
     return op == Op::Jump || op == Op::JumpIf || op == Op::JumpUnless || op == Op::Gate;
@@ -23,7 +23,7 @@ bool isJumpWithOffsetInside(Op op) {
 }  // namespace
 
 std::uint32_t CodeBuilder::emit(Op op, std::uint32_t a, std::uint32_t b, std::uint32_t c) {
-    if (std::max({a, b, c}) > LargestOperand || procedure_.code.size() > LongestCode) refuse();
+    if (std::max({a, b, c}) > largestOperand || procedure_.code.size() > longestCode) refuse();
     const std::uint32_t pc = here();
     procedure_.code.push_back(
         {op, static_cast<std::uint16_t>(a), static_cast<std::uint16_t>(b), static_cast<std::uint16_t>(c)});
@@ -90,13 +90,13 @@ void CodeBuilder::mark(std::uint32_t line) {
 std::uint32_t CodeBuilder::takeRegisters(std::uint32_t count) {
     const std::uint32_t first = next_;
     next_ += count;
-    if (next_ > LargestOperand) refuse();
+    if (next_ > largestOperand) refuse();
     procedure_.registerCount = std::max(procedure_.registerCount, next_);
     return first;
 }
 
 void CodeBuilder::startRegistersAt(std::uint32_t first) {
-    if (first > LargestOperand) refuse();
+    if (first > largestOperand) refuse();
     next_ = first;
     procedure_.registerCount = std::max(procedure_.registerCount, first);
 }
@@ -106,7 +106,7 @@ std::uint32_t CodeBuilder::constant(const Value& value) {
     if (value.is(Type::String)) {
         const auto [place, isNew] = texts_.try_emplace(std::string(value.view()), index);
         if (!isNew) return place->second;
-    } else if (!value.isOneOf(Value::HeapTypes) || value.as.cell == nullptr) {
+    } else if (!value.isOneOf(Value::heapTypes) || value.as.cell == nullptr) {
         std::uint64_t payload = 0;
         if (value.isOneOf(bits(Type::Double, Type::Date, Type::Currency)))
             std::memcpy(&payload, &value.as, sizeof payload);

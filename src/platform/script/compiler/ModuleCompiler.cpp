@@ -95,9 +95,10 @@ class NameSearch : public AstVisitor {
 
 // The word stands somewhere in the text, if only in a remark.
 bool mayExecute(std::string_view source) {
-    constexpr std::string_view Word = "execute";
+    constexpr std::string_view executeWord = "execute";
     const auto sameLetter = [](char letter, char small) { return (letter | 0x20) == small; };
-    return std::search(source.begin(), source.end(), Word.begin(), Word.end(), sameLetter) != source.end();
+    return std::search(source.begin(), source.end(), executeWord.begin(), executeWord.end(), sameLetter) !=
+           source.end();
 }
 
 }  // namespace
@@ -274,7 +275,7 @@ void ModuleCompiler::addMethod(Work& work, ScriptClass& owner, const ProcedureNo
     else
         member.isPrivate = node.isPrivate;
     if (node.isDefault) {
-        if (owner.defaultMember != DefaultMember) refuse(Syntax::SecondDefault);
+        if (owner.defaultMember != defaultMemberName) refuse(Syntax::SecondDefault);
         owner.defaultMember = node.name;
     }
     if (isNew) return;

@@ -86,14 +86,14 @@ class ScriptClass {
     std::unordered_map<NameId, Member> members;
     std::vector<std::vector<std::uint32_t>> fieldBounds;  // extents of the fields that are arrays from the start
     std::vector<bool> fieldIsArray;
-    NameId defaultMember = DefaultMember;  // its name, if there is one
+    NameId defaultMember = defaultMemberName;  // its name, if there is one
     std::shared_ptr<const Procedure> initialize;
     std::shared_ptr<const Procedure> terminate;
     std::shared_ptr<const LoadedModule> module;
 
     std::size_t fieldCount() const { return fieldIsArray.size(); }
     const Member* find(NameId member) const {
-        const auto place = members.find(member == DefaultMember ? defaultMember : member);
+        const auto place = members.find(member == defaultMemberName ? defaultMember : member);
         return place == members.end() ? nullptr : &place->second;
     }
 };

@@ -12,7 +12,7 @@ struct SpecialName {
     std::string_view name;
     Special special;
 };
-constexpr std::array<SpecialName, 4> SpecialNames = {{{"Eval", Special::Eval},
+constexpr std::array<SpecialName, 4> specialNames = {{{"Eval", Special::Eval},
                                                       {"Execute", Special::Execute},
                                                       {"ExecuteGlobal", Special::ExecuteGlobal},
                                                       {"GetRef", Special::GetRef}}};
@@ -32,7 +32,7 @@ SymbolTable::SymbolTable(Names& names, Value errObject) : names_(names), err_(na
         symbol.constant = constant.value;
         language_[names.intern(constant.name)] = symbol;
     }
-    for (const SpecialName& entry : SpecialNames) {
+    for (const SpecialName& entry : specialNames) {
         Symbol symbol;
         symbol.kind = Symbol::Kind::Special;
         symbol.special = entry.special;
@@ -57,7 +57,7 @@ const Symbol* SymbolTable::find(NameId name) {
 const Symbol* SymbolTable::findAddedMember(NameId name) {
     for (HostObject* object : global_) {
         const int number = object->findMember(names_.spelling(name));
-        if (number == HostObject::NoMember) continue;
+        if (number == HostObject::noMember) continue;
         Symbol symbol;
         symbol.kind = Symbol::Kind::HostMember;
         symbol.member = hostMember(*object, number);

@@ -24,21 +24,21 @@ Searcher::~Searcher() {
 }
 
 std::size_t Searcher::find(std::string_view text, std::size_t from) const {
-    if (from > text.size() || wanted_.size() > text.size() - from) return NotFound;
+    if (from > text.size() || wanted_.size() > text.size() - from) return notFound;
     if (wanted_.empty()) return from;
     if (comparison_ == Comparison::Text) return scan(text, from, Forwards());
     const char* start = text.data() + from;
     const std::size_t size = text.size() - from;
     const void* found = wanted_.size() == 1 ? std::memchr(start, static_cast<unsigned char>(wanted_.front()), size)
                                             : memmem(start, size, wanted_.data(), wanted_.size());
-    return found == nullptr ? NotFound : static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
+    return found == nullptr ? notFound : static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
 }
 
 std::size_t Searcher::findLast(std::string_view text) const {
-    if (wanted_.size() > text.size()) return NotFound;
+    if (wanted_.size() > text.size()) return notFound;
     if (wanted_.empty()) return text.size();
     const std::size_t found = scan(text, 0, Backwards());
-    return found == NotFound ? NotFound : text.size() - found - wanted_.size();
+    return found == notFound ? notFound : text.size() - found - wanted_.size();
 }
 
 // Knuth, Morris and Pratt: never looks at a byte of the text twice.
@@ -52,7 +52,7 @@ std::size_t Searcher::scan(std::string_view text, std::size_t from, Step step) c
         if (folded(wanted_[step.at(matched, wanted_.size())]) == c) ++matched;
         if (matched == wanted_.size()) return i + 1 - matched;
     }
-    return NotFound;
+    return notFound;
 }
 
 template <class Step>

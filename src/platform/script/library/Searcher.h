@@ -2,7 +2,7 @@
 // length of the text looked for. One searcher searches in one direction.
 #pragma once
 
-#include "platform/script/library/arguments.h"
+#include "platform/script/library/FunctionArguments.h"
 
 #include <cstddef>
 #include <string_view>
@@ -11,7 +11,7 @@ namespace tolvan::script {
 
 class Searcher {
   public:
-    static constexpr std::size_t NotFound = std::string_view::npos;
+    static constexpr std::size_t notFound = std::string_view::npos;
 
     // `wanted` must outlive the searcher.
     Searcher(Context& context, std::string_view wanted, Comparison comparison);

@@ -36,16 +36,16 @@ void ClassInstance::dispose() noexcept {
 Value ClassInstance::call(Context&, NameId name, std::span<Value> arguments) {
     const ScriptClass::Member* member = isDetached() ? nullptr : class_->find(name);
     if (member == nullptr || member->isPrivate || (member->field < 0 && member->call == nullptr))
-        throw ScriptError(errors::NoSuchMember);
+        throw ScriptError(errors::noSuchMember);
     if (member->field < 0) return machine_->invoke(*member->call, this, arguments);
-    if (!arguments.empty()) throw ScriptError(errors::ArgumentCount);
+    if (!arguments.empty()) throw ScriptError(errors::argumentCount);
     return field(member->field);
 }
 
 int HostReference::find(NameId name) {
-    const auto [place, isNew] = members_.try_emplace(name, HostObject::NoMember);
-    if (isNew && name != DefaultMember) place->second = object_.findMember(names_.spelling(name));
-    if (place->second == HostObject::NoMember) throw ScriptError(errors::NoSuchMember);
+    const auto [place, isNew] = members_.try_emplace(name, HostObject::noMember);
+    if (isNew && name != defaultMemberName) place->second = object_.findMember(names_.spelling(name));
+    if (place->second == HostObject::noMember) throw ScriptError(errors::noSuchMember);
     return place->second;
 }
 
@@ -60,7 +60,7 @@ void HostReference::put(Context& context, NameId name, std::span<Value> values, 
 }
 
 Value ProcedureReference::call(Context&, NameId name, std::span<Value> arguments) {
-    if (name != DefaultMember) throw ScriptError(errors::NoSuchMember);
+    if (name != defaultMemberName) throw ScriptError(errors::noSuchMember);
     return machine_.invoke(*slot_.procedure, nullptr, arguments);
 }
 

@@ -27,7 +27,7 @@ class ClassInstance : public Object {
 
     std::string_view typeName() const override { return isDetached() ? std::string_view("Object") : class_->spelling; }
     Value call(Context& context, NameId name, std::span<Value> arguments) override;
-    bool hasDefault() const override { return !isDetached() && class_->defaultMember != DefaultMember; }
+    bool hasDefault() const override { return !isDetached() && class_->defaultMember != defaultMemberName; }
     ClassInstance* asInstance() override { return this; }
     void dispose() noexcept override;
 

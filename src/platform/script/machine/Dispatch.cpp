@@ -1,5 +1,5 @@
 // The loop that executes instructions. What an operation means stands in a function of its own (Operations.cpp,
-// Elements.cpp, Calls.cpp); the most frequent operands are worked out in QuickPaths.h.
+// Elements.cpp, MemberCalls.cpp); the most frequent operands are worked out in QuickPaths.h.
 
 #include "platform/script/machine/QuickPaths.h"
 
@@ -239,7 +239,7 @@ void Machine::execute() {
         const Value& left = B;
         const auto right = static_cast<std::int16_t>(pc->c);
         std::int32_t sum = 0;
-        if ((left.tag & ~Whole) == 0 && !__builtin_add_overflow(left.as.i, right, &sum)) [[likely]]
+        if ((left.tag & ~wholeTypes) == 0 && !__builtin_add_overflow(left.as.i, right, &sum)) [[likely]]
             putWhole(A, sum, left.tag);
         else if (left.tag == bits(Type::Double))
             putDouble(A, left.as.d + right);
@@ -325,7 +325,7 @@ void Machine::execute() {
         Value& counter = A;
         const Value& limit = B;
         const Value& step = (&limit)[1];
-        if (((counter.tag | limit.tag | step.tag) & ~Numeric) == 0 && arithmetic<Add>(counter, counter, step)) {
+        if (((counter.tag | limit.tag | step.tag) & ~numericTypes) == 0 && arithmetic<Add>(counter, counter, step)) {
             const bool goesOn =
                 asDouble(step) >= 0 ? asDouble(counter) <= asDouble(limit) : asDouble(counter) >= asDouble(limit);
             if (goesOn) {
@@ -406,7 +406,7 @@ void Machine::execute() {
         // Calls.
     L_CallProcedure : {
         const Procedure& procedure = *WORD(const ProcedureSlot*)->procedure;
-        if (procedure.parameterCount != pc->b) throw ScriptError(errors::ArgumentCount);
+        if (procedure.parameterCount != pc->b) throw ScriptError(errors::argumentCount);
         if (procedure.checksArguments) loadArguments(procedure, &A);
         if (--ticks_ <= 0) [[unlikely]]
             slowTick();

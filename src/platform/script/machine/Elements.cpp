@@ -1,7 +1,7 @@
 // Arrays: their elements, bounds and For Each.
 
 #include "platform/script/ArrayCell.h"
-#include "platform/script/convert.h"
+#include "platform/script/Conversions.h"
 #include "platform/script/machine/Machine.h"
 
 #include <algorithm>
@@ -11,7 +11,7 @@ namespace tolvan::script {
 
 namespace {
 
-constexpr std::int64_t LargestBound = 0x7ffffffe;
+constexpr std::int64_t largestBound = 0x7ffffffe;
 
 // Indexes that are objects, as the values of their default members: found out before the array is touched, because
 // code of the script runs for it. `keep` holds the list where it is not the given one.
@@ -25,12 +25,12 @@ std::span<const Value> plainIndexes(Context& context, std::span<const Value> ind
 }  // namespace
 
 std::size_t Machine::elementNumber(const ArrayCell& cell, std::span<const Value> indexes) {
-    if (indexes.size() != cell.rank) throw ScriptError(errors::Subscript);
+    if (indexes.size() != cell.rank) throw ScriptError(errors::subscript);
     std::size_t number = 0;
     std::size_t stride = 1;
     for (std::size_t i = 0; i < indexes.size(); ++i) {
         const std::int32_t index = toLong(*this, indexes[i]);
-        if (index < 0 || static_cast<std::uint32_t>(index) >= cell.extents[i]) throw ScriptError(errors::Subscript);
+        if (index < 0 || static_cast<std::uint32_t>(index) >= cell.extents[i]) throw ScriptError(errors::subscript);
         number += static_cast<std::size_t>(index) * stride;
         stride *= cell.extents[i];
     }
@@ -39,7 +39,7 @@ std::size_t Machine::elementNumber(const ArrayCell& cell, std::span<const Value>
 
 // The element, in an array that nobody else holds.
 Value& Machine::element(Value& array, std::span<const Value> indexes) {
-    if (!array.is(Type::Array)) throw ScriptError(errors::TypeMismatch);
+    if (!array.is(Type::Array)) throw ScriptError(errors::typeMismatch);
     const std::size_t number = elementNumber(*array.array(), indexes);
     return unshare(heap(), array)->items[number];
 }
@@ -52,11 +52,11 @@ void Machine::index(Value& target, Value& array, std::span<const Value> indexes)
         target = Value(array.array()->items[elementNumber(*array.array(), indexes)]);
         return;
     }
-    if (!array.is(Type::Object)) throw ScriptError(errors::TypeMismatch);
-    if (array.object() == nullptr) throw ScriptError(errors::ObjectNotSet);
+    if (!array.is(Type::Object)) throw ScriptError(errors::typeMismatch);
+    if (array.object() == nullptr) throw ScriptError(errors::objectNotSet);
     const Value holder = array;  // NOLINT(performance-unnecessary-copy-initialization): keeps the object
     std::vector<Value> arguments(indexes.begin(), indexes.end());
-    target = holder.object()->call(*this, DefaultMember, arguments);
+    target = holder.object()->call(*this, defaultMemberName, arguments);
 }
 
 void Machine::indexLet(Value& target, Value& array, std::span<const Value> indexes) {
@@ -68,19 +68,19 @@ void Machine::indexLet(Value& target, Value& array, std::span<const Value> index
 void Machine::putIndex(Value& array, std::span<const Value> indexes, const Value& value, bool isSet) {
     Value assigned = value;
     if (array.is(Type::Object)) {
-        if (array.object() == nullptr) throw ScriptError(errors::ObjectNotSet);
+        if (array.object() == nullptr) throw ScriptError(errors::objectNotSet);
         std::vector<Value> arguments(indexes.begin(), indexes.end());
         const Value holder = array;  // NOLINT(performance-unnecessary-copy-initialization): keeps the object
         if (ClassInstance* instance = holder.object()->asInstance()) {
             arguments.push_back(std::move(assigned));
-            putInstance(*instance, DefaultMember, arguments, isSet, false);
+            putInstance(*instance, defaultMemberName, arguments, isSet, false);
         } else {
-            holder.object()->put(*this, DefaultMember, arguments, assigned, isSet);
+            holder.object()->put(*this, defaultMemberName, arguments, assigned, isSet);
         }
         return;
     }
-    if (!array.is(Type::Array)) throw ScriptError(errors::TypeMismatch);
-    if (isSet && !assigned.is(Type::Object)) throw ScriptError(errors::ObjectRequired);
+    if (!array.is(Type::Array)) throw ScriptError(errors::typeMismatch);
+    if (isSet && !assigned.is(Type::Object)) throw ScriptError(errors::objectRequired);
     if (!isSet) letValue(assigned, Value(value));
     std::vector<Value> keep;
     indexes = plainIndexes(*this, indexes, keep);
@@ -124,12 +124,12 @@ void Machine::pinArray(Value& target, Value& array) {
 namespace {
 
 std::vector<std::uint32_t> extentsOf(Context& context, std::span<const Value> bounds) {
-    if (bounds.size() > ArrayCell::MostDimensions) throw ScriptError(errors::Subscript);
+    if (bounds.size() > ArrayCell::mostDimensions) throw ScriptError(errors::subscript);
     std::vector<std::uint32_t> extents;
     for (const Value& bound : bounds) {
         const std::int64_t upper = toLong(context, bound);
-        if (upper < -1) throw ScriptError(errors::Subscript);
-        if (upper > LargestBound) throw ScriptError(errors::OutOfMemory);
+        if (upper < -1) throw ScriptError(errors::subscript);
+        if (upper > largestBound) throw ScriptError(errors::outOfMemory);
         extents.push_back(static_cast<std::uint32_t>(upper + 1));
     }
     return extents;
@@ -139,7 +139,7 @@ std::vector<std::uint32_t> extentsOf(Context& context, std::span<const Value> bo
 void keepElements(Heap& heap, Value& array, std::span<const std::uint32_t> extents) {
     const ArrayCell& from = *array.array();
     if (from.rank != extents.size() || !std::equal(extents.begin(), extents.end() - 1, from.extents))
-        throw ScriptError(errors::Subscript);
+        throw ScriptError(errors::subscript);
     if (from.references == 1 && extents.back() >= from.extents[from.rank - 1])
         return array.array()->grow(extents.back());
     Value made = Value::adopt(ArrayCell::create(heap, extents, true));
@@ -157,17 +157,17 @@ void Machine::makeArray(Value& target, std::span<const Value> bounds) {
 
 void Machine::reDim(Value& target, std::span<const Value> bounds, bool preserve) {
     const bool isArray = target.is(Type::Array);
-    if (isArray && (!target.array()->resizable || target.array()->pins != 0)) throw ScriptError(errors::ArrayLocked);
-    if (preserve && !isArray && !target.is(Type::Empty)) throw ScriptError(errors::TypeMismatch);
+    if (isArray && (!target.array()->resizable || target.array()->pins != 0)) throw ScriptError(errors::arrayLocked);
+    if (preserve && !isArray && !target.is(Type::Empty)) throw ScriptError(errors::typeMismatch);
     const std::vector<std::uint32_t> extents = extentsOf(*this, bounds);
     if (preserve && isArray && target.array()->size != 0) return keepElements(heap(), target, extents);
     target = Value::adopt(ArrayCell::create(heap(), extents, true));
 }
 
 void Machine::erase(Value& target) {
-    if (!target.is(Type::Array)) throw ScriptError(errors::TypeMismatch);
+    if (!target.is(Type::Array)) throw ScriptError(errors::typeMismatch);
     ArrayCell* cell = target.array();
-    if (cell->pins != 0) throw ScriptError(errors::ArrayLocked);
+    if (cell->pins != 0) throw ScriptError(errors::arrayLocked);
     const bool isFixed = !cell->resizable;
     const std::vector<std::uint32_t> extents(cell->extents, cell->extents + (isFixed ? cell->rank : 0));
     target = Value::adopt(ArrayCell::create(heap(), extents, !isFixed));
@@ -176,10 +176,10 @@ void Machine::erase(Value& target) {
 // For Each: state[0] pins the array, state[1] is the number of the next element.
 void Machine::prepareEach(Value* state, Value& group) {
     if (group.is(Type::Object)) {
-        throw ScriptError(group.object() == nullptr ? errors::ObjectNotSet : errors::NotACollection);
+        throw ScriptError(group.object() == nullptr ? errors::objectNotSet : errors::notACollection);
     }
-    if (!group.is(Type::Array)) throw ScriptError(errors::NotACollection);
-    if (group.array()->rank == 0) throw ScriptError(errors::ForNotInitialised);
+    if (!group.is(Type::Array)) throw ScriptError(errors::notACollection);
+    if (group.array()->rank == 0) throw ScriptError(errors::forNotInitialised);
     ++group.array()->pins;
     state[0] = Value();
     state[0].tag = bits(Type::Pin);
@@ -190,7 +190,7 @@ void Machine::prepareEach(Value* state, Value& group) {
 }
 
 bool Machine::nextOfEach(Value* state, Value& target) {
-    if (!state[0].is(Type::Pin)) throw ScriptError(errors::ForNotInitialised);
+    if (!state[0].is(Type::Pin)) throw ScriptError(errors::forNotInitialised);
     const ArrayCell& cell = *state[0].array();
     const auto next = static_cast<std::size_t>(state[1].as.c);
     if (next >= cell.size) return false;

@@ -1,7 +1,7 @@
 #include "platform/script/machine/ErrObject.h"
 
-#include "platform/script/convert.h"
-#include "platform/script/errorText.h"
+#include "platform/script/Conversions.h"
+#include "platform/script/ErrorText.h"
 
 #include <utility>
 
@@ -19,8 +19,8 @@ std::string textOf(Context& context, std::span<Value> arguments, std::size_t ind
     return std::string(toTextView(context, followed(arguments[index]), keep));
 }
 
-constexpr int LargestNumber = 65535;  // of an error that is not an object's own (those are negative)
-constexpr std::size_t MostRaiseArguments = 5;
+constexpr int largestNumber = 65535;  // of an error that is not an object's own (those are negative)
+constexpr std::size_t mostRaiseArguments = 5;
 
 }  // namespace
 
@@ -48,31 +48,31 @@ void ErrObject::clear() {
 }
 
 void ErrObject::raise(Context& context, std::span<Value> arguments) {
-    if (arguments.empty() || arguments.size() > MostRaiseArguments) throw ScriptError(errors::ArgumentCount);
+    if (arguments.empty() || arguments.size() > mostRaiseArguments) throw ScriptError(errors::argumentCount);
     const std::int32_t number = toLong(context, followed(arguments[0]));
-    if (number == 0 || number > LargestNumber) throw ScriptError(errors::InvalidCall);
+    if (number == 0 || number > largestNumber) throw ScriptError(errors::invalidCall);
     raisedHelp_.file = textOf(context, arguments, 3);
-    if (arguments.size() == MostRaiseArguments) raisedHelp_.context = toLong(context, followed(arguments[4]));
+    if (arguments.size() == mostRaiseArguments) raisedHelp_.context = toLong(context, followed(arguments[4]));
     throw ScriptError(number, textOf(context, arguments, 2), textOf(context, arguments, 1));
 }
 
 Value ErrObject::call(Context& context, NameId name, std::span<Value> arguments) {
     if (name == raise_) raise(context, arguments);
-    if (!arguments.empty()) throw ScriptError(errors::ArgumentCount);
-    if (name == number_ || name == DefaultMember) return Value::longInteger(currentNumber_);
+    if (!arguments.empty()) throw ScriptError(errors::argumentCount);
+    if (name == number_ || name == defaultMemberName) return Value::longInteger(currentNumber_);
     if (name == description_) return context.text(currentDescription_);
     if (name == source_) return context.text(currentSource_);
     if (name == helpFile_) return context.text(currentHelp_.file);
     if (name == helpContext_) return Value::longInteger(currentHelp_.context);
-    if (name != clear_) throw ScriptError(errors::NoSuchMember);
+    if (name != clear_) throw ScriptError(errors::noSuchMember);
     clear();
     return {};
 }
 
 void ErrObject::put(Context& context, NameId name, std::span<Value> arguments, const Value& value, bool) {
-    if (!arguments.empty()) throw ScriptError(errors::ArgumentCount);
+    if (!arguments.empty()) throw ScriptError(errors::argumentCount);
     Value keep;
-    if (name == number_ || name == DefaultMember)
+    if (name == number_ || name == defaultMemberName)
         currentNumber_ = toLong(context, value);
     else if (name == description_)
         currentDescription_ = toTextView(context, value, keep);
@@ -83,7 +83,7 @@ void ErrObject::put(Context& context, NameId name, std::span<Value> arguments, c
     else if (name == helpContext_)
         currentHelp_.context = toLong(context, value);
     else
-        throw ScriptError(errors::NoSuchMember);
+        throw ScriptError(errors::noSuchMember);
 }
 
 }  // namespace tolvan::script

@@ -9,8 +9,8 @@ namespace {
 
 // Loops and calls between two looks at the clock. A call from within an operation takes as long as many of
 // them, and so does an error.
-constexpr int TicksPerLook = 4096;
-constexpr int TicksPerNestedCall = 64;
+constexpr int ticksPerLook = 4096;
+constexpr int ticksPerNestedCall = 64;
 
 // Counts one level of calls that take native stack.
 class NestingGuard {
@@ -31,12 +31,12 @@ Value* Machine::freeRegisters() {
 }
 
 Value Machine::invoke(const Procedure& procedure, Object* me, std::span<const Value> arguments) {
-    if (procedure.parameterCount != arguments.size()) throw ScriptError(errors::ArgumentCount);
+    if (procedure.parameterCount != arguments.size()) throw ScriptError(errors::argumentCount);
     Value* const base = freeRegisters();
     const bool fits = static_cast<std::size_t>(stackEnd_ - base) > arguments.size() + procedure.registerCount;
-    ticks_ -= TicksPerNestedCall;
+    ticks_ -= ticksPerNestedCall;
     if (ticks_ <= 0) slowTick();
-    if (nesting_ == DeepestNesting || depth_ == DeepestCalls || !fits) throw ScriptError(errors::OutOfStack);
+    if (nesting_ == deepestNesting || depth_ == deepestCalls || !fits) throw ScriptError(errors::outOfStack);
     for (std::size_t i = 0; i < arguments.size(); ++i) base[i + 1] = arguments[i];
     loadArguments(procedure, base);
     if (me != nullptr) ++me->references;
@@ -68,7 +68,7 @@ void Machine::run() {
         } catch (const ScriptError& error) {
             if (!recover(error)) throw;
         } catch (const std::bad_alloc&) {
-            if (!recover(ScriptError(errors::OutOfMemory))) throw ScriptError(errors::OutOfMemory);
+            if (!recover(ScriptError(errors::outOfMemory))) throw ScriptError(errors::outOfMemory);
         }
     }
 }
@@ -85,9 +85,9 @@ bool Machine::recover(const ScriptError& error) {
             errorLine_ = static_cast<int>(frame.procedure->lineAt(pc));
             hasErrorLine_ = true;
         }
-        if (frame.resumeNext && error.number != errors::TimedOut) {
+        if (frame.resumeNext && error.number != errors::timedOut) {
             hasErrorLine_ = false;
-            ticks_ -= TicksPerNestedCall;
+            ticks_ -= ticksPerNestedCall;
             err_->set(error);
             frame.pc = frame.procedure->code.data() + frame.procedure->statementAfter(pc);
             return true;
@@ -103,20 +103,20 @@ bool Machine::recover(const ScriptError& error) {
 
 void Machine::start() {
     if (depth_ == 0) symbols_->dropRetired();
-    ticks_ = TicksPerLook;
+    ticks_ = ticksPerLook;
     hasErrorLine_ = false;
     errorLine_ = 0;
     if (timeout >= 0) deadline_ = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout);
 }
 
 void Machine::checkClock() {
-    if (timeout >= 0 && std::chrono::steady_clock::now() >= deadline_) throw ScriptError(errors::TimedOut);
+    if (timeout >= 0 && std::chrono::steady_clock::now() >= deadline_) throw ScriptError(errors::timedOut);
 }
 
 // When the time is over every further tick finds it so: Class_Terminate swallows errors.
 void Machine::slowTick() {
     checkClock();
-    ticks_ = TicksPerLook;
+    ticks_ = ticksPerLook;
 }
 
 void Machine::setOnError(bool resumeNext) {

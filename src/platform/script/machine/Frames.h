@@ -7,7 +7,7 @@ namespace tolvan::script {
 
 // Lets go what a register holds; leaves its tag to be written.
 inline void letGo(Value& value) {
-    if ((value.tag & Value::HeapTypes) != 0) [[unlikely]]
+    if ((value.tag & Value::heapTypes) != 0) [[unlikely]]
         value = Value();
 }
 
@@ -19,8 +19,8 @@ inline Value& followed(Value& value) {
 // The window at `base` holds the result's register and `count` arguments, as many as the procedure has. Takes over a
 // reference to `me`.
 inline void Machine::enter(const Procedure& procedure, Value* base, Object* me, bool isEntry) {
-    if (base + procedure.registerCount > stackEnd_ || depth_ == DeepestCalls) [[unlikely]]
-        throw ScriptError(errors::OutOfStack);
+    if (base + procedure.registerCount > stackEnd_ || depth_ == deepestCalls) [[unlikely]]
+        throw ScriptError(errors::outOfStack);
     letGo(base[0]);
     base[0].tag = bits(Type::Empty);
     Value* const end = base + procedure.variableCount;

@@ -2,7 +2,7 @@
 // one at any time. `own` is the register of such a name: the procedure's own variable, or, once it was found, a
 // reference to the variable outside.
 
-#include "platform/script/convert.h"
+#include "platform/script/Conversions.h"
 #include "platform/script/machine/Frames.h"
 
 namespace tolvan::script {
@@ -39,7 +39,7 @@ Value* Machine::lateVariable(Value& own, const LateUse& use, const Symbol*& mean
     }
     meaning = meaningOf(use.name);
     if (meaning == nullptr) {
-        if (use.mustBeDeclared && &followed(own) == &own) throw ScriptError(errors::UndefinedVariable);
+        if (use.mustBeDeclared && &followed(own) == &own) throw ScriptError(errors::undefinedVariable);
         return &followed(own);
     }
     if (meaning->kind != Symbol::Kind::Variable) return nullptr;
@@ -51,7 +51,7 @@ void Machine::findVariable(Value& own, const LateUse& use) {
     const Symbol* meaning = nullptr;
     if (lateVariable(own, use, meaning) != nullptr || use.wantsReference) return;
     // An object of the host: its elements can be assigned.
-    if (meaning->kind != Symbol::Kind::HostObject) throw ScriptError(errors::IllegalAssignment);
+    if (meaning->kind != Symbol::Kind::HostObject) throw ScriptError(errors::illegalAssignment);
     own = meaning->constant;
 }
 
@@ -86,7 +86,7 @@ bool Machine::callMeaning(const Symbol& meaning, const LateUse& use, Value* base
     switch (meaning.kind) {
         case Symbol::Kind::Procedure: {
             const Procedure& procedure = *meaning.procedure->procedure;
-            if (procedure.parameterCount != count) throw ScriptError(errors::ArgumentCount);
+            if (procedure.parameterCount != count) throw ScriptError(errors::argumentCount);
             loadArguments(procedure, base);
             if (--ticks_ <= 0) slowTick();
             enter(procedure, base, nullptr, false);
@@ -100,13 +100,13 @@ bool Machine::callMeaning(const Symbol& meaning, const LateUse& use, Value* base
             base[0] = meaning.constant;
             return count != 0 || use.isStatement ? callValue(base, count, use.isStatement) : false;
         default:
-            throw ScriptError(errors::TypeMismatch);
+            throw ScriptError(errors::typeMismatch);
     }
 }
 
 void Machine::newLate(Value& target, NameId name) {
     const Symbol* meaning = meaningOf(name);
-    if (meaning == nullptr || meaning->kind != Symbol::Kind::Class) throw ScriptError(errors::ClassNotDefined);
+    if (meaning == nullptr || meaning->kind != Symbol::Kind::Class) throw ScriptError(errors::classNotDefined);
     newObject(target, *meaning->scriptClass);
 }
 

@@ -9,9 +9,9 @@ Machine::Machine()
     : err_(new ErrObject(names_)),
       errValue_(Value::adopt(err_)),
       symbols_(std::make_unique<SymbolTable>(names_, errValue_)),
-      stack_(static_cast<Value*>(std::calloc(StackSize, sizeof(Value)))),
-      stackEnd_(stack_ + StackSize),
-      frames_(std::make_unique_for_overwrite<Frame[]>(DeepestCalls)) {
+      stack_(static_cast<Value*>(std::calloc(stackSize, sizeof(Value)))),
+      stackEnd_(stack_ + stackSize),
+      frames_(std::make_unique_for_overwrite<Frame[]>(deepestCalls)) {
     if (stack_ == nullptr) throw std::bad_alloc();
 }
 
@@ -38,7 +38,7 @@ void Machine::reset() {
     err_ = new ErrObject(names_);
     errValue_ = Value::adopt(err_);
     symbols_ = std::make_unique<SymbolTable>(names_, errValue_);
-    randomSeed = FirstRandomSeed;
+    randomSeed = firstRandomSeed;
     resetting_ = false;
 }
 

@@ -6,12 +6,12 @@
 #pragma once
 
 #include "platform/script/Context.h"
+#include "platform/script/Operators.h"
 #include "platform/script/ScriptError.h"
 #include "platform/script/compiler/ModuleCompiler.h"
 #include "platform/script/compiler/Program.h"
 #include "platform/script/machine/ClassInstance.h"
 #include "platform/script/machine/ErrObject.h"
-#include "platform/script/operators.h"
 
 #include <chrono>
 #include <cstddef>
@@ -72,10 +72,10 @@ class Machine : public Context {
 
     // Registers of all procedures that can be active at once (16 bytes each), and procedures: as many as a script
     // needs that recurses 20,000 deep. Beyond: error 28.
-    static constexpr std::size_t StackSize = std::size_t{1} << 18;
-    static constexpr std::size_t DeepestCalls = 20000;
+    static constexpr std::size_t stackSize = std::size_t{1} << 18;
+    static constexpr std::size_t deepestCalls = 20000;
     // Calls within each other that take native stack.
-    static constexpr int DeepestNesting = 100;
+    static constexpr int deepestNesting = 100;
 
   private:
     // Running (Dispatch.cpp, Frames.cpp).
@@ -134,7 +134,7 @@ class Machine : public Context {
     void prepareEach(Value* state, Value& group);
     bool nextOfEach(Value* state, Value& target);
 
-    // Calls and objects (Calls.cpp). Those that return bool tell whether a procedure was entered.
+    // Calls and objects (MemberCalls.cpp). Those that return bool tell whether a procedure was entered.
     void callBuiltin(BuiltinFunction function, Value* base, std::uint32_t count);
     void callHost(const HostMember& member, Value* base, std::uint32_t count);
     void putHost(const HostMember& member, Value* base, std::uint32_t count);
@@ -164,7 +164,7 @@ class Machine : public Context {
     Value errValue_;
     std::unique_ptr<SymbolTable> symbols_;
 
-    Value* stack_;  // StackSize registers; the pages that are never used are never touched
+    Value* stack_;  // stackSize registers; the pages that are never used are never touched
     Value* stackEnd_;
     std::unique_ptr<Frame[]> frames_;
     std::size_t depth_ = 0;

@@ -1,7 +1,7 @@
 // Assignments, operators and loops for operands of every type.
 
 #include "platform/script/ArrayCell.h"
-#include "platform/script/convert.h"
+#include "platform/script/Conversions.h"
 #include "platform/script/machine/Machine.h"
 
 #include <cmath>
@@ -14,7 +14,7 @@ bool areTexts(const Value& left, const Value& right) {
     return left.is(Type::String) && right.is(Type::String);
 }
 
-constexpr std::uint32_t WholeTypes = bits(Type::Integer, Type::Long);
+constexpr std::uint32_t wholeTypes = bits(Type::Integer, Type::Long);
 
 }  // namespace
 
@@ -35,7 +35,7 @@ void Machine::let(Value& target, const Value& value) {
 
 void Machine::setValue(Value& target, Value&& value) {
     Value taken(std::move(value));
-    if (!taken.is(Type::Object)) throw ScriptError(errors::ObjectRequired);
+    if (!taken.is(Type::Object)) throw ScriptError(errors::objectRequired);
     target = std::move(taken);
 }
 
@@ -121,12 +121,12 @@ void Machine::notInto(Value& target, const Value& of) {
 void Machine::plusInto(Value& target, const Value& of) {
     Value value = plain(of);
     if (value.is(Type::String)) value = Value::number(toDouble(*this, value));
-    if (value.is(Type::Array)) throw ScriptError(errors::TypeMismatch);
+    if (value.is(Type::Array)) throw ScriptError(errors::typeMismatch);
     target = std::move(value);
 }
 
 void Machine::isInto(Value& target, const Value& left, const Value& right) {
-    if (!left.is(Type::Object) || !right.is(Type::Object)) throw ScriptError(errors::ObjectRequired);
+    if (!left.is(Type::Object) || !right.is(Type::Object)) throw ScriptError(errors::objectRequired);
     target = Value::boolean(left.object() == right.object());
 }
 
@@ -142,20 +142,20 @@ Order Machine::slowCompare(const Value& left, const Value& right, Literal litera
 // last whole number within it where the counter is whole, so that the loop stays one of whole numbers.
 bool Machine::prepareFor(Value& counter, Value& limit, Value& step) {
     for (Value* value : {&counter, &limit, &step}) {
-        if (value->isOneOf(WholeTypes | bits(Type::Double))) continue;
-        if (value->is(Type::Null)) throw ScriptError(errors::InvalidNull);
+        if (value->isOneOf(wholeTypes | bits(Type::Double))) continue;
+        if (value->is(Type::Null)) throw ScriptError(errors::invalidNull);
         if (value->is(Type::Empty))
             *value = Value::integer(0);
         else
             plusInto(*value, *value);
         if (value->is(Type::Boolean)) *value = Value::integer(static_cast<std::int16_t>(value->as.i));
         if (value->is(Type::Byte)) *value = Value::integer(static_cast<std::int16_t>(value->as.i));
-        if (value->is(Type::Error)) throw ScriptError(errors::TypeMismatch);
+        if (value->is(Type::Error)) throw ScriptError(errors::typeMismatch);
     }
     const bool isUp = compare(*this, step, Value::integer(0)) != Order::Less;
     const Order order = compare(*this, counter, limit);
     if (order == (isUp ? Order::Greater : Order::Less)) return false;
-    if (counter.isOneOf(WholeTypes) && step.isOneOf(WholeTypes) && limit.is(Type::Double)) {
+    if (counter.isOneOf(wholeTypes) && step.isOneOf(wholeTypes) && limit.is(Type::Double)) {
         const double within = isUp ? std::floor(limit.as.d) : std::ceil(limit.as.d);
         if (std::fabs(within) < 2147483647.0) limit = Value::longInteger(static_cast<std::int32_t>(within));
     }
@@ -164,12 +164,12 @@ bool Machine::prepareFor(Value& counter, Value& limit, Value& step) {
 
 // True if the loop goes on. The counter may have become anything meanwhile.
 bool Machine::slowForNext(Value& counter, const Value& limit, const Value& step) {
-    if (!limit.isOneOf(WholeTypes | bits(Type::Single, Type::Double, Type::Currency, Type::Date)))
-        throw ScriptError(errors::ForNotInitialised);
+    if (!limit.isOneOf(wholeTypes | bits(Type::Single, Type::Double, Type::Currency, Type::Date)))
+        throw ScriptError(errors::forNotInitialised);
     counter = add(*this, counter, step);
     const bool isUp = compare(*this, step, Value::integer(0)) != Order::Less;
     const Order order = compare(*this, counter, limit);
-    if (order == Order::Null) throw ScriptError(errors::InvalidNull);
+    if (order == Order::Null) throw ScriptError(errors::invalidNull);
     return order != (isUp ? Order::Greater : Order::Less);
 }
 

@@ -10,8 +10,8 @@
 
 namespace tolvan::script::quick {
 
-inline constexpr std::uint32_t Whole = bits(Type::Integer, Type::Long);
-inline constexpr std::uint32_t Numeric = Whole | bits(Type::Double);
+inline constexpr std::uint32_t wholeTypes = bits(Type::Integer, Type::Long);
+inline constexpr std::uint32_t numericTypes = wholeTypes | bits(Type::Double);
 
 // Neither infinite nor no number: what an operation may leave in a variable.
 inline bool isSound(double number) {
@@ -64,7 +64,7 @@ struct Multiply {
 template <class Operation>
 inline bool arithmetic(Value& target, const Value& left, const Value& right) {
     const std::uint32_t tags = left.tag | right.tag;
-    if ((tags & ~Whole) == 0) {
+    if ((tags & ~wholeTypes) == 0) {
         std::int32_t result = 0;
         if (Operation::whole(left.as.i, right.as.i, &result)) [[unlikely]]
             return false;
@@ -74,7 +74,7 @@ inline bool arithmetic(Value& target, const Value& left, const Value& right) {
     double result = 0;
     if (tags == bits(Type::Double))
         result = Operation::real(left.as.d, right.as.d);
-    else if ((tags & ~Numeric) == 0)
+    else if ((tags & ~numericTypes) == 0)
         result = Operation::real(asDouble(left), asDouble(right));
     else
         return false;
@@ -85,7 +85,7 @@ inline bool arithmetic(Value& target, const Value& left, const Value& right) {
 }
 
 inline bool divided(Value& target, const Value& left, const Value& right) {
-    if (((left.tag | right.tag) & ~Numeric) != 0) return false;
+    if (((left.tag | right.tag) & ~numericTypes) != 0) return false;
     const double quotient = asDouble(left) / asDouble(right);
     if (!isSound(quotient)) [[unlikely]]
         return false;
@@ -95,7 +95,7 @@ inline bool divided(Value& target, const Value& left, const Value& right) {
 
 // By -1 the smallest Long would overflow.
 inline bool dividesWhole(const Value& left, const Value& right) {
-    return ((left.tag | right.tag) & ~Whole) == 0 && static_cast<std::uint32_t>(right.as.i) + 1 > 1;
+    return ((left.tag | right.tag) & ~wholeTypes) == 0 && static_cast<std::uint32_t>(right.as.i) + 1 > 1;
 }
 
 inline bool integerDivided(Value& target, const Value& left, const Value& right) {
@@ -119,7 +119,7 @@ inline bool logical(Value& target, const Value& left, const Value& right, Operat
         putBoolean(target, result);
         return true;
     }
-    if ((tags & ~Whole) != 0) return false;
+    if ((tags & ~wholeTypes) != 0) return false;
     putWhole(target, operation(left.as.i, right.as.i), tags);
     return true;
 }
@@ -128,11 +128,11 @@ inline bool logical(Value& target, const Value& left, const Value& right, Operat
 template <class Compare>
 inline bool compared(const Value& left, const Value& right, bool& result) {
     const std::uint32_t tags = left.tag | right.tag;
-    if ((tags & ~Whole) == 0 || tags == bits(Type::Boolean)) {
+    if ((tags & ~wholeTypes) == 0 || tags == bits(Type::Boolean)) {
         result = Compare::of(left.as.i, right.as.i);
         return true;
     }
-    if ((tags & ~Numeric) != 0) return false;
+    if ((tags & ~numericTypes) != 0) return false;
     result = Compare::of(asDouble(left), asDouble(right));
     return true;
 }
@@ -155,19 +155,19 @@ COMPARISON(GreaterEqual, >=, order != Order::Less)
 
 // Adds 1 to a counter that is whole, and so is its limit.
 inline bool countsOn(Value& counter, const Value& limit) {
-    if (((counter.tag | limit.tag) & ~Whole) != 0 || counter.as.i == INT32_MAX) [[unlikely]]
+    if (((counter.tag | limit.tag) & ~wholeTypes) != 0 || counter.as.i == INT32_MAX) [[unlikely]]
         return false;
     if (++counter.as.i > INT16_MAX) counter.tag = bits(Type::Long);
     return true;
 }
 
 inline bool isSimple(const Value& value) {
-    return (value.tag & Value::HeapTypes) == 0;
+    return (value.tag & Value::heapTypes) == 0;
 }
 
 // The element where array and index are of the most frequent kind, or null.
 inline Value* quickElement(Value& array, const Value& index) {
-    if (array.tag != bits(Type::Array) || (index.tag & ~Whole) != 0) return nullptr;
+    if (array.tag != bits(Type::Array) || (index.tag & ~wholeTypes) != 0) return nullptr;
     ArrayCell* cell = array.array();
     const auto number = static_cast<std::uint32_t>(index.as.i);
     return number < cell->count1 ? cell->items + number : nullptr;

@@ -30,9 +30,9 @@ class Arena {
 
   private:
     void* take(std::size_t bytes) {
-        bytes = (bytes + Alignment - 1) / Alignment * Alignment;
+        bytes = (bytes + alignment - 1) / alignment * alignment;
         if (bytes > left_) {
-            const std::size_t size = bytes > BlockSize ? bytes : BlockSize;
+            const std::size_t size = bytes > blockSize ? bytes : blockSize;
             blocks_.push_back(std::make_unique_for_overwrite<std::byte[]>(size));
             next_ = blocks_.back().get();
             left_ = size;
@@ -43,8 +43,8 @@ class Arena {
         return piece;
     }
 
-    static constexpr std::size_t Alignment = alignof(std::max_align_t);
-    static constexpr std::size_t BlockSize = std::size_t{64} * 1024;
+    static constexpr std::size_t alignment = alignof(std::max_align_t);
+    static constexpr std::size_t blockSize = std::size_t{64} * 1024;
     std::vector<std::unique_ptr<std::byte[]>> blocks_;
     std::byte* next_ = nullptr;
     std::size_t left_ = 0;

@@ -1,7 +1,7 @@
 #include "platform/script/syntax/Lexer.h"
 
+#include "platform/script/Conversions.h"
 #include "platform/script/StringCell.h"
-#include "platform/script/convert.h"
 
 #include <array>
 #include <cmath>
@@ -12,23 +12,23 @@ namespace tolvan::script {
 namespace {
 
 // In the order of Token.
-constexpr std::array<std::string_view, 53> ReservedWords = {
+constexpr std::array<std::string_view, 53> reservedWords = {
     "and",    "byref",  "byval", "call",    "case",   "class", "const", "dim",      "do",     "each",    "else",
     "elseif", "empty",  "end",   "eqv",     "exit",   "false", "for",   "function", "goto",   "if",      "imp",
     "in",     "is",     "let",   "loop",    "me",     "mod",   "new",   "next",     "not",    "nothing", "null",
     "on",     "option", "or",    "private", "public", "redim", "rem",   "resume",   "select", "set",     "stop",
     "sub",    "then",   "to",    "true",    "until",  "wend",  "while", "with",     "xor"};
-static_assert(ReservedWords.size() == static_cast<std::size_t>(Token::Xor) - static_cast<std::size_t>(Token::And) + 1);
-constexpr std::size_t LongestReserved = 8;
+static_assert(reservedWords.size() == static_cast<std::size_t>(Token::Xor) - static_cast<std::size_t>(Token::And) + 1);
+constexpr std::size_t longestReserved = 8;
 
 Token reservedOrName(std::string_view word) {
     static const std::unordered_map<std::string_view, Token> table = [] {
         std::unordered_map<std::string_view, Token> map;
-        for (std::size_t i = 0; i < ReservedWords.size(); ++i)
-            map[ReservedWords[i]] = static_cast<Token>(static_cast<std::size_t>(Token::And) + i);
+        for (std::size_t i = 0; i < reservedWords.size(); ++i)
+            map[reservedWords[i]] = static_cast<Token>(static_cast<std::size_t>(Token::And) + i);
         return map;
     }();
-    if (word.size() > LongestReserved) return Token::Name;
+    if (word.size() > longestReserved) return Token::Name;
     const auto place = table.find(lowerCase(word));
     return place == table.end() ? Token::Name : place->second;
 }
@@ -152,7 +152,7 @@ void Lexer::word() {
         return endLine();
     }
     if (state_.token != Token::Name) return;
-    if (spelled.size() > LongestName) fail(Syntax::IdentifierTooLong);
+    if (spelled.size() > longestName) fail(Syntax::IdentifierTooLong);
     state_.name = names_.intern(spelled);
 }
 
@@ -168,7 +168,7 @@ void Lexer::bracketedName() {
     const std::string_view spelled = source_.substr(first, state_.next - first);
     ++state_.next;
     if (spelled.empty()) fail(Syntax::ExpectedIdentifier);
-    if (spelled.size() > LongestName) fail(Syntax::IdentifierTooLong);
+    if (spelled.size() > longestName) fail(Syntax::IdentifierTooLong);
     state_.token = Token::Name;
     state_.name = names_.intern(spelled);
 }

@@ -43,7 +43,7 @@ class Lexer {
 
     [[noreturn]] void fail(Syntax number) const;
 
-    static constexpr std::size_t LongestName = 255;
+    static constexpr std::size_t longestName = 255;
 
   private:
     char peek(std::size_t ahead = 0) const {

@@ -20,9 +20,9 @@ class Parser {
 
     // Levels of parentheses and blocks within each other, and of operators on one another; deeper text is refused
     // with OutOfMemory. The machine's stack has room for what fits.
-    static constexpr int DeepestNesting = 200;
-    static constexpr std::uint16_t DeepestTree = 1000;
-    static constexpr std::size_t MostArguments = 255;
+    static constexpr int deepestNesting = 200;
+    static constexpr std::uint16_t deepestTree = 1000;
+    static constexpr std::size_t mostArguments = 255;
 
   private:
     class Level;
@@ -116,7 +116,7 @@ class Parser {
 class Parser::Level {
   public:
     explicit Level(Parser& parser) : parser_(parser) {
-        if (++parser_.depth_ > DeepestNesting) {
+        if (++parser_.depth_ > deepestNesting) {
             --parser_.depth_;
             parser_.lexer_.fail(Syntax::OutOfMemory);
         }

@@ -1,0 +1,387 @@
+#include "platform/script/compiler/ProcedureCompiler.h"
+
+namespace tolvan::script {
+
+ProcedureCompiler::ProcedureCompiler(ModuleScope& module, ProcedureScope& scope, const std::vector<Value>& literals,
+                                     Context& context, Procedure& procedure)
+    : module_(module), scope_(scope), literals_(literals), context_(context), code_(procedure) {
+    procedure.variableCount = static_cast<std::uint32_t>(scope.variables.size());
+    procedure.variableNames = scope.variables;
+    procedure.firstLate = scope.firstLate;
+    code_.startRegistersAt(procedure.variableCount);
+}
+
+void ProcedureCompiler::compileBody(const Block& body, std::uint32_t lastLine) {
+    block(body);
+    mark(lastLine);
+    code_.emit(Op::Return);
+    emitColdCode();
+}
+
+void ProcedureCompiler::compileExpression(const Expr& expression) {
+    mark(expression.line);
+    const Temporaries temporaries(code_);
+    const std::uint32_t value = code_.takeRegisters();
+    into(expression, value);
+    code_.emit(Op::Take, 0, value);
+    code_.emit(Op::Return);
+}
+
+void ProcedureCompiler::block(const Block& body) {
+    for (const Stmt* one = body.first; one != nullptr; one = one->next) statement(*one);
+}
+
+void ProcedureCompiler::statement(const Stmt& statement) {
+    mark(statement.line);
+    switch (statement.kind) {
+        case StmtKind::Assign:
+            return assign(static_cast<const AssignStmt&>(statement));
+        case StmtKind::Call:
+            return callStatement(static_cast<const CallStmt&>(statement));
+        case StmtKind::Dim:
+            return dim(static_cast<const DimStmt&>(statement));
+        case StmtKind::ReDim:
+            return reDim(static_cast<const ReDimStmt&>(statement));
+        case StmtKind::Erase:
+            return erase(static_cast<const EraseStmt&>(statement));
+        case StmtKind::If:
+            return ifStatement(static_cast<const IfStmt&>(statement));
+        case StmtKind::Select:
+            return select(static_cast<const SelectStmt&>(statement));
+        case StmtKind::For:
+            return forLoop(static_cast<const ForStmt&>(statement));
+        case StmtKind::ForEach:
+            return forEach(static_cast<const ForEachStmt&>(statement));
+        case StmtKind::Loop:
+            return loop(static_cast<const LoopStmt&>(statement));
+        case StmtKind::With:
+            return with(static_cast<const WithStmt&>(statement));
+        case StmtKind::Exit:
+            return exit(static_cast<const ExitStmt&>(statement));
+        case StmtKind::OnError:
+            code_.emit(Op::OnError, static_cast<const OnErrorStmt&>(statement).resumeNext ? 1 : 0);
+            return;
+        case StmtKind::Const:
+        case StmtKind::Stop:
+            return;
+    }
+}
+
+// Declarations --------------------------------------------------------------------------------------------------------
+
+void ProcedureCompiler::dim(const DimStmt& statement) {
+    for (const Variable& variable : statement.variables) {
+        if (!variable.isArray) continue;
+        const Temporaries temporaries(code_);
+        makeArray(variable, place(bind(variable.name)));
+    }
+}
+
+void ProcedureCompiler::makeArray(const Variable& variable, std::uint32_t placeRegister) {
+    const std::uint32_t first = evaluateInOrder(variable.bounds);
+    code_.emit(Op::MakeArray, placeRegister, first, static_cast<std::uint32_t>(variable.bounds.size()));
+}
+
+void ProcedureCompiler::reDim(const ReDimStmt& statement) {
+    for (const ReDimStmt::Target& target : statement.targets) {
+        const Temporaries temporaries(code_);
+        const bool isVariable = target.array->kind == ExprKind::Name && bind(target.array->name).mayBeVariable();
+        if (!isVariable && target.array->kind == ExprKind::Name) {
+            const bool isUndefined = bind(target.array->name).kind == Binding::Kind::Undefined;
+            raise(isUndefined ? errors::undefinedVariable : errors::illegalAssignment);
+            continue;
+        }
+        const std::uint32_t first = evaluateInOrder(target.bounds);
+        const std::uint32_t array = placeOf(*target.array);
+        code_.emitWithWord(Op::ReDim, array, first, static_cast<std::uint32_t>(target.bounds.size()),
+                           std::uint32_t{statement.preserve});
+    }
+}
+
+void ProcedureCompiler::erase(const EraseStmt& statement) {
+    const Temporaries temporaries(code_);
+    code_.emit(Op::Erase, placeOf(*statement.array));
+}
+
+// Branches ------------------------------------------------------------------------------------------------------------
+
+void ProcedureCompiler::ifStatement(const IfStmt& statement) {
+    const CallStmt* otherwise = nullptr;
+    if (const HostMember* gate = pollOf(statement, otherwise)) return poll(gate, *otherwise);
+    Label& end = newLabel();
+    for (const IfStmt::Branch& branch : statement.branches) {
+        if (branch.condition == nullptr) {
+            block(branch.body);
+            break;
+        }
+        const bool isLast = &branch == &statement.branches.back();
+        Label& next = newLabel();
+        if (&branch != &statement.branches.front()) mark(branch.line);
+        condition(*branch.condition, isLast ? end : next, false);
+        block(branch.body);
+        if (isLast) break;
+        leaveBlock(end);
+        bindLabel(next);
+    }
+    bindLabel(end);
+}
+
+void ProcedureCompiler::select(const SelectStmt& statement) {
+    const Temporaries temporaries(code_);
+    const std::uint32_t subject = code_.takeRegisters();
+    into(*statement.subject, subject);
+    code_.emit(Op::LetTake, subject, subject);
+    Label& end = newLabel();
+    for (const SelectStmt::Case& clause : statement.cases) {
+        mark(clause.line);
+        Label& body = newLabel();
+        Label& next = newLabel();
+        for (const Expr* value : clause.values) {
+            const Temporaries ofValue(code_);
+            const Operand right = operand(*value);
+            code_.jumpWithWord(right.isConstant ? Op::JumpIfEqualRK : Op::JumpIfEqualRR, subject, right.index, body);
+        }
+        if (!clause.values.empty()) code_.jump(Op::Jump, 0, next);
+        bindLabel(body);
+        block(clause.body);
+        leaveBlock(end);
+        bindLabel(next);
+    }
+    bindLabel(end);
+}
+
+// A statement of its own: after an error in the last one of the block, it goes on here.
+void ProcedureCompiler::leaveBlock(Label& end) {
+    mark(line_);
+    code_.jump(Op::Jump, 0, end);
+}
+
+// Loops ---------------------------------------------------------------------------------------------------------------
+
+// Where the loop variable is no plain register the loop counts in a register of its own, and hands the variable over
+// and back for each pass.
+void ProcedureCompiler::forLoop(const ForStmt& statement) {
+    const Temporaries temporaries(code_);
+    const NameId name = statement.variable->name;
+    const Binding binding = bind(name);
+    if (!binding.mayBeVariable())
+        return raise(binding.kind == Binding::Kind::Undefined ? errors::undefinedVariable : errors::illegalAssignment);
+    const bool isRegister = binding.kind == Binding::Kind::Register;
+    const std::uint32_t counter = isRegister ? binding.index : code_.takeRegisters();
+    const std::uint32_t limit = code_.takeRegisters(2);
+    const std::uint32_t step = limit + 1;
+    // The limit may use the variable's old value.
+    const std::uint32_t from = code_.takeRegisters();
+    into(*statement.from, from);
+    into(*statement.to, limit);
+    Value stepValue = Value::integer(1);
+    const bool isFixed = statement.step == nullptr || literalOf(*statement.step, stepValue);
+    if (statement.step != nullptr)
+        into(*statement.step, step);
+    else
+        loadConstant(stepValue, step);
+    code_.emit(Op::LetTake, counter, from);
+
+    const auto handOver = [&] {
+        if (isRegister) return;
+        const Temporaries ofCopy(code_);
+        const std::uint32_t copy = code_.takeRegisters();
+        code_.emit(Op::Copy, copy, counter);
+        store(binding, copy, false);
+    };
+    const bool byOne = isFixed && stepValue.is(Type::Integer) && stepValue.as.i == 1;
+    Label& body = newLabel();
+    Label& exit = newLabel();
+    Label& finished = newLabel();
+    code_.jumpWithWord(Op::ForPrepare, counter, limit, finished);
+    bindLabel(body);
+    if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
+    handOver();
+    loops_.push_back({ExitKind::For, &exit});
+    block(statement.body);
+    loops_.pop_back();
+    mark(statement.line);
+    if (!isRegister) nameInto(*statement.variable, counter);
+    if (byOne && code_.isAtGate(body))
+        code_.loopWithGate(Op::ForNextOneGate, counter, limit, body);
+    else
+        code_.jumpWithWord(byOne ? Op::ForNextOne : Op::ForNext, counter, limit, body);
+    bindLabel(finished);
+    handOver();
+    bindLabel(exit);
+}
+
+void ProcedureCompiler::forEach(const ForEachStmt& statement) {
+    const Temporaries temporaries(code_);
+    const Binding binding = bind(statement.variable->name);
+    if (!binding.mayBeVariable())
+        return raise(binding.kind == Binding::Kind::Undefined ? errors::undefinedVariable : errors::illegalAssignment);
+    const std::uint32_t state = code_.takeRegisters(2);
+    const std::uint32_t element = code_.takeRegisters();
+    into(*statement.group, element);
+    code_.emit(Op::EachPrepare, state, element);
+    code_.emit(Op::Clear, element);
+    Label& test = newLabel();
+    Label& body = newLabel();
+    Label& exit = newLabel();
+    code_.jump(Op::Jump, 0, test);
+    bindLabel(body);
+    if (binding.kind == Binding::Kind::Register)
+        code_.emit(Op::Take, binding.index, element);
+    else
+        store(binding, element, false);
+    if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
+    loops_.push_back({ExitKind::For, &exit});
+    block(statement.body);
+    loops_.pop_back();
+    bindLabel(test);
+    mark(statement.line);
+    code_.jumpWithWord(Op::EachNext, state, element, body);
+    bindLabel(exit);
+    code_.emit(Op::Clear, state);
+}
+
+void ProcedureCompiler::loop(const LoopStmt& statement) {
+    if (statement.test == LoopStmt::Test::Before && scope_.handlesErrors) return loopInTextOrder(statement);
+    Label& test = newLabel();
+    Label& body = newLabel();
+    Label& exit = newLabel();
+    if (statement.test == LoopStmt::Test::Before) code_.jump(Op::Jump, 0, test);
+    bindLabel(body);
+    if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
+    if (statement.isDo) loops_.push_back({ExitKind::Do, &exit});
+    block(statement.body);
+    if (statement.isDo) loops_.pop_back();
+    if (statement.test == LoopStmt::Test::Before) bindLabel(test);
+    mark(statement.testLine);
+    if (statement.test == LoopStmt::Test::Never)
+        code_.jump(Op::Jump, 0, body);
+    else
+        condition(*statement.condition, body, !statement.isUntil);
+    bindLabel(exit);
+}
+
+// Where errors are survived, the statement after a condition that failed is the first one of the body.
+void ProcedureCompiler::loopInTextOrder(const LoopStmt& statement) {
+    Label& test = newLabel();
+    Label& exit = newLabel();
+    bindLabel(test);
+    mark(statement.testLine);
+    condition(*statement.condition, exit, statement.isUntil);
+    if (statement.isDo) loops_.push_back({ExitKind::Do, &exit});
+    block(statement.body);
+    if (statement.isDo) loops_.pop_back();
+    mark(line_);
+    // Here, where a failing condition does not lead past it.
+    if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
+    code_.jump(Op::Jump, 0, test);
+    bindLabel(exit);
+}
+
+void ProcedureCompiler::with(const WithStmt& statement) {
+    const Temporaries temporaries(code_);
+    const std::uint32_t object = code_.takeRegisters();
+    into(*statement.object, object);
+    code_.emit(Op::SetTake, object, object);
+    const std::uint32_t outer = withRegister_;
+    withRegister_ = object;
+    block(statement.body);
+    withRegister_ = outer;
+    mark(line_);
+    code_.emit(Op::Clear, object);
+}
+
+void ProcedureCompiler::exit(const ExitStmt& statement) {
+    if (statement.what != ExitKind::Do && statement.what != ExitKind::For) {
+        code_.emit(Op::ClearError);
+        code_.emit(Op::Return);
+        return;
+    }
+    for (auto innermost = loops_.rbegin(); innermost != loops_.rend(); ++innermost) {
+        if (innermost->kind != statement.what) continue;
+        code_.jump(Op::Jump, 0, *innermost->exit);
+        return;
+    }
+}
+
+// Polls ---------------------------------------------------------------------------------------------------------------
+
+// The gate that a condition asks: "host.gate" or "gate", without arguments; or null.
+const HostMember* ProcedureCompiler::gateOf(const Expr& condition) {
+    const Expr* asked = &condition;
+    while (asked->kind == ExprKind::Group || (asked->kind == ExprKind::Call && asked->arguments.empty()))
+        asked = asked->left;
+    const HostMember* member = nullptr;
+    if (asked->kind == ExprKind::Member) {
+        auto* host = const_cast<HostObject*>(hostObject(*asked->left));
+        if (host == nullptr) return nullptr;
+        const int number = host->findMember(module_.names().spelling(asked->name));
+        if (number == HostObject::noMember) return nullptr;
+        member = module_.engine().hostMember(*host, number);
+    } else if (asked->kind == ExprKind::Name) {
+        const Binding binding = bind(asked->name);
+        if (binding.kind == Binding::Kind::HostMember) member = binding.symbol->member;
+    }
+    if (member == nullptr || member->object->gateBudget(member->member) == nullptr) return nullptr;
+    return member;
+}
+
+// "If Not gate Then call": the gate and the call; or null.
+const HostMember* ProcedureCompiler::pollOf(const IfStmt& statement, const CallStmt*& otherwise) {
+    if (statement.branches.size() != 1) return nullptr;
+    const IfStmt::Branch& branch = statement.branches.front();
+    const Expr* negation = branch.condition;
+    while (negation->kind == ExprKind::Group) negation = negation->left;
+    if (negation->kind != ExprKind::Unary || negation->op != Token::Not) return nullptr;
+    const Stmt* only = branch.body.first;
+    if (only == nullptr || only->next != nullptr || only->kind != StmtKind::Call) return nullptr;
+    otherwise = static_cast<const CallStmt*>(only);
+    return gateOf(*negation->left);
+}
+
+bool ProcedureCompiler::isRaise(const CallStmt& statement) {
+    const Expr& callee = *statement.call->left;
+    if (callee.kind != ExprKind::Member || callee.left->kind != ExprKind::Name) return false;
+    return module_.engine().isErr(callee.left->name) && bind(callee.left->name).kind == Binding::Kind::Constant &&
+           lowerCase(module_.names().spelling(callee.name)) == "raise";
+}
+
+bool ProcedureCompiler::startsWithPoll(const Block& body) {
+    const CallStmt* otherwise = nullptr;
+    return body.first != nullptr && body.first->kind == StmtKind::If &&
+           pollOf(static_cast<const IfStmt&>(*body.first), otherwise) != nullptr;
+}
+
+// A second poll with nothing but arithmetic since the first would get the same answer, and is left out. That holds
+// only where a "no" does not come back here.
+void ProcedureCompiler::poll(const HostMember* gate, const CallStmt& otherwise) {
+    if (fresh_ == gate) return;
+    Label& asked = newLabel();
+    Label& back = newLabel();
+    code_.gate(gate->object->gateBudget(gate->member), asked);
+    code_.bind(back);
+    addColdCode([this, gate, &otherwise, &asked, &back] {
+        code_.bind(asked);
+        const std::uint32_t answer = code_.takeRegisters();
+        code_.emitWithWord(Op::AskGate, answer, 0, 0, gate);
+        code_.jump(Op::JumpIf, answer, back);
+        callStatement(otherwise);
+        mark(line_);
+        code_.jump(Op::Jump, 0, back);
+    });
+    const bool stopsHere = isRaise(otherwise) && !scope_.handlesErrors && !module_.hasClasses && !scope_.runsText;
+    fresh_ = stopsHere ? gate : nullptr;
+}
+
+// Cold code may have cold code of its own.
+void ProcedureCompiler::emitColdCode() {
+    for (std::size_t i = 0; i < cold_.size(); ++i) {
+        const ColdCode& cold = cold_[i];
+        code_.startRegistersAt(cold.firstRegister);
+        withRegister_ = cold.withRegister;
+        mark(cold.line);
+        cold.write();
+    }
+}
+
+}  // namespace tolvan::script

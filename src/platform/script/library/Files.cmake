@@ -1,0 +1,25 @@
+# Built-in functions, constants, conversions and operators: see Builtin.h.
+set(TOLVAN_SCRIPT_LIBRARY
+    Arithmetic.cpp
+    Comparison.cpp
+    Conversions.cpp
+    Logic.cpp
+    library/ArrayFunctions.cpp
+    library/Builtins.cpp
+    library/Calendar.cpp
+    library/Constants.cpp
+    library/ConversionFunctions.cpp
+    library/DateArithmeticFunctions.cpp
+    library/DateFunctions.cpp
+    library/DateReading.cpp
+    library/DateText.cpp
+    library/FormatFunctions.cpp
+    library/FunctionArguments.cpp
+    library/InspectionFunctions.cpp
+    library/MathematicsFunctions.cpp
+    library/NumberReading.cpp
+    library/NumberWriting.cpp
+    library/OutsideFunctions.cpp
+    library/Searcher.cpp
+    library/TextFunctions.cpp
+    library/TextSearchFunctions.cpp)

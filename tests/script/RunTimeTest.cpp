@@ -1,0 +1,328 @@
+// Errors while a script runs, its limits, polls, and what the host does to it.
+
+#include "platform/script/Object.h"
+#include "platform/script/StringCell.h"
+#include "script/ScriptConsole.h"
+
+#include <cstring>
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tolvan::script {
+namespace {
+
+TEST(RunTimeErrors, HaveTheirNumberAndTheLineOfTheStatement) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"x = 1\nx = Sqr(-1)", "error 5 line 2\n"},
+        {"x = 1E308\n\nx = x * 10", "error 6 line 3\n"},
+        {"x = CInt(40000)", "error 6 line 1\n"},
+        {"x = 1\ny = x \\ 0", "error 11 line 2\n"},
+        {"y = 0\nx = 5.5 / y", "error 11 line 2\n"},
+        {"y = 0\nx = 5 Mod y", "error 11 line 2\n"},
+        {"x = \"abc\" + 1", "error 13 line 1\n"},
+        {"x = \"abc\"\nIf x > 5 Then y = 1", "error 13 line 2\n"},
+        {"For i = 1 To \"x\"\nNext", "error 13 line 1\n"},
+        {"For Each x In 5\nNext", "error 451 line 1\n"},
+        {"Dim a()\nFor Each x In a\nNext", "error 92 line 2\n"},
+        {"x = CLng(Null)", "error 94 line 1\n"},
+        {"Set x = 1", "error 424 line 1\n"},
+        {"Set x = Nothing\nx.y", "error 91 line 2\n"},
+        {"x = 1\nIf x = 1 Then\ny = 2\nElseIf x.z Then\nEnd If\nx.z = 1", "error 424 line 6\n"},
+        {"If False Then\nElseIf x.z Then\nEnd If", "error 424 line 2\n"},
+        {"While z.x\nWend", "error 424 line 1\n"},
+        {"Do\nx = 1\nLoop Until x.y", "error 424 line 3\n"},
+        {"x = 1 : y = 2 : z = q(1)", "error 13 line 1\n"},
+        {"x = 1 + _\n 2 + _\n q(1)", "error 13 line 1\n"},
+        {"f 1\n\nSub f(x)\nx = 1\ng x\nEnd Sub\nSub g(y)\ny = y / 0\nEnd Sub", "error 11 line 8\n"},
+        {"Class c\nSub s\nx = 1 / 0\nEnd Sub\nEnd Class\nSet o = New c\no.s", "error 11 line 3\n"},
+        {"Err.Raise 77", "error 77 line 1\n"},
+        {"Err.Raise 0", "error 5 line 1\n"},
+        {"ParentForm.Fail 62", "error 62 line 1\n"},
+        {"ParentForm.DisplayWidth = 1", "error 438 line 1\n"},
+        {"ParentForm = 1", "error 501 line 1\n"},
+        {"ParentForm.PrintString", "error 450 line 1\n"},
+        {"parentform.nothing 1, 2", "error 438 line 1\n"},
+        {"Option Explicit\nSub Main\nx = 1\nEnd Sub", "error 500 line 3\n"},
+        {"Option Explicit\nReDim a(1)\na(1) = 2\nSub Main\nReDim b(1)\nb(a(1)) = 1\nEnd Sub", "error 9 line 6\n"},
+        {"Option Explicit\nExecute \"x = 1\"\ny = x\nz = x", "error 500 line 3\n"},
+        {"Option Explicit\nSub Main\nExecute \"Dim v\"\nw = v\nv = 3\nEnd Sub", "error 500 line 4\n"},
+        {"Option Explicit\nSub Main\nExecute \"Dim v\"\nv = v & 3\nPrintString v\nEnd Sub", "3\n"},
+        {"Sub Main\nExecute \"Sub p : q = 1 / 0 : End Sub\"\np\nEnd Sub", "error 11 line 1\n"},
+    };
+    for (const auto& [module, expected] : cases) EXPECT_EQ(outcome(module), expected) << module;
+}
+
+TEST(RunTimeErrors, ReportDescriptionAndSourceToTheHost) {
+    Executor executor;
+    EXPECT_FALSE(executor.addCode("Err.Raise 4711, \"who\", \"what\""));
+    EXPECT_EQ(executor.error().description, "what");
+    EXPECT_EQ(executor.error().source, "who");
+    EXPECT_FALSE(executor.run("nobody"));
+    EXPECT_EQ(executor.error().number, errors::undefinedProcedure);
+    EXPECT_TRUE(executor.addCode("x = 1"));
+    EXPECT_EQ(executor.error().number, 0);
+}
+
+TEST(Limits, RecursionWithoutEndIsAnError) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"Sub Main\nf 1\nEnd Sub\nSub f(n)\nf n + 1\nEnd Sub", "error 28 line 5\n"},
+        {"Sub Main\nx = f(1)\nEnd Sub\nFunction f(n)\nf = 1 + f(n)\nEnd Function", "error 28 line 5\n"},
+        {"Sub s\nExecute \"s\"\nEnd Sub\ns", "error 28 line 2\n"},
+        {"Class c\nPublic Default Property Get v\nv = Me + 1\nEnd Property\nEnd Class\nSet o = New c\nx = o + 1",
+         "error 28 line 3\n"},
+        {"Class c\nSub Class_Initialize\nSet x = New c\nEnd Sub\nEnd Class\nSet o = New c", "error 28 line 3\n"},
+        {"Sub Main\nPrintString depth(15000)\nEnd Sub\nFunction depth(n)\nIf n > 0 Then depth = depth(n - 1) + 1\n"
+         "End Function",
+         "15000\n"},
+        {"Sub Main\nOn Error Resume Next\nf 1\nPrintString Err.Number\nf 1\nEnd Sub\nSub f(n)\nf n + 1\nEnd Sub",
+         "28\n"},
+    };
+    for (const auto& [module, expected] : cases) EXPECT_EQ(outcome(module), expected) << module;
+}
+
+TEST(Limits, MemoryThatRunsOutIsAnErrorAndComesBack) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"s = \"0123456789\"\nDo\ns = s & s\nLoop", "error 7 line 3\n"},
+        {"s = String(10000000, \"x\")\nDim a(1000)\nFor i = 1 To 1000\na(i) = s & i\nNext", "error 7 line 4\n"},
+        {"Dim a(99999999)", "error 7 line 1\n"},
+        {"ReDim a(2147483647)", "error 7 line 1\n"},
+        {"ReDim a(1000, 1000, 1000)", "error 7 line 1\n"},
+        {"ReDim a(0)\nDo\nReDim Preserve a(UBound(a) * 2 + 1)\nLoop", "error 7 line 3\n"},
+        {"x = Space(2000000000)", "error 7 line 1\n"},
+    };
+    for (const auto& [module, expected] : cases) {
+        Executor executor;
+        executor.setMemoryLimit(std::size_t{64} << 20);
+        ScriptConsole console;
+        EXPECT_EQ(outcome(executor, console, module), expected) << module;
+        executor.reset();
+        EXPECT_EQ(executor.memoryUsed(), 0U) << module;
+    }
+}
+
+TEST(Limits, ALongChainOfObjectsIsTakenApart) {
+    EXPECT_EQ(outcome("Class Node\nPublic nxt\nEnd Class\n"
+                      "For i = 1 To 200000\nSet n = New Node\nSet n.nxt = head\nSet head = n\nNext\n"
+                      "Set n = Nothing\nSet head = Nothing\nPrintString \"done\"\n"),
+              "error 424 line 6\n");
+    EXPECT_EQ(outcome("Class Node\nPublic nxt\nEnd Class\nSet head = Nothing\n"
+                      "For i = 1 To 200000\nSet n = New Node\nSet n.nxt = head\nSet head = n\nNext\n"
+                      "Set n = Nothing\nSet head = Nothing\nPrintString \"done\"\n"),
+              "done\n");
+    EXPECT_EQ(outcome("For i = 1 To 200000\na = Array(a)\nNext\na = 1\nPrintString \"done\"\n"), "done\n");
+}
+
+TEST(Reset, GivesBackAllMemoryOfARun) {
+    Executor executor;
+    for (int run = 0; run < 50; ++run) {
+        ScriptConsole console;
+        EXPECT_EQ(outcome(executor, console,
+                          "Dim kept(1000), text\nFor i = 0 To 1000 : kept(i) = \"text\" & i : Next\n"
+                          "Class Ring\nPublic other\nSub Class_Terminate : PrintString \"late\" : End Sub\nEnd Class\n"
+                          "Set a = New Ring : Set b = New Ring : Set a.other = b : Set b.other = a\n"
+                          "Execute \"text = text & \"\"more\"\"\"\nPrintString text\n"),
+                  "more\n");
+        EXPECT_GT(executor.memoryUsed(), 1000U);
+        executor.reset();
+        ASSERT_EQ(executor.memoryUsed(), 0U);
+        EXPECT_FALSE(executor.hasProcedure("Main"));
+        EXPECT_EQ(outcome(executor, console,
+                          "Option Explicit\nFunction Main\nMain = \"half\" & \" a result\"\nx = kept\nEnd Function"),
+                  "more\nerror 500 line 4\n");
+        executor.reset();
+        ASSERT_EQ(executor.memoryUsed(), 0U);
+    }
+}
+
+TEST(Timeout, EndsARunThatTakesTooLong) {
+    for (const char* body : {"Do\nLoop", "While True\nWend", "For i = 1 To 2 Step 0\nNext", "Do\nx = f(1)\nLoop",
+                             "fib 50", "Do\nif not checkforevents then err.raise 1001\nLoop",
+                             "While parentform.checkforevents\nif not checkforevents then err.raise 1001\nWend",
+                             "On Error Resume Next\nDo\nx = 1\nLoop", "On Error Resume Next\nDo\nx = y.z\nLoop",
+                             "On Error Resume Next\nDo\nSet o = New Waits\nLoop", "Set o = New Waits\no.forks",
+                             "Do\nExecute \"x = 1\"\nLoop", "On Error Resume Next\nWhile y.z\nWend",
+                             "On Error Resume Next\nExecute \"Const k = 1\"\nFor k = 1 To 2\nx = 1\nNext",
+                             "On Error Resume Next\nDo Until 1 / 0\nx = 1\nLoop"}) {
+        Executor executor;
+        executor.setTimeout(30);
+        ScriptConsole console;
+        const std::string module = std::string("Sub Main\n") + body +
+                                   "\nEnd Sub\nFunction f(x)\nf = x\nEnd Function\n"
+                                   "Class Waits\nSub Class_Terminate\nFor k = 1 To 100 : Next\nEnd Sub\n"
+                                   "Sub forks\nOn Error Resume Next\nforks\nforks\nEnd Sub\nEnd Class\n"
+                                   "Sub fib(n)\nIf n > 1 Then\nfib n - 1\nfib n - 2\nEnd If\nEnd Sub";
+        EXPECT_THAT(outcome(executor, console, module), testing::StartsWith("error 113 line ")) << body;
+        executor.reset();
+        EXPECT_EQ(outcome(executor, console, "PrintString \"next\""), "next\n");
+    }
+}
+
+// The poll
+// ---------------------------------------------------------------------------------------------------------------
+
+const std::string pollStatement = "if not parentform.checkforevents then err.raise 1001\n";
+
+TEST(Polls, StopAtTheVeryNextPollAfterAStop) {
+    const std::pair<std::string, std::string> cases[] = {
+        {"x = 1\n" + pollStatement + "StopExecution\n" + pollStatement + "PrintString x", "error 1001 line 4\n"},
+        {pollStatement + "StopExecution\nx = 1\ny = 2\n" + pollStatement + "PrintString x", "error 1001 line 5\n"},
+        {pollStatement + "stopper\nx = 1\n" + pollStatement + "Sub stopper\nStopExecution\nEnd Sub",
+         "error 1001 line 4\n"},
+        {pollStatement + "stopper\nx = 1\nSub stopper\nStopExecution\n" + pollStatement + "End Sub",
+         "error 1001 line 6\n"},
+        {pollStatement + "x = asked()\n" + pollStatement + "Function asked\nStopExecution\nEnd Function",
+         "error 1001 line 3\n"},
+        {pollStatement + "If True Then\nStopExecution\nEnd If\n" + pollStatement + "x = 1", "error 1001 line 5\n"},
+        {pollStatement + "If True Then\nStopExecution\n" + pollStatement + "End If", "error 1001 line 4\n"},
+        {"For i = 1 To 5\n" + pollStatement + "PrintString i\nIf i = 2 Then StopExecution\nNext",
+         "1\n2\nerror 1001 line 2\n"},
+        {"Set c = New Stopper\n" + pollStatement + "x = c + 1\n" + pollStatement +
+             "Class Stopper\nPublic Default Function v\nStopExecution\nEnd Function\nEnd Class",
+         "error 1001 line 4\n"},
+        {pollStatement + "Execute \"StopExecution\"\n" + pollStatement, "error 1001 line 3\n"},
+        {"If Not (CheckForEvents()) Then Err.Raise 1001\nStopExecution\nIf Not (CheckForEvents()) Then Err.Raise 1001",
+         "error 1001 line 3\n"},
+        {"StopExecution\nIf Not checkforevents Then PrintString \"a\"\nIf Not checkforevents Then PrintString \"b\"",
+         "a\nb\n"},
+        {"StopExecution\nIf checkforevents Then PrintString \"no\" Else PrintString \"stopped\"", "stopped\n"},
+        {"On Error Resume Next\nStopExecution\n" + pollStatement + pollStatement + "PrintString Err.Number", "1001\n"},
+    };
+    for (const auto& [module, expected] : cases) EXPECT_EQ(outcome(module), expected) << module;
+}
+
+TEST(Polls, AskTheHostOnlyWhenTheBudgetIsUsedUp) {
+    Executor executor;
+    ScriptConsole console;
+    console.budgetPerAnswer = 100;
+    outcome(executor, console, "For i = 1 To 10000\n" + pollStatement + "x = x + 1\n" + pollStatement + "Next");
+    EXPECT_NEAR(console.asked, 100, 2);
+}
+
+TEST(Polls, NoticeAStopThatComesWhileTheyAreAsked) {
+    class Stopping : public ScriptConsole {
+      public:
+        Value call(int member, Arguments& arguments) override {
+            if (asked == 5) isRunning = false;
+            return ScriptConsole::call(member, arguments);
+        }
+    };
+    Executor executor;
+    Stopping console;
+    EXPECT_EQ(
+        outcome(executor, console, "Sub Main\nDo\n" + pollStatement + "x = x + 1\n" + pollStatement + "Loop\nEnd Sub"),
+        "error 1001 line 3\n");
+}
+
+// The host
+// ---------------------------------------------------------------------------------------------------------------
+
+TEST(Host, SeesMissingArgumentsAndSetsVariables) {
+    Executor executor;
+    ScriptConsole console;
+    outcome(executor, console, "parentform.Note 1,,\"x\",");
+    EXPECT_EQ(console.noted, (std::vector<std::string>{"1", "<missing>", "x", "<missing>"}));
+    EXPECT_EQ(outcome("Sub Main\nInputString a\nDim b(2)\nInputString b(1)\nInputString (a)\nInputString \"text\"\n"
+                      "byReference c\nPrintString a & b(1) & c\nEnd Sub\nSub byReference(p)\nInputString p\nEnd Sub"),
+              "typedtypedtyped\n");
+}
+
+TEST(Host, CallsProceduresWithValuesAndTakesResults) {
+    Executor executor;
+    ASSERT_TRUE(
+        executor.addCode("Function both(a, ByVal b)\na = a & \"!\"\nboth = a & b\nEnd Function\n"
+                         "Dim total\nSub count : total = total + 1 : End Sub"));
+    const Value arguments[] = {Value::text("x"), Value::longInteger(5)};
+    Value result;
+    ASSERT_TRUE(executor.run("BOTH", arguments, &result));
+    EXPECT_EQ(executor.text(result), "x!5");
+    EXPECT_EQ(arguments[0].view(), "x");
+    EXPECT_FALSE(executor.run("both", {arguments, 1}));
+    EXPECT_EQ(executor.error().number, errors::argumentCount);
+    ASSERT_TRUE(executor.run("count") && executor.run("count"));
+    ASSERT_TRUE(executor.evaluate("total * 21", result));
+    EXPECT_EQ(executor.text(result), "42");
+    EXPECT_EQ(executor.typeName(result), "Integer");
+}
+
+// Procedures of the first module meet what the second one declares.
+TEST(Host, ALaterModuleGivesNamesTheirMeaning) {
+    struct Case {
+        const char* first;
+        const char* second;
+        const char* expected;
+    };
+    const Case cases[] = {
+        {"Sub Test : PrintString twice(2) : End Sub", "Function twice(x) : twice = x * 2 : End Function", "4\n"},
+        {"Sub Test : x = 5 : PrintString y : End Sub", "x = 1 : y = 2", "2\n"},
+        {"Sub Test : PrintString Len(\"abc\") : End Sub", "Function Len(x) : Len = x & \"!\" : End Function", "abc!\n"},
+        {"Sub Test : Set c = New Later : PrintString c.v : End Sub", "Class Later : Public v : End Class", "\n"},
+        {"Sub Test : a = 1 : Change a : PrintString a : End Sub\nSub Change(x) : End Sub",
+         "Sub Change(x) : x = x + 1 : End Sub", "2\n"},
+        {"Class C : Sub Go : PrintString later : End Sub : End Class\nSub Test : Set o = New C : o.Go : End Sub",
+         "Const later = \"later\"", "later\n"},
+        {"Option Explicit\nSub Test : late = 3 : PrintString late : End Sub", "Dim late", "3\n"},
+        {"x = 1\nSub Test : PrintString x : End Sub", "Dim x", "1\n"},
+        {"Sub Test : PrintString where : End Sub", "where = 1 : Execute \"Sub More : where = 2 : End Sub\" : More",
+         "2\n"},
+        {"Sub Test : Make : PrintString made(1) : End Sub",
+         "Sub Make : ExecuteGlobal \"Function made(x) : made = x + 1 : End Function\" : End Sub", "2\n"},
+    };
+    for (const Case& one : cases) {
+        Executor executor;
+        ScriptConsole console;
+        executor.addObject("ParentForm", console, Executor::Members::AlsoGlobal);
+        ASSERT_TRUE(executor.addCode(one.first) && executor.addCode(one.second)) << one.first;
+        executor.run("Test");
+        EXPECT_EQ(executor.error().number, 0) << one.first;
+        EXPECT_THAT(console.lines, testing::ElementsAre(std::string(one.expected, std::strlen(one.expected) - 1)))
+            << one.first;
+    }
+}
+
+TEST(Host, ObjectsInVariablesBehaveAsTheirName) {
+    EXPECT_EQ(outcome("Set p = ParentForm\np.PrintString p.DisplayWidth\np.Colour = \"red\"\nPrintString Colour\n"
+                      "PrintString TypeName(p) & (p Is ParentForm)\np.nothing"),
+              "640\nred\nParentFormTrue\nerror 438 line 6\n");
+}
+
+TEST(Host, WritesAndReadsNumbersInItsOwnForm) {
+    class Bracketed : public TextForm {
+      public:
+        std::string number(std::string_view plain) const override { return "<" + std::string(plain) + ">"; }
+        std::string boolean(bool on) const override { return on ? "yes" : "no"; }
+        std::string plain(std::string_view text) const override {
+            std::string kept;
+            for (const char byte : text)
+                if (byte != '<' && byte != '>') kept += byte;
+            return kept;
+        }
+        bool isPlain() const override { return false; }
+    };
+    const Bracketed form;
+    Executor executor;
+    executor.setTextForm(&form);
+    ScriptConsole console;
+    EXPECT_EQ(
+        outcome(executor, console,
+                "PrintString -2.5\nPrintString \"x\" & 5 & True\nPrintString CDbl(\"<-5>\") * 2\n"
+                "s = \"<7>\"\nPrintString s + 1\nPrintString CStr(False)\nt = \"a\"\nt = t & 1.5 & 2\nPrintString t"),
+        "<-2.5>\nx<5>yes\n<-10>\n<8>\nno\na<1.5><2>\n");
+}
+
+TEST(Host, ValuesOutliveTheEngine) {
+    Value text;
+    Value object;
+    {
+        Executor executor;
+        ASSERT_TRUE(
+            executor.addCode("Class c\nPublic x\nSub Class_Terminate : x = 1 / 0 : End Sub\nEnd Class\n"
+                             "Set o = New c\nSet o.x = o\ns = \"long\" & \" text\""));
+        ASSERT_TRUE(executor.evaluate("s", text));
+        ASSERT_TRUE(executor.evaluate("o", object));
+    }
+    EXPECT_EQ(text.view(), "long text");
+    EXPECT_EQ(object.object()->typeName(), "Object");
+}
+
+}  // namespace
+}  // namespace tolvan::script
