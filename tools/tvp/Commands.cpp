@@ -25,7 +25,7 @@ constexpr int scriptFailed = 1;
 constexpr int unusable = 2;
 
 struct Invocation {
-    std::string file;
+    std::string file = {};
     bool trace = false;
     Output& output;
     Output& messages;
@@ -112,37 +112,68 @@ int runScript(const Invocation& invocation) {
     return runOnTextConsole(readInput(invocation.file), invocation);
 }
 
-struct Command {
-    std::string_view name;
-    std::string_view usage;
-    int (*run)(const Invocation&);
-    bool readsStandardInput;  // when no file is named
-    bool canTrace;
-};
-
-constexpr Command commands[] = {
-    {"convert", "convert [FILE]           Roman text to font-encoded text, line by line", convertFile, true, false},
-    {"mark", "mark [FILE]              Roman text with what stays Latin between \"#\" marks", markFile, true, false},
-    {"program", "program FILE.tvp         the program text, Latin runs in braces", showProgram, false, false},
-    {"module", "module FILE.tvp          the script module that the program becomes", showModule, false, false},
-    {"run", "run [--trace] FILE.tvp   runs the program; --trace: its console calls to standard error", runProgram,
-     false, true},
-    {"script", "script [--trace] FILE    runs a script module", runScript, false, true},
-    {"format", "format FILE.tvp          the program file, indented", formatFile, false, false},
-};
-
-std::string usage() {
-    std::string text = "Usage: tvp COMMAND [FILE]\n\n";
-    for (const Command& command : commands) text.append("  tvp ").append(command.usage).append("\n");
-    return text +
-           "\nFILE is \"-\" for standard input, which [FILE] stands for when it is left out.\n"
-           "Exit status: 0 ended or stopped itself, 1 script error, 2 bad usage or unreadable file.\n";
-}
-
 // What is wrong with the use of the command line; for the user, in English.
 struct UsageFailure {
     std::string message;
 };
+
+// Each option, as a bit that the commands name which take it.
+enum OptionBit : unsigned { noOption = 0, traceOption = 1U << 0U };
+
+struct Option {
+    OptionBit bit;
+    std::string_view name;  // one that ends in "=" has a value behind it
+    std::string_view usage;
+    // Throws UsageFailure where the value is not one.
+    void (*set)(Invocation&, std::string_view value);
+};
+
+constexpr Option options[] = {
+    {traceOption, "--trace", "also writes each console call to standard error",
+     [](Invocation& invocation, std::string_view) { invocation.trace = true; }},
+};
+
+enum class NoFile : std::uint8_t { IsWrong, IsStandardInput };
+
+struct Command {
+    std::string_view name;
+    std::string_view usage;
+    int (*run)(const Invocation&);
+    NoFile noFile = NoFile::IsWrong;
+    unsigned options = noOption;
+};
+
+constexpr Command commands[] = {
+    {"convert", "convert [FILE]      Roman text to font-encoded text, line by line", convertFile,
+     NoFile::IsStandardInput},
+    {"mark", "mark [FILE]         Roman text with what stays Latin between \"#\" marks", markFile,
+     NoFile::IsStandardInput},
+    {"program", "program FILE.tvp    the program text, Latin runs in braces", showProgram},
+    {"module", "module FILE.tvp     the script module that the program becomes", showModule},
+    {"run", "run FILE.tvp        runs the program", runProgram, NoFile::IsWrong, traceOption},
+    {"script", "script FILE         runs a script module", runScript, NoFile::IsWrong, traceOption},
+    {"format", "format FILE.tvp     the program file, indented", formatFile},
+};
+
+// "run, script": the commands that take the option.
+std::string takers(const Option& option) {
+    std::string names;
+    for (const Command& command : commands)
+        if ((command.options & option.bit) != 0) names.append(names.empty() ? "" : ", ").append(command.name);
+    return names;
+}
+
+std::string usage() {
+    std::string text = "Usage: tvp COMMAND [OPTION...] [FILE]\n\n";
+    for (const Command& command : commands) text.append("  tvp ").append(command.usage).append("\n");
+    text += "\n";
+    for (const Option& option : options)
+        text.append("  ").append(option.name).append("  ").append(option.usage).append(" (").append(takers(option)) +=
+            ")\n";
+    return text +
+           "\nFILE is \"-\" for standard input, which [FILE] stands for when it is left out.\n"
+           "Exit status: 0 ended or stopped itself, 1 script error, 2 bad usage or unreadable file.\n";
+}
 
 const Command& findCommand(const std::string& name) {
     const auto* const found =
@@ -151,21 +182,31 @@ const Command& findCommand(const std::string& name) {
     return *found;
 }
 
+bool isOption(const std::string& argument) {
+    return argument.size() > 1 && argument[0] == '-';
+}
+
+void setOption(const Command& command, std::string_view argument, Invocation& invocation) {
+    for (const Option& option : options) {
+        const bool named = option.name.ends_with('=') ? argument.starts_with(option.name) : argument == option.name;
+        if (named && (command.options & option.bit) != 0)
+            return option.set(invocation, argument.substr(option.name.size()));
+    }
+    throw UsageFailure{std::string(command.name) + " has no option " + std::string(argument)};
+}
+
 // Reads what follows the command's name.
 void parseArguments(const Command& command, const std::vector<std::string>& arguments, Invocation& invocation) {
     for (std::size_t i = 1; i < arguments.size(); ++i) {
-        const std::string& argument = arguments[i];
-        const bool isOption = argument.size() > 1 && argument[0] == '-';
-        if (isOption && argument == "--trace" && command.canTrace)
-            invocation.trace = true;
-        else if (isOption)
-            throw UsageFailure{arguments[0] + " has no option " + argument};
+        if (isOption(arguments[i]))
+            setOption(command, arguments[i], invocation);
         else if (!invocation.file.empty())
-            throw UsageFailure{arguments[0] + " takes one file, not also " + argument};
+            throw UsageFailure{arguments[0] + " takes one file, not also " + arguments[i]};
         else
-            invocation.file = argument;
+            invocation.file = arguments[i];
     }
-    if (invocation.file.empty() && !command.readsStandardInput) throw UsageFailure{arguments[0] + " needs a file"};
+    if (invocation.file.empty() && command.noFile == NoFile::IsWrong)
+        throw UsageFailure{arguments[0] + " needs a file"};
     if (invocation.file.empty()) invocation.file = "-";
 }
 
@@ -176,7 +217,7 @@ int runCommand(const std::vector<std::string>& arguments, Output& output, Output
         return succeeded;
     }
     const Command& command = findCommand(arguments[0]);
-    Invocation invocation{{}, false, output, messages};
+    Invocation invocation{.output = output, .messages = messages};
     parseArguments(command, arguments, invocation);
     return command.run(invocation);
 }
