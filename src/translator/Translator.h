@@ -36,6 +36,8 @@ class Translator {
 
     const std::string& MapIdentifier(std::string_view name) { return variables_.MapIdentifier(name); }
     std::string GetNextVariable() { return variables_.GetNextVariable(); }
+    // The names that were met since the last `Compile` began.
+    const VariableTable& variables() const { return variables_; }
 
   private:
     void allowArguments(std::size_t characters);

@@ -28,6 +28,10 @@ class VariableTable {
     // Forgets all names; the script names start again.
     void clear() { names_.clear(); }
 
+    // Pairs of a name and its script name, in no order.
+    auto begin() const { return names_.begin(); }
+    auto end() const { return names_.end(); }
+
     // The script name for `name`, a new one the first time. Blanks around `name` do not count. The result is valid
     // until `clear`.
     const std::string& MapIdentifier(std::string_view name);

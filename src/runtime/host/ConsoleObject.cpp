@@ -108,6 +108,7 @@ const ConsoleObject::Member ConsoleObject::members[] = {
 void ConsoleObject::reset() {
     file_.close();
     gate_.reset();
+    library_.reset();
 }
 
 int ConsoleObject::findMember(std::string_view name) const {

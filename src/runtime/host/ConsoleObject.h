@@ -8,6 +8,7 @@
 
 #include "platform/script/HostObject.h"
 #include "runtime/host/ConsoleOperations.h"
+#include "runtime/host/LibraryObject.h"
 #include "runtime/host/PollGate.h"
 #include "runtime/host/ProgramDataFile.h"
 
@@ -27,6 +28,9 @@ class ConsoleObject : public script::HostObject {
 
     // Before a run: closes the file that an earlier run left open.
     void reset();
+
+    // What the library's functions call besides.
+    LibraryObject& library() { return library_; }
 
     std::string_view typeName() const override { return "ParentForm"; }
     int findMember(std::string_view name) const override;
@@ -59,6 +63,7 @@ class ConsoleObject : public script::HostObject {
 
     ConsoleOperations& console_;
     PollGate gate_;
+    LibraryObject library_;
     ProgramDataFile file_;
     Trace trace_;
 };

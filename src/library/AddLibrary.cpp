@@ -1,0 +1,113 @@
+#include "library/AddLibrary.h"
+
+#include "library/LibraryWords.h"
+#include "platform/script/syntax/AstVisitor.h"
+#include "platform/script/syntax/Parser.h"
+#include "platform/script/syntax/SyntaxError.h"
+#include "translator/VariableTable.h"
+
+#include <algorithm>
+#include <memory>
+#include <set>
+#include <string_view>
+#include <utility>
+#include <vector>
+
+namespace tolvan {
+namespace {
+
+// Collects the names to which a module gives a meaning or a value of its own.
+class OwnNames : public script::AstVisitor {
+  public:
+    OwnNames(const script::Module& module, script::Names& names)
+        : fileInput_(names.intern("FileInput")), inputString_(names.intern("InputString")) {
+        visit(module.body);
+        for (const script::ProcedureNode* procedure : module.procedures) {
+            own_.insert(procedure->name);
+            for (const script::Parameter& parameter : procedure->parameters) own_.insert(parameter.name);
+            visit(procedure->body);
+        }
+    }
+
+    bool contains(script::NameId name) const { return own_.contains(name); }
+
+  private:
+    void onAssigned(const script::Expr& target) override { ownVariable(&target); }
+    void onDim(const script::DimStmt& statement) override {
+        for (const script::Variable& variable : statement.variables) own_.insert(variable.name);
+    }
+    void onConst(const script::ConstStmt& statement) override { own_.insert(statement.name); }
+    // What the console reads goes into the variable that is given to it.
+    void onCall(const script::Expr& call) override {
+        const script::Expr* callee = call.left;
+        if (callee->kind != script::ExprKind::Member) return;
+        if (callee->name != fileInput_ && callee->name != inputString_) return;
+        for (const script::Expr* argument : call.arguments) ownVariable(argument);
+    }
+
+    // The variable, or the array of the element.
+    void ownVariable(const script::Expr* target) {
+        while (target != nullptr && target->kind == script::ExprKind::Call) target = target->left;
+        if (target != nullptr && target->kind == script::ExprKind::Name) own_.insert(target->name);
+    }
+
+    const script::NameId fileInput_;
+    const script::NameId inputString_;
+    std::set<script::NameId> own_;
+};
+
+struct UsedWord {
+    const LibraryWord* word;
+    std::string_view scriptName;
+};
+
+// By their script names, so that the same program always becomes the same module.
+std::vector<UsedWord> usedWords(const VariableTable& names) {
+    std::vector<UsedWord> used;
+    for (const auto& [name, scriptName] : names)
+        if (const LibraryWord* const word = findLibraryWord(name)) used.push_back({word, scriptName});
+    std::sort(used.begin(), used.end(),
+              [](const UsedWord& a, const UsedWord& b) { return a.scriptName < b.scriptName; });
+    return used;
+}
+
+std::string scriptFunction(const UsedWord& used) {
+    std::string text = "Function ";
+    text.append(used.scriptName).append("(");
+    for (const char c : used.word->parameters) {
+        // Given by value: what the function does to them is not the program's concern.
+        if (text.back() == '(' || text.back() == ' ') text += "ByVal ";
+        text += c;
+    }
+    text += ")\r\n";
+    for (const char c : used.word->body) {
+        if (c == '%')
+            text += used.scriptName;
+        else if (c == '\n')
+            text += "\r\n";
+        else
+            text += c;
+    }
+    return text += "\r\nEnd Function\r\n";
+}
+
+}  // namespace
+
+std::string addLibrary(std::string module, const VariableTable& names) {
+    const std::vector<UsedWord> used = usedWords(names);
+    if (used.empty()) return module;
+    script::Names scriptNames;
+    std::unique_ptr<script::Module> tree;
+    try {
+        tree = script::Parser(module, scriptNames).parseModule();
+    } catch (const script::SyntaxError&) {
+        return module;
+    }
+    const OwnNames own(*tree, scriptNames);
+    if (!module.ends_with("\r\n")) module += "\r\n";
+    for (const UsedWord& word : used)
+        if (!own.contains(scriptNames.intern(word.scriptName))) module += scriptFunction(word);
+    return module;
+}
+
+}  // namespace tolvan

@@ -1,0 +1,16 @@
+// Puts the library's functions that a program uses after the program's module.
+#pragma once
+
+#include <string>
+
+namespace tolvan {
+
+class VariableTable;
+
+// The module, as the translator made it together with the table of its names, followed by one script function for each
+// library word that the program uses and does not make its own: a word that it sets, declares, reads into, or gives to
+// a function or a parameter keeps the program's meaning. The lines of the module stay where they are. A module that
+// cannot be parsed comes back as it is.
+std::string addLibrary(std::string module, const VariableTable& names);
+
+}  // namespace tolvan

@@ -1,0 +1,143 @@
+#include "runtime/host/LibraryObject.h"
+
+#include "platform/encoding/LetterCase.h"
+#include "platform/richtext/Letters.h"
+#include "platform/script/ScriptError.h"
+
+#include <algorithm>
+#include <array>
+#include <cmath>
+#include <cstdio>
+#include <ctime>
+#include <iterator>
+#include <limits>
+#include <numbers>
+#include <string>
+
+namespace tolvan {
+namespace {
+
+using script::Arguments;
+using script::ScriptError;
+using script::Value;
+
+[[noreturn]] void refuse() {
+    throw ScriptError(script::errors::invalidCall);
+}
+
+// A number of letters, or the number of one.
+std::size_t letterNumber(const Arguments& arguments, std::size_t index, std::int32_t least) {
+    const std::int32_t number = arguments.integer(index);
+    if (number < least) refuse();
+    return static_cast<std::size_t>(number);
+}
+
+std::tm localTime() {
+    const std::time_t now = std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return local;
+}
+
+// Numbers as a reader writes them, with a Latin mark in between.
+Value marked(const char* format, int first, int second, int third) {
+    std::array<char, 64> text{};
+    std::snprintf(text.data(), text.size(), format, first, second, third);
+    return Value::text(text.data());
+}
+
+}  // namespace
+
+struct LibraryObject::Member {
+    std::string_view name;
+    std::size_t arguments;
+    Value (LibraryObject::*method)(Arguments&);
+};
+
+const LibraryObject::Member LibraryObject::members[] = {
+    {"RandomNumber", 1, &LibraryObject::randomNumber},   {"Sine", 1, &LibraryObject::sine},
+    {"LetterCount", 1, &LibraryObject::letterCount},     {"LetterPart", 3, &LibraryObject::letterPart},
+    {"LetterFind", 2, &LibraryObject::letterFind},       {"LetterReplace", 3, &LibraryObject::letterReplace},
+    {"LetterReverse", 1, &LibraryObject::letterReverse}, {"TimeText", 0, &LibraryObject::timeText},
+    {"DateText", 0, &LibraryObject::dateText},           {"SecondsRunning", 0, &LibraryObject::secondsRunning},
+};
+
+void LibraryObject::reset() {
+    random_.seed(seed_ ? *seed_ : std::random_device()());
+    start_ = Clock::now();
+}
+
+int LibraryObject::findMember(std::string_view name) const {
+    const auto* const found = std::find_if(std::begin(members), std::end(members),
+                                           [&](const Member& m) { return sameButForCase(m.name, name); });
+    return found == std::end(members) ? noMember : static_cast<int>(found - std::begin(members));
+}
+
+Value LibraryObject::call(int number, Arguments& arguments) {
+    const Member& member = members[number];
+    if (arguments.count() != member.arguments) throw ScriptError(script::errors::argumentCount);
+    return (this->*member.method)(arguments);
+}
+
+// From 1 to the argument. The remainder is taken, and not a distribution of the standard library, so that a seed gives
+// the same numbers everywhere; against 2^32 the difference in likelihood does not count.
+Value LibraryObject::randomNumber(Arguments& arguments) {
+    const std::int32_t most = arguments.integer(0);
+    if (most < 1) refuse();
+    return Value::longInteger(static_cast<std::int32_t>(random_() % static_cast<std::uint32_t>(most)) + 1);
+}
+
+double sineOfDegrees(double degrees) {
+    const double angle = std::fmod(degrees, 360);
+    if (std::fmod(angle, 30) == 0) {
+        static constexpr std::array<double, 12> exact = {0, 0.5, 0, 1, 0, 0.5, 0, -0.5, 0, -1, 0, -0.5};
+        const auto step = static_cast<std::size_t>((static_cast<int>(angle) + 360) % 360 / 30);
+        if (step % 6 == 0 || exact[step] != 0) return exact[step];
+    }
+    return std::sin(angle * std::numbers::pi / 180);
+}
+
+Value LibraryObject::sine(Arguments& arguments) {
+    return Value::number(sineOfDegrees(arguments.number(0)));
+}
+
+Value LibraryObject::letterCount(Arguments& arguments) {
+    return Value::longInteger(static_cast<std::int32_t>(LetterText(arguments.text(0)).count()));
+}
+
+Value LibraryObject::letterPart(Arguments& arguments) {
+    const std::size_t first = letterNumber(arguments, 1, 1);
+    const std::size_t count = letterNumber(arguments, 2, 0);
+    return Value::text(LetterText(arguments.text(0)).part(first, count));
+}
+
+Value LibraryObject::letterFind(Arguments& arguments) {
+    const std::string text = arguments.text(0);
+    const auto found = LetterText(text).find(LetterText(arguments.text(1)));
+    return Value::longInteger(static_cast<std::int32_t>(found.value_or(0)));
+}
+
+Value LibraryObject::letterReplace(Arguments& arguments) {
+    const LetterText text(arguments.text(0));
+    return Value::text(text.replaced(LetterText(arguments.text(1)), LetterText(arguments.text(2))));
+}
+
+Value LibraryObject::letterReverse(Arguments& arguments) {
+    return Value::text(LetterText(arguments.text(0)).backwards());
+}
+
+Value LibraryObject::timeText(Arguments&) {
+    const std::tm now = localTime();
+    return marked("%02d{:}%02d{:}%02d", now.tm_hour, now.tm_min, now.tm_sec);
+}
+
+Value LibraryObject::dateText(Arguments&) {
+    const std::tm now = localTime();
+    return marked("%d{/}%d{/}%d", now.tm_mday, now.tm_mon + 1, now.tm_year + 1900);
+}
+
+Value LibraryObject::secondsRunning(Arguments&) {
+    return Value::number(std::chrono::duration<double>(Clock::now() - start_).count());
+}
+
+}  // namespace tolvan

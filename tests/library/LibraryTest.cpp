@@ -1,0 +1,76 @@
+// Programs with library words, from Roman text to what they print.
+#include "host/RecordingConsole.h"
+#include "library/AddLibrary.h"
+#include "library/LibraryWords.h"
+#include "platform/transliteration/ReplaceRomanChars.h"
+#include "runtime/host/ConsoleObject.h"
+#include "runtime/host/ModuleRunner.h"
+#include "support/Cases.h"
+#include "translator/ProgramText.h"
+#include "translator/Translator.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+namespace tolvan {
+namespace {
+
+const std::string cases = "library/words.cases";
+
+std::string moduleOf(const std::string& roman) {
+    Translator translator;
+    std::string module = translator.Compile(ProgramText(roman));
+    return addLibrary(std::move(module), translator.variables());
+}
+
+class LibraryTest : public testing::Test {
+  protected:
+    RecordingConsole console;
+    ConsoleObject object{console};
+
+    // The last line that the program prints, or its error.
+    std::string run(const std::string& roman) {
+        script::Executor executor;
+        console.calls.clear();
+        console.answers = {"typed"};
+        const script::ErrorReport report = runModule(executor, object, moduleOf(roman));
+        if (report.number != 0) return "error " + std::to_string(report.number);
+        return console.calls.empty() ? "nothing" : console.calls.back().substr(std::string("print ").size());
+    }
+};
+
+TEST_F(LibraryTest, wordsGiveTheirValues) {
+    for (const char* title : {"What a word gives", "Texts by letters"})
+        for (const Row& row : rowsOf(cases, title)) EXPECT_EQ(run("dAkhav " + row.written[0]), row[1]) << row;
+}
+
+TEST_F(LibraryTest, aWordThatTheProgramGivesAMeaningIsItsOwn) {
+    for (const Row& row : rowsOf(cases, "Whose word it is")) EXPECT_EQ(run(row[0]), row[1]) << row;
+}
+
+TEST_F(LibraryTest, everyWordCanBeAVariableAndWorksAsShown) {
+    for (const LibraryWord& word : libraryWords()) {
+        const std::string name(word.roman);
+        EXPECT_EQ(run(name + " = 5\r\ndAkhav " + name), "5") << name;
+        EXPECT_THAT(run("x = " + std::string(word.usage) + "\r\ndAkhav 1"), testing::StrEq("1")) << name;
+        EXPECT_EQ(findLibraryWord(ReplaceRomanChars(name)), &word);
+    }
+}
+
+TEST_F(LibraryTest, aProgramWithoutThemIsLeftAsItIs) {
+    const std::string program = "dAkhav 1\r\nbAkI = 2\r\n";
+    EXPECT_EQ(moduleOf(program), Translator().Compile(ProgramText(program)));
+}
+
+TEST_F(LibraryTest, randomNumbersRepeatWithASeedOnly) {
+    const std::string program = "i sAThI 1 te 20 paryaMt\r\ns = s & phAsA(6)\r\npuDhachA i\r\ndAkhav s\r\n";
+    EXPECT_NE(run(program), run(program));
+    object.library().setSeed(7);
+    const std::string numbers = run(program);
+    EXPECT_EQ(run(program), numbers);
+    for (const char face : {'1', '2', '3', '4', '5', '6'}) EXPECT_NE(numbers.find(face), std::string::npos) << numbers;
+    EXPECT_EQ(numbers.find_first_not_of("123456"), std::string::npos) << numbers;
+}
+
+}  // namespace
+}  // namespace tolvan
