@@ -159,6 +159,7 @@ bool frmExec::keyPressed(QObject* control, const QKeyEvent& key) {
         state_.IsRunning = false;
         return isCtrlC(key);
     }
+    if (state_.IsRunning && control != inputBox_ && keys_.add(key)) return true;
     // A key that is still held down from the last answer is not pressed.
     const bool isTyped = !key.text().isEmpty() && !key.isAutoRepeat();
     if (control == display_ && isTyped && !state_.IsRunning) CloseForm();

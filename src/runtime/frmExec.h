@@ -7,6 +7,7 @@
 #include "platform/picturebox/PictureBox.h"
 #include "platform/script/Executor.h"
 #include "runtime/ConsoleText.h"
+#include "runtime/KeyQueue.h"
 #include "runtime/RunState.h"
 #include "runtime/host/ConsoleObject.h"
 #include "runtime/host/ConsoleOperations.h"
@@ -43,6 +44,8 @@ class frmExec : public QWidget, public ConsoleOperations {
     void ClearScreen() override;
     bool CheckForEvents() override;
     void StopExecution() override;
+    std::string ReadKey() override { return keys_.take(); }
+    void Wait(double seconds) override;
     void DrawPoint(Point at, std::optional<Colour> colour) override;
     void DrawLine(std::optional<Point> start, Point end, std::optional<Colour> colour) override;
     void DrawBox(std::optional<Point> start, Point end, std::optional<Colour> colour, Fill fill) override;
@@ -101,6 +104,7 @@ class frmExec : public QWidget, public ConsoleOperations {
     ConsoleText text_;
     PictureBox* inputBoxTip_;
     InputBox* inputBox_;
+    KeyQueue keys_;
     bool keepInputFocus_ = false;
     bool executing_ = false;
     bool closeWanted_ = false;  // the window was closed while the program ran

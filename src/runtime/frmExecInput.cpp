@@ -1,13 +1,16 @@
-// The part of frmExec that asks for a line of input: it is typed in Roman letters into the input box, while the tip
-// shows on the console's current line what the letters mean.
+// The part of frmExec that waits for the user: for a line of input, typed in Roman letters into the input box while the
+// tip shows on the console's current line what the letters mean; and for a time to pass.
 #include "platform/encoding/Deva.h"
 #include "runtime/InputBox.h"
 #include "runtime/frmExec.h"
 #include "runtime/host/InputValue.h"
 
 #include <QCoreApplication>
+#include <QDeadlineTimer>
+#include <QTimer>
 
 #include <algorithm>
+#include <cmath>
 #include <string>
 
 namespace tolvan {
@@ -25,6 +28,19 @@ std::optional<std::string> frmExec::InputString() {
     text_.eraseLine();
     text_.printRuns(value);
     return value;
+}
+
+void frmExec::Wait(double seconds) {
+    if (!(seconds > 0)) return;
+    constexpr double longest = 1e15;  // milliseconds; thirty thousand years
+    const QDeadlineTimer end(static_cast<qint64>(std::min(std::ceil(seconds * 1000), longest)), Qt::PreciseTimer);
+    QTimer alarm;  // ends the wait for events
+    alarm.setTimerType(Qt::PreciseTimer);
+    while (!end.hasExpired() && state_.IsRunning) {
+        constexpr qint64 longestAlarm = 3'600'000;
+        alarm.start(static_cast<int>(std::clamp<qint64>(end.remainingTime(), 1, longestAlarm)));
+        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    }
 }
 
 void frmExec::beginInput() {

@@ -30,6 +30,7 @@ void frmExec::execute() {
 }
 
 void frmExec::prepareDisplay() {
+    keys_.clear();
     display_->Cls();
     display_->PSet(ConsoleText::leftMargin, 0, Qt::black);
 }

@@ -37,6 +37,7 @@ class ConsoleObjectTest : public testing::Test {
 TEST_F(ConsoleObjectTest, PassesArgumentsOnAndFillsInMissingOnes) {
     for (const Row& row : rowsOf(cases, "The call that reaches the console")) {
         console.calls.clear();
+        console.keys = {"{a}", "vr"};
         EXPECT_EQ(run(row[0]), 0) << row;
         EXPECT_THAT(console.calls, ElementsAre(row[1])) << row;
     }

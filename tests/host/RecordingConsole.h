@@ -14,6 +14,7 @@ class RecordingConsole : public ConsoleOperations {
   public:
     std::vector<std::string> calls;
     std::deque<std::string> answers;  // when there are none left, input is stopped
+    std::deque<std::string> keys;
     int eventChecks = 0;
     bool running = true;
     bool stopWhenFileFails = false;
@@ -32,6 +33,17 @@ class RecordingConsole : public ConsoleOperations {
         return running;
     }
     void StopExecution() override { running = false; }
+    std::string ReadKey() override {
+        if (keys.empty()) return {};
+        const std::string key = keys.front();
+        keys.pop_front();
+        return key;
+    }
+    void Wait(double seconds) override {
+        std::ostringstream line;
+        line << "wait " << seconds;
+        calls.push_back(line.str());
+    }
 
     void DrawPoint(Point at, std::optional<Colour> colour) override { record("point", {}, at, colour); }
     void DrawLine(std::optional<Point> start, Point end, std::optional<Colour> colour) override {

@@ -106,6 +106,18 @@ TEST_F(PrintTest, PrintingErasesWhatStandsInItsLine) {
     EXPECT_EQ(display().CurrentY, 0);
 }
 
+// In the order in which a sentence's points are emitted: the end first, which is where the next one goes on.
+TEST_F(PrintTest, SentencesWithoutAStartGoOnFromThePointNamedLast) {
+    run({"ClearScreen", "DrawLine 50,10,10,10", "DrawLine 50,50", "DrawLine 10,50", "DrawLine 10,10",
+         "DrawPoint 3,300,0"});
+    const QImage square = picture().copy(0, 0, 60, 60);
+    run({"ClearScreen", "DrawBox 50,50,10,10", "DrawPoint 3,300,0"});
+    EXPECT_EQ(square, picture().copy(0, 0, 60, 60));
+    run({"ClearScreen", "DrawBox 50,50,10,10", "DrawBox 70,80", "DrawPoint 3,300,0"});
+    EXPECT_EQ(picture().pixel(70, 60), 0xFFFFFFFF);
+    EXPECT_EQ(picture().pixel(30, 80), 0xFF000000);
+}
+
 TEST_F(PrintTest, DrawsInTheForegroundColourUnlessOneIsGiven) {
     console->ClearScreen();
     console->DrawPoint({5, 6}, std::nullopt);

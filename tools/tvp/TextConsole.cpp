@@ -5,6 +5,10 @@
 #include "runtime/host/ProgramDataFile.h"
 #include "translator/Blanks.h"
 
+#include <algorithm>
+#include <chrono>
+#include <thread>
+
 namespace tolvan {
 
 void TextConsole::PrintString(std::string_view text) {
@@ -22,6 +26,19 @@ bool TextConsole::CheckForEvents() {
     flush();
     if (output_.failure() != 0) stopped_ = true;
     return !stopped_;
+}
+
+std::string TextConsole::ReadKey() {
+    if (keys_.empty()) return {};
+    std::string key = std::move(keys_.front());
+    keys_.pop_front();
+    return key;
+}
+
+void TextConsole::Wait(double seconds) {
+    constexpr double year = 365.0 * 24 * 3600;  // what the clock can count
+    flush();
+    if (waits_ && seconds > 0) std::this_thread::sleep_for(std::chrono::duration<double>(std::min(seconds, year)));
 }
 
 void TextConsole::flush() {

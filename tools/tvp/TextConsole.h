@@ -6,6 +6,10 @@
 #include "tvp/Input.h"
 #include "tvp/Output.h"
 
+#include <deque>
+#include <string>
+#include <utility>
+
 namespace tolvan {
 
 class TextConsole : public ConsoleOperations {
@@ -16,6 +20,11 @@ class TextConsole : public ConsoleOperations {
     // The program stopped itself, or nobody reads what it prints any more.
     bool isStopped() const { return stopped_; }
 
+    // What ReadKey gives, key by key, in the form of ConsoleOperations::ReadKey. None before.
+    void setKeys(std::deque<std::string> keys) { keys_ = std::move(keys); }
+    // Whether Wait takes its time; it does before.
+    void setWaits(bool waits) { waits_ = waits; }
+
     void PrintString(std::string_view text) override;
     // Throws ScriptError 62 at the end of standard input: a program that asks for more answers than there are would
     // wait or ask for ever.
@@ -23,6 +32,9 @@ class TextConsole : public ConsoleOperations {
     void ClearScreen() override {}
     bool CheckForEvents() override;
     void StopExecution() override { stopped_ = true; }
+    // The next of the given keys; "" after the last.
+    std::string ReadKey() override;
+    void Wait(double seconds) override;
 
     void DrawPoint(Point, std::optional<Colour>) override {}
     void DrawLine(std::optional<Point>, Point, std::optional<Colour>) override {}
@@ -41,6 +53,8 @@ class TextConsole : public ConsoleOperations {
     Output& output_;
     Output& messages_;
     LineReader input_;
+    std::deque<std::string> keys_;
+    bool waits_ = true;
     bool stopped_ = false;
 };
 

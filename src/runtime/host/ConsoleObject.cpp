@@ -40,18 +40,19 @@ Fill fill(const Arguments& arguments, std::size_t index) {
     return arguments.boolean(index) ? Fill::Solid : Fill::Outline;
 }
 
-// The ends of a line or box, whose arguments begin with x1, y1, [x2], [y2]: with two points from the first to the
-// second, with one from the current drawing position to it.
+// The ends of a line or box, whose arguments begin with x1, y1, [x2], [y2]. The program's sentence names (x2, y2) first
+// and (x1, y1) last: "from (x2, y2) to (x1, y1)". Drawing ends at the point named last, from which a sentence without a
+// start goes on.
 struct Ends {
     std::optional<Point> start;
     Point end;
 };
 
 Ends ends(const Arguments& arguments) {
-    const Point first = point(arguments, 0, 1);
-    if (arguments.isMissing(2)) return {std::nullopt, first};
+    const Point end = point(arguments, 0, 1);
+    if (arguments.isMissing(2)) return {std::nullopt, end};
     if (arguments.isMissing(3)) throw ScriptError(script::errors::typeMismatch);
-    return {first, point(arguments, 2, 3)};
+    return {point(arguments, 2, 3), end};
 }
 
 void check(FileError error) {
@@ -92,6 +93,8 @@ const ConsoleObject::Member ConsoleObject::members[] = {
     {"ClearScreen", 0, 0, After::LookSoon, &ConsoleObject::clearScreen},
     {"CheckForEvents", 0, 0, After::IsPoll, &ConsoleObject::checkForEvents},
     {"StopExecution", 0, 0, After::ProgramMayEnd, &ConsoleObject::stopExecution},
+    {"ReadKey", 0, 0, After::LookSoon, &ConsoleObject::readKey},
+    {"Wait", 1, 1, After::ProgramMayEnd, &ConsoleObject::wait},
     {"DrawPoint", 2, 3, After::LookSoon, &ConsoleObject::drawPoint},
     {"DrawLine", 2, 5, After::LookSoon, &ConsoleObject::drawLine},
     {"DrawBox", 2, 6, After::LookSoon, &ConsoleObject::drawBox},
@@ -162,6 +165,15 @@ Value ConsoleObject::stopExecution(Arguments&) {
     return {};
 }
 
+Value ConsoleObject::readKey(Arguments&) {
+    return Value::text(console_.ReadKey());
+}
+
+Value ConsoleObject::wait(Arguments& arguments) {
+    console_.Wait(arguments.number(0));
+    return {};
+}
+
 Value ConsoleObject::drawPoint(Arguments& arguments) {
     console_.DrawPoint(point(arguments, 0, 1), colour(arguments, 2));
     return {};
@@ -174,7 +186,7 @@ Value ConsoleObject::drawLine(Arguments& arguments) {
 }
 
 // "Filled" may come in the place of the second point, or of the colour, when these are left out: the translator
-// appends it behind whatever the statement has.
+// appends it after whatever the statement has.
 Value ConsoleObject::drawBox(Arguments& arguments) {
     const std::size_t last = arguments.count() - 1;
     const bool fillIsLast = (last == 2 || last == 4) && arguments[last].is(Type::Boolean);

@@ -46,6 +46,8 @@ class ConsoleObject : public script::HostObject {
     script::Value clearScreen(script::Arguments& arguments);
     script::Value checkForEvents(script::Arguments& arguments);
     script::Value stopExecution(script::Arguments& arguments);
+    script::Value readKey(script::Arguments& arguments);
+    script::Value wait(script::Arguments& arguments);
     script::Value drawPoint(script::Arguments& arguments);
     script::Value drawLine(script::Arguments& arguments);
     script::Value drawBox(script::Arguments& arguments);

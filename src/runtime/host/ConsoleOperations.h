@@ -28,6 +28,13 @@ class ConsoleOperations {
     virtual bool CheckForEvents() = 0;
     virtual void StopExecution() = 0;
 
+    // The oldest key that was pressed and not read yet, in internal text form, or "" if there is none. A key that types
+    // a character is that character ("5", "{a}"); the others that a program can read have names in Marathi.
+    virtual std::string ReadKey() = 0;
+    // Returns after this time, or at once when the program is to stop. Waiting events are handled meanwhile; a time
+    // that is not above 0 is none.
+    virtual void Wait(double seconds) = 0;
+
     struct Point {
         float x = 0;
         float y = 0;
