@@ -1,10 +1,12 @@
 // Speed of the road from Roman letters to program text, in bytes of Roman text a second.
+#include "platform/encoding/Unicode.h"
 #include "platform/richtext/InternalText.h"
 #include "platform/richtext/RtfReader.h"
 #include "platform/richtext/RtfWriter.h"
 #include "platform/transliteration/Convert.h"
 #include "platform/transliteration/MarkRoman.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
+#include "platform/transliteration/UnicodeToRoman.h"
 #include "translator/ProgramText.h"
 
 #include <benchmark/benchmark.h>
@@ -75,6 +77,21 @@ void romanMark(benchmark::State& state) {
     countBytes(state, text.size());
 }
 BENCHMARK(romanMark);
+
+// Both ways through the border, in bytes of what comes in.
+void codesToUnicode(benchmark::State& state, std::string_view line) {
+    measure(state, ReplaceRomanChars(repeat(std::string(line) + "\r\n", textSize)),
+            [](std::string_view codes) { return unicodeOfCodes(codes); });
+}
+BENCHMARK_CAPTURE(codesToUnicode, prose, proseLine);
+BENCHMARK_CAPTURE(codesToUnicode, clusters, clusterLine);
+
+void unicodeToRoman(benchmark::State& state, std::string_view line) {
+    measure(state, unicodeOfCodes(ReplaceRomanChars(repeat(std::string(line) + "\r\n", textSize))),
+            [](std::string_view utf8) { return romanOfUnicode(utf8); });
+}
+BENCHMARK_CAPTURE(unicodeToRoman, prose, proseLine);
+BENCHMARK_CAPTURE(unicodeToRoman, clusters, clusterLine);
 
 }  // namespace
 }  // namespace tolvan

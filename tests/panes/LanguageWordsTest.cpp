@@ -1,12 +1,10 @@
 #include "editor/panes/LanguageWords.h"
+#include "platform/encoding/Unicode.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "support/Folders.h"
 #include "translator/Keywords.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
-#include "transliteration/ReadBack.h"
-
-#include <QString>
 
 #include <filesystem>
 #include <fstream>
@@ -18,10 +16,7 @@ namespace tolvan {
 namespace {
 
 std::string page() {
-    const FontCodes codes;
-    const auto devanagari = [&](std::string_view roman) {
-        return QString::fromStdU32String(composed(codes.read(LineConvert(roman)))).toStdString();
-    };
+    const auto devanagari = [](std::string_view roman) { return unicodeOfCodes(LineConvert(roman)); };
     std::ostringstream page;
     page
         << "# The words of the language\n\n"
