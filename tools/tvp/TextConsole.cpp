@@ -18,7 +18,7 @@ void TextConsole::PrintString(std::string_view text) {
 std::optional<std::string> TextConsole::InputString() {
     flush();
     const std::optional<std::string> typed = input_.next();
-    if (!typed) throw script::ScriptError(static_cast<int>(FileError::PastEnd));
+    if (!typed) throw script::ScriptError(script::errors::inputPastEnd);
     return inputValue(*typed);
 }
 

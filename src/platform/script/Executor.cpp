@@ -2,7 +2,6 @@
 
 #include "platform/script/Builtin.h"
 #include "platform/script/Conversions.h"
-#include "platform/script/ErrorText.h"
 #include "platform/script/machine/Machine.h"
 #include "platform/script/syntax/SyntaxError.h"
 

@@ -1,5 +1,7 @@
-// Why a file operation failed, in the numbering of the script language, by which users are told.
+// Why a file operation failed, by the numbers of the script language, which users are told.
 #pragma once
+
+#include "platform/script/Errors.h"
 
 #include <cstdint>
 #include <string>
@@ -8,19 +10,19 @@ namespace tolvan {
 
 enum class FileError : std::uint8_t {
     None = 0,
-    InvalidCall = 5,        // a name that is no text, a mode that is no number below 4
-    OutOfStringSpace = 14,  // a line longer than `ProgramDataFile::longestLine`
-    BadNameOrNumber = 52,   // an impossible name, or no file is open
-    NotFound = 53,
-    BadMode = 54,  // reading a file opened for writing, or the other way round
-    AlreadyOpen = 55,
-    DeviceError = 57,
-    DiskFull = 61,
-    PastEnd = 62,
-    TooManyFiles = 67,
-    PermissionDenied = 70,
-    PathAccess = 75,  // a folder, or something else that is no place for a file
-    PathNotFound = 76,
+    InvalidCall = script::errors::invalidCall,              // a name that is no text, a mode that is no number below 4
+    OutOfStringSpace = script::errors::outOfStringSpace,    // a line longer than `ProgramDataFile::longestLine`
+    BadNameOrNumber = script::errors::badFileNameOrNumber,  // an impossible name, or no file is open
+    NotFound = script::errors::fileNotFound,
+    BadMode = script::errors::badFileMode,  // reading a file opened for writing, or the other way round
+    AlreadyOpen = script::errors::fileAlreadyOpen,
+    DeviceError = script::errors::deviceError,
+    DiskFull = script::errors::diskFull,
+    PastEnd = script::errors::inputPastEnd,
+    TooManyFiles = script::errors::tooManyFiles,
+    PermissionDenied = script::errors::permissionDenied,
+    PathAccess = script::errors::pathAccess,  // a folder, or something else that is no place for a file
+    PathNotFound = script::errors::pathNotFound,
 };
 
 // What an errno value means.

@@ -17,7 +17,7 @@ bool isJumpWithOffsetInside(Op op) {
 }
 
 [[noreturn]] void refuse() {
-    throw SyntaxError{Syntax::OutOfMemory, 0, 0};
+    throw SyntaxError{Syntax::TooBig, 0, 0};
 }
 
 }  // namespace

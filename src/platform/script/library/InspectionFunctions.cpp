@@ -96,7 +96,6 @@ Value version(Context&, ArgumentList) {
 
 // The one locale is that of the United States: dates, numbers and names of months are written as there.
 constexpr std::int32_t localeNumber = 1033;
-constexpr int localeNotSupported = 447;
 
 Value getLocale(Context&, ArgumentList) {
     return Value::longInteger(localeNumber);
@@ -110,7 +109,7 @@ Value setLocale(Context& context, ArgumentList arguments) {
         if (name == "en-us") return Value::longInteger(localeNumber);
     }
     const std::int32_t wanted = longOr(context, arguments, 0, 0);
-    if (wanted != 0 && wanted != localeNumber) raise(localeNotSupported);
+    if (wanted != 0 && wanted != localeNumber) raise(errors::localeNotSupported);
     return Value::longInteger(localeNumber);
 }
 

@@ -1,7 +1,6 @@
 #include "platform/script/machine/ErrObject.h"
 
 #include "platform/script/Conversions.h"
-#include "platform/script/ErrorText.h"
 
 #include <utility>
 

@@ -19,7 +19,7 @@ class Parser {
     std::unique_ptr<Module> parseSingleExpression(Expr*& expression);
 
     // Levels of parentheses and blocks within each other, and of operators on one another; deeper text is refused
-    // with OutOfMemory. The machine's stack has room for what fits.
+    // with TooBig. The machine's stack has room for what fits.
     static constexpr int deepestNesting = 200;
     static constexpr std::uint16_t deepestTree = 1000;
     static constexpr std::size_t mostArguments = 255;
@@ -118,7 +118,7 @@ class Parser::Level {
     explicit Level(Parser& parser) : parser_(parser) {
         if (++parser_.depth_ > deepestNesting) {
             --parser_.depth_;
-            parser_.lexer_.fail(Syntax::OutOfMemory);
+            parser_.lexer_.fail(Syntax::TooBig);
         }
     }
     Level(const Level&) = delete;

@@ -90,7 +90,7 @@ void Parser::parameters(ProcedureNode& to) {
     std::vector<Parameter> list;
     if (token() != Token::Close) {
         do {
-            if (list.size() == mostArguments) lexer_.fail(Syntax::OutOfMemory);
+            if (list.size() == mostArguments) lexer_.fail(Syntax::TooBig);
             Parameter parameter{};
             if (accept(Token::ByVal))
                 parameter.byValue = true;

@@ -87,7 +87,7 @@ Expr* Parser::node(ExprKind kind, Token op, Expr* left, Expr* right, std::uint32
 }
 
 void Parser::refuseTooDeep(Expr* tree) const {
-    if (tree->depth > deepestTree) lexer_.fail(Syntax::OutOfMemory);
+    if (tree->depth > deepestTree) lexer_.fail(Syntax::TooBig);
 }
 
 // Operators of one level group from the left, ^ too.
@@ -230,7 +230,7 @@ std::span<Expr*> Parser::argumentsUpTo(Token end) {
     const auto atListEnd = [this, end] { return end == Token::Close ? token() == Token::Close : atStatementEnd(); };
     if (atListEnd()) return {};
     for (;;) {
-        if (list.size() == mostArguments) lexer_.fail(Syntax::OutOfMemory);
+        if (list.size() == mostArguments) lexer_.fail(Syntax::TooBig);
         list.push_back(token() == Token::Comma || atListEnd() ? make(ExprKind::Missing) : expression());
         if (!accept(Token::Comma)) break;
     }
