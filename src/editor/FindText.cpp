@@ -1,16 +1,11 @@
 #include "editor/FindText.h"
 
+#include "platform/encoding/Ascii.h"
+
 #include <algorithm>
 
 namespace tolvan {
 namespace {
-
-std::string withoutCase(std::string_view text) {
-    std::string lower(text);
-    for (char& character : lower)
-        if (character >= 'A' && character <= 'Z') character = static_cast<char>(character - 'A' + 'a');
-    return lower;
-}
 
 std::optional<FoundText> found(std::size_t start, std::size_t length) {
     if (start == std::string_view::npos) return std::nullopt;
@@ -23,7 +18,7 @@ std::optional<FoundText> findForwards(std::string_view text, std::string_view wa
                                       LetterCase letterCase) {
     if (wanted.empty()) return std::nullopt;
     if (letterCase == LetterCase::Exact) return found(text.find(wanted, from), wanted.size());
-    return found(withoutCase(text).find(withoutCase(wanted), from), wanted.size());
+    return found(lowerCase(text).find(lowerCase(wanted), from), wanted.size());
 }
 
 std::optional<FoundText> findBackwards(std::string_view text, std::string_view wanted, std::size_t before,
@@ -31,7 +26,7 @@ std::optional<FoundText> findBackwards(std::string_view text, std::string_view w
     const std::string_view searched = text.substr(0, std::min(before, text.size()));
     if (wanted.empty()) return std::nullopt;
     if (letterCase == LetterCase::Exact) return found(searched.rfind(wanted), wanted.size());
-    return found(withoutCase(searched).rfind(withoutCase(wanted)), wanted.size());
+    return found(lowerCase(searched).rfind(lowerCase(wanted)), wanted.size());
 }
 
 std::string replaceAll(std::string_view text, std::string_view wanted, std::string_view replacement) {

@@ -1,6 +1,7 @@
 #include "editor/RecoveryFiles.h"
 
 #include "editor/WholeFile.h"
+#include "platform/encoding/Ascii.h"
 #include "translator/ProgramFile.h"
 
 #include <QDir>
@@ -14,8 +15,6 @@ namespace {
 
 constexpr char signature[] = "Tolvan Basic unsaved program 1";
 constexpr int mostCopies = 1000;  // of all windows together; a thousand unsaved texts are no accident any more
-
-constexpr std::string_view lineEnd = "\r\n";
 
 QByteArray takeLine(QByteArray& text) {
     const qsizetype end = text.indexOf('\n');

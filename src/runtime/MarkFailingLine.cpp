@@ -1,17 +1,12 @@
 #include "runtime/MarkFailingLine.h"
 
+#include "platform/encoding/Ascii.h"
 #include "runtime/ProgramMarker.h"
 
 #include <cmath>
 #include <string>
 
 namespace tolvan {
-namespace {
-
-constexpr std::string_view lineEnd = "\r\n";
-
-}  // namespace
-
 std::int32_t errorLineOf(int scriptLine) {
     return static_cast<std::int32_t>(std::nearbyint(scriptLine / 2.0 - 1));
 }

@@ -1,5 +1,6 @@
 #include "shell/CommandLine.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/files/PathLookup.h"
 
 #include <algorithm>
@@ -12,13 +13,6 @@ namespace {
 namespace fs = std::filesystem;
 
 constexpr char quote = '"';
-
-std::string lowerCase(std::string_view text) {
-    std::string result(text);
-    for (char& c : result)
-        if (c >= 'A' && c <= 'Z') c = static_cast<char>(c - 'A' + 'a');
-    return result;
-}
 
 // Calls `word(text)` for each word that is not empty.
 template <class WordCall>

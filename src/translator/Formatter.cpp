@@ -1,5 +1,6 @@
 #include "translator/Formatter.h"
 
+#include "platform/encoding/Ascii.h"
 #include "translator/Blanks.h"
 #include "translator/Keywords.h"
 
@@ -11,7 +12,6 @@
 namespace tolvan {
 namespace {
 
-constexpr std::string_view lineEnd = "\r\n";
 constexpr std::size_t indentation = 6;  // blanks a level
 constexpr std::size_t maxIndentation = std::size_t{64} << 20;
 

@@ -1,5 +1,7 @@
 #include "translator/ProgramFile.h"
 
+#include "platform/encoding/Ascii.h"
+
 namespace tolvan {
 namespace {
 
@@ -16,17 +18,15 @@ std::string withCrLf(std::string_view text) {
 }  // namespace
 
 ProgramFile readProgramFile(std::string_view bytes) {
-    const std::size_t lineFeed = bytes.find('\n');
-    if (lineFeed == std::string_view::npos) return {std::string(bytes), {}, ProgramFile::Problem::FirstLineWithoutEnd};
-    std::string_view caption = bytes.substr(0, lineFeed);
-    if (caption.ends_with('\r')) caption.remove_suffix(1);
-    return {std::string(caption), withCrLf(bytes.substr(lineFeed + 1)), ProgramFile::Problem::None};
+    const auto [caption, end] = takeLine(bytes);
+    if (end.empty()) return {std::string(caption), {}, ProgramFile::Problem::FirstLineWithoutEnd};
+    return {std::string(caption), withCrLf(bytes), ProgramFile::Problem::None};
 }
 
 std::string writeProgramFile(std::string_view caption, std::string_view roman) {
     std::string bytes;
     bytes.reserve(caption.size() + roman.size() + 4);
-    return bytes.append(caption).append("\r\n").append(roman).append("\r\n");
+    return bytes.append(caption).append(lineEnd).append(roman).append(lineEnd);
 }
 
 }  // namespace tolvan

@@ -1,12 +1,14 @@
 #include "translator/Scanner.h"
 
+#include "platform/encoding/Ascii.h"
+
 namespace tolvan {
 namespace {
 
 constexpr char quote = '"';
 
 bool isWordCharacter(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') || (c >= '0' && c <= '9') || c == '_';
+    return isLetter(c) || isDigit(c) || c == '_';
 }
 
 }  // namespace

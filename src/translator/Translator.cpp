@@ -1,5 +1,6 @@
 #include "translator/Translator.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/richtext/InternalText.h"
 #include "translator/Blanks.h"
 #include "translator/Keywords.h"
@@ -7,7 +8,6 @@
 #include "translator/Statements.h"
 
 #include <algorithm>
-#include <cctype>
 #include <iterator>
 #include <utility>
 #include <vector>
@@ -15,7 +15,6 @@
 namespace tolvan {
 namespace {
 
-constexpr std::string_view lineEnd = "\r\n";
 constexpr std::string_view pollLine = "if not parentform.checkforevents then err.raise 1001";
 constexpr char quote = '"';
 

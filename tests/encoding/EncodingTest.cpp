@@ -1,9 +1,33 @@
+#include "platform/encoding/Ascii.h"
 #include "platform/encoding/Deva.h"
 
 #include <gtest/gtest.h>
 
 namespace tolvan {
 namespace {
+
+TEST(Ascii, TakesLinesWithTheirOwnEnds) {
+    std::string_view text = "a\r\n\nb\r\r\n\r";
+    std::string lines;
+    while (!text.empty()) {
+        const Line line = takeLine(text);
+        lines.append(line.text).append(line.end == lineEnd ? "|" : line.end == "\n" ? "/" : ".");
+    }
+    EXPECT_EQ(lines, "a|/b\r|\r.");
+}
+
+// Only ASCII's letters have another case, whatever stands beside them and above 127.
+TEST(Ascii, LettersAndDigits) {
+    EXPECT_EQ(lowerCase("@AZ[`az{\xC0\xDE"), "@az[`az{\xC0\xDE");
+    EXPECT_TRUE(sameButForCase("kAvitA", "KaVITa"));
+    EXPECT_FALSE(sameButForCase("\xC0", "\xE0"));
+    EXPECT_FALSE(sameButForCase("ab", "abc"));
+    std::string digits;
+    for (int c = -128; c < 128; ++c)
+        if (digitValue(static_cast<char>(c)) != noDigit) digits += static_cast<char>(c);
+    EXPECT_EQ(digits, "0123456789ABCDEFabcdef");
+    EXPECT_EQ(digitValue('f'), 15);
+}
 
 TEST(Windows1252, EveryCodeComesBackFromItsCharacter) {
     for (int code = 0; code < 256; ++code)

@@ -8,6 +8,7 @@
 #include <random>
 #include <signal.h>
 #include <sstream>
+#include <sys/stat.h>
 
 namespace tolvan {
 namespace {
@@ -19,7 +20,7 @@ using testing::StartsWith;
 #if defined(__SANITIZE_ADDRESS__)
 constexpr std::size_t largeFile = std::size_t{10} << 20;
 #else
-constexpr std::size_t largeFile = std::size_t{100} << 20;
+constexpr std::size_t largeFile = std::size_t{63} << 20;
 #endif
 
 const std::string cases = "tvp/commands.cases";
@@ -121,8 +122,14 @@ TEST(CommandLine, TakesAnyBytes) {
     }
 }
 
-TEST(CommandLine, TakesLargeFiles) {
+TEST(CommandLine, TakesOrdinaryFilesOfUpTo64MiB) {
     TvpProcess tvp;
+    ASSERT_EQ(::mkfifo((tvp.folder() / "pipe").c_str(), 0600), 0);
+    EXPECT_THAT(tvp.run({"run", "pipe"}).errors, HasSubstr("no ordinary file"));
+    EXPECT_THAT(tvp.run({"run", "/dev/zero"}).errors, HasSubstr("no ordinary file"));
+    tvp.folder().write("sparse.tvp", "caption\r\n");
+    std::filesystem::resize_file(tvp.folder() / "sparse.tvp", (64U << 20) + 1);
+    EXPECT_THAT(tvp.run({"run", "sparse.tvp"}).errors, HasSubstr("File too large"));
     std::string text = "caption\r\n";
     while (text.size() < largeFile) text += "dAkhav #\"#namaskAr jag\"# suchanA oL\r\n";
     tvp.folder().write("large.tvp", text);

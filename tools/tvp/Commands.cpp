@@ -1,5 +1,6 @@
 #include "tvp/Commands.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/richtext/InternalText.h"
 #include "platform/transliteration/MarkRoman.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
@@ -35,12 +36,8 @@ struct Invocation {
 template <class LineCall>
 void forEachLine(std::string_view text, const LineCall& line) {
     while (!text.empty()) {
-        const std::size_t lineFeed = text.find('\n');
-        const std::size_t size = lineFeed == std::string_view::npos ? text.size() : lineFeed + 1;
-        std::size_t length = std::min(lineFeed, text.size());
-        if (length < size && length > 0 && text[length - 1] == '\r') --length;
-        line(text.substr(0, length), text.substr(length, size - length));
-        text.remove_prefix(size);
+        const Line next = takeLine(text);
+        line(next.text, next.end);
     }
 }
 
@@ -88,7 +85,7 @@ int showModule(const Invocation& invocation) {
 
 int formatFile(const Invocation& invocation) {
     const ProgramFile file = readProgram(invocation);
-    invocation.output.write(file.caption + "\r\n");
+    invocation.output.write(file.caption + std::string(lineEnd));
     invocation.output.write(formatProgram(file.roman, ProgramText(file.roman).text()));
     return succeeded;
 }

@@ -12,51 +12,33 @@
 namespace tolvan {
 namespace {
 
-constexpr std::size_t pieceSize = std::size_t{256} << 10;
-
-// At most as many bytes as fit into `size`; 0 at the end, below 0 on a failure.
-ssize_t readPiece(int descriptor, char* bytes, std::size_t size) {
-    for (;;) {
-        const ssize_t count = ::read(descriptor, bytes, size);
-        if (count >= 0 || errno != EINTR) return count;
-    }
-}
+constexpr std::size_t pieceSize = std::size_t{64} << 10;
 
 InputFailure cannotRead(const std::string& name, int error) {
     return {"cannot read " + name + ": " + std::strerror(error)};
 }
 
-std::string readAll(int descriptor, const std::string& name) {
-    std::string content;
+Descriptor openInput(const std::string& name) {
+    if (name == "-") return Descriptor::standard(STDIN_FILENO);
+    constexpr int flags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;  // a pipe without writer is not waited for
+    Descriptor file(::open(name.c_str(), flags));
+    if (!file.isOpen() && errno == ENOENT) file = Descriptor(::open(findPath(forwardSlashes(name)).c_str(), flags));
+    if (!file.isOpen()) throw cannotRead(name, errno);
     struct stat entry {};
-    if (::fstat(descriptor, &entry) == 0 && S_ISREG(entry.st_mode))
-        content.reserve(static_cast<std::size_t>(entry.st_size) + pieceSize);
-    for (;;) {
-        const std::size_t size = content.size();
-        content.resize(size + pieceSize);
-        const ssize_t count = readPiece(descriptor, content.data() + size, pieceSize);
-        content.resize(size + static_cast<std::size_t>(count > 0 ? count : 0));
-        if (count < 0) throw cannotRead(name, errno);
-        if (count == 0) return content;
-    }
+    if (::fstat(file.number(), &entry) != 0) throw cannotRead(name, errno);
+    if (S_ISDIR(entry.st_mode)) throw cannotRead(name, EISDIR);
+    if (!S_ISREG(entry.st_mode)) throw InputFailure{"cannot read " + name + ": it is no ordinary file"};
+    return file;
 }
 
 }  // namespace
 
 std::string readInput(const std::string& name) {
-    if (name == "-") return readAll(STDIN_FILENO, "standard input");
-    int descriptor = ::open(name.c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0 && errno == ENOENT)
-        descriptor = ::open(findPath(forwardSlashes(name)).c_str(), O_RDONLY | O_CLOEXEC);
-    if (descriptor < 0) throw cannotRead(name, errno);
-    try {
-        std::string content = readAll(descriptor, name);
-        ::close(descriptor);
-        return content;
-    } catch (...) {
-        ::close(descriptor);
-        throw;
-    }
+    const Descriptor file = openInput(name);
+    std::string content;
+    if (const int error = file.readAll(content, largestInput); error != 0)
+        throw cannotRead(name == "-" ? "standard input" : name, error);
+    return content;
 }
 
 std::optional<std::string> LineReader::next() {
@@ -79,10 +61,8 @@ std::optional<std::string> LineReader::next() {
 bool LineReader::fill() {
     buffer_.erase(0, std::exchange(position_, 0));
     const std::size_t size = buffer_.size();
-    buffer_.resize(size + pieceSize);
-    const ssize_t count = readPiece(STDIN_FILENO, buffer_.data() + size, pieceSize);
-    buffer_.resize(size + static_cast<std::size_t>(count > 0 ? count : 0));
-    return count > 0;
+    static_cast<void>(input_.read(buffer_, pieceSize));
+    return buffer_.size() > size;
 }
 
 }  // namespace tolvan

@@ -1,6 +1,8 @@
 // Files and standard input of the command line.
 #pragma once
 
+#include "platform/files/Descriptor.h"
+
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,8 +14,11 @@ struct InputFailure {
     std::string message;
 };
 
-// All bytes of a file, or of standard input for "-". A name is looked up as it was typed, then without regard to case
-// and with "\" as "/". Throws InputFailure.
+// In bytes; what is larger is taken for something else than a program.
+inline constexpr std::size_t largestInput = std::size_t{64} << 20;
+
+// All bytes of an ordinary file, or of standard input for "-". A name is looked up as it was typed, then without regard
+// to case and with "\" as "/". Throws InputFailure.
 std::string readInput(const std::string& name);
 
 // Standard input, line by line.
@@ -25,6 +30,7 @@ class LineReader {
   private:
     bool fill();
 
+    Descriptor input_ = Descriptor::standard(0);
     std::string buffer_;
     std::size_t position_ = 0;
 };

@@ -1,8 +1,5 @@
 #include "tvp/Output.h"
 
-#include <cerrno>
-#include <unistd.h>
-
 namespace tolvan {
 
 constexpr std::size_t pieceSize = std::size_t{64} << 10;
@@ -26,13 +23,7 @@ void Output::flush() {
 }
 
 void Output::writeThrough(std::string_view bytes) {
-    while (!bytes.empty() && failure_ == 0) {
-        const ssize_t count = ::write(descriptor_, bytes.data(), bytes.size());
-        if (count >= 0)
-            bytes.remove_prefix(static_cast<std::size_t>(count));
-        else if (errno != EINTR)
-            failure_ = errno;
-    }
+    if (failure_ == 0) failure_ = descriptor_.write(bytes);
 }
 
 }  // namespace tolvan

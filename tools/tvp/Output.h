@@ -2,6 +2,8 @@
 // that a caller need ask only now and then.
 #pragma once
 
+#include "platform/files/Descriptor.h"
+
 #include <string>
 #include <string_view>
 
@@ -9,7 +11,7 @@ namespace tolvan {
 
 class Output {
   public:
-    explicit Output(int descriptor) : descriptor_(descriptor) {}
+    explicit Output(int descriptor) : descriptor_(Descriptor::standard(descriptor)) {}
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
     ~Output() { flush(); }
@@ -24,7 +26,7 @@ class Output {
   private:
     void writeThrough(std::string_view bytes);
 
-    int descriptor_;
+    Descriptor descriptor_;
     int failure_ = 0;
     std::string waiting_;
 };

@@ -3,6 +3,7 @@
 #include "editor/panes/CompletionList.h"
 #include "editor/panes/RomanBox.h"
 #include "editor/panes/RomanInput.h"
+#include "platform/encoding/Ascii.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -15,19 +16,11 @@ namespace {
 
 constexpr std::size_t lettersToOpen = 2;
 
-bool isLetter(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
-
-char smallLetter(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
 // "aa" is "A", "ee" is "I", "oo" is "U" in the Roman spelling.
 std::string loosely(std::string_view spelling) {
     std::string letters;
     for (const char c : spelling) {
-        const char small = smallLetter(c);
+        const char small = lowerLetter(c);
         const bool doubled = !letters.empty() && letters.back() == small;
         if (doubled && small == 'e')
             letters.back() = 'i';

@@ -1,6 +1,7 @@
 #include "editor/panes/ProgramBox.h"
 
 #include "editor/panes/ShownText.h"
+#include "platform/encoding/Ascii.h"
 #include "platform/fonts/FontEncoding.h"
 
 #include <QKeyEvent>
@@ -12,8 +13,6 @@
 
 namespace tolvan {
 namespace {
-
-constexpr std::string_view lineEnd = "\r\n";
 
 // The document shows a line; this is the line.
 struct LineOfBlock : QTextBlockUserData {

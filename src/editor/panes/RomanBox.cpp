@@ -1,6 +1,7 @@
 #include "editor/panes/RomanBox.h"
 
 #include "editor/panes/ShownText.h"
+#include "platform/encoding/Ascii.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/RtfReader.h"
 
@@ -19,7 +20,6 @@
 namespace tolvan {
 namespace {
 
-constexpr std::string_view lineEnd = "\r\n";
 constexpr qsizetype tabWidth = 6;
 constexpr std::array editKeys = {QKeySequence::Undo, QKeySequence::Redo,  QKeySequence::Cut,
                                  QKeySequence::Copy, QKeySequence::Paste, QKeySequence::SelectAll};

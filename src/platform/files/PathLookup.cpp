@@ -1,6 +1,6 @@
 #include "platform/files/PathLookup.h"
 
-#include "platform/encoding/LetterCase.h"
+#include "platform/encoding/Ascii.h"
 
 #include <algorithm>
 #include <filesystem>

@@ -1,5 +1,7 @@
 #include "platform/richtext/RtfReader.h"
 
+#include "platform/encoding/Ascii.h"
+
 #include <algorithm>
 #include <array>
 #include <unordered_map>
@@ -7,22 +9,7 @@
 namespace tolvan {
 namespace {
 
-constexpr std::string_view lineBreak = "\r\n";
 constexpr std::string_view latinName = "Times New Roman";
-
-bool isLetter(char character) {
-    return (character >= 'a' && character <= 'z') || (character >= 'A' && character <= 'Z');
-}
-bool isDigit(char character) {
-    return character >= '0' && character <= '9';
-}
-
-std::optional<unsigned> hexDigit(char character) {
-    if (isDigit(character)) return static_cast<unsigned>(character - '0');
-    const char small = static_cast<char>(character | 0x20);
-    if (small >= 'a' && small <= 'f') return static_cast<unsigned>(small - 'a') + 10;
-    return std::nullopt;
-}
 
 // A document while it is being read: characters in the format that is given with them.
 class DocumentBuilder {
@@ -52,7 +39,7 @@ class DocumentBuilder {
 
   private:
     void endParagraph() {
-        if (paragraphEnd_) appendText(lineBreak, *paragraphEnd_);
+        if (paragraphEnd_) appendText(lineEnd, *paragraphEnd_);
         paragraphEnd_.reset();
     }
     void appendText(std::string_view text, const RichFormat& format) {
@@ -270,11 +257,11 @@ class RtfReader {
             position_ = rtf_.size();
             return;
         }
-        const auto high = hexDigit(rtf_[position_]);
-        const auto low = hexDigit(rtf_[position_ + 1]);
-        if (!high || !low) return;
+        const int high = digitValue(rtf_[position_]);
+        const int low = digitValue(rtf_[position_ + 1]);
+        if (high == noDigit || low == noDigit) return;
         position_ += 2;
-        const char character = static_cast<char>(*high * 16 + *low);
+        const char character = static_cast<char>(high * 16 + low);
         addText(std::string_view(&character, 1));
     }
     void endParagraph() {
@@ -341,7 +328,7 @@ void RtfReader::obey(const ControlWord& word) {
         {"f", [](RtfReader& reader, std::optional<int> number) { reader.takeFontNumber(number.value_or(0)); }},
         {"fs", [](RtfReader& reader, std::optional<int> number) { reader.setSize(number.value_or(24)); }},
         {"cf", [](RtfReader& reader, std::optional<int> number) { reader.setColour(number.value_or(0)); }},
-        {"line", [](RtfReader& reader, std::optional<int>) { reader.addText(lineBreak); }},
+        {"line", [](RtfReader& reader, std::optional<int>) { reader.addText(lineEnd); }},
         {"u", [](RtfReader& reader, std::optional<int> number) { reader.readWide(number.value_or('?')); }},
         {"par", [](RtfReader& reader, std::optional<int>) { reader.endParagraph(); }},
         {"tab", [](RtfReader& reader, std::optional<int>) { reader.addText("\t"); }},

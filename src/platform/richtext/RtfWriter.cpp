@@ -1,5 +1,6 @@
 #include "platform/richtext/RtfWriter.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/encoding/Windows1252.h"
 
 #include <algorithm>
@@ -45,7 +46,7 @@ std::string_view fontWord(Font font) {
 // A piece in one font.
 void appendPiece(std::string_view piece, std::string& rtf) {
     for (std::size_t i = 0; i < piece.size(); ++i) {
-        if (piece.substr(i, 2) == "\r\n") {
+        if (piece.substr(i).starts_with(lineEnd)) {
             rtf += "{\\line}";
             ++i;
         } else {

@@ -1,5 +1,6 @@
 #include "platform/script/Conversions.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/script/ScriptError.h"
 #include "platform/script/library/Calendar.h"
 #include "platform/script/library/NumberWriting.h"
@@ -68,13 +69,6 @@ Target wholeOf(Context& context, const Value& value) {
 
 Value numberAsText(Context& context, const WrittenNumber& plain) {
     return context.text(context.textForm().number(plain.view()));
-}
-
-bool sameLetters(std::string_view text, std::string_view lowerCase) {
-    if (text.size() != lowerCase.size()) return false;
-    for (std::size_t i = 0; i < text.size(); ++i)
-        if ((text[i] | 0x20) != lowerCase[i]) return false;
-    return true;
 }
 
 std::string_view trimmed(std::string_view text) {
@@ -219,8 +213,8 @@ std::optional<double> textAsDate(Context& context, std::string_view text) {
 std::optional<bool> textAsBoolean(Context& context, std::string_view text) {
     const PlainText plain(context, text);
     const std::string_view word = trimmed(plain.view());
-    if (sameLetters(word, "true")) return true;
-    if (sameLetters(word, "false")) return false;
+    if (sameButForCase(word, "true")) return true;
+    if (sameButForCase(word, "false")) return false;
     return std::nullopt;
 }
 

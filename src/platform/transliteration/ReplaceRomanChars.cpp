@@ -1,12 +1,13 @@
 #include "platform/transliteration/ReplaceRomanChars.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/transliteration/Convert.h"
 
 namespace tolvan {
 namespace {
 
 // Behind each line, so that its last syllable ends like every other.
-constexpr std::string_view lineEnd = "   ";
+constexpr std::string_view padding = "   ";
 
 // The length of the piece to cut from the front of `line`.
 std::size_t pieceLength(std::string_view line) {
@@ -17,13 +18,13 @@ std::size_t pieceLength(std::string_view line) {
 
 void appendLine(std::string_view line, std::string& padded, std::string& encoded) {
     padded.assign(line);
-    padded += lineEnd;
+    padded += padding;
     for (std::string_view rest = padded; !rest.empty();) {
         const std::size_t length = pieceLength(rest);
         convert(rest.substr(0, length), encoded);
         rest.remove_prefix(length);
     }
-    encoded.resize(encoded.size() - lineEnd.size());
+    encoded.resize(encoded.size() - padding.size());
 }
 
 }  // namespace
@@ -41,11 +42,11 @@ std::string ReplaceRomanChars(std::string_view text) {
     std::string encoded;
     encoded.reserve(text.size() + text.size() / 4);
     while (true) {
-        const std::size_t end = text.find("\r\n");
+        const std::size_t end = text.find(lineEnd);
         appendLine(text.substr(0, end), padded, encoded);
         if (end == std::string_view::npos) return encoded;
-        encoded += "\r\n";
-        text.remove_prefix(end + 2);
+        encoded += lineEnd;
+        text.remove_prefix(end + lineEnd.size());
     }
 }
 

@@ -1,6 +1,7 @@
 // Finds the longest spelling that a Roman text begins with.
 #pragma once
 
+#include "platform/encoding/Ascii.h"
 #include "platform/transliteration/Spellings.h"
 #include "platform/transliteration/Trie.h"
 
@@ -17,11 +18,6 @@ struct SpelledSound {
 
 namespace detail {
 
-// A character that is no small letter has no capital.
-constexpr char toCapital(char letter) {
-    return letter >= 'a' && letter <= 'z' ? static_cast<char>(letter - 'a' + 'A') : '\0';
-}
-
 consteval auto makeSpellingTrie() {
     Trie<128, 128> trie;
     for (const Spelling& spelling : spellings) trie.insert(spelling.roman, static_cast<std::uint8_t>(spelling.sound));
@@ -33,7 +29,7 @@ consteval auto makeSpellingTrie() {
             bool idle = true;
             for (std::size_t i = 0; i < spelling.roman.size(); ++i) {
                 const bool capital = (capitals >> i & 1U) != 0;
-                letters[i] = capital ? toCapital(spelling.roman[i]) : spelling.roman[i];
+                letters[i] = capital ? upperLetter(spelling.roman[i]) : spelling.roman[i];
                 idle = idle && (!capital || idleCapitals.find(letters[i]) != std::string_view::npos);
             }
             if (idle)

@@ -1,6 +1,6 @@
 #include "runtime/host/ConsoleObject.h"
 
-#include "platform/encoding/LetterCase.h"
+#include "platform/encoding/Ascii.h"
 #include "platform/script/ScriptError.h"
 #include "runtime/host/NumberText.h"
 

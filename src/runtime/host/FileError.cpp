@@ -7,6 +7,8 @@ namespace tolvan {
 
 FileError fileError(int number) {
     switch (number) {
+        case 0:
+            return FileError::None;
         case ENOENT:
         case ENOTDIR:
             return FileError::PathNotFound;

@@ -25,7 +25,7 @@ enum class FileError : std::uint8_t {
     PathNotFound = script::errors::pathNotFound,
 };
 
-// What an errno value means.
+// What an errno value means; 0 is no error.
 FileError fileError(int number);
 
 // The same for a file that could not be opened: a missing file is not found; with its folder missing too, the path is

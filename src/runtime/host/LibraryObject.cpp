@@ -1,6 +1,6 @@
 #include "runtime/host/LibraryObject.h"
 
-#include "platform/encoding/LetterCase.h"
+#include "platform/encoding/Ascii.h"
 #include "platform/richtext/Letters.h"
 #include "platform/script/ScriptError.h"
 

@@ -1,5 +1,6 @@
 #include "runtime/host/NumberText.h"
 
+#include "platform/encoding/Ascii.h"
 #include "translator/MessageTable.h"
 
 #include <algorithm>
@@ -7,7 +8,6 @@
 namespace tolvan {
 
 std::string markNumber(std::string_view plain) {
-    const auto isDigit = [](char c) { return c >= '0' && c <= '9'; };
     std::string marked;
     for (std::size_t i = 0; i < plain.size();) {
         const bool latin = !isDigit(plain[i]);

@@ -1,5 +1,6 @@
 #include "runtime/host/ProgramDataFile.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/encoding/Windows1252.h"
 #include "platform/files/PathLookup.h"
 #include "platform/richtext/InternalText.h"
@@ -8,8 +9,6 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <sys/stat.h>
-#include <unistd.h>
-#include <utility>
 
 namespace tolvan {
 namespace {
@@ -56,7 +55,7 @@ FileError ProgramDataFile::open(std::string_view name, Mode mode) {
     const std::string path = findPath(forwardSlashes(plain));
     if (isOtherThanFile(path)) return FileError::PathAccess;
     // Never waiting: a program that hangs here, on a terminal say, could not be stopped.
-    descriptor_ = ::open(path.c_str(), openFlags(mode) | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666);
+    file_ = Descriptor(::open(path.c_str(), openFlags(mode) | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666));
     if (!isOpen()) return openFileError(errno, path);
     mode_ = mode;
     return FileError::None;
@@ -65,20 +64,18 @@ FileError ProgramDataFile::open(std::string_view name, Mode mode) {
 FileError ProgramDataFile::close() {
     buffer_.clear();
     position_ = 0;
-    const int descriptor = std::exchange(descriptor_, -1);
-    if (descriptor < 0 || ::close(descriptor) == 0 || errno == EINTR) return FileError::None;
-    return fileError(errno);
+    return fileError(file_.close());
 }
 
 FileError ProgramDataFile::readLine(std::string& line) {
     if (const FileError error = checkOpen(true); error != FileError::None) return error;
     line.clear();
     for (;;) {
-        const std::size_t lineEnd = unread().find('\n');
-        line.append(unread().substr(0, lineEnd));
+        const std::size_t lineFeed = unread().find('\n');
+        line.append(unread().substr(0, lineFeed));
         if (line.size() > longestLine) return FileError::OutOfStringSpace;
-        if (lineEnd != std::string_view::npos) {
-            position_ += lineEnd + 1;
+        if (lineFeed != std::string_view::npos) {
+            position_ += lineFeed + 1;
             if (line.ends_with('\r')) line.pop_back();
             return FileError::None;
         }
@@ -89,15 +86,7 @@ FileError ProgramDataFile::readLine(std::string& line) {
 
 FileError ProgramDataFile::writeLine(std::string_view text) {
     if (const FileError error = checkOpen(false); error != FileError::None) return error;
-    std::string record(text);
-    record += "\r\n";
-    for (std::size_t written = 0; written < record.size();) {
-        const ssize_t count = ::write(descriptor_, record.data() + written, record.size() - written);
-        if (count == 0) return FileError::DeviceError;  // it takes nothing and does not say why
-        if (count < 0 && errno != EINTR) return fileError(errno);
-        if (count > 0) written += static_cast<std::size_t>(count);
-    }
-    return FileError::None;
+    return fileError(file_.write(std::string(text).append(lineEnd)));
 }
 
 FileError ProgramDataFile::atEnd(bool& end) {
@@ -118,13 +107,8 @@ FileError ProgramDataFile::checkOpen(bool reading) const {
 // Replaces the read-ahead, which has been used up; it stays empty at the end of the file.
 FileError ProgramDataFile::fill() {
     position_ = 0;
-    buffer_.resize(readAhead);
-    ssize_t count = -1;
-    do {
-        count = ::read(descriptor_, buffer_.data(), buffer_.size());
-    } while (count < 0 && errno == EINTR);
-    buffer_.resize(count > 0 ? static_cast<std::size_t>(count) : 0);
-    return count < 0 ? fileError(errno) : FileError::None;
+    buffer_.clear();
+    return fileError(file_.read(buffer_, readAhead));
 }
 
 }  // namespace tolvan

@@ -4,6 +4,7 @@
 // file before the call returns, so a failure belongs to the statement that wrote, and what was written before stays.
 #pragma once
 
+#include "platform/files/Descriptor.h"
 #include "runtime/host/FileError.h"
 
 #include <cstdint>
@@ -18,11 +19,6 @@ class ProgramDataFile {
     // Bytes; a line of a device or a damaged file may never end.
     static constexpr std::size_t longestLine = std::size_t{256} << 20;
 
-    ProgramDataFile() = default;
-    ProgramDataFile(const ProgramDataFile&) = delete;
-    ProgramDataFile& operator=(const ProgramDataFile&) = delete;
-    ~ProgramDataFile() { close(); }
-
     // `name` is a path as PathLookup describes. Write empties a file that exists, Append goes on at its end; both
     // create one that does not.
     FileError open(std::string_view name, Mode mode);
@@ -35,14 +31,14 @@ class ProgramDataFile {
     // Whether nothing is left to read; so in a file opened for writing.
     FileError atEnd(bool& end);
 
-    bool isOpen() const { return descriptor_ >= 0; }
+    bool isOpen() const { return file_.isOpen(); }
 
   private:
     FileError checkOpen(bool reading) const;
     FileError fill();
     std::string_view unread() const { return std::string_view(buffer_).substr(position_); }
 
-    int descriptor_ = -1;
+    Descriptor file_;
     Mode mode_ = Mode::Read;
     std::string buffer_;  // read ahead
     std::size_t position_ = 0;

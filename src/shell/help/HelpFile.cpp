@@ -1,5 +1,6 @@
 #include "shell/help/HelpFile.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/richtext/InternalText.h"
 #include "platform/richtext/RtfReader.h"
 #include "platform/richtext/RtfWriter.h"
@@ -16,17 +17,13 @@ constexpr char paragraphMark = '.';
 constexpr char exampleMark = '>';
 constexpr std::string_view guideTitle = "= ";
 constexpr std::string_view guideExample = "    ";
-constexpr std::string_view lineEnd = "\r\n";
 
 // Calls `line(text)` for each line that is not empty, without its line end.
 template <class LineCall>
 void forEachLine(std::string_view text, const LineCall& line) {
     while (!text.empty()) {
-        const std::size_t end = std::min(text.find('\n'), text.size());
-        std::string_view found = text.substr(0, end);
-        if (found.ends_with('\r')) found.remove_suffix(1);
+        const std::string_view found = takeLine(text).text;
         if (!found.empty()) line(found);
-        text.remove_prefix(std::min(end + 1, text.size()));
     }
 }
 

@@ -3,6 +3,7 @@
 // What is read: a date, a time, or one behind the other with blanks between. Dates: 2/28/2004, 2-28-04, 2/28 (of this
 // year), 2/2004 (its first day), 2004-02-28; 28/2/2004 where the month would be above 12; 28 February 2004, 28-Feb-04,
 // Feb 28, 2004, Feb 28, Feb 2004; the name of a weekday before any of these. Times: 15:04, 3:04:05 PM, 3 PM.
+#include "platform/encoding/Ascii.h"
 #include "platform/script/Conversions.h"
 #include "platform/script/library/Calendar.h"
 #include "platform/script/library/DateText.h"
@@ -14,28 +15,12 @@ namespace tolvan::script {
 
 namespace {
 
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
-
-char lower(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c - 'A' + 'a') : c;
-}
-
-bool isLetter(char c) {
-    return lower(c) >= 'a' && lower(c) <= 'z';
-}
-
-bool sameWord(std::string_view a, std::string_view b) {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char x, char y) { return lower(x) == lower(y); });
-}
-
 using NameOf = std::string_view (*)(int);
 
 // The number of a name among the first `count`, spelt out or in three letters; 0 if it is none.
 int numberOfName(std::string_view word, NameOf nameOf, int count) {
     for (int i = 1; i <= count; ++i)
-        if (sameWord(word, nameOf(i)) || sameWord(word, shortName(nameOf(i)))) return i;
+        if (sameButForCase(word, nameOf(i)) || sameButForCase(word, shortName(nameOf(i)))) return i;
     return 0;
 }
 
@@ -120,7 +105,8 @@ class DateReader {
         const std::size_t here = position_;
         const std::string_view word = readWord();
         position_ = here;
-        return sameWord(word, "AM") || sameWord(word, "PM") || sameWord(word, "A") || sameWord(word, "P");
+        return sameButForCase(word, "AM") || sameButForCase(word, "PM") || sameButForCase(word, "A") ||
+               sameButForCase(word, "P");
     }
 
     bool readTime(const Part& hourPart) {
@@ -132,7 +118,7 @@ class DateReader {
         if (!readSixtieth(minute) || !readSixtieth(second)) return false;
         skipBlanks();
         if (isHalfDay()) {
-            const bool afternoon = lower(readWord().front()) == 'p';
+            const bool afternoon = lowerLetter(readWord().front()) == 'p';
             if (hour > 12 && !afternoon) return false;
             if (hour == 12) hour = 0;
             if (afternoon && hour < 12) hour += 12;

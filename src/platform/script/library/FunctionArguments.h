@@ -1,6 +1,7 @@
 // How the built-in functions read their arguments, and the tables of functions that each file of this folder gives.
 #pragma once
 
+#include "platform/encoding/Ascii.h"
 #include "platform/script/Builtin.h"
 #include "platform/script/Conversions.h"
 
@@ -38,14 +39,6 @@ std::span<const Value> listArgument(Context& context, Value& argument);
 Value newText(Context& context, std::size_t length, char*& bytes);
 // The part of a text that begins at `from` (0: the first byte), with at most `count` bytes.
 Value partOf(Context& context, Value& text, std::size_t from, std::size_t count);
-
-// One of ASCII's letters in the other case; text is bytes of any font, so other letters are nobody's to change.
-constexpr char lowerLetter(char c) {
-    return c >= 'A' && c <= 'Z' ? static_cast<char>(c + ('a' - 'A')) : c;
-}
-constexpr char upperLetter(char c) {
-    return c >= 'a' && c <= 'z' ? static_cast<char>(c - ('a' - 'A')) : c;
-}
 
 std::span<const Builtin> arrayFunctions();
 std::span<const Builtin> conversionFunctions();

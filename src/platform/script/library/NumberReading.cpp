@@ -2,6 +2,7 @@
 //
 // What is read as a number: blanks around it; one sign before or behind it, or brackets around it, which make it
 // negative; a currency sign before it; commas anywhere between the digits before the point; an exponent with E or D.
+#include "platform/encoding/Ascii.h"
 #include "platform/script/Conversions.h"
 #include "platform/script/library/NumberWriting.h"
 
@@ -15,10 +16,6 @@
 namespace tolvan::script {
 
 namespace {
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
-}
 
 // The number is 0.DIGITS * 10^point, the digits without leading zeros.
 struct Decimal {
@@ -157,13 +154,6 @@ std::optional<double> parseShort(std::string_view text) {
     if (unit == 0 ? text.size() > 15 : text.size() == 1) return std::nullopt;
     const auto number = static_cast<double>(negative ? -whole : whole);
     return unit == 0 ? number : number / unit;
-}
-
-int digitValue(char c) {
-    if (isDigit(c)) return c - '0';
-    if (c >= 'A' && c <= 'F') return c - 'A' + 10;
-    if (c >= 'a' && c <= 'f') return c - 'a' + 10;
-    return 99;
 }
 
 }  // namespace

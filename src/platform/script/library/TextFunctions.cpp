@@ -124,8 +124,7 @@ Value strComp(Context& context, ArgumentList arguments) {
 }
 
 bool staysInEscape(char c) {
-    return (upperLetter(c) >= 'A' && upperLetter(c) <= 'Z') || (c >= '0' && c <= '9') ||
-           (c != '\0' && std::strchr("*+-./@_", c) != nullptr);
+    return isLetter(c) || isDigit(c) || (c != '\0' && std::strchr("*+-./@_", c) != nullptr);
 }
 
 // All but letters, digits and *+-./@_ as %xx.
@@ -153,13 +152,8 @@ int hexAt(std::string_view text, std::size_t at, std::size_t count) {
     if (at + count > text.size()) return -1;
     int value = 0;
     for (const char c : text.substr(at, count)) {
-        const char upper = upperLetter(c);
-        if (upper >= '0' && upper <= '9')
-            value = value * 16 + (upper - '0');
-        else if (upper >= 'A' && upper <= 'F')
-            value = value * 16 + (upper - 'A' + 10);
-        else
-            return -1;
+        if (digitValue(c) == noDigit) return -1;
+        value = value * 16 + digitValue(c);
     }
     return value;
 }

@@ -1,5 +1,6 @@
 #include "platform/script/syntax/Lexer.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/script/Conversions.h"
 #include "platform/script/StringCell.h"
 
@@ -33,24 +34,11 @@ Token reservedOrName(std::string_view word) {
     return place == table.end() ? Token::Name : place->second;
 }
 
-bool isLetter(char byte) {
-    return (byte >= 'a' && byte <= 'z') || (byte >= 'A' && byte <= 'Z');
-}
-bool isDigit(char byte) {
-    return byte >= '0' && byte <= '9';
-}
 bool isNameByte(char byte) {
     return isLetter(byte) || isDigit(byte) || byte == '_';
 }
 bool isBlank(char byte) {
     return byte == ' ' || byte == '\t' || byte == '\v' || byte == '\f';
-}
-
-int digitValue(char byte) {
-    if (isDigit(byte)) return byte - '0';
-    if (byte >= 'a' && byte <= 'f') return byte - 'a' + 10;
-    if (byte >= 'A' && byte <= 'F') return byte - 'A' + 10;
-    return 99;
 }
 
 Value wholeNumber(std::int64_t number) {

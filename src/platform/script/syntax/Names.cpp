@@ -2,13 +2,6 @@
 
 namespace tolvan::script {
 
-std::string lowerCase(std::string_view text) {
-    std::string lower(text);
-    for (char& byte : lower)
-        if (byte >= 'A' && byte <= 'Z') byte = static_cast<char>(byte + ('a' - 'A'));
-    return lower;
-}
-
 Names::Names() {
     spellings_.push_back(std::make_unique<const std::string>());
 }

@@ -1,6 +1,7 @@
 // The names of an engine's scripts and hosts, each numbered once; letter case does not count.
 #pragma once
 
+#include "platform/encoding/Ascii.h"
 #include "platform/script/Object.h"
 
 #include <cstdint>
@@ -25,7 +26,5 @@ class Names {
     std::unordered_map<std::string, NameId> ids_;  // by lower-case name
     std::vector<std::unique_ptr<const std::string>> spellings_;
 };
-
-std::string lowerCase(std::string_view text);
 
 }  // namespace tolvan::script
