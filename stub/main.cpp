@@ -3,10 +3,10 @@
 #include "dialogs/Look.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/Fonts.h"
-#include "runtime/ProgramMarker.h"
-#include "runtime/RunState.h"
+#include "runtime/ProgramRun.h"
 #include "runtime/frmExec.h"
 #include "stub/OwnPayload.h"
+#include "translator/ModuleLines.h"
 
 #include <QApplication>
 #include <QTimer>
@@ -21,15 +21,6 @@ namespace {
 using tolvan::operator""_deva;
 
 constexpr std::string_view damaged = "\\f1hI )a#l ib\"flelI Aahe\\f0. \\f1te àayaejn calvta yet nahI\\f0."_deva;
-
-// A stand-alone program has no text to mark its failing line in.
-class NoEditor : public tolvan::ProgramMarker {
-    std::string programText() const override { return {}; }
-    std::string romanText() const override { return {}; }
-    void selectProgram(std::size_t, std::size_t) override {}
-    void selectRoman(std::size_t, std::size_t) override {}
-    void bringBack() override {}
-};
 
 // Writes the program's console calls to the file that TOLVAN_TRACE names, one a line, as "tvp run --trace" does, so
 // that a program can be checked as it is handed in.
@@ -55,15 +46,13 @@ int main(int, char** arguments) {
         tolvan::ShowMessage(damaged);
         return EXIT_FAILURE;
     }
-    tolvan::RunState state;
-    state.ProgramCaption = std::move(payload->caption);
-    state.CompiledScript = std::move(payload->module);
-    NoEditor noEditor;
-    tolvan::frmExec console(state, &noEditor);
+    tolvan::ProgramRun run;
+    run.ProgramCaption = std::move(payload->caption);
+    tolvan::frmExec console(run);
     traceIfWanted(console);
-    QTimer::singleShot(0, &console, [&console] {
+    QTimer::singleShot(0, &console, [&console, &payload] {
         console.show();
-        console.execute();
+        console.execute(payload->module, {});  // the executable does not hold where its lines came from
     });
     return QApplication::exec();
 }

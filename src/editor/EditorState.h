@@ -1,12 +1,12 @@
 // What the editor and the windows above it share; one for the whole process, owned by its start-up.
 #pragma once
 
-#include "runtime/RunState.h"
+#include "runtime/ProgramRun.h"
 
 namespace tolvan {
 
 struct EditorState {
-    RunState run;
+    ProgramRun run;
     // Preferences, see readPreferences.
     bool SaveBeforeExecute = true;
     bool FormatBeforeExecute = true;

@@ -44,10 +44,10 @@ constexpr auto recoveryInterval = 2s;
 constexpr std::string_view readyText = "tolvn beisk tyar Aahe"_deva;
 constexpr std::string_view workingText = "q<k leon sué Aahe"_deva;
 
-// Commands that would change the text, or start a second program, while one runs.
-constexpr const char* commandsThatChange[] = {"FileNew",     "FileOpen",   "MnuMru1",  "MnuMru2",
-                                              "MnuMru3",     "MnuMru4",    "EditCut",  "EditPaste",
-                                              "EditReplace", "EditFormat", "RunStart", "FileMakeEXE"};
+// Commands that would change the text while a program runs.
+constexpr const char* commandsThatChange[] = {"FileNew",     "FileOpen",   "MnuMru1",    "MnuMru2",
+                                              "MnuMru3",     "MnuMru4",    "EditCut",    "EditPaste",
+                                              "EditReplace", "EditFormat", "FileMakeEXE"};
 
 }  // namespace
 
@@ -71,6 +71,7 @@ frmEditor::frmEditor(EditorState& state, Settings& settings, EditorServices serv
     setUpLayout();
     connectPanes();
     connectDocument();
+    connect(&state_.run, &ProgramRun::stateChanged, this, &frmEditor::runChanged);
     connect(bars_, &CommandBars::chosen, this, &frmEditor::TopMenu_UserCommand);
     connect(bars_, &CommandBars::described, statusBar_, &EditorStatusBar::showDescription);
     Timer1_Tick();
@@ -320,14 +321,15 @@ void frmEditor::HelpAbout() {
 
 // What would change the text is greyed while a program runs.
 void frmEditor::enableCommands() {
-    for (const char* key : commandsThatChange) bars_->setEnabled(key, !running_);
-    bars_->setEnabled("EditUndo", !running_ && txtRoman_->document()->isUndoAvailable());
-    bars_->setEnabled("EditRedo", !running_ && txtRoman_->document()->isRedoAvailable());
-    bars_->setEnabled("RunEnd", running_);
+    for (const char* key : commandsThatChange) bars_->setEnabled(key, !isRunning());
+    bars_->setEnabled("EditUndo", !isRunning() && txtRoman_->document()->isUndoAvailable());
+    bars_->setEnabled("EditRedo", !isRunning() && txtRoman_->document()->isRedoAvailable());
+    bars_->setEnabled("RunStart", !state_.run.IsRunning());
+    bars_->setEnabled("RunEnd", state_.run.IsRunning());
 }
 
 void frmEditor::dragEnterEvent(QDragEnterEvent* event) {
-    if (event->mimeData()->hasUrls() && !running_) event->acceptProposedAction();
+    if (event->mimeData()->hasUrls() && !isRunning()) event->acceptProposedAction();
 }
 
 // What follows may ask the user; the application that files are dragged from is not to wait for that.
@@ -335,7 +337,7 @@ void frmEditor::dropEvent(QDropEvent* event) {
     QStringList paths;
     for (const QUrl& url : event->mimeData()->urls())
         paths.append(url.isLocalFile() ? url.toLocalFile() : url.toString());
-    if (paths.isEmpty() || running_) return;
+    if (paths.isEmpty() || isRunning()) return;
     event->acceptProposedAction();
     QMetaObject::invokeMethod(
         this, [this, paths] { openDropped(paths); }, Qt::QueuedConnection);
@@ -351,12 +353,7 @@ void frmEditor::openDropped(const QStringList& paths) {
 }
 
 void frmEditor::closeEvent(QCloseEvent* event) {
-    if (running_) {  // closes when the program has returned
-        state_.run.IsRunning = false;
-        closeWanted_ = true;
-        event->ignore();
-        return;
-    }
+    if (state_.run.delaysClosing(*this)) return event->ignore();
     if (!state_.Closing && !document_.mayClose()) {
         event->ignore();
         return;

@@ -9,6 +9,7 @@
 #include "editor/RecoveryFiles.h"
 #include "platform/richtext/StyledText.h"
 #include "runtime/ProgramMarker.h"
+#include "translator/Translator.h"
 
 #include <QTimer>
 #include <QWidget>
@@ -63,11 +64,13 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void MruManage(const QString& path);
 
     // Translates the program, with its progress in the status bar. The text panes keep their place, without selection.
+    // Where the module's lines came from is said by moduleLines(), until the next call.
     std::string Compile(StyledView program);
+    const ModuleLines& moduleLines() const { return translator_.moduleLines(); }
 
     // Translates and runs it; returns when the run has ended. Nothing while one runs already.
     void CompileAndExecute(StyledView program);
-    bool isRunning() const { return running_; }
+    bool isRunning() const { return !state_.run.isIdle(); }
 
     // Takes the console away, with the data file that its program left open. Not while a program runs.
     void unloadConsole();
@@ -146,7 +149,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
 
     frmFindReplace& findReplace();
     frmExec& console();
-    void setRunning(bool running);
+    void runChanged();
     void enableCommands();
 
     EditorState& state_;
@@ -166,9 +169,8 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     QTimer recoveryTimer_;  // runs while there is unsaved text that is not kept yet
     QString helpFile_;
     frmFindReplace* findReplace_ = nullptr;
+    Translator translator_;
     std::unique_ptr<frmExec> console_;
-    bool running_ = false;
-    bool closeWanted_ = false;  // the window was closed while a program ran
 };
 
 }  // namespace tolvan

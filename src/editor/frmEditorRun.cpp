@@ -19,12 +19,11 @@ frmExec& frmEditor::console() {
 }
 
 void frmEditor::unloadConsole() {
-    if (!running_) console_.reset();
+    if (!isRunning()) console_.reset();
 }
 
 void frmEditor::RunStart() {
-    if (running_) return;
-    state_.run.IsRunning = true;
+    if (isRunning()) return;
     if (state_.SaveBeforeExecute) document_.saveBeforeRun();
     if (state_.FormatBeforeExecute) EditFormat();
     CompileAndExecute(txtProgram_->text());
@@ -33,7 +32,7 @@ void frmEditor::RunStart() {
 std::string frmEditor::Compile(StyledView program) {
     statusBar_->showProgress(1);
     statusBar_->showMessage("àayaejn tyar krt Aahe"_deva);
-    std::string module = Translator().Compile(
+    std::string module = translator_.Compile(
         program, [this](const CompileProgress& progress) { statusBar_->showProgress(progressWidth(progress)); });
     txtProgram_->select(txtProgram_->selectionStart(), 0);
     Timer1_Tick();
@@ -42,29 +41,24 @@ std::string frmEditor::Compile(StyledView program) {
 }
 
 void frmEditor::CompileAndExecute(StyledView program) {
-    if (running_) return;
+    if (isRunning()) return;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    state_.run.CompiledScript = Compile(program);
+    const std::string module = Compile(program);
     QApplication::restoreOverrideCursor();
-    setRunning(true);
     console().show();
     console().raise();
     console().activateWindow();
-    console().execute();
-    setRunning(false);
-    if (std::exchange(closeWanted_, false)) close();
+    console().execute(module, moduleLines());
+    if (state_.run.hasDelayed(*this)) close();
 }
 
-void frmEditor::setRunning(bool running) {
-    running_ = running;
-    txtRoman_->setLocked(running);
+void frmEditor::runChanged() {
+    txtRoman_->setLocked(isRunning());
     enableCommands();
 }
 
 void frmEditor::RunEnd() {
-    if (console_) console_->StopExecution();
-    bars_->setEnabled("RunStart", true);
-    bars_->setEnabled("RunEnd", false);
+    state_.run.stop();
 }
 
 void frmEditor::ViewOutput() {

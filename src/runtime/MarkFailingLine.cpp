@@ -22,9 +22,9 @@ LineSpan spanOfLine(std::string_view text, std::int32_t line) {
     return {start, end == std::string::npos ? lines.size() : end + 1 - start};
 }
 
-void markFailingLine(ProgramMarker& editor, std::int32_t errorLine) {
-    const LineSpan program = spanOfLine(editor.programText(), errorLine);
-    const LineSpan roman = spanOfLine(editor.romanText(), errorLine);
+void markFailingLine(ProgramMarker& editor, std::int32_t line) {
+    const LineSpan program = spanOfLine(editor.programText(), line);
+    const LineSpan roman = spanOfLine(editor.romanText(), line);
     editor.selectProgram(program.start, program.length);
     editor.selectRoman(roman.start, roman.length);
 }

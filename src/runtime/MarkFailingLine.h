@@ -1,4 +1,4 @@
-// From the line of the module that failed to the line of the program that the editor marks.
+// Marks a line of the program in the editor, and the formula for its number.
 #pragma once
 
 #include <cstddef>
@@ -9,9 +9,10 @@ namespace tolvan {
 
 class ProgramMarker;
 
-// The module has one line before the program and two for each of its lines: the poll and the statement. So a program
-// that is stopped at the poll of line k (from 1) gives the index k - 1; one that fails in its statement gives k - 0.5,
-// rounded half to even. Empty lines of the program have no lines in the module and are not counted.
+// For a module whose ModuleLines are not known: the line of the program, counted from 0, that a line of the module
+// stands for. A module has one line before the program and two for each of its lines, the poll and the statement. So a
+// program that is stopped at the poll of line k (from 1) gives the index k - 1; one that fails in its statement gives
+// k - 0.5, rounded half to even. Empty lines of the program have no lines in the module and are not counted.
 std::int32_t errorLineOf(int scriptLine);
 
 struct LineSpan {
@@ -25,6 +26,6 @@ struct LineSpan {
 LineSpan spanOfLine(std::string_view text, std::int32_t line);
 
 // Selects that line of the program in both texts of the editor; counted as spanOfLine does.
-void markFailingLine(ProgramMarker& editor, std::int32_t errorLine);
+void markFailingLine(ProgramMarker& editor, std::int32_t line);
 
 }  // namespace tolvan

@@ -8,6 +8,7 @@
 #include "runtime/ConsoleSize.h"
 #include "runtime/InputBox.h"
 #include "runtime/ProgramMarker.h"
+#include "runtime/ProgramRun.h"
 #include "translator/Blanks.h"
 #include "translator/ProgramText.h"
 
@@ -37,28 +38,28 @@ bool isStopKey(const QKeyEvent& key) {
     return key.key() == Qt::Key_F4 || isCtrlC(key);
 }
 
-// As long as it lives, the stop keys work in dialogs too: they clear the running flag and close the dialog.
+// As long as it lives, the stop keys work in dialogs too: they stop the program and close the dialog.
 class StopKeysInDialogs : public QObject {
   public:
-    explicit StopKeysInDialogs(bool& isRunning) : isRunning_(isRunning) { qApp->installEventFilter(this); }
+    explicit StopKeysInDialogs(ProgramRun& run) : run_(run) { qApp->installEventFilter(this); }
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         QWidget* const dialog = QApplication::activeModalWidget();
         if (event->type() != QEvent::KeyPress || dialog == nullptr || !isStopKey(*static_cast<QKeyEvent*>(event)))
             return QObject::eventFilter(watched, event);
-        isRunning_ = false;
+        run_.stop();
         dialog->close();
         return true;
     }
 
   private:
-    bool& isRunning_;
+    ProgramRun& run_;
 };
 
 }  // namespace
 
-frmExec::frmExec(RunState& state, ProgramMarker* editor)
-    : state_(state),
+frmExec::frmExec(ProgramRun& run, ProgramMarker* editor)
+    : run_(run),
       editor_(editor),
       frame_(new WindowFrame(*this, WindowFrame::Kind::Resizable)),
       display_(new PictureBox(this)),
@@ -104,7 +105,7 @@ void frmExec::setUpControls() {
 
 // Punctuation of the caption stays Latin, as in the program's own text.
 void frmExec::updateTitle() {
-    const StyledText caption = Transliterate(markRoman(trimBlanks(state_.ProgramCaption)));
+    const StyledText caption = Transliterate(markRoman(trimBlanks(run_.ProgramCaption)));
     frame_->setTitle(caption.empty() ? StyledText("tolvn àayaejn"_deva, Font::Devanagari) : caption);
 }
 
@@ -118,20 +119,23 @@ void frmExec::ClearScreen() {
 
 bool frmExec::CheckForEvents() {
     QCoreApplication::processEvents();
-    return state_.IsRunning;
+    return run_.IsRunning();
 }
 
 void frmExec::StopExecution() {
-    state_.IsRunning = false;
+    run_.stop();
 }
 
+// Where the program is to stop it fails here, so that it stops in this statement and not before the next.
 void frmExec::FileOpenFailed(int number) {
-    if (!askToGoOn(number)) state_.IsRunning = false;
+    if (askToGoOn(number, run_.ErrorLine)) return;
+    run_.stop();
+    throw script::ScriptError(number);
 }
 
-bool frmExec::askToGoOn(int number) {
-    const StopKeysInDialogs stopKeys(state_.IsRunning);
-    return ShowError(number, state_.ErrorLine) && state_.IsRunning;
+bool frmExec::askToGoOn(int number, int line) {
+    const StopKeysInDialogs stopKeys(run_);
+    return ShowError(number, line) && run_.IsRunning();
 }
 
 bool frmExec::eventFilter(QObject* watched, QEvent* event) {
@@ -155,14 +159,14 @@ bool frmExec::eventFilter(QObject* watched, QEvent* event) {
 
 // The window sees every key before its controls do. Returns true for a key that they are not to see.
 bool frmExec::keyPressed(QObject* control, const QKeyEvent& key) {
-    if (isStopKey(key) && state_.IsRunning) {
-        state_.IsRunning = false;
+    if (isStopKey(key) && run_.IsRunning()) {
+        run_.stop();
         return isCtrlC(key);
     }
-    if (state_.IsRunning && control != inputBox_ && keys_.add(key)) return true;
+    if (run_.IsRunning() && control != inputBox_ && keys_.add(key)) return true;
     // A key that is still held down from the last answer is not pressed.
     const bool isTyped = !key.text().isEmpty() && !key.isAutoRepeat();
-    if (control == display_ && isTyped && !state_.IsRunning) CloseForm();
+    if (control == display_ && isTyped && !run_.IsRunning()) CloseForm();
     return false;
 }
 
@@ -176,19 +180,14 @@ void frmExec::focusInEvent(QFocusEvent* event) {
 }
 
 void frmExec::closeEvent(QCloseEvent* event) {
-    state_.IsRunning = false;
-    if (executing_) {  // the program is in the middle of a call on this window
-        closeWanted_ = true;
-        event->ignore();
-        return;
-    }
+    if (run_.delaysClosing(*this)) return event->ignore();  // the program is in the middle of a call on this window
     rememberConsoleSize(isMaximized() || isFullScreen() ? normalGeometry().size() : size(), contentsMargins());
     QWidget::closeEvent(event);
 }
 
 void frmExec::CloseForm() {
-    state_.IsRunning = false;
-    if (!executing_ && editor_ != nullptr) editor_->bringBack();
+    run_.stop();
+    if (run_.isIdle() && editor_ != nullptr) editor_->bringBack();
     close();
 }
 

@@ -1,14 +1,13 @@
 // The console: the window in which a program runs, prints, asks and draws.
 //
 // One thread. While a program runs, the window's events are handled inside CheckForEvents, inside the wait of
-// InputString and inside dialogs; what they can do to the program is to clear IsRunning and to hide the input box.
+// InputString and inside dialogs; what they can do to the program is to stop its run and to hide the input box.
 #pragma once
 
 #include "platform/picturebox/PictureBox.h"
 #include "platform/script/Executor.h"
 #include "runtime/ConsoleText.h"
 #include "runtime/KeyQueue.h"
-#include "runtime/RunState.h"
 #include "runtime/host/ConsoleObject.h"
 #include "runtime/host/ConsoleOperations.h"
 
@@ -21,20 +20,23 @@ class QKeyEvent;
 namespace tolvan {
 
 class InputBox;
+class ModuleLines;
 class ProgramMarker;
+class ProgramRun;
 class WindowFrame;
 
 class frmExec : public QWidget, public ConsoleOperations {
     Q_OBJECT
 
   public:
-    // `state` and `editor` must outlive it. Without an editor, errors of the program are told in the console itself.
-    explicit frmExec(RunState& state, ProgramMarker* editor = nullptr);
+    // `run` and `editor` must outlive it. A stand-alone program has no editor.
+    explicit frmExec(ProgramRun& run, ProgramMarker* editor = nullptr);
     ~frmExec() override;
 
-    // Runs the compiled script; returns when it has ended. Nothing while a program runs already. The window should be
-    // visible. Closing it in the meantime stops the program; it goes when the program has returned.
-    void execute();
+    // Runs a script module; returns when it has ended. Nothing while a program runs already. The window should be
+    // visible. Closing it in the meantime stops the program; it goes when the program has returned. `lines` says where
+    // the module's lines came from; without it, the line of an error is computed from the module's usual layout.
+    void execute(std::string_view module, const ModuleLines& lines);
 
     // The program's calls of the console from the next run on.
     void setTrace(ConsoleObject::Trace trace) { parentForm_.setTrace(std::move(trace)); }
@@ -61,8 +63,6 @@ class frmExec : public QWidget, public ConsoleOperations {
     // Stops the program and closes the window; the editor comes back to the front.
     Q_INVOKABLE void CloseForm();
 
-    // As long as this is so the window must not be destroyed, only closed.
-    bool isExecuting() const { return executing_; }
     // Whether the input box takes the keyboard back when it loses it.
     bool KeepInputFocus() const { return keepInputFocus_; }
 
@@ -78,9 +78,8 @@ class frmExec : public QWidget, public ConsoleOperations {
     void updateTitle();
 
     void prepareDisplay();
-    bool goesOnAfter(const script::ErrorReport& error);
-    bool askToGoOn(int number);
-    void printError(const script::ErrorReport& error);
+    bool goesOnAfter(const script::ErrorReport& error, const ModuleLines& lines);
+    bool askToGoOn(int number, int line);
     void printEnd();
 
     bool keyPressed(QObject* control, const QKeyEvent& key);
@@ -97,7 +96,7 @@ class frmExec : public QWidget, public ConsoleOperations {
     QColor colourOf(std::optional<Colour> colour) const;
     Point startOf(std::optional<Point> start) const;
 
-    RunState& state_;
+    ProgramRun& run_;
     ProgramMarker* editor_;
     WindowFrame* frame_;
     PictureBox* display_;
@@ -106,8 +105,6 @@ class frmExec : public QWidget, public ConsoleOperations {
     InputBox* inputBox_;
     KeyQueue keys_;
     bool keepInputFocus_ = false;
-    bool executing_ = false;
-    bool closeWanted_ = false;  // the window was closed while the program ran
     ConsoleObject parentForm_;
     script::Executor executor_;
 };

@@ -2,6 +2,7 @@
 // tip shows on the console's current line what the letters mean; and for a time to pass.
 #include "platform/encoding/Deva.h"
 #include "runtime/InputBox.h"
+#include "runtime/ProgramRun.h"
 #include "runtime/frmExec.h"
 #include "runtime/host/InputValue.h"
 
@@ -21,10 +22,10 @@ bool frmExec::inputIsVisible() const {
 
 std::optional<std::string> frmExec::InputString() {
     beginInput();
-    while (inputIsVisible() && state_.IsRunning) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    while (inputIsVisible() && run_.IsRunning()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
     const std::string value = inputValue(inputBox_->roman());
     endInput();
-    if (!state_.IsRunning) return std::nullopt;
+    if (!run_.IsRunning()) return std::nullopt;
     text_.eraseLine();
     text_.printRuns(value);
     return value;
@@ -36,7 +37,7 @@ void frmExec::Wait(double seconds) {
     const QDeadlineTimer end(static_cast<qint64>(std::min(std::ceil(seconds * 1000), longest)), Qt::PreciseTimer);
     QTimer alarm;  // ends the wait for events
     alarm.setTimerType(Qt::PreciseTimer);
-    while (!end.hasExpired() && state_.IsRunning) {
+    while (!end.hasExpired() && run_.IsRunning()) {
         constexpr qint64 longestAlarm = 3'600'000;
         alarm.start(static_cast<int>(std::clamp<qint64>(end.remainingTime(), 1, longestAlarm)));
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);

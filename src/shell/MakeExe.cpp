@@ -100,7 +100,7 @@ void MakeExe(mdlMain& application, const QString& sourcePath, const QString& exe
     application.editor().unloadConsole();  // and with it the file that its program holds open
     if (!failure) failure = write(application, engine, source, executable);
     if (failure)
-        ShowMessage(makeExeFailureText(*failure, 0));  // the engine holds no error between runs
+        ShowMessage(makeExeFailureText(*failure));
     else
         application.unloadEditor();
     if (!wasVisible) return;
@@ -108,11 +108,7 @@ void MakeExe(mdlMain& application, const QString& sourcePath, const QString& exe
     application.editor().OpenFile(source);
 }
 
-std::string makeExeFailureText(int number, int scriptLine) {
-    if (number == 0)
-        return std::string("\\f1tolvn beiskla Aae¦ "_deva)
-            .append(std::to_string(scriptLine))
-            .append(" Cya vaKyrcne mxe gfbf AaF¦lI Aahe\\f0."_deva);
+std::string makeExeFailureText(int number) {
     return std::string(notMade).append(messageFragment(number).value_or(std::string()));
 }
 

@@ -17,8 +17,8 @@ void FileMakeEXE(mdlMain& application);
 // before, and gone otherwise.
 void MakeExe(mdlMain& application, const QString& sourcePath, const QString& exePath);
 
-// What is told of a failure with this number of the script language. `scriptLine` is where the script engine met it; it
-// is told for number 0, which has no other meaning.
-std::string makeExeFailureText(int number, int scriptLine);
+// What is told of a failure with this number of the script language; 0, or any other without a message, is told
+// without a reason.
+std::string makeExeFailureText(int number);
 
 }  // namespace tolvan

@@ -140,7 +140,7 @@ void mdlMain::unloadEditor() {
 
 void mdlMain::shutDown() {
     state_.Closing = true;
-    state_.run.IsRunning = false;
+    state_.run.stop();
     QApplication::closeAllWindows();
     QApplication::quit();
 }

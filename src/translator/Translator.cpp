@@ -66,38 +66,68 @@ bool isFunctionHead(std::string_view line) {
 
 }  // namespace
 
+// The module as it grows, with the table of its lines.
+class Translator::ModuleBuilder {
+  public:
+    using Kind = ModuleLines::Kind;
+
+    explicit ModuleBuilder(ModuleLines& lines) : lines_(lines) {
+        lines_ = {};
+        append("Sub Main()", Kind::Frame);
+    }
+
+    // What follows comes from this line of the program.
+    void startProgramLine(int number) { programLine_ = number; }
+    // Each line end in the text begins a line of this kind.
+    ModuleBuilder& append(std::string_view text, Kind kind) {
+        lines_.append(text, kind, programLine_);
+        module_ += text;
+        return *this;
+    }
+    std::string take() { return std::move(module_); }
+
+  private:
+    ModuleLines& lines_;
+    std::string module_;
+    int programLine_ = 0;
+};
+
 std::string Translator::Compile(StyledView program, const Progress& progress) {
+    using Kind = ModuleLines::Kind;
     variables_.clear();
     allowArguments(program.size());
     CompileProgress done{0, program.size() + 1};
-    std::string module = "Sub Main()";
+    ModuleBuilder module(moduleLines_);
     bool inFunctions = false;
     for (std::size_t start = 0; start <= program.size();) {
         const std::size_t end = std::min(program.text().find(lineEnd, start), program.size());
         const StyledView line = program.substr(start, end - start);
+        ++done.lines;
         if (trimBlanks(line).empty()) {
             // gives nothing
         } else if (isFunctionHead(line.text())) {
-            if (!std::exchange(inFunctions, true)) module.append("\r\nEnd Sub\r\n\r\n");
-            module.append("\r\n\r\n");
+            if (!std::exchange(inFunctions, true)) module.append("\r\nEnd Sub\r\n\r\n", Kind::Frame);
+            module.append(lineEnd, Kind::Frame);
+            module.startProgramLine(static_cast<int>(done.lines));
+            module.append(lineEnd, Kind::FunctionHead);
             appendStatement(line, module);
         } else {
-            module.append(lineEnd).append(pollLine).append(lineEnd);
+            module.startProgramLine(static_cast<int>(done.lines));
+            module.append(lineEnd, Kind::Poll).append(pollLine, Kind::Poll).append(lineEnd, Kind::Statement);
             appendStatement(line, module);
         }
-        ++done.lines;
         if (progress) progress(done);
         start = end + lineEnd.size();
     }
-    if (!inFunctions) module.append("\r\nEnd Sub\r\n");
-    return module;
+    if (!inFunctions) module.append("\r\nEnd Sub\r\n", Kind::Frame);
+    return module.take();
 }
 
-void Translator::appendStatement(StyledView line, std::string& module) {
+void Translator::appendStatement(StyledView line, ModuleBuilder& module) {
     setWorkingStatement(line, workingLine_);
     statement_.clear();
     translate(workingLine_, statement_);
-    module.append(trimBlanks(statement_));
+    module.append(trimBlanks(statement_), ModuleLines::Kind::Statement);
 }
 
 std::string Translator::TranslateLine(StyledView line) {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/richtext/StyledText.h"
+#include "translator/ModuleLines.h"
 #include "translator/VariableTable.h"
 
 #include <cstddef>
@@ -27,6 +28,8 @@ class Translator {
     // nothing. The main program comes first, then the functions, the first of which ends it. `progress` is called after
     // each line.
     std::string Compile(StyledView program, const Progress& progress = {});
+    // Where the lines of that module came from, until the next `Compile`.
+    const ModuleLines& moduleLines() const { return moduleLines_; }
 
     // One line; a word counts only if a separator follows it. Blanks at both ends are kept.
     std::string TranslateLine(StyledView line);
@@ -40,13 +43,16 @@ class Translator {
     const VariableTable& variables() const { return variables_; }
 
   private:
+    class ModuleBuilder;
+
     void allowArguments(std::size_t characters);
     void chargeArgument(StyledText& argument);
     void translate(const StyledText& workingLine, std::string& script);
     void scan(StyledView line, std::string& script);
-    void appendStatement(StyledView line, std::string& module);
+    void appendStatement(StyledView line, ModuleBuilder& module);
 
     VariableTable variables_;
+    ModuleLines moduleLines_;
     std::size_t argumentsLeft_ = 0;  // characters of arguments that may still be cut out
     StyledText workingLine_;         // of the line that is compiled; kept for its memory, as is:
     std::string statement_;          // its script

@@ -21,7 +21,7 @@ class RunTest : public EditorTest {
     RunTest() {
         QObject::connect(&watchdog_, &QTimer::timeout, [this] {
             if (editor->isRunning()) ADD_FAILURE() << "the program was not stopped";
-            state.run.IsRunning = false;
+            state.run.stop();
         });
     }
     frmExec* console() const {
@@ -47,7 +47,7 @@ class RunTest : public EditorTest {
   private:
     void oncePrinted(std::function<void()> action) {
         QTimer::singleShot(10, editor.get(), [this, action = std::move(action)] {
-            if (!state.run.IsRunning || console()->findChild<PictureBox*>(QStringLiteral("Display"))->CurrentY == 0)
+            if (!state.run.IsRunning() || console()->findChild<PictureBox*>(QStringLiteral("Display"))->CurrentY == 0)
                 return oncePrinted(action);
             acted_ = editor->isRunning();
             action();

@@ -4,7 +4,9 @@
 
 #include "runtime/InputBox.h"
 #include "runtime/ProgramMarker.h"
+#include "runtime/ProgramRun.h"
 #include "runtime/frmExec.h"
+#include "translator/ModuleLines.h"
 
 #include <QApplication>
 #include <QDialog>
@@ -42,12 +44,27 @@ class NotingEditor : public ProgramMarker {
 };
 
 // A module as the translator makes it: a poll before each statement.
-inline std::string moduleOf(const std::vector<std::string>& statements) {
-    std::string module = "Sub Main()";
-    for (const std::string& statement : statements)
-        module += "\r\nif not parentform.checkforevents then err.raise 1001\r\n" + statement;
-    return module + "\r\nEnd Sub\r\n";
-}
+struct TestModule {
+    std::string text = "Sub Main()";
+    ModuleLines lines;
+
+    explicit TestModule(const std::vector<std::string>& statements) {
+        int line = 0;
+        lines.append(text, ModuleLines::Kind::Frame, line);
+        for (const std::string& statement : statements) {
+            ++line;
+            add("\r\nif not parentform.checkforevents then err.raise 1001", ModuleLines::Kind::Poll, line);
+            add("\r\n" + statement, ModuleLines::Kind::Statement, line);
+        }
+        add("\r\nEnd Sub\r\n", ModuleLines::Kind::Frame, line);
+    }
+
+  private:
+    void add(const std::string& piece, ModuleLines::Kind kind, int line) {
+        text += piece;
+        lines.append(piece, kind, line);
+    }
+};
 
 class ConsoleTest : public testing::Test {
   protected:
@@ -62,8 +79,8 @@ class ConsoleTest : public testing::Test {
     }
 
     void run(const std::vector<std::string>& statements) {
-        state.CompiledScript = moduleOf(statements);
-        console->execute();
+        const TestModule module(statements);
+        console->execute(module.text, module.lines);
     }
 
     // Does it when events are handled next.
@@ -74,7 +91,7 @@ class ConsoleTest : public testing::Test {
             if (condition()) return action();
             if (patience > 0) return once(condition, action, patience - 1);
             ADD_FAILURE() << "what was waited for did not come";
-            state.IsRunning = false;
+            state.stop();
         });
     }
     void onceInputIsWanted(std::function<void()> action) {
@@ -105,7 +122,7 @@ class ConsoleTest : public testing::Test {
         return other.Image();
     }
 
-    RunState state;
+    ProgramRun state;
     NotingEditor editor;
     std::unique_ptr<frmExec> console;
 };

@@ -35,10 +35,9 @@ class ExamplesTest : public ConsoleTest, public testing::WithParamInterface<std:
         std::string calls;
         console->setTrace([&calls](std::string_view call) { calls.append(call).append("\n"); });
         const ProgramFile file = readProgramFile(contentOf(exampleProgram(GetParam())));
-        state.CompiledScript = Translator().Compile(ProgramText(file.roman));
         const QByteArray lines = QByteArray::fromStdString(answers());
         if (!lines.isEmpty()) answer(lines.trimmed().split('\n'));
-        console->execute();
+        console->execute(Translator().Compile(ProgramText(file.roman)), {});
         return calls;
     }
 

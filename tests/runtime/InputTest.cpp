@@ -9,7 +9,7 @@ class InputTest : public ConsoleTest {
   protected:
     InputTest() {
         console->ClearScreen();
-        state.IsRunning = true;
+        EXPECT_TRUE(state.begin());
     }
 
     // The answer to one question, with what is done once the box is up.
@@ -130,7 +130,8 @@ TEST_F(InputTest, Above200CharactersNoKeyIsTaken) {
     });
     EXPECT_FALSE(entered);
     EXPECT_EQ(answer, std::nullopt);
-    state.IsRunning = true;
+    state.end();
+    EXPECT_TRUE(state.begin());
     EXPECT_EQ(answerWith(std::string(200, '1')), std::string(200, '1')) << "with 200 it can be entered";
 }
 
@@ -144,6 +145,7 @@ TEST_F(InputTest, CharactersWithoutACodeAreNotTaken) {
 }
 
 TEST_F(InputTest, AStoppedInputLeavesTheVariable) {
+    state.end();
     onceInputIsWanted([this] {
         type("kamal");
         QTest::keyClick(&inputBox(), Qt::Key_C, Qt::ControlModifier);

@@ -58,7 +58,7 @@ TEST_F(KeysTest, AWaitTakesItsTimeAndEndsAtAStop) {
     EXPECT_EQ(picture(), printed(withEnd({"k"})));
     soon([this] { QTest::keyClick(&display(), Qt::Key_F4); });
     run({"Wait 1E300"});
-    EXPECT_FALSE(state.IsRunning);
+    EXPECT_FALSE(state.IsRunning());
 }
 
 }  // namespace

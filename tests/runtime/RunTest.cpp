@@ -16,13 +16,12 @@ using testing::Pair;
 class RunTest : public ConsoleTest {
   protected:
     void expectEnded(const std::vector<std::string>& lines) {
-        EXPECT_FALSE(state.IsRunning);
+        EXPECT_TRUE(state.isIdle());
         EXPECT_TRUE(console->isVisible());
         EXPECT_EQ(picture(), printed(withEnd(lines)));
-        EXPECT_THAT(editor.programSelections, IsEmpty());
     }
     void expectClosedAt(Span program, Span roman) {
-        EXPECT_FALSE(state.IsRunning);
+        EXPECT_TRUE(state.isIdle());
         EXPECT_FALSE(console->isVisible());
         EXPECT_THAT(editor.programSelections, ElementsAre(program));
         EXPECT_THAT(editor.romanSelections, ElementsAre(roman));
@@ -33,7 +32,7 @@ class RunTest : public ConsoleTest {
 TEST_F(RunTest, EndsWithItsMessagesAndClosesByAKey) {
     run({"PrintString \"kml\"", "parentform.printstring 12 ' numbers are text too"});
     expectEnded({"kml", "12"});
-    EXPECT_EQ(state.CompiledScript, "");
+    EXPECT_THAT(editor.programSelections, IsEmpty());
 
     QTest::keyClick(&display(), Qt::Key_Shift);
     QTest::keyClick(&display(), Qt::Key_F4);
@@ -43,9 +42,9 @@ TEST_F(RunTest, EndsWithItsMessagesAndClosesByAKey) {
     EXPECT_EQ(editor.broughtBack, 1);
 }
 
-TEST_F(RunTest, RunsNothingWithoutANewCompile) {
+TEST_F(RunTest, EachRunBeginsOnAnEmptyDisplay) {
     run({"PrintString \"kml\"", "DrawBox 0, 100, 300, 300, 255, True"});
-    console->execute();
+    run({});
     expectEnded({});
 }
 
@@ -66,12 +65,14 @@ TEST_P(OutcomeTest, IsAsExpected) {
         EXPECT_TRUE(expected.front().startsWith(QStringLiteral("asked %1 %2:").arg(number).arg(line)))
             << number << " " << line;
     EXPECT_EQ(user.errors.size() + 1, static_cast<std::size_t>(expected.size()));
-    if (expected.back() == u"closed at 1")
-        expectClosedAt({3, 3}, {3, 2});
-    else if (expected.back() == u"closed at 2")
-        expectClosedAt({7, 4}, {6, 2});
-    else
-        expectEnded(expected.back() == u"shows k" ? std::vector<std::string>{"k"} : std::vector<std::string>{});
+    const QString& outcome = expected.back();
+    if (outcome.startsWith(u"closed at line ")) {
+        const Span programLines[] = {{0, 2}, {3, 3}, {7, 4}};
+        const int line = outcome.section(u' ', -1).toInt() - 1;
+        expectClosedAt(programLines[line], {3 * line, 2});
+    } else {
+        expectEnded(outcome == u"shows k" ? std::vector<std::string>{"k"} : std::vector<std::string>{});
+    }
 }
 
 INSTANTIATE_TEST_SUITE_P(, OutcomeTest, testing::ValuesIn(sectionsOf("runtime/runs.cases")),
@@ -81,19 +82,24 @@ TEST_F(RunTest, AnErrorBeforeTheProgramMarksItsFirstLine) {
     ScriptedUser user;
     user.errorAnswers = {false};
     const ReplacedDialogs replaced(user);
-    state.CompiledScript = "Sub Main(\r\nEnd Sub\r\n";
-    console->execute();
+    console->execute("Sub Main(\r\nEnd Sub\r\n", {});
     EXPECT_EQ(user.errors.size(), 1U);
     expectClosedAt({0, 2}, {0, 2});
 }
 
-TEST_F(RunTest, WithoutAnEditorErrorsAreToldInTheConsole) {
+// As a stand-alone program runs.
+TEST_F(RunTest, WithoutAnEditorTheLineIsComputedAndTheConsoleCloses) {
+    ScriptedUser user;
+    user.errorAnswers = {true, false};
+    const ReplacedDialogs replaced(user);
     open(nullptr);
-    run({"PrintString \"k\"", "a = 1 / 0"});
-    expectEnded(
-        {"k", std::string("zuNyne -gakar tolvn beiskla krta yet nahI"_deva), std::string("gfbf {11, }Aae¦ {2}"_deva)});
-    QTest::keyClick(&display(), Qt::Key_Return);
+    const TestModule module({"PrintString \"k\"", "a = 1 / 0", "b = 2", "a = 1 / 0"});
+    console->execute(module.text, {});
+    expectEnded({"k"});
+    console->execute(TestModule({"b = 2", "b = 2", "a = 1 / 0"}).text, {});
     EXPECT_FALSE(console->isVisible());
+    // The second statement's line is computed as the third, the third's as the third; see errorLineOf.
+    EXPECT_EQ(user.errors, (std::vector<std::pair<int, int>>{{11, 3}, {11, 3}}));
 }
 
 // The real error box.
@@ -103,7 +109,9 @@ TEST_F(RunTest, TheErrorBoxIsAnsweredByItsButtons) {
     expectEnded({"k"});
     onceDialogIsUp([](QDialog& box) { click(box, "cmdStop"); });
     run({"PrintString \"k\"", "a = 1 / 0"});
-    expectClosedAt({7, 4}, {6, 2});
+    EXPECT_EQ(editor.programSelections, (std::vector<Span>{{3, 3}, {3, 3}})) << "both answers mark the line";
+    EXPECT_EQ(editor.romanSelections, (std::vector<Span>{{3, 2}, {3, 2}}));
+    EXPECT_FALSE(console->isVisible());
 }
 
 // What a program is doing when it is stopped, and how.
@@ -154,7 +162,7 @@ TEST_P(StopTest, EndsAndCloses) {
     else
         QTimer::singleShot(30, console.get(), press);
     run(program.statements);
-    EXPECT_FALSE(state.IsRunning);
+    EXPECT_TRUE(state.isIdle());
     EXPECT_FALSE(console->isVisible());
     EXPECT_EQ(editor.programSelections.size(), 1U);
     EXPECT_EQ(editor.broughtBack, 1);
@@ -180,8 +188,8 @@ TEST_F(RunTest, KeysDoNothingToARunningProgram) {
     soon([this] {
         QTest::keyClicks(&display(), QStringLiteral("abc \r"));
         QTest::keyClick(&display(), Qt::Key_Escape);
-        console->execute();  // nor does a second run
-        once([] { return true; }, [this] { state.IsRunning = false; });
+        run({"PrintString \"never\""});  // nor does a second run
+        once([] { return true; }, [this] { state.stop(); });
     });
     run({"Do", "a = a + 1", "Loop"});
     EXPECT_EQ(editor.programSelections.size(), 1U);

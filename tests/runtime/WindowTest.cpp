@@ -43,7 +43,7 @@ TEST_F(WindowTest, TheDisplayOpensAt800By600AndTheWindowRemembersItsSize) {
 TEST_F(WindowTest, TheTitleIsTheProgramsCaption) {
     EXPECT_EQ(title(), "tolvn àayaejn"_deva);
     state.ProgramCaption = "kamal";
-    console->execute();
+    run({});
     EXPECT_EQ(title(), "kml"_deva);
     state.ProgramCaption = "   ";
     open(&editor);

@@ -13,7 +13,6 @@ namespace {
 namespace fs = std::filesystem;
 using testing::EndsWith;
 using testing::HasSubstr;
-using testing::Not;
 
 class ExecutableWriterTest : public testing::Test {
   protected:
@@ -75,10 +74,8 @@ TEST(ExecutableWriter, EveryReasonOfTheSystemHasAMessage) {
 }
 
 TEST(MakeExeFailureText, NamesTheReasonWhereThereIsOne) {
-    EXPECT_THAT(makeExeFailureText(0, 17), HasSubstr(" 17 Cya vaKyrcne"));
-    EXPECT_THAT(makeExeFailureText(61, 0), EndsWith("smjle nahI\\f0. \\f1ifSk mxe jaga nahI"));
-    EXPECT_THAT(makeExeFailureText(12345, 0), EndsWith("smjle nahI\\f0. "));
-    EXPECT_THAT(makeExeFailureText(12345, 17), Not(HasSubstr("17")));
+    EXPECT_THAT(makeExeFailureText(61), EndsWith("smjle nahI\\f0. \\f1ifSk mxe jaga nahI"));
+    for (const int unknown : {0, 12345}) EXPECT_THAT(makeExeFailureText(unknown), EndsWith("smjle nahI\\f0. "));
 }
 
 }  // namespace

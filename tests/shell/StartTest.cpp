@@ -196,7 +196,7 @@ TEST_F(StartTest, TheMenuWritesAnExecutableAndComesBackWithTheProgram) {
 TEST_F(StartTest, AFailureWithoutAReasonIsToldAndTheMenuComesBackWithTheProgram) {
     process_.setEnvironment("LD_PRELOAD", TOLVAN_SILENT_DISK);
     process_.setEnvironment("ASAN_OPTIONS", "verify_asan_link_order=0");
-    const std::string told = "tolvn beiskla Aae¦ 0 Cya vaKyrcne mxe gfbf AaF¦lI Aahe";
+    const std::string told = "tolvn beiskla gfbifce kar[ smjle nahI. ";
     const DrivenResult compiled = start({"prog.tvp", "-compile"}, {"frmMMsgbox click cmdOK"});
     EXPECT_EQ(compiled.status, 0) << compiled.errors;
     EXPECT_THAT(compiled.windows, ElementsAre(StartsWith(splash), HasSubstr(told)));

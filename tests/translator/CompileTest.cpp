@@ -44,6 +44,36 @@ TEST(Compile, BareLineEndsStayInTheirLine) {
               moduleText("Sub Main()\n!\n1") + "\n2\r3\r" + moduleText("\n!\n4\nEnd Sub\n"));
 }
 
+// Each line of the module with the line of the program that it came from.
+TEST(Compile, SaysWhereTheLinesOfTheModuleCameFrom) {
+    using Kind = ModuleLines::Kind;
+    const struct {
+        int program;
+        Kind kind;
+    } expected[] = {
+        {0, Kind::Frame},  // Sub Main()
+        {2, Kind::Poll},         {2, Kind::Statement}, {5, Kind::Poll},      {5, Kind::Statement},
+        {5, Kind::Statement},  // with a line end of its own
+        {5, Kind::Frame},        {5, Kind::Frame},     {5, Kind::Frame},     {5, Kind::Frame},  // End Sub
+        {7, Kind::FunctionHead}, {8, Kind::Poll},      {8, Kind::Statement}, {10, Kind::Poll},
+        {10, Kind::Statement},
+    };
+    Translator translator;
+    const std::string module =
+        translator.Compile(styled("\r\na\r\n\r\n  \r\nb{\n1}\r\n\r\n%pàayaejn q(a)\r\na\r\n\r\n%pàayaejn s<pv"_deva));
+    const ModuleLines& lines = translator.moduleLines();
+    ASSERT_EQ(lines.count(), static_cast<int>(std::size(expected))) << module;
+    for (int i = 1; i <= lines.count(); ++i) {
+        EXPECT_EQ(lines.programLine(i), expected[i - 1].program) << i;
+        EXPECT_EQ(lines.kind(i), expected[i - 1].kind) << i;
+    }
+    EXPECT_EQ(lines.programLine(0) + lines.programLine(-1) + lines.programLine(16), 0);
+    const int scriptLines[] = {0, 0, 3, 0, 0, 5, 0, 11, 13, 0, 15, 0};
+    for (int i = 0; i < static_cast<int>(std::size(scriptLines)); ++i)
+        EXPECT_EQ(lines.scriptLine(i), scriptLines[i]) << i;
+    EXPECT_EQ(ModuleLines().count() + ModuleLines().programLine(1) + ModuleLines().scriptLine(1), 0);
+}
+
 TEST(Compile, NamesStartAgainWithEachProgram) {
     Translator translator;
     translator.Compile(styled("a b c"));
@@ -60,6 +90,14 @@ TEST(Compile, ReportsEachLine) {
     });
     EXPECT_EQ(lines, (std::vector<std::size_t>{1, 2, 3}));
     EXPECT_EQ(characters, 7U);
+}
+
+// As the script engine counts them.
+int lineCount(std::string_view text) {
+    int count = 1;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if (text[i] == '\n' || (text[i] == '\r' && text.substr(i + 1, 1) != "\n")) ++count;
+    return count;
 }
 
 StyledText randomText(std::mt19937& random, std::size_t size) {
@@ -80,6 +118,7 @@ TEST(Compile, AnyBytesGiveAModule) {
         const std::string module = translator.Compile(program);
         EXPECT_TRUE(module.starts_with("Sub Main()\r\n") && module.ends_with("\r\nEnd Sub\r\n"));
         EXPECT_EQ(module, translator.Compile(program));
+        EXPECT_EQ(translator.moduleLines().count(), lineCount(module));
     }
 }
 
