@@ -164,18 +164,25 @@ struct StatementForm {
 
     std::array<std::string_view, 4> words;  // unused ones are empty, which every line holds
     Order order;
+    StatementKind kind;
     void (*cut)(const WorkingLine&, PartList&);
 };
 
 // In the order in which a line is tested for them.
 constexpr auto forms = std::to_array<StatementForm>({
-    {{words::comment}, StatementForm::Order::Any, cutComment},
-    {{words::loopEnd, words::loopVariable}, StatementForm::Order::Any, cutCountedLoop},
-    {{upTo, "re\""_deva, "Aao"_deva}, StatementForm::Order::Any, cutLine},
-    {{upTo, "Aayt"_deva, "kaF"_deva}, StatementForm::Order::Any, cutBox},
-    {{" ib<Ë "_deva, " kaF"_deva}, StatementForm::Order::Any, cutPoint},
-    {{"iÇJya"_deva, "pasun"_deva, "vtuR¦"_deva, "kaF"_deva}, StatementForm::Order::Any, cutCircle},
-    {{words::function, words::end}, StatementForm::Order::FirstBeforeOthers, cutFunctionEnd},
+    {{words::comment}, StatementForm::Order::Any, StatementKind::Comment, cutComment},
+    {{words::loopEnd, words::loopVariable}, StatementForm::Order::Any, StatementKind::CountedLoop, cutCountedLoop},
+    {{upTo, "re\""_deva, "Aao"_deva}, StatementForm::Order::Any, StatementKind::Line, cutLine},
+    {{upTo, "Aayt"_deva, "kaF"_deva}, StatementForm::Order::Any, StatementKind::Box, cutBox},
+    {{" ib<Ë "_deva, " kaF"_deva}, StatementForm::Order::Any, StatementKind::Point, cutPoint},
+    {{"iÇJya"_deva, "pasun"_deva, "vtuR¦"_deva, "kaF"_deva},
+     StatementForm::Order::Any,
+     StatementKind::Circle,
+     cutCircle},
+    {{words::function, words::end},
+     StatementForm::Order::FirstBeforeOthers,
+     StatementKind::FunctionEnd,
+     cutFunctionEnd},
 });
 
 bool hasForm(const StatementForm& form, std::string_view line) {
@@ -186,7 +193,22 @@ bool hasForm(const StatementForm& form, std::string_view line) {
                        [&](std::string_view word) { return line.find(word, start) != std::string_view::npos; });
 }
 
+const StatementForm* findForm(std::string_view line) {
+    const auto* form =
+        std::find_if(forms.begin(), forms.end(), [&](const StatementForm& one) { return hasForm(one, line); });
+    return form == forms.end() ? nullptr : form;
+}
+
 }  // namespace
+
+StatementKind statementKind(std::string_view line) {
+    const StatementForm* form = findForm(line);
+    return form == nullptr ? StatementKind::General : form->kind;
+}
+
+bool isFunctionHead(std::string_view line) {
+    return line.find(words::function) != std::string_view::npos && line.find(words::end) == std::string_view::npos;
+}
 
 StyledText workingLine(StyledView line) {
     StyledText text(" ", Font::Latin);
@@ -208,9 +230,8 @@ void setWorkingStatement(StyledView line, StyledText& text) {
 }
 
 void cutStatement(const StyledText& line, std::vector<StatementPart>& parts) {
-    const auto* form =
-        std::find_if(forms.begin(), forms.end(), [&](const StatementForm& one) { return hasForm(one, line.text()); });
-    if (form == forms.end()) return;
+    const StatementForm* form = findForm(line.text());
+    if (form == nullptr) return;
     PartList list(parts);
     form->cut(WorkingLine(line), list);
 }

@@ -4,6 +4,7 @@
 
 #include "platform/richtext/StyledText.h"
 
+#include <cstdint>
 #include <string_view>
 #include <vector>
 
@@ -20,6 +21,15 @@ struct StatementPart {
     std::string_view script;  // a literal
     StyledText text;
 };
+
+// What a line is taken for by the marker words that it holds; General: none of the forms.
+enum class StatementKind : std::uint8_t { General, Comment, CountedLoop, Line, Box, Point, Circle, FunctionEnd };
+
+// Of the text of a working line.
+StatementKind statementKind(std::string_view line);
+
+// Whether a line begins a function: it names one and holds no end, wherever the words stand.
+bool isFunctionHead(std::string_view line);
 
 // Lines are translated with a blank before them. A statement, and an argument cut out of one, gets a blank behind it
 // too: a word counts only if a separator follows it.

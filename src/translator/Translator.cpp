@@ -60,10 +60,6 @@ void appendLiteral(StyledView content, std::string& script) {
     }
 }
 
-bool isFunctionHead(std::string_view line) {
-    return line.find(words::function) != std::string_view::npos && line.find(words::end) == std::string_view::npos;
-}
-
 }  // namespace
 
 // The module as it grows, with the table of its lines.

@@ -1,5 +1,9 @@
+<<<<<<< HEAD
 #include "editor/panes/LanguageWords.h"
 #include "platform/encoding/Unicode.h"
+=======
+#include "translator/LanguageWords.h"
+>>>>>>> 93ee4b1 (Read programs as a guide: checks, spelling by sound, corrections)
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "support/Folders.h"
 #include "translator/Keywords.h"
@@ -20,7 +24,7 @@ std::string page() {
     std::ostringstream page;
     page
         << "# The words of the language\n\n"
-           "<!-- Written by the tests of the panes from the table in src/editor/panes/LanguageWords.cpp; a change here "
+           "<!-- Written by the tests of the panes from the table in src/translator/LanguageWords.cpp; a change here "
            "is lost. -->\n\n"
            "| typed | shown | what it does | in English |\n|---|---|---|---|\n";
     for (const LanguageWord& word : languageWords())

@@ -1,5 +1,5 @@
 // The guide for teachers: its examples run, and what it says of the spelling is so.
-#include "editor/panes/LanguageWords.h"
+#include "translator/LanguageWords.h"
 #include "platform/transliteration/Spellings.h"
 #include "shell/Examples.h"
 #include "support/Folders.h"

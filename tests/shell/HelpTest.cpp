@@ -1,5 +1,5 @@
 // The help: its file, its window, and that every example in it runs.
-#include "editor/panes/LanguageWords.h"
+#include "translator/LanguageWords.h"
 #include "platform/encoding/Deva.h"
 #include "platform/transliteration/Spellings.h"
 #include "shell/Examples.h"

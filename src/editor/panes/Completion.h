@@ -4,7 +4,7 @@
 // no word chosen yet, so that Enter still ends the line.
 #pragma once
 
-#include "editor/panes/LanguageWords.h"
+#include "translator/LanguageWords.h"
 
 #include <QObject>
 

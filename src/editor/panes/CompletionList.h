@@ -1,7 +1,7 @@
 // The list of words that may be meant: how each is typed, how it looks, what it does. It never has the keyboard.
 #pragma once
 
-#include "editor/panes/LanguageWords.h"
+#include "translator/LanguageWords.h"
 #include "editor/panes/PaneFonts.h"
 
 #include <QTableWidget>

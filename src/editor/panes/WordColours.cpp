@@ -1,6 +1,6 @@
 #include "editor/panes/WordColours.h"
 
-#include "editor/panes/LanguageWords.h"
+#include "translator/LanguageWords.h"
 #include "editor/panes/PaneColours.h"
 #include "translator/Keywords.h"
 #include "translator/Scanner.h"

@@ -1,10 +1,10 @@
-#include "editor/panes/LanguageWords.h"
+#include "translator/LanguageWords.h"
 
 #include "platform/transliteration/ReplaceRomanChars.h"
 
 #include <array>
 #include <functional>
-#include <set>
+#include <map>
 #include <string>
 
 namespace tolvan {
@@ -77,13 +77,14 @@ std::span<const LanguageWord> languageWords() {
     return table;
 }
 
-bool isLanguageWord(std::string_view word) {
-    static const auto encoded = [] {
-        std::set<std::string, std::less<>> words;
-        for (const LanguageWord& row : table) words.insert(LineConvert(row.roman));
+const LanguageWord* findLanguageWord(std::string_view word) {
+    static const auto byWord = [] {
+        std::map<std::string, const LanguageWord*, std::less<>> words;
+        for (const LanguageWord& row : table) words.emplace(LineConvert(row.roman), &row);
         return words;
     }();
-    return encoded.contains(word);
+    const auto found = byWord.find(word);
+    return found == byWord.end() ? nullptr : found->second;
 }
 
 }  // namespace tolvan

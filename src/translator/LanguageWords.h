@@ -1,5 +1,5 @@
-// The words of the language as a beginner learns them: how each is typed, and what it does. The completion list and the
-// page docs/words.md are made from this table.
+// The words of the language as a beginner learns them: how each is typed, and what it does. The completion list, the
+// guide's spelling and the page docs/words.md are made from this table.
 #pragma once
 
 #include <span>
@@ -17,7 +17,12 @@ struct LanguageWord {
 // them.
 std::span<const LanguageWord> languageWords();
 
+// The one that a font-encoded word is; null for any other word.
+const LanguageWord* findLanguageWord(std::string_view word);
+
 // Whether a font-encoded word is one of them.
-bool isLanguageWord(std::string_view word);
+inline bool isLanguageWord(std::string_view word) {
+    return findLanguageWord(word) != nullptr;
+}
 
 }  // namespace tolvan

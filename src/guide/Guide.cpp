@@ -1,0 +1,98 @@
+#include "guide/Guide.h"
+
+#include "guide/Checks.h"
+
+#include <algorithm>
+
+namespace tolvan::guide {
+namespace {
+
+// Nobody writes longer lines or programs by hand, and the time of some checks grows faster than the text.
+constexpr std::size_t longestLine = 4000;
+constexpr std::size_t longestProgram = std::size_t{4} << 20;
+constexpr std::size_t mostFindings = 1000;
+constexpr std::size_t mostInALine = 2;
+
+// Each correction that is verified costs a check of the whole program.
+constexpr std::size_t mostVerified = 20;
+constexpr std::size_t mostLinesToVerify = 2000;
+
+bool isTooLarge(std::string_view roman) {
+    if (roman.size() > longestProgram) return true;
+    for (std::size_t start = 0; start <= roman.size();) {
+        const std::size_t end = std::min(roman.find('\n', start), roman.size());
+        if (end - start > longestLine) return true;
+        start = end + 1;
+    }
+    return false;
+}
+
+// By lines; in a line as they were found, which is by their use.
+void keepTheFirst(std::vector<Finding>& findings) {
+    std::stable_sort(findings.begin(), findings.end(),
+                     [](const Finding& a, const Finding& b) { return a.line < b.line; });
+    std::size_t line = 0;
+    std::size_t inLine = 0;
+    std::erase_if(findings, [&](const Finding& finding) {
+        inLine = finding.line == line ? inLine + 1 : 1;
+        line = finding.line;
+        return inLine > mostInALine;
+    });
+    if (findings.size() > mostFindings) findings.resize(mostFindings);
+}
+
+std::size_t countLike(const std::vector<Finding>& findings, const Finding& like) {
+    return static_cast<std::size_t>(std::count_if(findings.begin(), findings.end(), [&](const Finding& one) {
+        return one.kind == like.kind && one.text == like.text;
+    }));
+}
+
+}  // namespace
+
+std::string corrected(std::string_view roman, const Correction& correction) {
+    std::size_t start = 0;
+    for (std::size_t line = 1; line < correction.line; ++line) {
+        const std::size_t end = roman.find("\r\n", start);
+        if (end == std::string_view::npos) return std::string(roman);
+        start = end + 2;
+    }
+    const std::size_t length = std::min(roman.find("\r\n", start), roman.size()) - start;
+    if (correction.place.from > correction.place.to || correction.place.to > length) return std::string(roman);
+    std::string text(roman);
+    return text.replace(start + correction.place.from, correction.place.to - correction.place.from, correction.text);
+}
+
+std::vector<Finding> Guide::check(std::string_view roman) {
+    if (isTooLarge(roman)) return {};
+    std::vector<Finding> findings = findAll(roman, store_);
+    verify(roman, findings);
+    return findings;
+}
+
+std::vector<Finding> Guide::findAll(std::string_view roman, LineStore& store) const {
+    const Program program(roman, store);
+    const Reading reading(program);
+    Report report(program);
+    for (const Check& check : checks()) {
+        report.begin(check.kind, check.weight);
+        check.run(reading, report);
+    }
+    std::vector<Finding> findings = report.take();
+    keepTheFirst(findings);
+    return findings;
+}
+
+void Guide::verify(std::string_view roman, std::vector<Finding>& findings) const {
+    const bool large = static_cast<std::size_t>(std::count(roman.begin(), roman.end(), '\n')) > mostLinesToVerify;
+    std::size_t verified = 0;
+    LineStore store;
+    const std::vector<Finding> all = findings;
+    for (Finding& finding : findings)
+        std::erase_if(finding.corrections, [&](const Correction& correction) {
+            if (large || ++verified > mostVerified) return false;
+            const std::vector<Finding> rest = findAll(corrected(roman, correction), store);
+            return rest.size() >= all.size() || countLike(rest, finding) >= countLike(all, finding);
+        });
+}
+
+}  // namespace tolvan::guide

@@ -1,0 +1,124 @@
+// Misspelt words, and words that do nothing where they stand.
+
+#include "guide/Checks.h"
+#include "guide/Texts.h"
+
+#include <algorithm>
+
+namespace tolvan::guide {
+namespace {
+
+StyledText spellingText(const Unknown& unknown, std::string_view typed) {
+    const Suggestion& suggestion = unknown.suggestion;
+    const StyledText first = shown(suggestion.words[0]);
+    if (suggestion.words.size() > 1)
+        return sentence(texts::spellingRivals, {shown(typed), first, shown(suggestion.words[1])});
+    return sentence(suggestion.sure ? texts::spellingSure : texts::spellingLikely, {shown(typed), first});
+}
+
+bool isValue(const Word& word) {
+    return word.kind == Word::Kind::Number || word.kind == Word::Kind::Literal || word.kind == Word::Kind::Name;
+}
+
+bool isSetThere(const Line& line, std::size_t word) {
+    const WordNumbers& sets = line.statement.sets;
+    return std::find(sets.begin(), sets.end(), word) != sets.end();
+}
+
+bool isFunction(const Program& program, const Word& word) {
+    const NameUse* use = program.use(word.glyphs);
+    return use != nullptr && use->function != mainProgram;
+}
+
+// Words of the language that begin no statement.
+bool beginsNothing(const Word& word) {
+    for (const char* inner :
+         {"lahAn", "moThA", "barobar", "adhik", "vajA", "guNile", "bhAgile", "ANi", "kiMvA", "aMkik", "shAbdik", "raMg",
+          "ruMdI", "uMchI", "lAMbI", "phAilaMt", "tovar", "te", "paryaMt"})
+        if (word.is(inner)) return true;
+    return false;
+}
+
+void checkStart(const Program& program, std::size_t number, std::size_t start, Report& report) {
+    const Line& line = program.meant(number);
+    const Word& word = line.words[start];
+    if (word.kind == Word::Kind::Name) {
+        if (isSetThere(line, start) || isFunction(program, word)) return;
+        const bool valueFollows = start + 1 < line.words.size() && isValue(line.words[start + 1]);
+        const bool known = program.use(word.glyphs) != nullptr;
+        if (valueFollows && (known || line.words[start + 1].kind != Word::Kind::Name))
+            return report.add(number, word, sentence(texts::equalSign, {shown(line.romanOf(word))}),
+                              {insertAt(number, line.words[start + 1].roman.from, "= ", known)});
+        if (known) return report.add(number, word, sentence(texts::nameAlone, {shown(line.romanOf(word))}));
+    } else if (word.kind == Word::Kind::Mark || (word.kind == Word::Kind::Language && !beginsNothing(word))) {
+        return;
+    }
+    const StyledText typed = word.kind == Word::Kind::Literal
+                                 ? StyledText(line.program.view().substr(word.program.from, word.glyphs.size()))
+                                 : shown(line.romanOf(word));
+    std::vector<Correction> corrections;
+    if (word.kind == Word::Kind::Literal) corrections.push_back(insertAt(number, word.roman.from, "dAkhav ", false));
+    report.add(number, word, sentence(texts::unknownCommand, {typed}), std::move(corrections));
+}
+
+// Where the comparison begins: behind the last word that parts conditions.
+std::size_t startOfComparison(const Line& line, std::size_t word) {
+    while (word > 0) {
+        const Word& before = line.words[word - 1];
+        if (before.is("jar") || before.is("nAhItarajar") || before.is("jovar") || before.is("ANi") ||
+            before.is("kiMvA") || before.isMark('('))
+            break;
+        --word;
+    }
+    return word;
+}
+
+}  // namespace
+
+void find::misspelt(const Reading& reading, Report& report) {
+    const Program& program = reading.program;
+    for (const Unknown& unknown : program.unknown()) {
+        if (unknown.suggestion.empty() || report.hasError(unknown.line)) continue;
+        const Line& line = program.line(unknown.line);
+        const Word& word = line.words[unknown.word];
+        const NameUse* use = program.use(word.glyphs);
+        if (use != nullptr && use->isSet()) continue;
+        std::vector<Correction> corrections;
+        for (const std::string& other : unknown.suggestion.words)
+            corrections.push_back(replaceWord(unknown.line, word, other, unknown.suggestion.sure));
+        report.add(unknown.line, word, spellingText(unknown, line.romanOf(word)), std::move(corrections));
+    }
+    for (std::size_t i = 0; i < program.lines().size(); ++i) {
+        const Line& line = program.line(i);
+        if (!line.statement.splitElseIf) continue;
+        const Columns both{line.words[0].roman.from, line.words[1].roman.to};
+        report.add(i, both, {line.words[0].program.from, line.words[1].program.to},
+                   sentence(texts::splitElseIf, {shown(line.slice(both)), shown("nAhItarajar")}),
+                   {{i + 1, both, "nAhItarajar", true}});
+    }
+}
+
+void find::unknownCommands(const Reading& reading, Report& report) {
+    for (std::size_t i = 0; i < reading.program.lines().size(); ++i)
+        for (const std::size_t start : reading.program.meant(i).statement.starts)
+            if (!report.hasError(i)) checkStart(reading.program, i, start, report);
+}
+
+void find::notEqual(const Reading& reading, Report& report) {
+    for (std::size_t i = 0; i < reading.program.lines().size(); ++i) {
+        const Line& line = reading.program.meant(i);
+        if (report.hasError(i)) continue;
+        for (std::size_t word = 1; word < line.words.size(); ++word) {
+            if (!line.words[word].is("nAhI") || !line.words[word - 1].isEqualSign()) continue;
+            const Columns place{line.words[word - 1].roman.from, line.words[word].roman.to};
+            const std::size_t start = startOfComparison(line, word - 1);
+            const Columns from{line.words[start].roman.from, line.words[word].roman.to};
+            const std::string mended = "nAhI " + std::string(line.slice({from.from, line.words[word - 1].roman.to}));
+            report.add(i, place, {line.words[word - 1].program.from, line.words[word].program.to},
+                       sentence(texts::notEqual), {{i + 1, from, mended, true}});
+            break;
+        }
+    }
+}
+
+}  // namespace tolvan::guide
