@@ -14,7 +14,6 @@
 #include <functional>
 #include <gmock/gmock.h>
 #include <memory>
-#include <optional>
 #include <random>
 #include <set>
 
@@ -121,8 +120,8 @@ std::vector<Candidate> candidates() {
 
 using Mistakes = std::vector<std::string> (*)(const std::string&);
 
-// At most so many percent of the sure suggestions may be wrong, if a limit is given.
-double percentFoundFirst(const char* name, Mistakes mistakes, std::optional<double> mostSurelyWrong = {}) {
+// At most so many percent of the sure suggestions may be wrong.
+double percentFoundFirst(const char* name, Mistakes mistakes, double mostSurelyWrong = 100) {
     const std::vector<Candidate> all = candidates();
     std::set<std::string> known;
     for (const std::string& word : knownWords()) known.insert(LineConvert(word));
@@ -146,7 +145,7 @@ double percentFoundFirst(const char* name, Mistakes mistakes, std::optional<doub
     const double percent = 100.0 * found / tried;
     std::printf("%s: %d mistakes, right word first %.1f %%, sure %.1f %%, sure and wrong %d\n", name, tried, percent,
                 100.0 * sure / tried, surelyWrong);
-    if (mostSurelyWrong) EXPECT_LE(100.0 * surelyWrong, *mostSurelyWrong * sure) << name;
+    EXPECT_LE(100.0 * surelyWrong, mostSurelyWrong * sure) << name;
     return percent;
 }
 

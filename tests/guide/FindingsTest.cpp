@@ -1,0 +1,72 @@
+// What the guide says about programs: nothing about right ones, and the right thing about wrong ones.
+
+#include "guide/Guide.h"
+#include "platform/encoding/Unicode.h"
+#include "support/Cases.h"
+#include "support/Examples.h"
+#include "translator/ProgramFile.h"
+#include "translator/ProgramText.h"
+
+#include <fstream>
+#include <gmock/gmock.h>
+#include <sstream>
+
+namespace tolvan::guide {
+namespace {
+
+std::string unicode(const StyledText& text) {
+    std::string utf8;
+    for (std::size_t i = 0; i < text.size();) {
+        std::size_t end = i;
+        while (end < text.size() && text.font(end) == text.font(i)) ++end;
+        const std::string_view run = std::string_view(text.text()).substr(i, end - i);
+        if (text.font(i) == Font::Latin)
+            appendUnicodeOfLatin(run, utf8);
+        else
+            appendUnicodeOfCodes(run, utf8);
+        i = end;
+    }
+    return utf8;
+}
+
+// "2:1-6 spelling" and so on, a line each.
+std::string said(const std::string& roman) {
+    std::ostringstream out;
+    for (const Finding& finding : Guide().check(roman)) {
+        out << finding.line << ':' << finding.roman.from + 1 << '-' << finding.roman.to << ' ' << finding.kind << ' '
+            << unicode(finding.text);
+        for (const Correction& correction : finding.corrections)
+            out << (correction.sure ? " => " : " ~> ") << correction.line << ": " << correction.text;
+        out << '\n';
+    }
+    return out.str();
+}
+
+TEST(Findings, areNoneInTheExamples) {
+    for (const std::string& name : exampleNames())
+        EXPECT_EQ(said(readProgramFile(contentOf(exampleProgram(name))).roman), "") << name;
+}
+
+// Programs are the indented lines of the two guides.
+TEST(Findings, areNoneInTheGuides) {
+    for (const char* name : {"/docs/guide.md", "/src/shell/help/guide.txt"}) {
+        std::istringstream guide(contentOf(sourceFolder() + name));
+        std::string line;
+        std::string program;
+        int programs = 0;
+        while (std::getline(guide, line) || !program.empty()) {
+            if (guide && line.starts_with("    ")) {
+                program += line.substr(4) + "\r\n";
+            } else if (!program.empty()) {
+                EXPECT_EQ(said(program), "") << program;
+                ++programs;
+                program.clear();
+            }
+            if (!guide) break;
+        }
+        EXPECT_GT(programs, 10) << name;
+    }
+}
+
+}  // namespace
+}  // namespace tolvan::guide
