@@ -34,6 +34,7 @@ class Report {
 
     // Whether a line has an error already, which others of its line may follow from.
     bool hasError(std::size_t line) const { return errors_[line]; }
+    const std::vector<bool>& linesWithError() const { return errors_; }
 
     std::vector<Finding> take() { return std::move(findings_); }
 

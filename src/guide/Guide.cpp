@@ -64,12 +64,14 @@ std::string corrected(std::string_view roman, const Correction& correction) {
 
 std::vector<Finding> Guide::check(std::string_view roman) {
     if (isTooLarge(roman)) return {};
-    std::vector<Finding> findings = findAll(roman, store_);
-    verify(roman, findings);
+    const std::vector<Finding> all = findAll(roman, store_);
+    std::vector<Finding> findings = all;
+    keepTheFirst(findings);
+    verify(roman, all, findings);
     return findings;
 }
 
-std::vector<Finding> Guide::findAll(std::string_view roman, LineStore& store) const {
+std::vector<Finding> Guide::findAll(std::string_view roman, LineStore& store) {
     const Program program(roman, store);
     const Reading reading(program);
     Report report(program);
@@ -77,21 +79,19 @@ std::vector<Finding> Guide::findAll(std::string_view roman, LineStore& store) co
         report.begin(check.kind, check.weight);
         check.run(reading, report);
     }
-    std::vector<Finding> findings = report.take();
-    keepTheFirst(findings);
-    return findings;
+    return report.take();
 }
 
-void Guide::verify(std::string_view roman, std::vector<Finding>& findings) const {
+// What followed from a mistake and was not said may be said once it is mended, but not more than was said before.
+void Guide::verify(std::string_view roman, const std::vector<Finding>& all, std::vector<Finding>& findings) {
     const bool large = static_cast<std::size_t>(std::count(roman.begin(), roman.end(), '\n')) > mostLinesToVerify;
     std::size_t verified = 0;
     LineStore store;
-    const std::vector<Finding> all = findings;
     for (Finding& finding : findings)
         std::erase_if(finding.corrections, [&](const Correction& correction) {
             if (large || ++verified > mostVerified) return false;
             const std::vector<Finding> rest = findAll(corrected(roman, correction), store);
-            return rest.size() >= all.size() || countLike(rest, finding) >= countLike(all, finding);
+            return rest.size() > all.size() || countLike(rest, finding) >= countLike(all, finding);
         });
 }
 

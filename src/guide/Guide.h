@@ -16,12 +16,12 @@ class Guide {
     // useful first. A right program has no findings, and neither has a text that is too large to be one. Lines that the
     // call before has read are not read again.
     //
-    // A correction is only offered if the finding goes with it and no other one comes.
+    // A correction is only offered if the finding goes with it and there are not more of others.
     std::vector<Finding> check(std::string_view roman);
 
   private:
-    std::vector<Finding> findAll(std::string_view roman, LineStore& store) const;
-    void verify(std::string_view roman, std::vector<Finding>& findings) const;
+    static std::vector<Finding> findAll(std::string_view roman, LineStore& store);
+    static void verify(std::string_view roman, const std::vector<Finding>& all, std::vector<Finding>& findings);
 
     LineStore store_;
 };

@@ -29,6 +29,16 @@ void forEachRead(const Reading& reading, const Report& report, const Visit& visi
             for (const std::size_t word : reading.program.line(i).statement.reads) visit(i, word);
 }
 
+// What gives a name its value may be what is wrong with a line.
+std::set<std::string_view> namesInErrors(const Reading& reading, const Report& report) {
+    std::set<std::string_view> names;
+    for (std::size_t i = 0; i < reading.program.lines().size(); ++i)
+        if (report.hasError(i))
+            for (const Word& word : reading.program.line(i).words)
+                if (word.kind == Word::Kind::Name) names.insert(word.glyphs);
+    return names;
+}
+
 bool isCompared(const Word& word) {
     return word.is("lahAn") || word.is("moThA") || word.isMark('<') || word.isMark('>');
 }
@@ -70,7 +80,7 @@ bool isAssignmentSign(const Line& line, std::size_t sign) {
 }  // namespace
 
 void find::neverSet(const Reading& reading, Report& report) {
-    std::set<std::string_view> said;
+    std::set<std::string_view> said = namesInErrors(reading, report);
     forEachRead(reading, report, [&](std::size_t number, std::size_t index) {
         const Line& line = reading.program.line(number);
         const Word& word = line.words[index];

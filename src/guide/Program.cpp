@@ -122,14 +122,14 @@ void Program::addNames(const Line& line, std::size_t number, bool sure) {
 
 // A function can give a value to what stands in the brackets behind its name.
 void Program::addArguments(const Line& line) {
-    bool called = false;
-    int depth = 0;
-    for (const Word& word : line.words) {
-        const auto found = word.kind == Word::Kind::Name ? names_.find(word.glyphs) : names_.end();
-        if (found != names_.end() && found->second.function != mainProgram) called = true;
-        if (word.isMark('(')) ++depth;
-        if (word.isMark(')')) --depth;
-        if (called && word.kind == Word::Kind::Name) names_[word.glyphs].maybeSet = true;
+    int depth = 0;  // of brackets since such a name
+    for (std::size_t i = 0; i < line.words.size(); ++i) {
+        const Word& word = line.words[i];
+        if (depth > 0 && word.kind == Word::Kind::Name) names_[word.glyphs].maybeSet = true;
+        if (depth > 0 && word.isMark(')')) --depth;
+        if (!word.isMark('(') || i == 0) continue;
+        const NameUse* called = line.words[i - 1].kind == Word::Kind::Name ? use(line.words[i - 1].glyphs) : nullptr;
+        if (depth > 0 || (called != nullptr && called->function != mainProgram)) ++depth;
     }
 }
 

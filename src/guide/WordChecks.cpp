@@ -57,7 +57,7 @@ void checkStart(const Program& program, std::size_t number, std::size_t start, R
                                  ? StyledText(line.program.view().substr(word.program.from, word.glyphs.size()))
                                  : shown(line.romanOf(word));
     std::vector<Correction> corrections;
-    if (word.kind == Word::Kind::Literal) corrections.push_back(insertAt(number, word.roman.from, "dAkhav ", false));
+    if (word.kind == Word::Kind::Literal) corrections.push_back(insertAt(number, line.indentation(), "dAkhav ", false));
     report.add(number, word, sentence(texts::unknownCommand, {typed}), std::move(corrections));
 }
 
@@ -77,8 +77,9 @@ std::size_t startOfComparison(const Line& line, std::size_t word) {
 
 void find::misspelt(const Reading& reading, Report& report) {
     const Program& program = reading.program;
+    const std::vector<bool> hadError = report.linesWithError();
     for (const Unknown& unknown : program.unknown()) {
-        if (unknown.suggestion.empty() || report.hasError(unknown.line)) continue;
+        if (unknown.suggestion.empty() || hadError[unknown.line]) continue;
         const Line& line = program.line(unknown.line);
         const Word& word = line.words[unknown.word];
         const NameUse* use = program.use(word.glyphs);

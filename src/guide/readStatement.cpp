@@ -86,10 +86,10 @@ class StatementReader {
         }
     }
 
-    // The variable stands in front of its word.
+    // The variable stands in front of its word; where that is missing, at the start.
     void readLoop() {
         const auto loop = std::find_if(words_.begin(), words_.end(), [](const Word& word) { return word.is("sAThI"); });
-        const auto behind = static_cast<std::size_t>(loop - words_.begin());
+        const std::size_t behind = loop == words_.end() ? 1 : static_cast<std::size_t>(loop - words_.begin());
         for (std::size_t i = 0; i < words_.size(); ++i)
             if (isName(i)) (i < behind ? statement_.sets : statement_.reads).push_back(i);
     }

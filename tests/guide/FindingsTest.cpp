@@ -68,5 +68,27 @@ TEST(Findings, areNoneInTheGuides) {
     }
 }
 
+std::string programOf(std::string written) {
+    for (std::size_t at = 0; (at = written.find(" / ", at)) != std::string::npos;) written.replace(at, 3, "\r\n");
+    return written;
+}
+
+bool offers(const Finding& finding, const std::string& text) {
+    if (text == "-") return finding.corrections.empty();
+    return std::any_of(finding.corrections.begin(), finding.corrections.end(), [&](const Correction& correction) {
+        return text.starts_with('+') ? correction.text.ends_with(text.substr(1)) : correction.text == text;
+    });
+}
+
+// One mistake is one finding.
+TEST(Findings, nameTheMistakesOfBeginners) {
+    for (const Row& row : rowsOf("guide/mistakes.cases")) {
+        const std::vector<Finding> findings = Guide().check(programOf(row[0]));
+        const bool right = findings.size() == 1 && std::to_string(findings[0].line) == row[1] &&
+                           findings[0].kind == row[2] && offers(findings[0], row[3]);
+        EXPECT_TRUE(right) << row << "\n" << said(programOf(row[0]));
+    }
+}
+
 }  // namespace
 }  // namespace tolvan::guide
