@@ -1,8 +1,8 @@
 // The guide for teachers: its examples run, and what it says of the spelling is so.
-#include "translator/LanguageWords.h"
 #include "platform/transliteration/Spellings.h"
 #include "shell/Examples.h"
 #include "support/Folders.h"
+#include "translator/LanguageWords.h"
 #include "transliteration/ReadBack.h"
 
 #include <QRegularExpression>

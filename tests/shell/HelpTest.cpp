@@ -1,5 +1,4 @@
 // The help: its file, its window, and that every example in it runs.
-#include "translator/LanguageWords.h"
 #include "platform/encoding/Deva.h"
 #include "platform/transliteration/Spellings.h"
 #include "shell/Examples.h"
@@ -7,6 +6,7 @@
 #include "shell/help/frmHelp.h"
 #include "shell/user/DrivenProcess.h"
 #include "support/Folders.h"
+#include "translator/LanguageWords.h"
 #include "translator/MessageTable.h"
 
 #include <QApplication>

@@ -1,8 +1,8 @@
 // The list of words that may be meant: how each is typed, how it looks, what it does. It never has the keyboard.
 #pragma once
 
-#include "translator/LanguageWords.h"
 #include "editor/panes/PaneFonts.h"
+#include "translator/LanguageWords.h"
 
 #include <QTableWidget>
 

@@ -1,8 +1,8 @@
 #include "editor/panes/WordColours.h"
 
-#include "translator/LanguageWords.h"
 #include "editor/panes/PaneColours.h"
 #include "translator/Keywords.h"
+#include "translator/LanguageWords.h"
 #include "translator/Scanner.h"
 
 #include <algorithm>
