@@ -1,5 +1,5 @@
 <<<<<<< HEAD
-#include "editor/panes/LanguageWords.h"
+#include "translator/LanguageWords.h"
 #include "platform/encoding/Unicode.h"
 =======
 #include "translator/LanguageWords.h"
