@@ -10,6 +10,7 @@ namespace {
 // Nobody writes longer lines or programs by hand, and the time of some checks grows faster than the text.
 constexpr std::size_t longestLine = 4000;
 constexpr std::size_t longestProgram = std::size_t{4} << 20;
+constexpr std::ptrdiff_t mostLines = 20000;
 constexpr std::size_t mostFindings = 1000;
 constexpr std::size_t mostInALine = 2;
 
@@ -18,7 +19,7 @@ constexpr std::size_t mostVerified = 20;
 constexpr std::size_t mostLinesToVerify = 2000;
 
 bool isTooLarge(std::string_view roman) {
-    if (roman.size() > longestProgram) return true;
+    if (roman.size() > longestProgram || std::count(roman.begin(), roman.end(), '\n') > mostLines) return true;
     for (std::size_t start = 0; start <= roman.size();) {
         const std::size_t end = std::min(roman.find('\n', start), roman.size());
         if (end - start > longestLine) return true;

@@ -1,12 +1,16 @@
 // What the guide says about programs: nothing about right ones, and the right thing about wrong ones.
 
 #include "guide/Guide.h"
+#include "guide/RandomProgram.h"
 #include "platform/encoding/Unicode.h"
 #include "support/Cases.h"
 #include "support/Examples.h"
 #include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
 
+#include <algorithm>
+#include <cstdio>
+#include <ctime>
 #include <fstream>
 #include <gmock/gmock.h>
 #include <sstream>
@@ -65,6 +69,42 @@ TEST(Findings, areNoneInTheGuides) {
             if (!guide) break;
         }
         EXPECT_GT(programs, 10) << name;
+    }
+}
+
+// What the translator is tested with; the drawing sentences there use names without values.
+TEST(Findings, areNoneInTheTestsOfTheTranslator) {
+    for (const Section& section : sectionsOf("translator/programs.cases")) {
+        const std::string program = section.parts()[0];
+        EXPECT_EQ(said(program), section.title == "Drawing" ? said(program) : "") << section;
+        EXPECT_EQ(said(program).find("syntax"), std::string::npos) << section;
+    }
+}
+
+TEST(Findings, areNoneInRandomRightPrograms) {
+    for (unsigned seed = 0; seed < 2000; ++seed) {
+        const std::string program = RandomProgram(seed).write();
+        ASSERT_EQ(said(program), "") << seed << "\n" << program;
+    }
+}
+
+// The guide may take a second for it, and a test program of minutes is a hang.
+TEST(Findings, comeOfAnyText) {
+    const std::string word = "dakhav ";
+    std::string rubbish;
+    for (int i = 0; i < 100000; ++i)
+        rubbish += "jar x" + std::to_string(i * 7919 % 100003) + " (\"#} lahan sAThI kar" + std::to_string(i) + "\r\n";
+    std::string huge;
+    while (huge.size() < (std::size_t{10} << 20)) huge += word;
+    std::string deep;
+    for (int i = 0; i < 20000; ++i) deep += i % 2 == 0 ? "jar 1 = 1 tar\r\n" : "jovar 1 = 1\r\n";
+    for (int i = 0; i < 20000; ++i) deep += i % 3 == 0 ? "saMpav jar\r\n" : "kar\r\n";
+    for (const std::string& text : {rubbish, huge, deep, std::string(5000, '('), std::string("\0\xff\r\n\"", 5)}) {
+        const auto start = std::clock();
+        const std::size_t found = Guide().check(text).size();
+        std::printf("%zu bytes: %zu findings, %.0f ms\n", text.size(), found,
+                    1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
+        EXPECT_LE(found, 1000U);
     }
 }
 

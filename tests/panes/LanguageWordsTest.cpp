@@ -1,12 +1,8 @@
-<<<<<<< HEAD
-#include "translator/LanguageWords.h"
 #include "platform/encoding/Unicode.h"
-=======
-#include "translator/LanguageWords.h"
->>>>>>> 93ee4b1 (Read programs as a guide: checks, spelling by sound, corrections)
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "support/Folders.h"
 #include "translator/Keywords.h"
+#include "translator/LanguageWords.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
 
@@ -22,11 +18,10 @@ namespace {
 std::string page() {
     const auto devanagari = [](std::string_view roman) { return unicodeOfCodes(LineConvert(roman)); };
     std::ostringstream page;
-    page
-        << "# The words of the language\n\n"
-           "<!-- Written by the tests of the panes from the table in src/translator/LanguageWords.cpp; a change here "
-           "is lost. -->\n\n"
-           "| typed | shown | what it does | in English |\n|---|---|---|---|\n";
+    page << "# The words of the language\n\n"
+            "<!-- Written by the tests of the panes from the table in src/translator/LanguageWords.cpp; a change here "
+            "is lost. -->\n\n"
+            "| typed | shown | what it does | in English |\n|---|---|---|---|\n";
     for (const LanguageWord& word : languageWords())
         page << "| `" << word.roman << "` | " << devanagari(word.roman) << " | " << devanagari(word.meaning) << " | "
              << word.english << " |\n";
