@@ -46,7 +46,7 @@ TEST(SyntaxErrors, HaveTheirNumberAndLine) {
         {1010, 1, "Call 5"},
         {1010, 1, "Set = 5"},
         {1010, 1, "For 1 = 2 To 3"},
-        {1010, 1, "[] = 5"},
+        {1010, 1, "Call (f)"},
         {1011, 1, "Set x 5"},
         {1011, 1, "Const c 5"},
         {1011, 1, "For i To 5\nNext"},

@@ -68,9 +68,9 @@ void Lexer::takeLineEnd() {
     state_.lineStart = state_.next;
 }
 
-// A blank, "_" and the end of the line: the statement goes on in the next line.
+// "_" that belongs to no name, and the end of the line: the statement goes on in the next line.
 bool Lexer::skipContinuation() {
-    if (peek() != '_' || state_.next == 0 || !isBlank(source_[state_.next - 1])) return false;
+    if (peek() != '_') return false;
     std::size_t ahead = 1;
     while (isBlank(peek(ahead))) ++ahead;
     if (!atLineEnd(ahead)) return false;
@@ -134,7 +134,8 @@ bool Lexer::isBehindOperand() const {
 void Lexer::word() {
     while (isNameByte(peek())) ++state_.next;
     const std::string_view spelled = spelling();
-    state_.token = reservedOrName(spelled);
+    // Every word behind a dot is the name of a member.
+    state_.token = state_.token == Token::Dot ? Token::Name : reservedOrName(spelled);
     if (state_.token == Token::Rem) {
         skipComment();
         return endLine();
@@ -155,7 +156,6 @@ void Lexer::bracketedName() {
     if (atLineEnd(0)) fail(Syntax::ExpectedCloseBracket);
     const std::string_view spelled = source_.substr(first, state_.next - first);
     ++state_.next;
-    if (spelled.empty()) fail(Syntax::ExpectedIdentifier);
     if (spelled.size() > longestName) fail(Syntax::IdentifierTooLong);
     state_.token = Token::Name;
     state_.name = names_.intern(spelled);
@@ -260,7 +260,8 @@ void Lexer::hexOrOctal() {
     }
     std::uint64_t bits = 0;
     std::size_t digits = 0;
-    while (isLetter(peek()) || isDigit(peek())) {
+    // A letter that is no digit begins the next word, as in "&h01or x".
+    while (isDigit(peek()) || digitValue(peek()) < radix) {
         const int digit = digitValue(peek());
         if (digit >= radix) fail(Syntax::InvalidNumber);
         bits = bits * static_cast<std::uint64_t>(radix) + static_cast<std::uint64_t>(digit);

@@ -38,7 +38,7 @@ class Lexer {
     void restore(const State& state) { state_ = state; }
     // The spelling of the token.
     std::string_view spelling() const { return source_.substr(state_.start, state_.next - state_.start); }
-    // The name that a Name or a reserved word spells: reserved words can be names of members.
+    // The name that a Name or a reserved word spells: a class may name its members by reserved words.
     NameId wordName();
 
     [[noreturn]] void fail(Syntax number) const;

@@ -50,6 +50,15 @@ NameId Parser::expectName() {
     return name;
 }
 
+// The token after this one.
+Token Parser::following() {
+    const Lexer::State before = lexer_.state();
+    lexer_.advance();
+    const Token next = token();
+    lexer_.restore(before);
+    return next;
+}
+
 // Else and End close the statements of an If on one line.
 bool Parser::atStatementEnd() const {
     return token() == Token::EndOfLine || token() == Token::Colon || token() == Token::EndOfFile ||

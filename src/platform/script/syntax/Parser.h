@@ -22,7 +22,7 @@ class Parser {
     // with TooBig. The machine's stack has room for what fits.
     static constexpr int deepestNesting = 200;
     static constexpr std::uint16_t deepestTree = 1000;
-    static constexpr std::size_t mostArguments = 255;
+    static constexpr std::size_t mostParameters = 255;
 
   private:
     class Level;
@@ -35,6 +35,7 @@ class Parser {
     bool isName(std::string_view word) const;
     bool acceptName(std::string_view word);
     NameId expectName();
+    Token following();
     bool atStatementEnd() const;
     void expectStatementEnd();
     void skipSeparators();
@@ -94,6 +95,8 @@ class Parser {
     void optionExplicit();
     ProcedureNode* procedure(bool isPrivate, bool isDefault, bool inClass);
     ProcedureNode* property(bool isPrivate, bool isDefault);
+    NameId memberName();
+    bool namesField();
     void parameters(ProcedureNode& procedure);
     void procedureBody(ProcedureNode& procedure);
     void classDeclaration();

@@ -44,6 +44,21 @@ bool Parser::declaration() {
     return false;
 }
 
+// The name of a method or property: it always stands behind an object and a dot, so that any word will do.
+NameId Parser::memberName() {
+    if (!isReserved(token())) return expectName();
+    const NameId name = lexer_.wordName();
+    lexer_.advance();
+    return name;
+}
+
+// Whether the word, behind Public or Private, is a field's name although it could begin a declaration.
+bool Parser::namesField() {
+    const Token next = following();
+    return next == Token::EndOfLine || next == Token::EndOfFile || next == Token::Colon || next == Token::Comma ||
+           next == Token::Open;
+}
+
 ProcedureNode* Parser::procedure(bool isPrivate, bool isDefault, bool inClass) {
     auto* made = module_->arena.make<ProcedureNode>();
     made->kind = token() == Token::Sub ? ProcedureKind::Sub : ProcedureKind::Function;
@@ -51,7 +66,7 @@ ProcedureNode* Parser::procedure(bool isPrivate, bool isDefault, bool inClass) {
     made->isPrivate = isPrivate;
     made->isDefault = isDefault;
     lexer_.advance();
-    made->name = expectName();
+    made->name = inClass ? memberName() : expectName();
     parameters(*made);
     if (inClass && made->kind == ProcedureKind::Sub && !made->parameters.empty()) {
         const std::string name = lowerCase(names_.spelling(made->name));
@@ -77,7 +92,7 @@ ProcedureNode* Parser::property(bool isPrivate, bool isDefault) {
         lexer_.fail(Syntax::ExpectedLetSetGet);
     if (isDefault && made->kind != ProcedureKind::PropertyGet) lexer_.fail(Syntax::DefaultOnGet);
     lexer_.advance();
-    made->name = expectName();
+    made->name = memberName();
     parameters(*made);
     if (made->kind != ProcedureKind::PropertyGet && made->parameters.empty())
         lexer_.fail(Syntax::PropertyWithoutArgument);
@@ -90,7 +105,7 @@ void Parser::parameters(ProcedureNode& to) {
     std::vector<Parameter> list;
     if (token() != Token::Close) {
         do {
-            if (list.size() == mostArguments) lexer_.fail(Syntax::TooBig);
+            if (list.size() == mostParameters) lexer_.fail(Syntax::TooBig);
             Parameter parameter{};
             if (accept(Token::ByVal))
                 parameter.byValue = true;
@@ -153,6 +168,7 @@ void Parser::classMember(ClassNode& into) {
         hasVisibility = true;
         isPrivate = token() == Token::Private;
         lexer_.advance();
+        if ((isName("default") || isName("property")) && namesField()) return fields(into, isPrivate);
     }
     if (isName("default")) {
         if (isPrivate || !hasVisibility) lexer_.fail(Syntax::DefaultWithoutPublic);

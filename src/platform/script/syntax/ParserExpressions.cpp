@@ -202,10 +202,8 @@ Expr* Parser::postfixes(Expr* start) {
 Expr* Parser::member(Expr* object) {
     const std::uint32_t atLine = line();
     lexer_.advance();
-    if (token() != Token::Name && !isReserved(token())) lexer_.fail(Syntax::ExpectedIdentifier);
     Expr* made = node(ExprKind::Member, Token::Dot, object, nullptr, atLine);
-    made->name = lexer_.wordName();
-    lexer_.advance();
+    made->name = expectName();
     return made;
 }
 
@@ -230,7 +228,6 @@ std::span<Expr*> Parser::argumentsUpTo(Token end) {
     const auto atListEnd = [this, end] { return end == Token::Close ? token() == Token::Close : atStatementEnd(); };
     if (atListEnd()) return {};
     for (;;) {
-        if (list.size() == mostArguments) lexer_.fail(Syntax::TooBig);
         list.push_back(token() == Token::Comma || atListEnd() ? make(ExprKind::Missing) : expression());
         if (!accept(Token::Comma)) break;
     }

@@ -47,6 +47,7 @@ void Parser::block(Block& into) {
         if (declaration()) continue;
         if (startsStatement()) {
             statement(into);
+            if (token() == Token::End && following() == Token::If) return;  // "x = 1 End If"
             expectStatementEnd();
             continue;
         }
@@ -116,30 +117,42 @@ void Parser::simpleStatement(Block& into) {
 // Assignments and calls -----------------------------------------------------------------------------------------------
 
 // "f (a), b" gives an argument in parentheses; "f (a) = b" assigns an element; "f (a)" calls with a value. Only what
-// follows the parentheses tells, so the list is read again where the first reading was wrong. In a With, "f .a" gives
-// a member of its object.
+// follows the parentheses tells, so the list is read again where the first reading was wrong: behind a blank, too, in
+// "f (a)(1)", which gives an element. In a With, "f .a" gives a member of its object.
 Expr* Parser::callTarget(bool& hasArguments) {
     Expr* chain = primary();
     hasArguments = false;
+    Expr* calledOnElement = nullptr;
+    Lexer::State beforeElement;
     for (;;) {
         if (token() == Token::Dot) {
-            if (withDepth_ > 0 && lexer_.state().afterBlank) return chain;
+            if (withDepth_ > 0 && lexer_.state().afterBlank) break;
             chain = member(chain);
             hasArguments = false;
         } else if (token() == Token::Open) {
             const Lexer::State before = lexer_.state();
             Expr* called = call(chain);
             const bool goesOn = token() == Token::Dot || token() == Token::Open || token() == Token::Equal;
-            if (!goesOn && !atStatementEnd() && called->arguments.size() <= 1) {
+            const bool isSingle = called->arguments.size() <= 1;
+            if (!goesOn && !atStatementEnd() && isSingle) {
+                if (calledOnElement != nullptr) break;
                 lexer_.restore(before);
                 return chain;
+            }
+            if (token() == Token::Open && isSingle && before.afterBlank && calledOnElement == nullptr) {
+                calledOnElement = chain;
+                beforeElement = before;
             }
             chain = called;
             hasArguments = true;
         } else {
-            return chain;
+            break;
         }
     }
+    if (calledOnElement == nullptr || token() == Token::Equal) return chain;
+    lexer_.restore(beforeElement);
+    hasArguments = false;
+    return calledOnElement;
 }
 
 void Parser::assignmentOrCall(Block& into) {
@@ -163,9 +176,11 @@ void Parser::assignmentOrCall(Block& into) {
 void Parser::callStatement(Block& into) {
     const std::uint32_t atLine = line();
     lexer_.advance();
-    if (token() != Token::Name && token() != Token::Dot && token() != Token::Me)
+    const bool isParenthesised = token() == Token::Open;
+    if (!isParenthesised && token() != Token::Name && token() != Token::Dot && token() != Token::Me)
         lexer_.fail(Syntax::ExpectedIdentifier);
     Expr* target = operand();
+    if (target->kind == ExprKind::Group) lexer_.fail(Syntax::ExpectedIdentifier);
     if (target->kind != ExprKind::Call) target = node(ExprKind::Call, Token::Open, target, nullptr, atLine);
     add(into, CallStmt{{StmtKind::Call, atLine}, target});
 }
@@ -232,7 +247,8 @@ Variable Parser::variable() {
 void Parser::reDim(Block& into) {
     const std::uint32_t atLine = line();
     lexer_.advance();
-    const bool preserve = acceptName("preserve");
+    const bool preserve = isName("preserve") && following() != Token::Open;
+    if (preserve) lexer_.advance();
     std::vector<ReDimStmt::Target> targets;
     do {
         if (token() != Token::Name && token() != Token::Dot && token() != Token::Me)
