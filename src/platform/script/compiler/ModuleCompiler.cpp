@@ -14,7 +14,9 @@ namespace tolvan::script {
 
 struct ModuleCompiler::Work {
     Work(SymbolTable& symbols, Names& names, const Surroundings* surroundings)
-        : around(surroundings), scope(symbols, names, surroundings != nullptr ? surroundings->symbols : nullptr) {}
+        : around(surroundings), scope(symbols, names, surroundings != nullptr ? surroundings->symbols : nullptr) {
+        if (surroundings != nullptr) outside.findOuter = surroundings->findVariable;
+    }
 
     // Whether Execute runs the statements within a procedure.
     bool isWithinProcedure() const { return around != nullptr && around->makeVariable != nullptr; }
@@ -219,7 +221,7 @@ void ModuleCompiler::declare(Work& work) {
     const auto declareVariable = [&work](NameId name) {
         if (!work.isWithinProcedure())
             work.scope.defineVariable(name);
-        else if (work.around->variables.count(name) == 0)
+        else if (work.outside.outerVariable(name) == nullptr)
             work.outside.outer[name] = work.around->makeVariable(name);
     };
     OutsideDeclarations(work.scope, work.module->literals, declareVariable).visit(work.module->body);
@@ -294,7 +296,6 @@ void ModuleCompiler::addMethod(Work& work, ScriptClass& owner, const ProcedureNo
 
 void ModuleCompiler::findNames(Work& work) {
     if (work.around != nullptr) {
-        work.outside.outer.insert(work.around->variables.begin(), work.around->variables.end());
         work.outside.outerResult = work.around->result;
         work.outside.owner = work.around->owner;
     }

@@ -25,7 +25,8 @@ class ModuleCompiler {
     // The names of the procedure in which Execute or Eval stands, and who makes new variables there; within the
     // statements outside procedures there is none.
     struct Surroundings {
-        std::unordered_map<NameId, Value*> variables;
+        // Asked only for the names that the text uses: there may be many. Null for a name that is no variable.
+        std::function<Value*(NameId)> findVariable;
         NameId result = 0;  // of the variables: the function's own name
         std::function<Value*(NameId)> makeVariable;
         SymbolTable::Map* symbols = nullptr;  // procedures, constants and classes that texts made in the procedure

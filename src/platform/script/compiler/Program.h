@@ -45,8 +45,9 @@ struct Procedure {
     std::vector<bool> byReference;
     bool checksArguments = false;  // took the place of another procedure: its callers may not know which are which
 
-    // The names of R[0], R[1], ..., for Execute and Eval in its scope; 0 where there is none.
+    // The names of R[0], R[1], ...; 0 where there is none. And the other way round, if the procedure runs texts.
     std::vector<NameId> variableNames;
+    std::unordered_map<NameId, std::uint32_t> registers;
     // The variables from here on are late: see ProcedureScope.
     std::uint32_t firstLate = 0;
 

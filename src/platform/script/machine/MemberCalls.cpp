@@ -159,6 +159,7 @@ void Machine::evaluateText(Special what, Value* base) {
         base[0] = std::move(text);
         return;
     }
+    if (what == Special::GetRef && !text.is(Type::String)) throw ScriptError(errors::typeMismatch);
     Value keep;
     const std::string_view source = toTextView(*this, text, keep);
     if (what == Special::GetRef) {
@@ -201,17 +202,18 @@ ModuleCompiler::Surroundings Machine::surroundings() {
     const Procedure& procedure = *frame.procedure;
     around.owner = procedure.owner;
     if (procedure.isModule || procedure.isText) return around;
-    for (std::uint32_t i = 0; i < procedure.variableNames.size(); ++i) {
-        const NameId name = procedure.variableNames[i];
-        if (i == 0) around.result = name;
-        if (name == 0) continue;
-        Value& variable = followed(frame.base[i]);
-        // What stands for nothing yet is for the text to make, or to find outside.
-        const bool isOpen = i >= procedure.firstLate && variable.is(Type::Empty);
-        if (!isOpen) around.variables[name] = &variable;
-    }
     if (frame.made == nullptr) frame.made = new MadeNames;
-    for (auto& [name, variable] : frame.made->variables) around.variables[name] = &variable;
+    around.result = procedure.variableNames[0];
+    around.findVariable = [&frame](NameId name) -> Value* {
+        const auto made = frame.made->variables.find(name);
+        if (made != frame.made->variables.end()) return &made->second;
+        const auto place = frame.procedure->registers.find(name);
+        if (place == frame.procedure->registers.end()) return nullptr;
+        Value& variable = followed(frame.base[place->second]);
+        // What stands for nothing yet is for the text to make, or to find outside.
+        const bool isOpen = place->second >= frame.procedure->firstLate && variable.is(Type::Empty);
+        return isOpen ? nullptr : &variable;
+    };
     around.makeVariable = [&frame](NameId name) { return &frame.made->variables[name]; };
     around.symbols = &frame.made->symbols;
     return around;
