@@ -37,6 +37,7 @@ TEST(Conversions, ToWholeNumbersRoundHalfToEven) {
         {"CByte(254.5)", "Byte 254"},
         {"CByte(-0.5)", "Byte 0"},
         {"CByte(-1)", "error 6"},
+        {"CByte(True)", "Byte 255"},
     });
 }
 
@@ -66,6 +67,8 @@ TEST(Conversions, ToOtherTypes) {
         {"CBool(\" tRUE \")", "Boolean True"},
         {"CBool(\"False\")", "Boolean False"},
         {"CBool(\"0\")", "Boolean False"},
+        {"CBool(\"#TRUE#\")", "Boolean True"},
+        {"CBool(\"#true\")", "error 13"},
         {"CBool(\"yes\")", "error 13"},
         {"CBool(Empty)", "Boolean False"},
         {"CBool(Null)", "error 94"},

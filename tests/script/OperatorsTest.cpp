@@ -264,6 +264,13 @@ TEST(Operators, ComparisonWithTexts) {
         {"5 = CStr(5)", "Boolean True"},
         {"CStr(10) > 9", "Boolean True"},
         {"9 < CStr(10)", "Boolean True"},
+        // Two literals.
+        {"9 < \"10\"", "Boolean True"},
+        {"\"10\" < 9", "Boolean False"},
+        {"10 = \"10\"", "Boolean False"},
+        {"\"abc\" = True", "Boolean False"},
+        {"\"abc\" > -5", "Boolean True"},
+        {"#1/1/2000# < \"\"", "Boolean True"},
         {"CStr(\"a\") = 5", "error 13"},
         {"CInt(5) = \"5\"", "Boolean True"},
         {"CInt(10) < \"9\"", "Boolean True"},

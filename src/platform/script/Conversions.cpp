@@ -120,7 +120,9 @@ std::int16_t toInteger(Context& context, const Value& value) {
     return wholeOf<std::int16_t>(context, value);
 }
 
+// True is all bits of a Byte.
 std::uint8_t toByte(Context& context, const Value& value) {
+    if (value.is(Type::Boolean)) return static_cast<std::uint8_t>(value.as.i);
     return wholeOf<std::uint8_t>(context, value);
 }
 
@@ -212,7 +214,9 @@ std::optional<double> textAsDate(Context& context, std::string_view text) {
 
 std::optional<bool> textAsBoolean(Context& context, std::string_view text) {
     const PlainText plain(context, text);
-    const std::string_view word = trimmed(plain.view());
+    std::string_view word = trimmed(plain.view());
+    // As data files hold it: #TRUE#.
+    if (word.size() > 2 && word.front() == '#' && word.back() == '#') word = word.substr(1, word.size() - 2);
     if (sameButForCase(word, "true")) return true;
     if (sameButForCase(word, "false")) return false;
     return std::nullopt;

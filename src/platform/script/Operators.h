@@ -27,8 +27,8 @@ Value logicalNot(Context& context, const Value& operand);
 
 // How two operands stand to each other under the rules of =, <, >. Numbers compare by value, texts byte by byte; Null
 // with anything is Null; Empty is 0 beside a number and "" beside a text. A number is below every text, except where
-// the script's line has one of the two written out as a literal: a text beside a literal number is read as a number
-// (13 if it is none), and a number beside a literal text is written as a text.
+// the script's line has one of the two, and not both, written out as a literal: a text beside a literal number is read
+// as a number (13 if it is none), and a number beside a literal text is written as a text.
 enum class Order { Less, Equal, Greater, Null };
 enum class Literal { Neither, Left, Right };
 Order compare(Context& context, const Value& left, const Value& right, Literal literal = Literal::Neither);

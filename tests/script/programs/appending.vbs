@@ -37,6 +37,12 @@ s = list(0)
 s = s & "more"
 PrintString list(0) & s           '> llmore
 PrintString result(3)             '> .123
+On Error Resume Next
+s = "kept"
+s = s & "half" & list
+PrintString s                     '> kept
+s = s & g & change() & g
+PrintString s                     '> keptgccchanged
 End Sub
 Sub grow(t, u)
 t = t & u & u

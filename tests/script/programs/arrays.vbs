@@ -7,6 +7,13 @@ PrintString a(2)(0)                      '> 9
 c = a
 c(0) = 100
 PrintString a(0) & " " & c(0)            '> 1 100
+d = c
+d(0) = 5
+PrintString c(0) & " " & d(0)            '> 100 5
+d = c
+n = 6
+d(0) = n
+PrintString c(0) & " " & d(0)            '> 100 6
 ReDim b(1)
 b(1) = "kept"
 ReDim Preserve b(4)

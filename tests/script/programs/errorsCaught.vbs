@@ -30,15 +30,16 @@ End If
 If 1 = 1 Or q.x = 1 Then
 PrintString "after Or"                              '> after Or
 End If
-For i = 1 To "x"
-PrintString "in For"                                '> in For
-Next
-PrintString Err.Number                              '> 92
+Err.Description = "mine" : Err.Source = "here"
+Err.Raise 7
+PrintString Err.Number & Err.Description & Err.Source '> 7minehere
+Err.Raise 8, "there"
+PrintString Err.Number & Err.Description & Err.Source '> 8minethere
 On Error GoTo 0
 PrintString Err.Number                              '> 0
 y = "abc" + 1
 PrintString "not reached"
-'> error 13 line 39
+'> error 13 line 40
 End Sub
 Sub fails
 PrintString "fails"

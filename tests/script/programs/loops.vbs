@@ -80,6 +80,11 @@ s = e & f
 Next
 Next
 PrintString s                     '> rp
+For i = 5 To 1.5 Step -1 : s = i : Next
+PrintString s & i                 '> 21
+s = 0
+For i = 2147483646 To 2147483647 : s = s + 1 : Next
+PrintString s & TypeName(i) & i   '> 2Double2147483648
 For gi = 1 To 3 : Next
 PrintString gi                    '> 4
 countByReference i
@@ -90,6 +95,11 @@ For Each e In d
 ReDim d(5)
 Next
 PrintString Err.Number            '> 10
+Err.Clear
+For Each e In d
+Erase d
+Next
+PrintString Err.Number & UBound(d) '> 103
 End Sub
 Dim gi
 Sub countByReference(k)

@@ -27,6 +27,7 @@ InputString n
 PrintString n              '> typed
 both n, n
 PrintString n              '> changedchanged
+alias n, n                 '> second
 g = "global"
 readsGlobal g              '> changed
 PrintString g              '> changed
@@ -42,6 +43,10 @@ Sub swap(a, ByRef b)
 t = a
 a = b
 b = t
+End Sub
+Sub alias(changed, read)
+changed = "second"
+PrintString read
 End Sub
 Sub fill(list)
 list(3) = "filled"

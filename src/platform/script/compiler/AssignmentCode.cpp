@@ -68,7 +68,7 @@ void ProcedureCompiler::assignName(const AssignStmt& statement) {
     const Temporaries temporaries(code_);
     const NameId name = statement.target->name;
     const Binding binding = bind(name);
-    if (binding.isVariable() && !statement.isSet && append(statement, binding)) return;
+    if (binding.mayBeVariable() && !statement.isSet && append(statement, binding)) return;
     if (binding.kind == Binding::Kind::Register && !statement.isSet) return assignRegister(statement, binding.index);
     if (binding.kind == Binding::Kind::HostMember) return assignHost(binding.symbol->member, statement, {});
     if (binding.kind == Binding::Kind::Method) return putOwnMember(name, statement, {});
@@ -136,8 +136,8 @@ struct ProcedureCompiler::Tails {
     std::vector<const Expr*> parts;
 };
 
-// "s = s & a & b" appends a, then b, to s where it is, instead of copying s. Not where anything could see the half of
-// it: code that runs meanwhile, or what comes after an error in b.
+// Whether "s = s & a & b" can append a, then b, to s: not where anything could see the half of it, code that runs
+// meanwhile or what comes after an error in b.
 bool ProcedureCompiler::mayAppend(const Tails& tails, NameId variable) {
     if (tails.parts.empty() || scope_.runsText) return false;
     if ((module_.hasClasses || scope_.handlesErrors) && tails.parts.size() > 1) return false;
@@ -148,14 +148,24 @@ bool ProcedureCompiler::mayAppend(const Tails& tails, NameId variable) {
     });
 }
 
+// "s = s & a & b" appends to s where it is, instead of copying s.
 bool ProcedureCompiler::append(const AssignStmt& statement, const Binding& binding) {
     const NameId name = statement.target->name;
     const Tails tails(*statement.value);
     if (tails.base->kind != ExprKind::Name || tails.base->name != name) return false;
+    if (tails.parts.empty()) return false;
+    // One part is appended by the operation itself.
+    if (binding.kind == Binding::Kind::Register && tails.parts.size() == 1 && !mayChange(*tails.parts[0], name))
+        return false;
+    if (binding.isVariable() && mayAppend(tails, name))
+        appendQuietly(tails, binding);
+    else
+        appendParts(statement, tails, binding);
+    return true;
+}
+
+void ProcedureCompiler::appendQuietly(const Tails& tails, const Binding& binding) {
     const bool isRegister = binding.kind == Binding::Kind::Register;
-    // That is what the operation does by itself.
-    if (isRegister && tails.parts.size() == 1) return false;
-    if (!mayAppend(tails, name)) return false;
     std::vector<Operand> operands;
     for (const Expr* part : tails.parts) operands.push_back(operand(*part));
     const std::uint32_t variable = place(binding);
@@ -165,7 +175,22 @@ bool ProcedureCompiler::append(const AssignStmt& statement, const Binding& bindi
         else
             code_.emit(Op::Append, variable, inRegister(tail));
     }
-    return true;
+}
+
+// Where anything may happen meanwhile: reads the variable, then the parts, as "&" does one after the other, and appends
+// all at once if the variable is still the same.
+void ProcedureCompiler::appendParts(const AssignStmt& statement, const Tails& tails, const Binding& binding) {
+    const std::uint32_t earlier = code_.takeRegisters();
+    nameInto(*statement.target, earlier);
+    for (std::size_t i = 0; i < tails.parts.size(); ++i) {
+        const std::uint32_t part = code_.takeRegisters();
+        into(*tails.parts[i], part);
+        if (i == 0) code_.emit(Op::MakeOperand, earlier);
+        code_.emit(Op::MakeOperand, part);
+    }
+    const std::uint32_t variable = place(binding);
+    code_.emitWithWord(Op::AppendParts, variable, earlier, 0, static_cast<std::uint32_t>(tails.parts.size()));
+    forgetGate();
 }
 
 // Whether both are the same element of a variable, and finding it runs nothing.

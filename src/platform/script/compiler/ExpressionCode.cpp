@@ -72,10 +72,10 @@ ProcedureCompiler::Binding ProcedureCompiler::bind(NameId name, Use use) {
     Binding binding;
     binding.name = name;
     // "f(1)" in the function f calls it; "f" is its result.
-    const auto outer = scope_.outer.find(name);
-    if (outer != scope_.outer.end() && !(use == Use::Callee && name == scope_.outerResult)) {
+    Value* const outer = scope_.outerVariable(name);
+    if (outer != nullptr && !(use == Use::Callee && name == scope_.outerResult)) {
         binding.kind = Kind::Outside;
-        binding.variable = outer->second;
+        binding.variable = outer;
         return binding;
     }
     const auto reg = scope_.registers.find(name);
@@ -302,7 +302,11 @@ void ProcedureCompiler::binaryInto(const Expr& expression, std::uint32_t target)
 ProcedureCompiler::ComparedOperands ProcedureCompiler::comparedOperands(const Expr& expression) {
     Operand left = operandBefore(*expression.left, expression.right);
     Operand right = operand(*expression.right);
-    const bool isSwapped = left.isConstant && !right.isConstant;
+    // Of two literals neither is read like the other.
+    const bool areLiterals = left.isConstant && right.isConstant;
+    if (areLiterals && !code_.procedure().constants[left.index].is(code_.procedure().constants[right.index].type()))
+        right = {false, inRegister(right)};
+    const bool isSwapped = left.isConstant && !right.isConstant && !areLiterals;
     if (isSwapped) std::swap(left, right);
     return {inRegister(left), right, isSwapped};
 }

@@ -61,9 +61,11 @@ namespace tolvan::script {
     X(PinArray)             /* R[a] = pin on the array R[b], if it is one */ \
     X(AddInteger)           /* R[a] = R[b] + c, c an Integer */ \
     X(Append)               /* the variable that R[a] refers to = itself & R[b] */ \
+    X(MakeOperand)          /* R[a] = what an operator takes of R[a]: of an object its default member; 13 for an array */ \
+    X(AppendParts)          /* the variable that R[a] refers to = R[b] & R[b+1] & ..., R[b] being its earlier value, taken; + count of the others */ \
     X(AppendElement)        /* R[a](R[b], ...) = itself & R[c]; + count */ \
     X(Negate)               /* R[a] = -R[b] */ \
-    X(Plus)                 /* R[a] = the number that R[b] is */ \
+    X(Plus)                 /* R[a] = the value that R[b] is */ \
     X(Not)                  /* R[a] = Not R[b] */ \
     X(Is)                   /* R[a] = R[b] Is R[c] */ \
     X(Jump)                 /* jump bc */ \
@@ -72,7 +74,7 @@ namespace tolvan::script {
     X(Tick)                 /* watches the time in loops that ask no gate */ \
     X(Gate)                 /* if the budget at pointer is above 0 count it down, else jump bc; + pointer */ \
     X(AskGate)              /* R[a] = the answer of the host's gate; + pointer to HostMember */ \
-    X(ForPrepare)           /* R[b], R[b+1]: limit and step of the loop of R[a]; 13 or 94 if one is no number; jumps if there is no pass; + offset */ \
+    X(ForPrepare)           /* R[a] = R[b+2], the start of a loop with the limit R[b] and the step R[b+1]; 13 or 94 if one is no number; jumps if there is no pass; + offset */ \
     X(ForNext)              /* R[a] += step; jumps if not past the limit R[b]; + offset */ \
     X(ForNextOne)           /* the same where the step is the Integer 1; + offset */ \
     X(ForNextOneGate)       /* the same, to a Gate whose work is done at once; + offset, + pointer to the budget */ \

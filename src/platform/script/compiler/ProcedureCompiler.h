@@ -132,6 +132,7 @@ class ProcedureCompiler {
     void forLoop(const ForStmt& statement);
     void forEach(const ForEachStmt& statement);
     void leaveBlock(Label& end);
+    void leaveAfterError(Label& end);
     void loop(const LoopStmt& statement);
     void loopInTextOrder(const LoopStmt& statement);
     void with(const WithStmt& statement);
@@ -140,10 +141,12 @@ class ProcedureCompiler {
     // Assignments.
     void assign(const AssignStmt& statement);
     void assignRegister(const AssignStmt& statement, std::uint32_t reg);
+    struct Tails;
     bool append(const AssignStmt& statement, const Binding& binding);
+    void appendQuietly(const Tails& tails, const Binding& binding);
+    void appendParts(const AssignStmt& statement, const Tails& tails, const Binding& binding);
     bool appendElement(const AssignStmt& statement);
     bool isSameElement(const Expr& one, const Expr& other);
-    struct Tails;
     bool mayAppend(const Tails& tails, NameId variable);
     bool isQuiet(const Expr& expression, NameId variable);
     void assignName(const AssignStmt& statement);

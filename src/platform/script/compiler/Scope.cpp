@@ -66,6 +66,14 @@ const std::vector<bool>* ModuleScope::modesOf(const ProcedureSlot* slot) const {
     return slot->procedure == nullptr ? nullptr : &slot->procedure->byReference;
 }
 
+Value* ProcedureScope::outerVariable(NameId name) const {
+    const auto known = outer.find(name);
+    if (known != outer.end()) return known->second;
+    Value* found = findOuter ? findOuter(name) : nullptr;
+    if (found != nullptr) outer[name] = found;
+    return found;
+}
+
 const Expr* rootName(const Expr& expression) {
     const Expr* root = &expression;
     while (root->kind == ExprKind::Call) root = root->left;
@@ -106,9 +114,6 @@ class Declarations : public AstVisitor {
         refuseSecond(statement.name, statement.line);
         scope_.constants[statement.name] = constantOf(*statement.value, literals_);
     }
-    void onError(const OnErrorStmt& statement) override {
-        if (statement.resumeNext) scope_.handlesErrors = true;
-    }
 
   private:
     void refuseSecond(NameId name, std::uint32_t line) const {
@@ -140,7 +145,7 @@ class ReDimDeclarations : public AstVisitor {
     ModuleScope& module_;
 };
 
-// Second reading: names that are used without a declaration.
+// Second reading: names that are used without a declaration, and whether errors are survived.
 class Uses : public AstVisitor {
   public:
     Uses(ProcedureScope& scope, ModuleScope& module, const std::function<bool(NameId)>& becomesLocal)
@@ -157,6 +162,9 @@ class Uses : public AstVisitor {
         }
         const bool isLocal = symbol == nullptr && becomesLocal_(name.name);
         if ((isLocal || module_.isLate) && !scope_.knows(name.name)) scope_.addVariable(name.name);
+    }
+    void onError(const OnErrorStmt& statement) override {
+        if (statement.resumeNext) scope_.handlesErrors = true;
     }
 
   private:

@@ -71,8 +71,9 @@ struct ProcedureScope {
     // a variable of the procedure.
     std::uint32_t firstLate = UINT32_MAX;
     std::unordered_map<NameId, Value> constants;
-    // For a text that Execute runs: the variables of the procedure around it.
-    std::unordered_map<NameId, Value*> outer;
+    // For a text that Execute runs: the variables of the procedure around it, and those that were asked for already.
+    std::function<Value*(NameId)> findOuter;
+    mutable std::unordered_map<NameId, Value*> outer;
     NameId outerResult = 0;         // of these, the one that is the result of a function
     std::vector<bool> byReference;  // of R[1], R[2], ...: the parameters
     bool runsText = false;          // Eval, Execute or ExecuteGlobal: anything may happen to any variable
@@ -85,7 +86,11 @@ struct ProcedureScope {
         return reg >= 1 && reg <= byReference.size() && byReference[reg - 1];
     }
     // Whether the procedure itself gives the name a meaning.
-    bool knows(NameId name) const { return registers.count(name) + constants.count(name) + outer.count(name) != 0; }
+    bool knows(NameId name) const {
+        return registers.count(name) + constants.count(name) != 0 || outerVariable(name) != nullptr;
+    }
+    // Null if the procedure around has no such variable.
+    Value* outerVariable(NameId name) const;
     bool isLate(NameId name) const {
         const auto reg = registers.find(name);
         return reg != registers.end() && reg->second >= firstLate;

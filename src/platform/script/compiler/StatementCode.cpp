@@ -7,6 +7,7 @@ ProcedureCompiler::ProcedureCompiler(ModuleScope& module, ProcedureScope& scope,
     : module_(module), scope_(scope), literals_(literals), context_(context), code_(procedure) {
     procedure.variableCount = static_cast<std::uint32_t>(scope.variables.size());
     procedure.variableNames = scope.variables;
+    if (scope.runsText) procedure.registers = scope.registers;
     procedure.firstLate = scope.firstLate;
     code_.startRegistersAt(procedure.variableCount);
 }
@@ -131,14 +132,18 @@ void ProcedureCompiler::select(const SelectStmt& statement) {
     const std::uint32_t subject = code_.takeRegisters();
     into(*statement.subject, subject);
     code_.emit(Op::LetTake, subject, subject);
+    Value literal;
+    const bool isLiteral = literalOf(*statement.subject, literal);
     Label& end = newLabel();
+    leaveAfterError(end);
     for (const SelectStmt::Case& clause : statement.cases) {
         mark(clause.line);
         Label& body = newLabel();
         Label& next = newLabel();
         for (const Expr* value : clause.values) {
             const Temporaries ofValue(code_);
-            const Operand right = operand(*value);
+            Operand right = operand(*value);
+            if (isLiteral && right.isConstant) right = {false, inRegister(right)};
             code_.jumpWithWord(right.isConstant ? Op::JumpIfEqualRK : Op::JumpIfEqualRR, subject, right.index, body);
         }
         if (!clause.values.empty()) code_.jump(Op::Jump, 0, next);
@@ -148,6 +153,16 @@ void ProcedureCompiler::select(const SelectStmt& statement) {
         bindLabel(next);
     }
     bindLabel(end);
+}
+
+// After the first line of a statement with a body: where errors are survived, a first line that failed does not lead
+// into the body, but to the end.
+void ProcedureCompiler::leaveAfterError(Label& end) {
+    if (!scope_.handlesErrors) return;
+    Label& body = newLabel();
+    code_.jump(Op::Jump, 0, body);
+    leaveBlock(end);
+    code_.bind(body);
 }
 
 // A statement of its own: after an error in the last one of the block, it goes on here.
@@ -168,10 +183,10 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
         return raise(binding.kind == Binding::Kind::Undefined ? errors::undefinedVariable : errors::illegalAssignment);
     const bool isRegister = binding.kind == Binding::Kind::Register;
     const std::uint32_t counter = isRegister ? binding.index : code_.takeRegisters();
-    const std::uint32_t limit = code_.takeRegisters(2);
+    const std::uint32_t limit = code_.takeRegisters(3);
     const std::uint32_t step = limit + 1;
     // The limit may use the variable's old value.
-    const std::uint32_t from = code_.takeRegisters();
+    const std::uint32_t from = limit + 2;
     into(*statement.from, from);
     into(*statement.to, limit);
     Value stepValue = Value::integer(1);
@@ -180,7 +195,6 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
         into(*statement.step, step);
     else
         loadConstant(stepValue, step);
-    code_.emit(Op::LetTake, counter, from);
 
     const auto handOver = [&] {
         if (isRegister) return;
@@ -194,6 +208,7 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
     Label& exit = newLabel();
     Label& finished = newLabel();
     code_.jumpWithWord(Op::ForPrepare, counter, limit, finished);
+    leaveAfterError(exit);
     bindLabel(body);
     if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
     handOver();
@@ -224,6 +239,7 @@ void ProcedureCompiler::forEach(const ForEachStmt& statement) {
     Label& test = newLabel();
     Label& body = newLabel();
     Label& exit = newLabel();
+    leaveAfterError(exit);
     code_.jump(Op::Jump, 0, test);
     bindLabel(body);
     if (binding.kind == Binding::Kind::Register)
@@ -281,6 +297,8 @@ void ProcedureCompiler::loopInTextOrder(const LoopStmt& statement) {
 void ProcedureCompiler::with(const WithStmt& statement) {
     const Temporaries temporaries(code_);
     const std::uint32_t object = code_.takeRegisters();
+    // What an earlier statement left there is not its object, should the first line fail.
+    code_.emit(Op::Clear, object);
     into(*statement.object, object);
     code_.emit(Op::SetTake, object, object);
     const std::uint32_t outer = withRegister_;

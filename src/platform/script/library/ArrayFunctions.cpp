@@ -39,6 +39,11 @@ char* append(char* out, std::string_view text) {
     return out + text.size();
 }
 
+// A list's element as text; Null is "" there, as it is for "&".
+Value elementText(Context& context, const Value& element) {
+    return element.is(Type::Null) ? context.text({}) : toText(context, element);
+}
+
 // Elements that are no texts are turned into texts once, at the place where they stand in a list of the same length.
 Value join(Context& context, ArgumentList arguments) {
     const auto elements = listArgument(context, arguments[0]);
@@ -50,7 +55,7 @@ Value join(Context& context, ArgumentList arguments) {
     const Value texts = Value::adopt(ArrayCell::createList(context.heap(), elements.size()));
     std::size_t length = delimiter.size() * (elements.size() - 1);
     for (std::size_t i = 0; i < elements.size(); ++i) {
-        texts.array()->items[i] = toText(context, elements[i]);
+        texts.array()->items[i] = elementText(context, elements[i]);
         length += texts.array()->items[i].view().size();
     }
     char* out = nullptr;
@@ -125,7 +130,7 @@ Value filter(Context& context, ArgumentList arguments) {
     const Searcher searcher(context, wanted, comparisonAt(context, arguments, 3));
     ListBuilder kept(context);
     for (const Value& element : elements) {
-        Value text = toText(context, element);
+        Value text = elementText(context, element);
         if ((searcher.find(text.view(), 0) != Searcher::notFound) == include) kept.add(std::move(text));
     }
     return kept.take();

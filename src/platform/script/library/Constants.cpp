@@ -25,6 +25,7 @@ constexpr NumberRow numberRows[] = {
     // Comparison
     {"vbBinaryCompare", 0},
     {"vbTextCompare", 1},
+    {"vbDatabaseCompare", 2},
     // Dates
     {"vbUseSystem", 0},
     {"vbUseSystemDayOfWeek", 0},

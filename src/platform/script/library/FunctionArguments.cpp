@@ -37,7 +37,7 @@ Comparison comparisonAt(Context& context, ArgumentList arguments, std::size_t in
 
 std::span<const Value> listArgument(Context& context, Value& argument) {
     const Value& list = settle(context, argument);
-    if (!list.is(Type::Array)) raise(errors::typeMismatch);
+    if (!list.is(Type::Array)) raise(list.is(Type::Null) ? errors::invalidNull : errors::typeMismatch);
     if (list.array()->rank == 0) raise(errors::subscript);
     if (list.array()->rank > 1) raise(errors::invalidCall);
     return list.array()->elements();

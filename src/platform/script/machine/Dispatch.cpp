@@ -232,6 +232,13 @@ void Machine::execute() {
     L_Append:
         append(followed(A), B);
         STEP(1);
+    L_MakeOperand:
+        if (A.isOneOf(bits(Type::Object, Type::Array, Type::Error))) [[unlikely]]
+            makeOperand(A);
+        STEP(1);
+    L_AppendParts:
+        appendParts(followed(A), B, {&B + 1, WORD(std::uint32_t)});
+        STEP(2);
     L_AppendElement:
         appendElement(followed(A), LIST(B), C);
         STEP(2);
@@ -307,7 +314,7 @@ void Machine::execute() {
         putBoolean(A, askGate(*WORD(const HostMember*)));
         STEP(2);
     L_ForPrepare:
-        if (prepareFor(A, B, (&B)[1])) {
+        if (prepareFor(A, std::span<Value, 3>(&B, 3))) {
             STEP(2);
         }
         STEP(WORD(std::int32_t));

@@ -12,8 +12,9 @@ const Value& followed(const Value& argument) {
     return argument.is(Type::Reference) ? *argument.as.ref : argument;
 }
 
-std::string textOf(Context& context, std::span<Value> arguments, std::size_t index) {
-    if (index >= arguments.size() || followed(arguments[index]).isMissing()) return {};
+// What is left out keeps what Err holds, if anything.
+std::string textOf(Context& context, std::span<Value> arguments, std::size_t index, const std::string& held) {
+    if (index >= arguments.size() || followed(arguments[index]).isMissing()) return held;
     Value keep;
     return std::string(toTextView(context, followed(arguments[index]), keep));
 }
@@ -50,9 +51,12 @@ void ErrObject::raise(Context& context, std::span<Value> arguments) {
     if (arguments.empty() || arguments.size() > mostRaiseArguments) throw ScriptError(errors::argumentCount);
     const std::int32_t number = toLong(context, followed(arguments[0]));
     if (number == 0 || number > largestNumber) throw ScriptError(errors::invalidCall);
-    raisedHelp_.file = textOf(context, arguments, 3);
-    if (arguments.size() == mostRaiseArguments) raisedHelp_.context = toLong(context, followed(arguments[4]));
-    throw ScriptError(number, textOf(context, arguments, 2), textOf(context, arguments, 1));
+    Help help{textOf(context, arguments, 3, currentHelp_.file), currentHelp_.context};
+    if (arguments.size() == mostRaiseArguments) help.context = toLong(context, followed(arguments[4]));
+    const ScriptError error(number, textOf(context, arguments, 2, currentDescription_),
+                            textOf(context, arguments, 1, currentSource_));
+    raisedHelp_ = std::move(help);
+    throw error;
 }
 
 Value ErrObject::call(Context& context, NameId name, std::span<Value> arguments) {

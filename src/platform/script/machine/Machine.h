@@ -105,7 +105,9 @@ class Machine : public Context {
     void slowModulo(Value& target, const Value& left, const Value& right);
     void slowPower(Value& target, const Value& left, const Value& right);
     void slowConcatenate(Value& target, const Value& left, const Value& right);
+    void makeOperand(Value& value);
     void append(Value& target, const Value& tail);
+    void appendParts(Value& target, Value& earlier, std::span<const Value> parts);
     void slowAnd(Value& target, const Value& left, const Value& right);
     void slowOr(Value& target, const Value& left, const Value& right);
     void slowXor(Value& target, const Value& left, const Value& right);
@@ -116,7 +118,8 @@ class Machine : public Context {
     void notInto(Value& target, const Value& of);
     void isInto(Value& target, const Value& left, const Value& right);
     Order slowCompare(const Value& left, const Value& right, Literal literal);
-    bool prepareFor(Value& counter, Value& limit, Value& step);
+    Value countable(const Value& of);
+    bool prepareFor(Value& counter, std::span<Value, 3> header);
     bool slowForNext(Value& counter, const Value& limit, const Value& step);
 
     // Arrays (Elements.cpp).

@@ -2,6 +2,7 @@
 
 #include "platform/script/ArrayCell.h"
 #include "platform/script/Conversions.h"
+#include "platform/script/Operands.h"
 #include "platform/script/machine/Machine.h"
 
 #include <cmath>
@@ -95,6 +96,25 @@ void Machine::append(Value& target, const Value& tail) {
         slowConcatenate(target, target, tail);
 }
 
+// Where the variable still holds its earlier text, that grows in place: the parts are joined first, so that no error
+// can leave half of the result.
+void Machine::appendParts(Value& target, Value& earlier, std::span<const Value> parts) {
+    const bool isUnchanged = earlier.is(Type::String) && target.is(Type::String) && target.as.cell == earlier.as.cell;
+    if (isUnchanged) {
+        Value tail = parts[0];
+        for (const Value& part : parts.subspan(1)) slowConcatenate(tail, tail, part);
+        earlier = Value();
+        return slowConcatenate(target, target, tail);
+    }
+    for (const Value& part : parts) earlier = concatenate(*this, earlier, part);
+    target = std::move(earlier);
+}
+
+void Machine::makeOperand(Value& value) {
+    Value keep;
+    value = Value(plainOperand(*this, value, keep));
+}
+
 void Machine::slowAnd(Value& target, const Value& left, const Value& right) {
     target = logicalAnd(*this, left, right);
 }
@@ -117,10 +137,9 @@ void Machine::notInto(Value& target, const Value& of) {
     target = logicalNot(*this, of);
 }
 
-// A plus in front leaves a number as it is and makes one of a text.
+// A plus in front leaves every value as it is, a text too.
 void Machine::plusInto(Value& target, const Value& of) {
     Value value = plain(of);
-    if (value.is(Type::String)) value = Value::number(toDouble(*this, value));
     if (value.is(Type::Array)) throw ScriptError(errors::typeMismatch);
     target = std::move(value);
 }
@@ -138,20 +157,36 @@ Order Machine::slowCompare(const Value& left, const Value& right, Literal litera
     return compare(*this, left, right, literal);
 }
 
-// Makes numbers of the loop's three values; false if the loop is not to run at all. A limit with a fraction becomes the
-// last whole number within it where the counter is whole, so that the loop stays one of whole numbers.
-bool Machine::prepareFor(Value& counter, Value& limit, Value& step) {
-    for (Value* value : {&counter, &limit, &step}) {
-        if (value->isOneOf(wholeTypes | bits(Type::Double))) continue;
-        if (value->is(Type::Null)) throw ScriptError(errors::invalidNull);
-        if (value->is(Type::Empty))
-            *value = Value::integer(0);
-        else
-            plusInto(*value, *value);
-        if (value->is(Type::Boolean)) *value = Value::integer(static_cast<std::int16_t>(value->as.i));
-        if (value->is(Type::Byte)) *value = Value::integer(static_cast<std::int16_t>(value->as.i));
-        if (value->is(Type::Error)) throw ScriptError(errors::typeMismatch);
+// The number that a loop counts with. A Boolean or Byte counts as an Integer.
+Value Machine::countable(const Value& of) {
+    if (of.isOneOf(wholeTypes | bits(Type::Double))) return of;
+    Value value = plain(of);
+    switch (value.type()) {
+        case Type::Null:
+            throw ScriptError(errors::invalidNull);
+        case Type::Empty:
+            return Value::integer(0);
+        case Type::Boolean:
+        case Type::Byte:
+            return Value::integer(static_cast<std::int16_t>(value.as.i));
+        case Type::String:
+            return Value::number(toDouble(*this, value));
+        case Type::Array:
+        case Type::Error:
+            throw ScriptError(errors::typeMismatch);
+        default:
+            return value;
     }
+}
+
+// Makes numbers of the loop's limit, step and start, and only then gives the counter its start; false if the loop is
+// not to run at all. A limit with a fraction becomes the last whole number within it where the counter is whole, so
+// that the loop stays one of whole numbers.
+bool Machine::prepareFor(Value& counter, std::span<Value, 3> header) {
+    Value& limit = header[0];
+    const Value& step = header[1];
+    for (Value& value : header) value = countable(value);
+    counter = std::move(header[2]);
     const bool isUp = compare(*this, step, Value::integer(0)) != Order::Less;
     const Order order = compare(*this, counter, limit);
     if (order == (isUp ? Order::Greater : Order::Less)) return false;
