@@ -48,6 +48,10 @@ TEST(RunTimeErrors, HaveTheirNumberAndTheLineOfTheStatement) {
         {"Option Explicit\nSub Main\nExecute \"Dim v\"\nw = v\nv = 3\nEnd Sub", "error 500 line 4\n"},
         {"Option Explicit\nSub Main\nExecute \"Dim v\"\nv = v & 3\nPrintString v\nEnd Sub", "3\n"},
         {"Sub Main\nExecute \"Sub p : q = 1 / 0 : End Sub\"\np\nEnd Sub", "error 11 line 1\n"},
+        // The object dies on the way out; its own error is nobody's.
+        {"fails\nClass c\nSub Class_Terminate\ny = 1 Mod 0\nEnd Sub\nEnd Class\nSub fails\nSet o = New c\nx = Sqr(-1)\n"
+         "End Sub",
+         "error 5 line 9\n"},
     };
     for (const auto& [module, expected] : cases) EXPECT_EQ(outcome(module), expected) << module;
 }
@@ -89,6 +93,11 @@ TEST(Limits, MemoryThatRunsOutIsAnErrorAndComesBack) {
         {"ReDim a(1000, 1000, 1000)", "error 7 line 1\n"},
         {"ReDim a(0)\nDo\nReDim Preserve a(UBound(a) * 2 + 1)\nLoop", "error 7 line 3\n"},
         {"x = Space(2000000000)", "error 7 line 1\n"},
+        // Code takes memory, too.
+        {"Do\nExecute \"Sub p\" & i & \" : x = 1 : End Sub\"\ni = i + 1\nLoop", "error 7 line 2\n"},
+        {"Do\nExecute \"Class c : End Class\"\nLoop", "error 7 line 2\n"},
+        {"Do\nExecute \"v\" & i & \" = 1\"\ni = i + 1\nLoop", "error 7 line 2\n"},
+        {"s = \"x = 1 : \"\nFor i = 1 To 20 : s = s & s : Next\nExecute s", "error 7 line 3\n"},
     };
     for (const auto& [module, expected] : cases) {
         Executor executor;
@@ -140,6 +149,8 @@ TEST(Timeout, EndsARunThatTakesTooLong) {
                              "While parentform.checkforevents\nif not checkforevents then err.raise 1001\nWend",
                              "On Error Resume Next\nDo\nx = 1\nLoop", "On Error Resume Next\nDo\nx = y.z\nLoop",
                              "On Error Resume Next\nDo\nSet o = New Waits\nLoop", "Set o = New Waits\no.forks",
+                             "For i = 1 To 60\nn = \" : q\" & i + 1\nExecuteGlobal \"Sub q\" & i & n & n & \" : End "
+                             "Sub\"\nNext\nExecuteGlobal \"Sub q61 : End Sub\"\nq1",
                              "Do\nExecute \"x = 1\"\nLoop", "On Error Resume Next\nWhile y.z\nWend",
                              "On Error Resume Next\nExecute \"Const k = 1\"\nFor k = 1 To 2\nx = 1\nNext",
                              "On Error Resume Next\nDo Until 1 / 0\nx = 1\nLoop"}) {
@@ -262,6 +273,7 @@ TEST(Host, ALaterModuleGivesNamesTheirMeaning) {
          "Const later = \"later\"", "later\n"},
         {"Option Explicit\nSub Test : late = 3 : PrintString late : End Sub", "Dim late", "3\n"},
         {"x = 1\nSub Test : PrintString x : End Sub", "Dim x", "1\n"},
+        {"Const k = 1\nSub Test : PrintString k : End Sub", "Const k = 2", "2\n"},
         {"Sub Test : PrintString where : End Sub", "where = 1 : Execute \"Sub More : where = 2 : End Sub\" : More",
          "2\n"},
         {"Sub Test : Make : PrintString made(1) : End Sub",
@@ -297,6 +309,7 @@ TEST(Host, WritesAndReadsNumbersInItsOwnForm) {
             return kept;
         }
         bool isPlain() const override { return false; }
+        std::string date(std::string_view plain) const override { return "on " + std::string(plain); }
     };
     const Bracketed form;
     Executor executor;
@@ -305,8 +318,21 @@ TEST(Host, WritesAndReadsNumbersInItsOwnForm) {
     EXPECT_EQ(
         outcome(executor, console,
                 "PrintString -2.5\nPrintString \"x\" & 5 & True\nPrintString CDbl(\"<-5>\") * 2\n"
-                "s = \"<7>\"\nPrintString s + 1\nPrintString CStr(False)\nt = \"a\"\nt = t & 1.5 & 2\nPrintString t"),
-        "<-2.5>\nx<5>yes\n<-10>\n<8>\nno\na<1.5><2>\n");
+                "s = \"<7>\"\nPrintString s + 1\nPrintString CStr(False)\nt = \"a\"\nt = t & 1.5 & 2\nPrintString t\n"
+                "PrintString #2/1/2000# & \"!\""),
+        "<-2.5>\nx<5>yes\n<-10>\n<8>\nno\na<1.5><2>\non 2/1/2000!\n");
+}
+
+TEST(Host, ObjectsAreReplacedByNameBetweenRuns) {
+    Executor executor;
+    ScriptConsole first;
+    ScriptConsole second;
+    const char* module = "Sub Main\nPrintString Rnd & ParentForm.DisplayWidth\nEnd Sub";
+    EXPECT_EQ(outcome(executor, first, module), "0.7055475640\n");
+    EXPECT_EQ(outcome(executor, second, module), "0.533424640\n");
+    EXPECT_EQ(first.lines.size(), 1U);
+    executor.reset();
+    EXPECT_EQ(outcome(executor, first, module), "0.7055475640\n0.7055475640\n");
 }
 
 TEST(Host, ValuesOutliveTheEngine) {

@@ -1,7 +1,8 @@
-// The memory of one engine's texts, arrays and objects: counts it and keeps it below the host's limit.
+// The memory of one engine's texts, arrays, objects and code: counts it and keeps it below the host's limit.
 #pragma once
 
 #include <cstddef>
+#include <utility>
 
 namespace tolvan::script {
 
@@ -23,15 +24,47 @@ class Heap {
 
     static constexpr std::size_t defaultLimit = std::size_t{1} << 30;
 
+    // For memory from elsewhere that counts all the same (see HeapCharge). Throws like allocate().
+    void take(std::size_t bytes);
+    void give(std::size_t bytes) noexcept;
+
   private:
     Heap() = default;
     ~Heap() = default;
-    void take(std::size_t bytes);
-    void give(std::size_t bytes) noexcept;
 
     std::size_t used_ = 0;
     std::size_t limit_ = defaultLimit;
     bool abandoned_ = false;
+};
+
+// Bytes that its owner holds elsewhere, counted by the heap as long as this lives. Without a heap nothing is counted.
+class HeapCharge {
+  public:
+    explicit HeapCharge(Heap* heap = nullptr) : heap_(heap) {}
+    HeapCharge(HeapCharge&& other) noexcept
+        : heap_(std::exchange(other.heap_, nullptr)), bytes_(std::exchange(other.bytes_, 0)) {}
+    HeapCharge& operator=(HeapCharge&& other) noexcept {
+        std::swap(heap_, other.heap_);
+        std::swap(bytes_, other.bytes_);
+        return *this;
+    }
+    HeapCharge(const HeapCharge&) = delete;
+    HeapCharge& operator=(const HeapCharge&) = delete;
+    ~HeapCharge() {
+        if (heap_ != nullptr && bytes_ != 0) heap_->give(bytes_);
+    }
+
+    Heap* heap() const { return heap_; }
+    // Throws ScriptError 7 where the limit would be passed.
+    void add(std::size_t bytes) {
+        if (heap_ == nullptr) return;
+        heap_->take(bytes);
+        bytes_ += bytes;
+    }
+
+  private:
+    Heap* heap_;
+    std::size_t bytes_ = 0;
 };
 
 }  // namespace tolvan::script

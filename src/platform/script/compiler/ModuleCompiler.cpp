@@ -130,6 +130,9 @@ std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view 
     auto outside = std::make_shared<Procedure>();
     ProcedureCompiler(work.scope, work.outside, work.module->literals, context_, *outside)
         .compileBody(work.module->body, work.module->lastLine);
+    outside->countIn(context_.heap());
+    const bool staysLoaded = !work.compiled.empty() && work.loaded != nullptr;
+    if (staysLoaded) work.loaded->keepSource(source, context_.heap());
 
     std::vector<NameId> changed = work.scope.commit();
     for (auto& [scope, procedure] : work.compiled) {
@@ -138,8 +141,7 @@ std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view 
         finishProcedure(work, *scope, procedure);
     }
     if (!work.isWithinProcedure()) recompileUsers(changed);
-    if (!work.compiled.empty() && work.loaded != nullptr) {
-        work.loaded->source = source;
+    if (staysLoaded) {
         symbols_.addModule(work.loaded);
         symbols_.addUses(work.loaded, work.scope.uses());
     }
@@ -147,7 +149,7 @@ std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view 
 }
 
 void ModuleCompiler::read(Work& work, std::string_view source) {
-    work.module = Parser(source, names_).parseModule();
+    work.module = Parser(source, names_, &context_.heap()).parseModule();
     if (mayExecute(source)) leaveNamesOpen(*work.module);
     work.scope.isLate = symbols_.isLate;
     work.scope.optionExplicit = work.module->optionExplicit;
@@ -193,6 +195,8 @@ void ModuleCompiler::recompile(const std::shared_ptr<LoadedModule>& module) {
         generateProcedures(work);
     } catch (const SyntaxError&) {
         return;  // with other meanings it has become too big for the machine: it stays as it is
+    } catch (const ScriptError&) {
+        return;  // or for the memory
     }
     symbols_.addUses(module, work.scope.uses());
     for (auto& [scope, procedure] : work.compiled) finishProcedure(work, *scope, procedure);
@@ -203,7 +207,7 @@ std::shared_ptr<const Procedure> ModuleCompiler::compileExpression(std::string_v
     Work work(symbols_, names_, &around);
     work.scope.isLate = symbols_.isLate;
     Expr* expression = nullptr;
-    work.module = Parser(source, names_).parseSingleExpression(expression);
+    work.module = Parser(source, names_, &context_.heap()).parseSingleExpression(expression);
     // One statement that uses it, so that its names are found.
     CallStmt use{{StmtKind::Call, expression->line}, expression};
     work.module->body.append(&use);
@@ -213,6 +217,7 @@ std::shared_ptr<const Procedure> ModuleCompiler::compileExpression(std::string_v
     procedure->isText = true;
     ProcedureCompiler(work.scope, work.outside, work.module->literals, context_, *procedure)
         .compileExpression(*expression);
+    procedure->countIn(context_.heap());
     recompileUsers(work.scope.commit());
     return procedure;
 }
@@ -348,6 +353,7 @@ std::shared_ptr<Procedure> ModuleCompiler::generate(Work& work, ProcedureScope& 
         if (error.line == 0) error.line = node.line;
         throw;
     }
+    procedure->countIn(context_.heap());
     return procedure;
 }
 

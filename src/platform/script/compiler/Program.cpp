@@ -23,4 +23,13 @@ std::uint32_t Procedure::statementAfter(std::uint32_t pc) const {
     return behind == lines.end() ? static_cast<std::uint32_t>(code.size() - 1) : behind->pc;
 }
 
+void Procedure::countIn(Heap& heap) {
+    // An entry of the map takes about as much as this.
+    constexpr std::size_t entry = 48;
+    memory = HeapCharge(&heap);
+    memory.add(sizeof(Procedure) + code.capacity() * sizeof(Instruction) + constants.capacity() * sizeof(Value) +
+               lines.capacity() * sizeof(LineMark) + variableNames.capacity() * sizeof(NameId) +
+               registers.size() * entry);
+}
+
 }  // namespace tolvan::script

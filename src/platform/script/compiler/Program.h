@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/script/Builtin.h"
+#include "platform/script/Heap.h"
 #include "platform/script/HostObject.h"
 #include "platform/script/Value.h"
 #include "platform/script/compiler/Opcode.h"
@@ -50,6 +51,9 @@ struct Procedure {
     std::unordered_map<NameId, std::uint32_t> registers;
     // The variables from here on are late: see ProcedureScope.
     std::uint32_t firstLate = 0;
+
+    HeapCharge memory;  // what all of it takes
+    void countIn(Heap& heap);
 
     std::uint32_t lineAt(std::uint32_t pc) const;
     // The statement after the one at pc, in the order of the code.
@@ -130,7 +134,14 @@ struct Symbol {
 // A module with procedures or classes, as long as one of them is in use. Its procedures are compiled again when one of
 // the names that it uses gets another meaning.
 struct LoadedModule {
+    void keepSource(std::string_view text, Heap& heap) {
+        memory = HeapCharge(&heap);
+        memory.add(text.size());
+        source = text;
+    }
+
     std::string source;
+    HeapCharge memory;
     std::unordered_map<NameId, ScriptClass*> classes;
     std::unordered_set<NameId> uses;  // a change of their meaning changes the code
 };
@@ -142,7 +153,7 @@ class SymbolTable {
     using Map = std::unordered_map<NameId, Symbol>;
 
     // `errObject` is what the name Err stands for.
-    SymbolTable(Names& names, Value errObject);
+    SymbolTable(Names& names, Value errObject, Heap& heap);
     SymbolTable(const SymbolTable&) = delete;
     SymbolTable& operator=(const SymbolTable&) = delete;
 
@@ -152,7 +163,10 @@ class SymbolTable {
     void define(NameId name, Symbol symbol) { scripts_[name] = std::move(symbol); }
     Value* makeVariable() { return &variables_.emplace_back(); }
     ProcedureSlot* makeSlot() { return &slots_.emplace_back(); }
-    ScriptClass* makeClass() { return &classes_.emplace_back(); }
+    ScriptClass* makeClass() {
+        memory_.add(sizeof(ScriptClass));
+        return &classes_.emplace_back();
+    }
 
     // `reference` is the Object value through which scripts hold the host's object.
     void addHost(NameId name, HostObject& object, Value reference, bool membersToo);
@@ -186,6 +200,7 @@ class SymbolTable {
     void removeHost(const HostObject* object);
 
     Names& names_;
+    HeapCharge memory_;
     NameId err_;
     Map scripts_;
     Map hosts_;

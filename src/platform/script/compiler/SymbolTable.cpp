@@ -19,7 +19,8 @@ constexpr std::array<SpecialName, 4> specialNames = {{{"Eval", Special::Eval},
 
 }  // namespace
 
-SymbolTable::SymbolTable(Names& names, Value errObject) : names_(names), err_(names.intern("Err")) {
+SymbolTable::SymbolTable(Names& names, Value errObject, Heap& heap)
+    : names_(names), memory_(&heap), err_(names.intern("Err")) {
     for (const Builtin& builtin : builtins()) {
         Symbol symbol;
         symbol.kind = Symbol::Kind::Builtin;

@@ -8,11 +8,12 @@ namespace tolvan::script {
 Machine::Machine()
     : err_(new ErrObject(names_)),
       errValue_(Value::adopt(err_)),
-      symbols_(std::make_unique<SymbolTable>(names_, errValue_)),
+      symbols_(std::make_unique<SymbolTable>(names_, errValue_, heap())),
       stack_(static_cast<Value*>(std::calloc(stackSize, sizeof(Value)))),
       stackEnd_(stack_ + stackSize),
       frames_(std::make_unique_for_overwrite<Frame[]>(deepestCalls)) {
     if (stack_ == nullptr) throw std::bad_alloc();
+    names_.countIn(heap());
 }
 
 Machine::~Machine() {
@@ -37,7 +38,8 @@ void Machine::reset() {
     names_ = Names();
     err_ = new ErrObject(names_);
     errValue_ = Value::adopt(err_);
-    symbols_ = std::make_unique<SymbolTable>(names_, errValue_);
+    symbols_ = std::make_unique<SymbolTable>(names_, errValue_, heap());
+    names_.countIn(heap());
     randomSeed = firstRandomSeed;
     resetting_ = false;
 }

@@ -1,6 +1,8 @@
 // Memory of a syntax tree: taken piece by piece, given back all at once. Holds only types without a destructor.
 #pragma once
 
+#include "platform/script/Heap.h"
+
 #include <cstddef>
 #include <memory>
 #include <new>
@@ -13,6 +15,8 @@ namespace tolvan::script {
 
 class Arena {
   public:
+    explicit Arena(Heap* heap) : charge_(heap) {}
+
     template <class T, class... Arguments>
     T* make(Arguments&&... arguments) {
         static_assert(std::is_trivially_destructible_v<T>);
@@ -33,6 +37,7 @@ class Arena {
         bytes = (bytes + alignment - 1) / alignment * alignment;
         if (bytes > left_) {
             const std::size_t size = bytes > blockSize ? bytes : blockSize;
+            charge_.add(size);
             blocks_.push_back(std::make_unique_for_overwrite<std::byte[]>(size));
             next_ = blocks_.back().get();
             left_ = size;
@@ -45,6 +50,7 @@ class Arena {
 
     static constexpr std::size_t alignment = alignof(std::max_align_t);
     static constexpr std::size_t blockSize = std::size_t{64} * 1024;
+    HeapCharge charge_;
     std::vector<std::unique_ptr<std::byte[]>> blocks_;
     std::byte* next_ = nullptr;
     std::size_t left_ = 0;

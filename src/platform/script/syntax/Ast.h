@@ -201,6 +201,8 @@ struct ClassNode {
 };
 
 struct Module {
+    explicit Module(Heap* heap) : arena(heap) {}
+
     Arena arena;
     std::vector<Value> literals;
     Block body;  // the statements outside procedures

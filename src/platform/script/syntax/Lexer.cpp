@@ -48,8 +48,8 @@ Value wholeNumber(std::int64_t number) {
 
 }  // namespace
 
-Lexer::Lexer(std::string_view source, Names& names, std::vector<Value>& literals)
-    : source_(source), names_(names), literals_(literals) {
+Lexer::Lexer(std::string_view source, Names& names, std::vector<Value>& literals, Heap* heap)
+    : source_(source), names_(names), literals_(literals), heap_(heap) {
     advance();
 }
 
@@ -291,7 +291,9 @@ void Lexer::text() {
         }
         bytes += byte;
     }
-    addLiteral(Value::text(bytes));
+    StringCell* cell = StringCell::create(heap_, bytes.size());
+    bytes.copy(cell->bytes(), bytes.size());
+    addLiteral(Value::adopt(cell));
 }
 
 void Lexer::date() {

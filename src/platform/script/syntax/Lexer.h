@@ -16,8 +16,8 @@ namespace tolvan::script {
 
 class Lexer {
   public:
-    // `source` and `names` must outlive the lexer. Literals are appended to `literals`.
-    Lexer(std::string_view source, Names& names, std::vector<Value>& literals);
+    // `source` and `names` must outlive the lexer. Literals are appended to `literals`; texts lie in `heap`, if any.
+    Lexer(std::string_view source, Names& names, std::vector<Value>& literals, Heap* heap);
 
     // Where the lexer stands: copied to look ahead, and put back to read again.
     struct State {
@@ -70,6 +70,7 @@ class Lexer {
     std::string_view source_;
     Names& names_;
     std::vector<Value>& literals_;
+    Heap* heap_;
     State state_;
 };
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/encoding/Ascii.h"
+#include "platform/script/Heap.h"
 #include "platform/script/Object.h"
 
 #include <cstdint>
@@ -16,6 +17,8 @@ namespace tolvan::script {
 class Names {
   public:
     Names();
+    // From now on new names count against the limit of the heap.
+    void countIn(Heap& heap) { charge_ = HeapCharge(&heap); }
 
     // Never DefaultMember.
     NameId intern(std::string_view name);
@@ -25,6 +28,7 @@ class Names {
   private:
     std::unordered_map<std::string, NameId> ids_;  // by lower-case name
     std::vector<std::unique_ptr<const std::string>> spellings_;
+    HeapCharge charge_;
 };
 
 }  // namespace tolvan::script

@@ -2,8 +2,8 @@
 
 namespace tolvan::script {
 
-Parser::Parser(std::string_view source, Names& names)
-    : module_(std::make_unique<Module>()), names_(names), lexer_(source, names, module_->literals) {}
+Parser::Parser(std::string_view source, Names& names, Heap* heap)
+    : module_(std::make_unique<Module>(heap)), names_(names), lexer_(source, names, module_->literals, heap) {}
 
 std::unique_ptr<Module> Parser::parseModule() {
     skipSeparators();

@@ -12,7 +12,8 @@ namespace tolvan::script {
 
 class Parser {
   public:
-    Parser(std::string_view source, Names& names);
+    // The tree and its literals count against the limit of `heap`, if there is one; error 7 where it is passed.
+    Parser(std::string_view source, Names& names, Heap* heap = nullptr);
 
     std::unique_ptr<Module> parseModule();
     // The text of Eval: one expression and nothing else.
