@@ -298,7 +298,7 @@ void frmEditor::EditFindNext() {
 void frmEditor::EditFormat() {
     const std::string roman = romanText();
     if (roman.find_first_not_of(' ') == std::string::npos) return;
-    txtRoman_->replaceText(formatProgram(roman, programText()));
+    txtRoman_->replaceText(formatProgram(roman, txtProgram_->text()));
 }
 
 void frmEditor::ViewNextPane() {

@@ -2,6 +2,8 @@
 
 #include "platform/encoding/Ascii.h"
 
+#include <algorithm>
+
 namespace tolvan {
 namespace {
 
@@ -11,10 +13,36 @@ bool isWordCharacter(char c) {
     return isLetter(c) || isDigit(c) || c == '_';
 }
 
+std::string_view withoutSign(std::string_view text) {
+    if (!text.empty() && (text[0] == '+' || text[0] == '-')) text.remove_prefix(1);
+    return text;
+}
+
+// False, with nothing taken away, if `text` does not begin with a digit.
+bool takeDigits(std::string_view& text) {
+    const std::size_t count = std::min(text.find_first_not_of("0123456789"), text.size());
+    text.remove_prefix(count);
+    return count > 0;
+}
+
 }  // namespace
 
 bool IsSeparator(char character, Font font) {
     return character == ' ' || (font == Font::Latin && !isWordCharacter(character));
+}
+
+bool IsNumber(std::string_view text) {
+    text = withoutSign(text);
+    if (!takeDigits(text)) return false;
+    if (!text.empty() && text[0] == '.') {
+        text.remove_prefix(1);
+        if (!takeDigits(text)) return false;
+    }
+    if (!text.empty() && (text[0] == 'e' || text[0] == 'E')) {
+        text = withoutSign(text.substr(1));
+        if (!takeDigits(text)) return false;
+    }
+    return text.empty();
 }
 
 std::optional<Token> Scanner::next() {

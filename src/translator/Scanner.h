@@ -5,12 +5,16 @@
 #include "platform/richtext/StyledText.h"
 
 #include <optional>
+#include <string_view>
 
 namespace tolvan {
 
 // Blanks and Latin marks separate words. Latin letters, digits and "_" never do, and neither does anything that is
 // shown in another font than the Latin one: there "<" is part of a word.
 bool IsSeparator(char character, Font font);
+
+// Whether a word is a number: [sign] digits [. digits] [exponent].
+bool IsNumber(std::string_view word);
 
 struct Token {
     enum class Kind {

@@ -18,33 +18,6 @@ namespace {
 constexpr std::string_view pollLine = "if not parentform.checkforevents then err.raise 1001";
 constexpr char quote = '"';
 
-std::string_view withoutSign(std::string_view text) {
-    if (!text.empty() && (text[0] == '+' || text[0] == '-')) text.remove_prefix(1);
-    return text;
-}
-
-// False, with nothing taken away, if `text` does not begin with a digit.
-bool takeDigits(std::string_view& text) {
-    const std::size_t count = std::min(text.find_first_not_of("0123456789"), text.size());
-    text.remove_prefix(count);
-    return count > 0;
-}
-
-// [sign] digits [. digits] [exponent]
-bool isNumber(std::string_view text) {
-    text = withoutSign(text);
-    if (!takeDigits(text)) return false;
-    if (!text.empty() && text[0] == '.') {
-        text.remove_prefix(1);
-        if (!takeDigits(text)) return false;
-    }
-    if (!text.empty() && (text[0] == 'e' || text[0] == 'E')) {
-        text = withoutSign(text.substr(1));
-        if (!takeDigits(text)) return false;
-    }
-    return text.empty();
-}
-
 bool isOperator(std::string_view text) {
     return text.size() == 1 && std::string_view("+-*/<>=").find(text[0]) != std::string_view::npos;
 }
@@ -200,7 +173,7 @@ std::string Translator::TranslateToken(std::string_view word) {
     if (trimmed.empty()) return std::string(word);
     if (trimmed.front() == quote && trimmed.back() == quote) return std::string(trimmed);
     if (const std::optional<std::string_view> keyword = keywordScript(trimmed)) return std::string(*keyword);
-    if (isOperator(trimmed) || isNumber(trimmed)) return std::string(trimmed);
+    if (isOperator(trimmed) || IsNumber(trimmed)) return std::string(trimmed);
     return MapIdentifier(trimmed);
 }
 

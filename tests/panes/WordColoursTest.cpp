@@ -34,6 +34,7 @@ TEST(WordColours, areWhatTheTranslatorTakesAWordFor) {
         {"kamaldAkhav", "......."},                      // one word
         {"uttar = 12", "... . nn"},                      // %Är
         {"x12 (7,8)", "... .n.n."},                      //
+        {"#1e5# #1e#", "nnn .."},                        // a number, a name
         {"dAkhav #\"#12 tar#\"#", "kkkk ttttttt"},       // a text
         {"dAkhav #\"#12", "kkkk ttt"},                   // a text without end
         {"dAkhav #\"# suchanA tar", "kkkk ttcccccccc"},  // a comment begins in a text too

@@ -46,8 +46,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string module = translator.Compile(program);
     if (!module.starts_with("Sub Main()\r\n") || module != translator.Compile(program)) std::abort();
     translator.TranslateLine(program);
-    if (const std::string once = formatProgram(program.text(), program.text());
-        formatProgram(once, program.text()) != once)
+    if (const std::string once = formatProgram(program.text(), program); formatProgram(once, program) != once)
         std::abort();
     return 0;
 }

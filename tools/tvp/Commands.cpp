@@ -86,7 +86,7 @@ int showModule(const Invocation& invocation) {
 int formatFile(const Invocation& invocation) {
     const ProgramFile file = readProgram(invocation);
     invocation.output.write(file.caption + std::string(lineEnd));
-    invocation.output.write(formatProgram(file.roman, ProgramText(file.roman).text()));
+    invocation.output.write(formatProgram(file.roman, ProgramText(file.roman)));
     return succeeded;
 }
 

@@ -10,10 +10,6 @@
 namespace tolvan {
 namespace {
 
-bool isNumber(std::string_view word) {
-    return !word.empty() && word.find_first_not_of("0123456789") == std::string_view::npos;
-}
-
 class Colours {
   public:
     void add(std::size_t start, std::size_t length, QColor colour) {
@@ -30,7 +26,7 @@ class Colours {
 };
 
 void addWord(Colours& colours, std::size_t start, std::string_view word) {
-    if (isNumber(word))
+    if (IsNumber(word))
         colours.add(start, word.size(), pane_colours::number);
     else if (isLanguageWord(word))
         colours.add(start, word.size(), pane_colours::keyword);
