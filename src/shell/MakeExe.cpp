@@ -19,6 +19,7 @@
 #include <QFileInfo>
 
 #include <cerrno>
+#include <filesystem>
 #include <unistd.h>
 
 namespace tolvan {
@@ -32,6 +33,10 @@ constexpr std::string_view alreadyThere =
 constexpr std::string_view notMade =
     "\\f1tolvn beiskla he àayaejn Svt<Ç krta Aale nahI\\f0. \\f1tolvn beiskla gfbifce kar[ smjle nahI\\f0. "_deva;
 
+constexpr std::string_view isProgramFile =
+    "\\f1 hI àayaejnacI )a#l Aahe\\f0.\\f1 itCyavr ilihta yet nahI\\f0.\\f1 Êsre nav *a\\f0."_deva;
+constexpr std::string_view made = "\\f1Svt<Ç cal[are àayaejn tyar Hale\\f0: "_deva;
+
 constexpr int yes = 1;
 
 // The runtime in the installation folder; empty when it is not there.
@@ -43,8 +48,20 @@ QString engineFile(const Settings& settings) {
     return QFileInfo(found).isFile() ? found : QString();
 }
 
+std::string aboutFile(const QString& path, std::string_view rest) {
+    return std::string("\\f0").append(messages::nameFragment(path)).append(rest);
+}
+
+// The source by any of its names, or a file that the editor would take for a program.
+bool isProgram(const QString& source, const QString& executable) {
+    const auto path = [](const QString& name) { return std::filesystem::path(QFile::encodeName(name).toStdString()); };
+    std::error_code missing;
+    return executable.endsWith(QLatin1String(".tvp"), Qt::CaseInsensitive) ||
+           std::filesystem::equivalent(path(source), path(executable), missing);
+}
+
 bool mayBeReplaced(const QString& path) {
-    return AskQuestion(std::string("\\f0").append(messages::nameFragment(path)).append(alreadyThere)) == yes;
+    return AskQuestion(aboutFile(path, alreadyThere)) == yes;
 }
 
 // The number of the failure, or nothing.
@@ -53,12 +70,11 @@ std::optional<int> remove(const QString& path) {
     return static_cast<int>(fileError(errno));
 }
 
-std::optional<int> write(mdlMain& application, const QString& engine, const QString& source,
-                         const QString& executable) {
+std::optional<int> write(const QString& engine, const QString& source, const QString& executable,
+                         std::string& caption) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const auto bytes = [](const QString& path) { return QFile::encodeName(path).toStdString(); };
-    const std::optional<int> failure =
-        writeExecutable({bytes(engine), bytes(source), bytes(executable)}, application.state().run.ProgramCaption);
+    const std::optional<int> failure = writeExecutable({bytes(engine), bytes(source), bytes(executable)}, caption);
     QApplication::restoreOverrideCursor();
     return failure;
 }
@@ -83,12 +99,9 @@ void FileMakeEXE(mdlMain& application) {
     if (!chosen.isEmpty()) MakeExe(application, document.path(), chosen);
 }
 
-void MakeExe(mdlMain& application, const QString& sourcePath, const QString& exePath) {
-    // Copies: they may be the paths of a document that goes with its editor.
-    const QString source = sourcePath;
-    const QString executable = exePath;
-    const bool wasVisible = application.editorIsVisible();
+void MakeExe(mdlMain& application, const QString& source, const QString& executable) {
     if (!QFileInfo::exists(source)) return;
+    if (isProgram(source, executable)) return ShowMessage(aboutFile(executable, isProgramFile));
     const QString engine = engineFile(application.settings());
     if (engine.isEmpty()) return ShowMessage(engineMissing);
 
@@ -98,14 +111,13 @@ void MakeExe(mdlMain& application, const QString& sourcePath, const QString& exe
         failure = remove(executable);
     }
     application.editor().unloadConsole();  // and with it the file that its program holds open
-    if (!failure) failure = write(application, engine, source, executable);
-    if (failure)
-        ShowMessage(makeExeFailureText(*failure));
+    std::string caption = application.state().run.ProgramCaption;
+    if (!failure) failure = write(engine, source, executable, caption);
+    if (failure) return ShowMessage(makeExeFailureText(*failure));
+    if (application.editorIsVisible())
+        ShowMessage(std::string(made).append(messages::nameFragment(QFileInfo(executable).fileName())));
     else
-        application.unloadEditor();
-    if (!wasVisible) return;
-    application.editor().show();
-    application.editor().OpenFile(source);
+        application.state().run.ProgramCaption = caption;
 }
 
 std::string makeExeFailureText(int number) {

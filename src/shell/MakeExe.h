@@ -12,10 +12,10 @@ class mdlMain;
 // The command of the menu: asks for saving, asks for a name, and writes. The editor must be there.
 void FileMakeEXE(mdlMain& application);
 
-// Writes the executable; failures are told. An existing file is replaced after a question. Nothing happens if there is
-// no such program file. Afterwards the console is gone; the editor is a new one with the program file if it was visible
-// before, and gone otherwise.
-void MakeExe(mdlMain& application, const QString& sourcePath, const QString& exePath);
+// Writes the executable; failures are told, and success where the editor is visible, which stays as it is. An existing
+// file is replaced after a question, but no program file: neither the source nor any other. Nothing happens if there is
+// no such source. Afterwards the console is gone.
+void MakeExe(mdlMain& application, const QString& source, const QString& executable);
 
 // What is told of a failure with this number of the script language; 0, or any other without a message, is told
 // without a reason.

@@ -120,11 +120,7 @@ frmEditor& mdlMain::editor() {
     services.filePreferences = showPreferences;
     services.shutDown = [this] { shutDown(); };
     services.showHelp = [](const QString& file) { return showHelp(file); };
-    // Behind the command, since it replaces the editor.
-    services.fileMakeExe = [this](frmEditor&) {
-        QMetaObject::invokeMethod(
-            this, [this] { FileMakeEXE(*this); }, Qt::QueuedConnection);
-    };
+    services.fileMakeExe = [this](frmEditor&) { FileMakeEXE(*this); };
     editor_ = std::make_unique<frmEditor>(state_, settings_, std::move(services));
     editor_->setHelpFile(helpFile_);
     return *editor_;

@@ -183,13 +183,12 @@ TEST_F(StartTest, AFailureWhileWritingIsToldWithItsReason) {
     EXPECT_EQ(fs::file_size(process_.folder() / "noend.exe"), fs::file_size(programFolder() + "/engine.dat"));
 }
 
-TEST_F(StartTest, TheMenuWritesAnExecutableAndComesBackWithTheProgram) {
-    const DrivenResult result =
-        start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog type", "frmEditor close"});
+TEST_F(StartTest, TheMenuWritesAnExecutableBesideTheEditor) {
+    const DrivenResult result = start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog type",
+                                                     "frmMMsgbox click cmdOK", "frmEditor close"});
     EXPECT_EQ(result.status, 0) << result.errors;
-    EXPECT_THAT(result.windows,
-                ElementsAre(StartsWith(splash), StartsWith(editorWindow), StartsWith("QFileDialog|Make EXE as..."),
-                            AllOf(StartsWith(editorWindow), HasSubstr("Prog.tvp"))));
+    EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), AllOf(StartsWith(editorWindow), HasSubstr("Prog.tvp")),
+                                            StartsWith("QFileDialog|Make EXE as..."), HasSubstr("tyar Hale: nAv.exe")));
     EXPECT_GT(fs::file_size(process_.folder() / "nAv.exe"), fs::file_size(programFolder() + "/engine.dat"));
 }
 
@@ -208,6 +207,19 @@ TEST_F(StartTest, AFailureWithoutAReasonIsToldAndTheMenuComesBackWithTheProgram)
     EXPECT_THAT(chosen.windows, ElementsAre(StartsWith(splash), AllOf(StartsWith(editorWindow), HasSubstr("Prog.tvp")),
                                             StartsWith("QFileDialog|"), HasSubstr(told)));
     EXPECT_TRUE(exists("nAv.exe"));
+}
+
+TEST_F(StartTest, NoProgramFileBecomesAnExecutable) {
+    fs::create_hard_link(process_.folder() / "Prog.tvp", process_.folder() / "Prog.exe");
+    for (const char* name : {"Prog.exe", "OTHER.TVP"}) {
+        const DrivenResult result =
+            start({"prog.tvp"}, {"frmEditor command FileMakeEXE", std::string("QFileDialog type ") + name,
+                                 "frmMMsgbox click cmdOK", "frmEditor close"});
+        EXPECT_EQ(result.status, 0) << result.errors;
+        EXPECT_THAT(result.windows.back(), AllOf(HasSubstr(name), HasSubstr("itCyavr ilihta yet nahI")));
+    }
+    EXPECT_EQ(process_.folder().read("Prog.exe"), "nAv\r\ndAkhav 1 + 1\r\n");
+    EXPECT_FALSE(exists("OTHER.TVP"));
 }
 
 // The console of the program that has run is there as long as nothing is written.
