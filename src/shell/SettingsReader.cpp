@@ -1,6 +1,7 @@
 #include "shell/SettingsReader.h"
 
 #include "editor/EditorState.h"
+#include "platform/encoding/Deva.h"
 #include "platform/settings/Settings.h"
 
 namespace tolvan {
@@ -8,26 +9,27 @@ namespace {
 
 const QString section = QStringLiteral("Settings");
 
-const struct {
-    const char* key;
-    bool EditorState::*value;
-} preferences[] = {
-    {"SaveBeforeExecute", &EditorState::SaveBeforeExecute},
-    {"FormatBeforeExecute", &EditorState::FormatBeforeExecute},
-    {"SuggestWords", &EditorState::SuggestWords},
-    {"PairQuotes", &EditorState::PairQuotes},
+constexpr Preference table[] = {
+    {"SaveBeforeExecute", "àayaejn caliv{ya Agaedr saQv"_deva, &EditorState::SaveBeforeExecute},
+    {"FormatBeforeExecute", "àayaejn caliv{ya Agaedr sjv"_deva, &EditorState::FormatBeforeExecute},
+    {"SuggestWords", "zBd sucv"_deva, &EditorState::SuggestWords},
+    {"PairQuotes", "Avtr[ icNha<cI jaefI ilhI"_deva, &EditorState::PairQuotes},
 };
 
 }  // namespace
 
+std::span<const Preference> preferences() {
+    return table;
+}
+
 void readPreferences(const Settings& settings, EditorState& state) {
-    for (const auto& [key, value] : preferences)
-        state.*value = readSetting(settings.GetSetting(section, QLatin1String(key)), true);
+    for (const Preference& each : table)
+        state.*each.value = readSetting(settings.GetSetting(section, QLatin1String(each.key)), true);
 }
 
 void savePreferences(Settings& settings, const EditorState& state) {
-    for (const auto& [key, value] : preferences)
-        settings.SaveSetting(section, QLatin1String(key), QString::number(state.*value ? 1 : 0));
+    for (const Preference& each : table)
+        settings.SaveSetting(section, QLatin1String(each.key), QString::number(state.*each.value ? 1 : 0));
 }
 
 }  // namespace tolvan

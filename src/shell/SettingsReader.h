@@ -1,10 +1,22 @@
 // Reads and writes the preferences among the user's settings.
 #pragma once
 
+#include <span>
+#include <string_view>
+
 namespace tolvan {
 
 struct EditorState;
 class Settings;
+
+struct Preference {
+    const char* key;           // of the setting; the check box is "chk" and this
+    std::string_view caption;  // of the check box
+    bool EditorState::*value;
+};
+
+// In the order in which they are shown.
+std::span<const Preference> preferences();
 
 // All are on where the settings say nothing, or nothing that is a yes or a no.
 void readPreferences(const Settings& settings, EditorState& state);

@@ -22,21 +22,10 @@ namespace {
 
 constexpr std::string_view clearQuestion = "\\f1nu®yac vaprleLya )a#lI—cI yadI pusaycI ka\\f0?"_deva;
 
-const struct {
-    const char* name;
-    std::string_view caption;
-    bool EditorState::*value;
-} checkBoxes[] = {
-    {"chkSaveBeforeExecute", "àayaejn caliv{ya Agaedr saQv"_deva, &EditorState::SaveBeforeExecute},
-    {"chkFormatBeforeExecute", "àayaejn caliv{ya Agaedr sjv"_deva, &EditorState::FormatBeforeExecute},
-    {"chkSuggestWords", "zBd sucv"_deva, &EditorState::SuggestWords},
-    {"chkPairQuotes", "Avtr[ icNha<cI jaefI ilhI"_deva, &EditorState::PairQuotes},
-};
-
 template <class Control>
-Control* addDevanagari(std::string_view caption, const char* name, QLayout& layout) {
+Control* addDevanagari(std::string_view caption, const QString& name, QLayout& layout) {
     auto* control = new Control(look::captionText(caption));
-    control->setObjectName(QLatin1String(name));
+    control->setObjectName(name);
     control->setFont(look::controlFont(Font::Devanagari));
     layout.addWidget(control);
     return control;
@@ -68,12 +57,12 @@ frmPreferences::frmPreferences(frmEditor& editor) : FramedDialog("tolvn beisk in
 QWidget* frmPreferences::runPage() {
     auto* page = new QWidget;
     QVBoxLayout& layout = *addPageLayout(page);
-    for (const auto& [name, caption, value] : checkBoxes) {
-        boxes_ += addDevanagari<QCheckBox>(caption, name, layout);
+    for (const auto& [key, caption, value] : preferences()) {
+        boxes_ += addDevanagari<QCheckBox>(caption, QLatin1String("chk") + QLatin1String(key), layout);
         boxes_.last()->setChecked(editor_.state().*value);
     }
     layout.addStretch();
-    auto* clear = addDevanagari<QPushButton>("nu®ya )a$il<cI yadI pus"_deva, "cmdClearMRU", layout);
+    auto* clear = addDevanagari<QPushButton>("nu®ya )a$il<cI yadI pus"_deva, QStringLiteral("cmdClearMRU"), layout);
     clear->setAutoDefault(false);
     layout.setAlignment(clear, Qt::AlignLeft);
     connect(clear, &QPushButton::clicked, this, &frmPreferences::cmdClearMRU);
@@ -83,7 +72,7 @@ QWidget* frmPreferences::runPage() {
 QWidget* frmPreferences::programPage() {
     auto* page = new QWidget;
     QVBoxLayout& layout = *addPageLayout(page);
-    auto* label = addDevanagari<QLabel>("àayaejnace nav"_deva, "lblCaption", layout);
+    auto* label = addDevanagari<QLabel>("àayaejnace nav"_deva, QStringLiteral("lblCaption"), layout);
     txtCaption_ = new QLineEdit(page);
     txtCaption_->setObjectName(QStringLiteral("txtCaption"));
     txtCaption_->setFont(look::controlFont(Font::Latin));
@@ -107,7 +96,8 @@ void frmPreferences::addButtons() {
 
 void frmPreferences::apply() {
     EditorState& state = editor_.state();
-    for (qsizetype i = 0; i < boxes_.size(); ++i) state.*checkBoxes[i].value = boxes_[i]->isChecked();
+    auto box = boxes_.cbegin();
+    for (const Preference& preference : preferences()) state.*preference.value = (*box++)->isChecked();
     savePreferences(editor_.settings(), state);
     applyCaption();
     readPreferences(editor_.settings(), state);

@@ -33,6 +33,7 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
     const QSize logo = logo_.deviceIndependentSize().toSize();
     setFixedSize(logo.width(), logo.height() + look::em(4));
     move(screen()->availableGeometry().center() - rect().center());
+    setFocusPolicy(Qt::StrongFocus);
 }
 
 void frmSplash::paintEvent(QPaintEvent*) {
@@ -50,6 +51,12 @@ void frmSplash::paintEvent(QPaintEvent*) {
     painter.drawText(below, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("Tolvan Basic " TOLVAN_VERSION));
     painter.setPen(look::frameActive);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
+}
+
+// A splash window is not given the keyboard unless it asks.
+void frmSplash::showEvent(QShowEvent*) {
+    activateWindow();
+    setFocus();
 }
 
 void frmSplash::keyPressEvent(QKeyEvent*) {
