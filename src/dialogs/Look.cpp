@@ -115,7 +115,6 @@ void apply(QApplication& application) {
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
     QApplication::setPalette(palette());
     QToolTip::setPalette(palette());
-    QToolTip::setFont(controlFont(Font::Devanagari));
     QApplication::setWindowIcon(applicationIcon());
     application.setStyleSheet(styleSheet());
 }
@@ -140,6 +139,16 @@ int em() {
 
 QString captionText(std::string_view fontEncoded) {
     return toQString(fontEncoded).replace(QLatin1Char('&'), QLatin1String("&&"));
+}
+
+void showToolTip(QWidget& owner, QPoint global, const QString& fontEncoded) {
+    const QFont font = controlFont(Font::Devanagari);
+    QToolTip::showText(global,
+                       QStringLiteral("<p style='white-space: pre; font-family: \"%1\"; font-size: %2pt'>%3</p>")
+                           .arg(font.families().join(QLatin1String("\",\"")))
+                           .arg(font.pointSizeF())
+                           .arg(fontEncoded.toHtmlEscaped()),
+                       &owner);
 }
 
 QIcon applicationIcon() {

@@ -14,6 +14,8 @@
 
 class QApplication;
 class QPalette;
+class QPoint;
+class QWidget;
 
 namespace tolvan::look {
 
@@ -58,6 +60,10 @@ inline int em(double count) {
 // Font-encoded text as the caption of a button or menu item: an ampersand is a letter there, not the mark of a
 // mnemonic. A label takes toQString, and Qt::PlainText, because its "<" is a letter too.
 QString captionText(std::string_view fontEncoded);
+
+// Shows a tool tip in the Devanagari font; the tips of Qt's own dialogs are in the desktop's. `global` is the place of
+// the mouse on the screen.
+void showToolTip(QWidget& owner, QPoint global, const QString& fontEncoded);
 
 // The application's icon, 16 to 256 pixels.
 QIcon applicationIcon();

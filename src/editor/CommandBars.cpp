@@ -9,6 +9,7 @@
 #include <QAction>
 #include <QEvent>
 #include <QFile>
+#include <QHelpEvent>
 #include <QMenuBar>
 #include <QShortcut>
 #include <QToolBar>
@@ -47,20 +48,25 @@ QString recentFileCaption(int slot, const QString& path) {
     return QStringLiteral("&%1:").arg(slot) + shown.replace(QLatin1Char('&'), QLatin1String("&&"));
 }
 
-// Tells when the mouse or the keyboard is on a button and when it has left.
+// Shows the tool tip of a button, and tells when the mouse or the keyboard is on it and when it has left.
 class DescribedButton : public QObject {
   public:
     DescribedButton(QToolButton& button, std::function<void(bool)> pointedAt)
-        : QObject(&button), pointedAt_(std::move(pointedAt)) {
+        : QObject(&button), button_(button), pointedAt_(std::move(pointedAt)) {
         button.installEventFilter(this);
     }
     bool eventFilter(QObject*, QEvent* event) override {
+        if (event->type() == QEvent::ToolTip) {
+            look::showToolTip(button_, static_cast<QHelpEvent*>(event)->globalPos(), button_.toolTip());
+            return true;
+        }
         if (event->type() == QEvent::Enter || event->type() == QEvent::FocusIn) pointedAt_(true);
         if (event->type() == QEvent::Leave || event->type() == QEvent::FocusOut) pointedAt_(false);
         return false;
     }
 
   private:
+    QToolButton& button_;
     std::function<void(bool)> pointedAt_;
 };
 
@@ -132,15 +138,12 @@ void CommandBars::addToolBar() {
     }
 }
 
-// There is no menu for it in the bar: it is asked for on the bars themselves.
+// It can be asked for on the bars themselves, too.
 void CommandBars::addToolBarItem() {
-    QAction* action = addAction(toolBarItem.key, look::captionText(toolBarItem.caption));
+    QAction* action = item(toolBarKey);
     action->setCheckable(true);
     action->setChecked(true);
-    action->setShortcuts(shortcutsOf(toolBarItem.key));
-    action->setShortcutVisibleInContextMenu(true);
     barsMenu_->addAction(action);
-    window_.addAction(action);
     for (QWidget* bar : {static_cast<QWidget*>(menuBar_), static_cast<QWidget*>(toolBar_)}) {
         bar->setContextMenuPolicy(Qt::CustomContextMenu);
         connect(bar, &QWidget::customContextMenuRequested, this,
@@ -148,14 +151,8 @@ void CommandBars::addToolBarItem() {
     }
 }
 
-// Commands that are in no menu, and the key that goes to the menu bar.
+// The key that goes to the menu bar.
 void CommandBars::addShortcuts() {
-    for (const Shortcut& shortcut : shortcuts()) {
-        if (actions_.contains(shortcut.key)) continue;
-        QAction* action = addAction(shortcut.key, {});
-        action->setShortcuts(shortcutsOf(shortcut.key));
-        window_.addAction(action);
-    }
     auto* toMenu = new QShortcut(QKeySequence(Qt::Key_F10), &window_);
     connect(toMenu, &QShortcut::activated, menuBar_,
             [this] { menuBar_->setActiveAction(menuBar_->actions().constFirst()); });

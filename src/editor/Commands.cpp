@@ -5,23 +5,26 @@
 namespace tolvan {
 namespace {
 
+using enum WhileRunning;
+
 constexpr std::string_view separator = "-";
 
 // The misspelt keys of the separators are the names by which they are looked for.
 constexpr MenuItem fileItems[] = {
-    {"FileNew", "nvIn"_deva},
-    {"FileOpen", "%\"f"_deva},
+    {"FileNew", "nvIn"_deva, Greyed},
+    {"FileOpen", "%\"f"_deva, Greyed},
     {"FileSave", "saQv"_deva},
     {"FileSaveAs", "Ž Ž Ž Mh[un saQv"_deva},
+    {"FileOldVersions", "juNya Aav&Åya"_deva, Greyed},
     {"mnuSeperator1", separator},
     {"FilePreferences", "invfI"_deva},
     {"mnuSeperator2", separator},
-    {"FileMakeEXE", "Svt<Ç cal[are àayaejn bnv"_deva},
+    {"FileMakeEXE", "Svt<Ç cal[are àayaejn bnv"_deva, Greyed},
     {"mnuSeperator3", separator},
-    {"MnuMru1", " "},
-    {"MnuMru2", " "},
-    {"MnuMru3", " "},
-    {"MnuMru4", " "},
+    {"MnuMru1", " ", Greyed},
+    {"MnuMru2", " ", Greyed},
+    {"MnuMru3", " ", Greyed},
+    {"MnuMru4", " ", Greyed},
     {"mnuSeperator4", separator},
     {"FileExit", "b<d kr"_deva},
 };
@@ -30,15 +33,27 @@ constexpr MenuItem editItems[] = {
     {"EditUndo", "rhIt kr"_deva},
     {"EditRedo", "prt kr"_deva},
     {"mnuSeperator5", separator},
-    {"EditCut", "kap"_deva},
+    {"EditCut", "kap"_deva, Greyed},
     {"EditCopy", "àt"_deva},
-    {"EditPaste", "jaef"_deva},
+    {"EditPaste", "jaef"_deva, Greyed},
     {"EditSelectAll", "svR invf"_deva},
     {"mnuSeperator6", separator},
     {"EditFind", "zaexŽ Ž Ž "_deva},
-    {"EditReplace", "bdlŽ Ž Ž "_deva},
+    {"EditFindNext", "puFce zaex"_deva},
+    {"EditReplace", "bdlŽ Ž Ž "_deva, Greyed},
     {"mnuSeperator7", separator},
-    {"EditFormat", "sjv"_deva},
+    {"EditFormat", "sjv"_deva, Greyed},
+    {"EditSuggest", "zBd sucv"_deva, Greyed},
+};
+
+constexpr MenuItem viewItems[] = {
+    {"ViewNextPane", "Ês\u009dya -agat ja"_deva},
+    {"mnuSeperator9", separator},
+    {"ViewZoomIn", "A]re maeQI kr"_deva},
+    {"ViewZoomOut", "A]re lhan kr"_deva},
+    {"ViewZoomNormal", "A]re nehmIsaroI kr"_deva},
+    {"mnuSeperator10", separator},
+    {toolBarKey, "saxnp”I"_deva},
 };
 
 constexpr MenuItem runItems[] = {
@@ -55,6 +70,7 @@ constexpr MenuItem helpItems[] = {
 constexpr Menu menus[] = {
     {"File", ")a#l"_deva, ")a#l   s<b<ixt   Aa}a"_deva, "F", fileItems},
     {"Edit", "s<padn"_deva, "s<padna   s<b<ixt   Aa}a"_deva, "E", editItems},
+    {"View", "†Zy"_deva, "†ZyazI s<b<ixt Aa}a"_deva, "V", viewItems},
     {"Run", "caln"_deva, "caln   s<b<ixt   Aa}a"_deva, "R", runItems},
     {"Help", "mdt"_deva, "mdtI s<b<ixt Aa}a"_deva, "H", helpItems},
 };
@@ -95,13 +111,19 @@ constexpr Shortcut shortcutTable[] = {
     {"EditFind", "Ctrl+F"},
     {"EditReplace", "Ctrl+H"},
     {"EditFindNext", "F3"},
-    {"ViewNextPane", "F6"},
     {"EditFormat", "Ctrl+Shift+F"},
+    {"EditSuggest", "Ctrl+Space"},
+    {"ViewNextPane", "F6"},
+    {"ViewZoomIn", "Ctrl++"},
+    {"ViewZoomIn", "Ctrl+Shift++"},
+    {"ViewZoomIn", "Ctrl+="},  // plus without Shift
+    {"ViewZoomOut", "Ctrl+-"},
+    {"ViewZoomNormal", "Ctrl+0"},
     {"RunStart", "F5"},
     {"RunEnd", "F4"},
     {"RunEnd", "Shift+F5"},
     {"HelpHelp", "F1"},
-    {"Toolbar_general", "Ctrl+Shift+T"},
+    {toolBarKey, "Ctrl+Shift+T"},
 };
 
 }  // namespace

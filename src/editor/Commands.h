@@ -9,9 +9,12 @@
 
 namespace tolvan {
 
+enum class WhileRunning { Allowed, Greyed };  // greyed: it would change the text
+
 struct MenuItem {
     const char* key;
     std::string_view caption;
+    WhileRunning whileRunning = WhileRunning::Allowed;
 };
 
 struct Menu {
@@ -42,6 +45,6 @@ std::span<const Shortcut> shortcuts();
 
 // Keys that begin with it are no commands but show or hide the bar that the rest of the key names.
 inline constexpr std::string_view toolBarPrefix = "Toolbar_";
-inline constexpr MenuItem toolBarItem = {"Toolbar_general", "saxnp”I"_deva};
+inline constexpr const char* toolBarKey = "Toolbar_general";
 
 }  // namespace tolvan

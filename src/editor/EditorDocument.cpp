@@ -16,8 +16,8 @@ namespace {
 
 constexpr QLatin1Char dirtyMark('*');
 
-FileRequest programFileRequest(const QString& title) {
-    return {title, QStringLiteral("Tolvan Basic Program"), QStringLiteral("tvp"), startFolder(), {}};
+FileRequest programFileRequest(const QString& title, const QString& folder) {
+    return {title, QStringLiteral("Tolvan Basic Program"), QStringLiteral("tvp"), folder, {}};
 }
 
 QByteArray fingerprintOf(const QByteArray& content) {
@@ -29,28 +29,30 @@ QByteArray fingerprintOf(const QByteArray& content) {
 const QString EditorDocument::newTitle = QStringLiteral("Default.tvp");
 
 EditorDocument::EditorDocument(DocumentText& text, std::string& caption)
-    : text_(text), caption_(caption), title_(newTitle) {}
+    : text_(text), caption_(caption), name_(newTitle) {}
 
-bool EditorDocument::isDirty() const {
-    return title_.contains(dirtyMark);
+QString EditorDocument::title() const {
+    return isDirty() ? name_ + dirtyMark : name_;
 }
 
 void EditorDocument::setCaption(std::string_view caption) {
     if (caption_ == caption) return;
     caption_ = caption;
-    markDirty();
+    captionChanged_ = true;
+    emit titleChanged();
 }
 
-void EditorDocument::markDirty() {
-    if (!title_.endsWith(dirtyMark)) setTitle(title_ + dirtyMark);
+void EditorDocument::setTextChanged(bool changed) {
+    const bool before = isDirty();
+    textChanged_ = changed;
+    if (before != isDirty()) emit titleChanged();
 }
 
-void EditorDocument::clearDirtyMark() {
-    if (title_.endsWith(dirtyMark)) setTitle(title_.chopped(1));
-}
-
-void EditorDocument::setTitle(const QString& title) {
-    title_ = title;
+void EditorDocument::setState(const QString& name, bool textChanged) {
+    name_ = name;
+    captionChanged_ = false;
+    textChanged_ = textChanged;
+    text_.setChanged(textChanged);
     emit titleChanged();
 }
 
@@ -68,16 +70,23 @@ bool EditorDocument::mayGo(std::string_view question) {
 
 bool EditorDocument::mayClose() {
     if (!mayGo(messages::saveBeforeClose)) return false;
-    if (isDirty()) emit discarding();
+    emit discarding();
     return true;
+}
+
+void EditorDocument::setFolders(const QString& forOpening, const QString& forSaving) {
+    openFolder_ = forOpening;
+    saveFolder_ = forSaving;
 }
 
 bool EditorDocument::FileNew() {
     const QScopedValueRollback loading(loading_, true);
     if (!mayGo(messages::saveBeforeNew)) return false;
+    emit discarding();
     replaceBy({}, {});
+    caption_.clear();
     fingerprint_.clear();
-    setTitle(newTitle);
+    setState(newTitle, false);
     return true;
 }
 
@@ -93,10 +102,23 @@ bool EditorDocument::OpenRecent(const QString& path) {
 
 bool EditorDocument::OpenFile(const QString& path) {
     if (!path.trimmed().isEmpty()) return load(path);
-    FileRequest request = programFileRequest(QStringLiteral("Open Tolvan Program..."));
-    if (!openFolder_.isEmpty()) request.folder = openFolder_;
-    const QString chosen = askOpenFile(request);
+    const QString folder = path_.isEmpty() ? openFolder_ : QFileInfo(path_).absolutePath();
+    const QString chosen = askOpenFile(programFileRequest(QStringLiteral("Open Tolvan Program..."), folder));
     return !chosen.isEmpty() && load(chosen);
+}
+
+void EditorDocument::OpenOldVersion(const QString& folder, const QString& own) {
+    const QString chosen = askOpenFile(programFileRequest(QStringLiteral("जुनी आवृत्ती उघड..."), folder));
+    if (chosen.isEmpty()) return;
+    const ProgramFile program = readProgramFile(readWholeFile(chosen).value_or(QByteArray()).toStdString());
+    if (program.problem != ProgramFile::Problem::None) return ShowMessage(messages::notReadable(chosen));
+    if (!path_.isEmpty() && QFileInfo(chosen).absolutePath() == QFileInfo(own).absoluteFilePath()) {
+        text_.replaceRomanText(program.roman);
+        setCaption(program.caption);
+    } else if (mayGo(messages::saveBeforeOpen)) {
+        emit discarding();
+        takeUp({{}, {}, program.caption, program.roman});
+    }
 }
 
 bool EditorDocument::load(const QString& path) {
@@ -111,16 +133,16 @@ bool EditorDocument::load(const QString& path) {
         ShowMessage(messages::notReadable(path));
         return false;
     }
+    emit discarding();
     replaceBy(file.absoluteFilePath(), program.roman);
     caption_ = program.caption;
     fingerprint_ = fingerprintOf(*content);
-    setTitle(file.fileName());
+    setState(file.fileName(), false);
     emit filed(path_);
     return true;
 }
 
 void EditorDocument::replaceBy(const QString& path, std::string_view text) {
-    if (isDirty()) emit discarding();
     text_.setRomanText(text);
     path_ = path;
 }
@@ -129,7 +151,7 @@ void EditorDocument::takeUp(const UnsavedText& unsaved) {
     replaceBy(unsaved.path, unsaved.text);
     caption_ = unsaved.caption;
     fingerprint_ = unsaved.fingerprint;
-    setTitle((path_.isEmpty() ? newTitle : QFileInfo(path_).fileName()) + dirtyMark);
+    setState(path_.isEmpty() ? newTitle : QFileInfo(path_).fileName(), true);
 }
 
 UnsavedText EditorDocument::unsaved() const {
@@ -141,13 +163,15 @@ bool EditorDocument::FileSave() {
 }
 
 bool EditorDocument::FileSaveAs() {
-    FileRequest request = programFileRequest(QStringLiteral("Save Tolvan Program As..."));
+    const QString own = QFileInfo(path_).absolutePath();
+    const bool mayWrite = !path_.isEmpty() && QFileInfo(own).isWritable();
+    FileRequest request = programFileRequest(QStringLiteral("Save Tolvan Program As..."), mayWrite ? own : saveFolder_);
     request.name = toQString(caption_);
     const QString chosen = askSaveFile(request);
     if (chosen.isEmpty() || !saveTo(chosen)) return false;
     const QFileInfo file(chosen);
     path_ = file.absoluteFilePath();
-    setTitle(file.fileName());
+    setState(file.fileName(), false);
     return true;
 }
 
@@ -176,10 +200,11 @@ bool EditorDocument::saveTo(const QString& path) {
 
 bool EditorDocument::write(const QString& path) {
     const QByteArray content = QByteArray::fromStdString(writeProgramFile(caption_, text_.romanText()));
+    emit replacing(path);
     if (!replaceFile(path, content)) return false;
     fingerprint_ = fingerprintOf(content);
-    clearDirtyMark();
-    emit saved();
+    setState(name_, false);
+    emit saved(path);
     emit filed(QFileInfo(path).absoluteFilePath());
     return true;
 }

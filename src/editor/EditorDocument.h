@@ -4,6 +4,8 @@
 // replace.
 #pragma once
 
+#include "editor/FileDialogs.h"
+
 #include <QByteArray>
 #include <QObject>
 #include <QString>
@@ -25,6 +27,10 @@ class DocumentText {
     virtual std::string romanText() const = 0;
     // Another document: nothing of it can be undone.
     virtual void setRomanText(std::string_view text) = 0;
+    // A change of the text that can be undone.
+    virtual void replaceRomanText(std::string_view text) = 0;
+    // The text as it is now is that of the file, or is not and cannot become so by undoing.
+    virtual void setChanged(bool changed) = 0;
 };
 
 // A document with what it takes to go on with it.
@@ -46,16 +52,16 @@ class EditorDocument : public QObject {
 
     // Full path of the file; empty while the document has never been saved.
     const QString& path() const { return path_; }
-    // As in the file's name; ends in one "*" while there are unsaved changes.
-    const QString& title() const { return title_; }
-    bool isDirty() const;
+    // The file's name, with a "*" behind it while there are unsaved changes.
+    QString title() const;
+    bool isDirty() const { return textChanged_ || captionChanged_; }
 
     const std::string& caption() const { return caption_; }
     // Another caption makes the document dirty, the same one does not.
     void setCaption(std::string_view caption);
 
-    // The text was changed.
-    void markDirty();
+    // Whether the text differs from that of the file, after each change of it; undoing can make them equal again.
+    void setTextChanged(bool changed);
 
     // Each returns false when the user cancelled, or when it failed, which has been told; nothing is lost then.
     //
@@ -63,9 +69,12 @@ class EditorDocument : public QObject {
     bool FileNew();
     bool FileOpen();
     bool OpenFile(const QString& path);
-    // Where the question for a path begins; at first in startFolder().
-    void setOpenFolder(const QString& folder) { openFolder_ = folder; }
+    // Where the questions for a path begin as long as the document has no folder of its own.
+    void setFolders(const QString& forOpening, const QString& forSaving);
     bool OpenRecent(const QString& path);
+    // Asks for one of the old versions in a folder. One from `own`, the folder of the present program's versions, takes
+    // the place of the text, which can be undone; any other becomes a document without a file.
+    void OpenOldVersion(const QString& folder, const QString& own);
     bool FileSave();
     bool FileSaveAs();
     bool saveTo(const QString& path);
@@ -86,13 +95,14 @@ class EditorDocument : public QObject {
     void titleChanged();
     // Was opened from or saved to its path.
     void filed(const QString& path);
-    void saved();
-    // Unsaved text is about to go, by the user's wish.
+    void saved(const QString& path);
+    // The file is about to be written.
+    void replacing(const QString& path);
+    // The document is about to go, by the user's wish; it may be dirty.
     void discarding();
 
   private:
-    void setTitle(const QString& title);
-    void clearDirtyMark();
+    void setState(const QString& name, bool textChanged);
     bool mayGo(std::string_view question);
     bool load(const QString& path);
     bool write(const QString& path);
@@ -101,10 +111,13 @@ class EditorDocument : public QObject {
 
     DocumentText& text_;
     std::string& caption_;
-    QString openFolder_;
+    QString openFolder_ = startFolder();
+    QString saveFolder_ = startFolder();
     QString path_;
-    QString title_;
+    QString name_;  // of the file
     QByteArray fingerprint_;
+    bool textChanged_ = false;
+    bool captionChanged_ = false;
     bool loading_ = false;
 };
 

@@ -1,4 +1,8 @@
-// Searching in 8-bit text. Positions are from 0.
+// Searching in Roman text, which is 8-bit. Positions are from 0.
+//
+// A text is found as it is typed and as it is shown: the "#" that part Latin from Devanagari text are not seen in the
+// Devanagari pane, so that one who does not type any finds "ka" in `#"#ka#"#` as well. What is found then has its spans
+// whole.
 #pragma once
 
 #include <cstddef>
@@ -22,6 +26,10 @@ std::optional<FoundText> findForwards(std::string_view text, std::string_view wa
 // The last occurrence that ends at `before` or earlier.
 std::optional<FoundText> findBackwards(std::string_view text, std::string_view wanted, std::size_t before,
                                        LetterCase letterCase);
+
+// What is put in the place of `found`: where that was found as it is shown, the quotes of the replacement get their
+// spans.
+std::string replacementFor(std::string_view found, std::string_view wanted, std::string_view replacement);
 
 // Every occurrence replaced, from the first character on, compared exactly. What is put in is not searched.
 std::string replaceAll(std::string_view text, std::string_view wanted, std::string_view replacement);

@@ -83,6 +83,17 @@ void RecoveryFiles::setAside() {
     present_.reset();
 }
 
+std::vector<UnsavedText> RecoveryFiles::texts() const {
+    std::vector<UnsavedText> texts;
+    const auto add = [&texts](const Copy& copy) {
+        const std::optional<QByteArray> content = readWholeFile(copy.file);
+        if (std::optional<UnsavedText> text = content ? readRecovery(*content) : std::nullopt) texts.push_back(*text);
+    };
+    for (const Copy& copy : aside_) add(copy);
+    if (present_) add(*present_);
+    return texts;
+}
+
 void RecoveryFiles::removeAll() {
     setAside();
     for (const Copy& copy : aside_) QFile::remove(copy.file);

@@ -28,7 +28,10 @@ class RecoveryFiles {
     // The present copy is of text that goes.
     void setAside();
 
-    // A document has been saved: no copy is needed any more.
+    // What the copies of this window hold, the present one last.
+    std::vector<UnsavedText> texts() const;
+
+    // No copy of this window is needed any more.
     void removeAll();
 
     // A copy that another window left, newest first, each only once; nothing when there is none any more. It is set

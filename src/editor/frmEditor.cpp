@@ -25,6 +25,7 @@
 #include <QBoxLayout>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
+#include <QFileInfo>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QSplitter>
@@ -44,11 +45,6 @@ constexpr auto recoveryInterval = 2s;
 constexpr std::string_view readyText = "tolvn beisk tyar Aahe"_deva;
 constexpr std::string_view workingText = "q<k leon sué Aahe"_deva;
 
-// Commands that would change the text while a program runs.
-constexpr const char* commandsThatChange[] = {"FileNew",     "FileOpen",   "MnuMru1",    "MnuMru2",
-                                              "MnuMru3",     "MnuMru4",    "EditCut",    "EditPaste",
-                                              "EditReplace", "EditFormat", "FileMakeEXE"};
-
 }  // namespace
 
 frmEditor::frmEditor(EditorState& state, Settings& settings, EditorServices services)
@@ -63,7 +59,8 @@ frmEditor::frmEditor(EditorState& state, Settings& settings, EditorServices serv
       statusBar_(new EditorStatusBar(this)),
       document_(*this, state.run.ProgramCaption),
       recentFiles_(settings),
-      recovery_(settings.folder()) {
+      recovery_(settings.folder()),
+      oldVersions_(settings.folder() + QStringLiteral("/old-versions")) {
     setObjectName(QStringLiteral("frmEditor"));
     txtRoman_->setObjectName(QStringLiteral("txtRoman"));
     txtProgram_->setObjectName(QStringLiteral("txtProgram"));
@@ -122,6 +119,9 @@ void frmEditor::connectDocument() {
     connect(&document_, &EditorDocument::titleChanged, this, &frmEditor::refreshCaption);
     connect(&document_, &EditorDocument::filed, this, &frmEditor::MruManage);
     connect(&document_, &EditorDocument::discarding, this, &frmEditor::keepDiscarded);
+    const auto keepVersion = [this](const QString& path) { oldVersions_.keepSaved(path); };
+    connect(&document_, &EditorDocument::replacing, this, keepVersion);  // another program may have written it
+    connect(&document_, &EditorDocument::saved, this, keepVersion);
     connect(&document_, &EditorDocument::saved, this, [this] {
         recoveryTimer_.stop();
         recovery_.removeAll();
@@ -143,9 +143,9 @@ void frmEditor::refreshCaption() {
 void frmEditor::textChanged() {
     timer1_.start();
     statusBar_->showMessage(workingText);
-    document_.markDirty();
+    document_.setTextChanged(txtRoman_->document()->isModified());
     statusBar_->showLine(txtRoman_->currentLine());
-    if (!recoveryTimer_.isActive()) recoveryTimer_.start();
+    if (document_.isDirty() && !recoveryTimer_.isActive()) recoveryTimer_.start();
 }
 
 void frmEditor::Timer1_Tick() {
@@ -157,8 +157,12 @@ void frmEditor::keepUnsaved() {
     if (document_.isDirty()) recovery_.keep(document_.unsaved());
 }
 
+// The text that goes, and what was set aside before it, becomes old versions; the next start need not ask for it.
 void frmEditor::keepDiscarded() {
     recoveryTimer_.stop();
+    bool kept = !document_.isDirty() || oldVersions_.keepDiscarded(document_.unsaved());
+    for (const UnsavedText& text : recovery_.texts()) kept = oldVersions_.keepDiscarded(text) && kept;
+    if (kept) return recovery_.removeAll();
     keepUnsaved();
     recovery_.setAside();
 }
@@ -183,6 +187,14 @@ std::string frmEditor::romanText() const {
 
 void frmEditor::setRomanText(std::string_view text) {
     txtRoman_->setText(text);
+}
+
+void frmEditor::replaceRomanText(std::string_view text) {
+    txtRoman_->replaceText(text);
+}
+
+void frmEditor::setChanged(bool changed) {
+    txtRoman_->document()->setModified(changed);
 }
 
 void frmEditor::selectProgram(std::size_t start, std::size_t length) {
@@ -221,7 +233,12 @@ bool frmEditor::OpenFile(const QString& path) {
 void frmEditor::MruManage(const QString& path) {
     recentFiles_.add(path);
     bars_->showRecentFiles(recentFiles_);
-    document_.setOpenFolder(recentFiles_.path(1).isEmpty() ? examplesFolder() : QString());
+    const QFileInfo last(QFileInfo(recentFiles_.path(1)).absolutePath());
+    const bool any = !recentFiles_.path(1).isEmpty() && last.isDir();
+    document_.setFolders(any                          ? last.filePath()
+                         : examplesFolder().isEmpty() ? startFolder()
+                                                      : examplesFolder(),
+                         any && last.isWritable() ? last.filePath() : startFolder());
 }
 
 void frmEditor::FileNew() {
@@ -235,6 +252,11 @@ void frmEditor::FileSave() {
 }
 void frmEditor::FileSaveAs() {
     document_.FileSaveAs();
+}
+void frmEditor::FileOldVersions() {
+    const QString all = oldVersions_.folder();
+    const QString own = oldVersions_.folderOf(document_.path());
+    document_.OpenOldVersion(QFileInfo(own).isDir() ? own : all, own);
 }
 void frmEditor::FilePreferences() {
     if (services_.filePreferences) services_.filePreferences(*this);
@@ -282,7 +304,10 @@ void frmEditor::EditSelectAll() {
 }
 
 frmFindReplace& frmEditor::findReplace() {
-    if (findReplace_ == nullptr) findReplace_ = new frmFindReplace(*txtRoman_, this);
+    if (findReplace_ == nullptr) {
+        findReplace_ = new frmFindReplace(*txtRoman_, this);
+        connect(findReplace_, &frmFindReplace::noted, statusBar_, &EditorStatusBar::showDescription);
+    }
     return *findReplace_;
 }
 void frmEditor::EditFind() {
@@ -301,8 +326,22 @@ void frmEditor::EditFormat() {
     txtRoman_->replaceText(formatProgram(roman, txtProgram_->text()));
 }
 
+void frmEditor::EditSuggest() {
+    aids_->completion().open();
+}
+
 void frmEditor::ViewNextPane() {
     (txtRoman_->hasFocus() ? static_cast<QWidget*>(txtProgram_) : txtRoman_)->setFocus();
+}
+
+void frmEditor::ViewZoomIn() {
+    aids_->zoom().zoomIn();
+}
+void frmEditor::ViewZoomOut() {
+    aids_->zoom().zoomOut();
+}
+void frmEditor::ViewZoomNormal() {
+    aids_->zoom().setZoom(100);
 }
 
 void frmEditor::setHelpFile(const QString& path) {
@@ -321,7 +360,9 @@ void frmEditor::HelpAbout() {
 
 // What would change the text is greyed while a program runs.
 void frmEditor::enableCommands() {
-    for (const char* key : commandsThatChange) bars_->setEnabled(key, !isRunning());
+    for (const Menu& menu : editorMenus())
+        for (const MenuItem& item : menu.items)
+            if (item.whileRunning == WhileRunning::Greyed) bars_->setEnabled(item.key, !isRunning());
     bars_->setEnabled("EditUndo", !isRunning() && txtRoman_->document()->isUndoAvailable());
     bars_->setEnabled("EditRedo", !isRunning() && txtRoman_->document()->isRedoAvailable());
     bars_->setEnabled("RunStart", !state_.run.IsRunning());

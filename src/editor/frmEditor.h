@@ -5,6 +5,7 @@
 
 #include "editor/EditorDocument.h"
 #include "editor/EditorState.h"
+#include "editor/OldVersions.h"
 #include "editor/RecentFiles.h"
 #include "editor/RecoveryFiles.h"
 #include "platform/richtext/StyledText.h"
@@ -99,6 +100,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void FileOpen();
     void FileSave();
     void FileSaveAs();
+    void FileOldVersions();
     void FilePreferences();
     void FileMakeEXE();
     void FileExit();
@@ -117,11 +119,15 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void EditReplace();
     void EditFindNext();
     void EditFormat();
+    void EditSuggest();
 
     void RunStart();
     void RunEnd();
     void ViewOutput();
     void ViewNextPane();
+    void ViewZoomIn();
+    void ViewZoomOut();
+    void ViewZoomNormal();
 
     void HelpHelp();
     void HelpAbout();
@@ -133,6 +139,8 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
 
   private:
     void setRomanText(std::string_view text) override;
+    void replaceRomanText(std::string_view text) override;
+    void setChanged(bool changed) override;
 
     void setUpLayout();
     void connectDocument();
@@ -165,6 +173,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     EditorDocument document_;
     RecentFiles recentFiles_;
     RecoveryFiles recovery_;
+    OldVersions oldVersions_;
     QTimer timer1_;         // puts the ready text back
     QTimer recoveryTimer_;  // runs while there is unsaved text that is not kept yet
     QString helpFile_;

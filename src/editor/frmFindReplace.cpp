@@ -16,11 +16,15 @@
 #include <QPushButton>
 #include <QRadioButton>
 #include <QScreen>
+#include <QShortcut>
 
 namespace tolvan {
 namespace {
 
 constexpr std::string_view notFound = "\\f1zaexayla sa<igtlele zaiBdk sapfle nahI\\f0."_deva;
+
+constexpr std::string_view wentOnFromStart = "zevqapy¡t ja^n suévatIpasUn zaexle"_deva;
+constexpr std::string_view wentOnFromEnd = "suévatIpy¡t ja^n zevqapasUn zaexle"_deva;
 
 constexpr std::string_view whereCaptions[] = {"suévatIpasUn"_deva, "#wUn puFe"_deva, "#wUn mage"_deva};
 
@@ -46,6 +50,8 @@ frmFindReplace::frmFindReplace(RomanBox& roman, QWidget* parent)
     addTextRow(*grid, "txtReplace", "Tya@evjI"_deva, txtReplace_);
     addChoices(*grid);
     addButtons();
+    auto* onwards = new QShortcut(QKeySequence(Qt::Key_F3), this);
+    connect(onwards, &QShortcut::activated, this, &frmFindReplace::findNext);
 }
 
 void frmFindReplace::addTextRow(QGridLayout& grid, const char* name, std::string_view label, QLineEdit*& box) {
@@ -78,22 +84,43 @@ void frmFindReplace::addChoices(QGridLayout& grid) {
     sameCase_ = addDevanagari<QCheckBox>("lhan maeQI A]re saroI man"_deva, QStringLiteral("chkSameCase"), this);
     const int row = grid.rowCount();
     grid.addLayout(choices, row, 0, 1, 2);
+    lblNote_ = addDevanagari<QLabel>({}, QStringLiteral("lblNote"), this);
     grid.addWidget(sameCase_, row + 1, 0, 1, 2);
+    grid.addWidget(lblNote_, row + 2, 0, 1, 2);
 }
 
 void frmFindReplace::addButtons() {
-    connect(addButton("cmdFind", "zaex"_deva), &QPushButton::clicked, this, &frmFindReplace::cmdFind);
+    cmdFind_ = addButton("cmdFind", "zaex"_deva);
+    connect(cmdFind_, &QPushButton::clicked, this, &frmFindReplace::cmdFind);
     connect(addButton("cmdReplace", "bdl"_deva), &QPushButton::clicked, this, &frmFindReplace::cmdReplace);
     connect(addButton("cmdReplaceAll", "svR bdl"_deva), &QPushButton::clicked, this, &frmFindReplace::cmdReplaceAll);
     connect(addButton("cmdExit", "b<d kr"_deva), &QPushButton::clicked, this, &QDialog::close);
 }
 
 void frmFindReplace::bringUp() {
+    takeSelection();
+    note({});
     show();
     raise();
     activateWindow();
     txtFind_->setFocus();
     txtFind_->selectAll();
+    cmdFind_->setDefault(true);  // not the button that closed it, which showing it makes the default
+}
+
+// What is selected is not searched for first: it is found already. So is what the last search has found; its text stays
+// as it was typed.
+void frmFindReplace::takeSelection() {
+    const std::string selected = roman_.selectedText();
+    if (selected.empty() || selected.find('\n') != std::string::npos) return;
+    searched_ = true;
+    if (findForwards(selected, wanted(), 0, LetterCase::Same) == FoundText{0, selected.size()}) return;
+    txtFind_->setText(toQString(selected));
+}
+
+void frmFindReplace::note(std::string_view text) {
+    lblNote_->setText(toQString(text));
+    emit noted(lblNote_->text());
 }
 
 frmFindReplace::FindWhere frmFindReplace::findWhere() const {
@@ -118,15 +145,22 @@ void frmFindReplace::findNext() {
     find(findWhere() == Backwards ? Backwards : FromCaret, true);
 }
 
-// `behindSelection`: what is selected has been found already, so going on begins behind it.
-void frmFindReplace::find(FindWhere where, bool behindSelection) {
+// `afterSelection`: what is selected has been found already, so going on begins after it.
+void frmFindReplace::find(FindWhere where, bool afterSelection) {
     const std::string text = roman_.text();
     const LetterCase letterCase = sameCase_->isChecked() ? LetterCase::Same : LetterCase::Exact;
     const std::size_t selected = roman_.selectionStart();
-    const std::size_t from = where == FromBeginning ? 0 : selected + (behindSelection ? roman_.selectionLength() : 0);
-    const auto found = where == Backwards ? findBackwards(text, wanted(), selected, letterCase)
-                                          : findForwards(text, wanted(), from, letterCase);
+    const std::size_t after = selected + (afterSelection ? roman_.selectionLength() : 0);
+    const bool backwards = where == Backwards;
+    const auto search = [&](std::size_t from) {
+        return backwards ? findBackwards(text, wanted(), from, letterCase)
+                         : findForwards(text, wanted(), from, letterCase);
+    };
+    auto found = search(backwards ? selected : where == FromBeginning ? 0 : after);
+    const bool wentOn = !found;
+    if (wentOn) found = search(backwards ? text.size() : 0);
     searched_ = true;
+    note(!wentOn || !found ? std::string_view() : backwards ? wentOnFromEnd : wentOnFromStart);
     if (!found) return ShowMessage(notFound);
     roman_.select(found->start, found->length);
     uncoverSelection();
@@ -149,7 +183,8 @@ void frmFindReplace::uncoverSelection() {
 }
 
 void frmFindReplace::cmdReplace() {
-    if (roman_.selectionLength() != 0) roman_.replaceSelection(toFontEncoded(txtReplace_->text()));
+    if (roman_.selectionLength() != 0)
+        roman_.replaceSelection(replacementFor(roman_.selectedText(), wanted(), toFontEncoded(txtReplace_->text())));
     cmdFind();
 }
 

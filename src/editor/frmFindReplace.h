@@ -1,8 +1,10 @@
 // Finds and replaces in the Roman text of the editor. What is typed is shown in Devanagari below it. The window is not
 // modal; closed and shown again it holds the texts that were typed last.
 //
+// A search goes on from the other end of the text where it has come to one, and says so.
+//
 // Its controls are txtFind, txtReplace, txtFindDevnag, txtReplaceDevnag, FindWhere0 to FindWhere2, chkSameCase,
-// cmdFind, cmdReplace, cmdReplaceAll and cmdExit.
+// lblNote, cmdFind, cmdReplace, cmdReplaceAll and cmdExit.
 #pragma once
 
 #include "dialogs/FramedDialog.h"
@@ -12,7 +14,9 @@
 
 class QCheckBox;
 class QGridLayout;
+class QLabel;
 class QLineEdit;
+class QPushButton;
 class QRadioButton;
 
 namespace tolvan {
@@ -25,11 +29,16 @@ class frmFindReplace : public FramedDialog {
     // `roman` must outlive it.
     frmFindReplace(RomanBox& roman, QWidget* parent);
 
-    // Visible, in front, with the search text ready to be typed.
+    // Visible, in front, with the search text ready to be typed: the selected text, if that is of one line. Enter
+    // finds.
     void bringUp();
 
     // Finds the text that was typed last once more, behind the selection (before it, when the search goes backwards).
     void findNext();
+
+  signals:
+    // How the last search went on, font-encoded; empty if there is nothing to say.
+    void noted(const QString& text);
 
   private:
     enum FindWhere { FromBeginning, FromCaret, Backwards };
@@ -40,8 +49,10 @@ class frmFindReplace : public FramedDialog {
 
     FindWhere findWhere() const;
     std::string wanted() const;
+    void takeSelection();
+    void note(std::string_view text);
     void cmdFind();
-    void find(FindWhere where, bool behindSelection);
+    void find(FindWhere where, bool afterSelection);
     void uncoverSelection();
     void cmdReplace();
     void cmdReplaceAll();
@@ -51,6 +62,8 @@ class frmFindReplace : public FramedDialog {
     QLineEdit* txtReplace_ = nullptr;
     std::array<QRadioButton*, 3> findWhere_{};
     QCheckBox* sameCase_ = nullptr;
+    QLabel* lblNote_ = nullptr;
+    QPushButton* cmdFind_ = nullptr;
     bool searched_ = false;  // since the place to begin at was chosen
 };
 

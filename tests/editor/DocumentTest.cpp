@@ -185,7 +185,20 @@ TEST_F(DocumentTest, TheFirstProgramIsLookedForAmongTheExamples) {
     editor->FileOpen();
     EXPECT_TRUE(QFile::exists(user.asked.back().folder + QStringLiteral("/namaskar.tvp")));
     editor->FileOpen();
-    EXPECT_EQ(user.asked.back().folder, startFolder());
+    EXPECT_EQ(user.asked.back().folder, folder.path());
+    editor->FileNew();
+    user.files = {QString(), QString()};
+    editor->FileOpen();
+    EXPECT_EQ(user.asked.back().folder, folder.path()) << "the one used last";
+    editor->FileSaveAs();
+    EXPECT_EQ(user.asked.back().folder, folder.path());
+    QDir(folder.path()).mkdir(QStringLiteral("of"));
+    writeFile("of/b.tvp", "\r\nx");
+    editor->OpenFile(path("of/b.tvp"));
+    editor->MruManage(path("a.tvp"));
+    user.files = {QString()};
+    editor->FileSaveAs();
+    EXPECT_EQ(user.asked.back().folder, path("of")) << "the document's own";
 }
 
 }  // namespace

@@ -38,7 +38,7 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
         const std::string rest = bytesOf(words.substr(std::min(blank + 1, words.size())));
         if (!expects) return known(deeds_, what)(rest);
         const View& view = known(views_, what);
-        if (what == "file" || what == "shown")
+        if (what == "file" || what == "shown" || what == "label" || what == "field")
             EXPECT_EQ(view(beforeBlank(rest)), behindBlank(rest));
         else
             EXPECT_EQ(view(rest), rest);
@@ -84,6 +84,19 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
     QStringList copies() const {
         return QDir(settings.folder()).entryList({QStringLiteral("unsaved-*.tvp")}, QDir::Files);
     }
+    // Of a program, or "... unsaved" for its discarded texts; the newest first.
+    QStringList oldVersions(const std::string& which) const {
+        const bool discarded = which.ends_with(" unsaved");
+        QDir versions(settings.folder() + QStringLiteral("/old-versions"));
+        const QString program = QString::fromStdString(beforeBlank(which)) + u'*';
+        QStringList files;
+        for (const QString& name : versions.entryList({program}, QDir::Dirs | QDir::NoDotAndDotDot)) {
+            const QDir copies(versions.filePath(name));
+            for (const QString& copy : copies.entryList(QDir::Files, QDir::Name | QDir::Reversed))
+                if (copy.contains(QStringLiteral("unsaved")) == discarded) files += copies.filePath(copy);
+        }
+        return files;
+    }
     bool isKept(const std::string& text) const {
         const auto holds = [&](const QString& copy) {
             return contentOf(settings.folder() + u'/' + copy).contains(QByteArray::fromStdString(text));
@@ -123,7 +136,12 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
         {"command", [this](const std::string& key) { EXPECT_TRUE(editor->TopMenu_UserCommand(key.c_str())); }},
         {"answer", [this](const std::string& answer) { user.answers.push_back(std::stoi(answer)); }},
         {"choose",
-         [this](const std::string& name) { user.files.push_back(name.empty() ? QString() : path(name.c_str())); }},
+         [this](const std::string& name) {
+             if (name.starts_with("old "))
+                 user.files.push_back(oldVersions(name.substr(4)).value(0));
+             else
+                 user.files.push_back(name.empty() ? QString() : path(name.c_str()));
+         }},
         {"restart", [this](const std::string&) { open(); }},
         {"crash", [this](const std::string&) { crash(); }},
         {"recover", [this](const std::string&) { editor->offerRecovery(); }},
@@ -131,8 +149,11 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
         {"front", [this](const std::string&) { toFront(); }},
         {"preferences", [this](const std::string&) { showPreferences(); }},
         {"click", [](const std::string& name) { QTest::mouseClick(&control(name), Qt::LeftButton); }},
-        {"escape",
-         [](const std::string& name) { QTest::keyClick(control(name).window()->windowHandle(), Qt::Key_Escape); }},
+        {"key",
+         [](const std::string& what) {
+             const QKeyCombination key = QKeySequence(QString::fromStdString(behindBlank(what)))[0];
+             QTest::keyClick(control(beforeBlank(what)).window()->windowHandle(), key.key(), key.keyboardModifiers());
+         }},
         {"tick",
          [](const std::string& name) {
              QTest::mouseClick(&control(name), Qt::LeftButton, {}, {6, 10});
@@ -170,6 +191,9 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
          }},
         {"clipboard", [](const std::string&) { return toFontEncoded(QApplication::clipboard()->text()); }},
         {"panel1", [this](const std::string&) { return toFontEncoded(panel("panel1")); }},
+        {"panel3", [this](const std::string&) { return toFontEncoded(panel("panel3")); }},
+        {"label", [](const std::string& name) { return toFontEncoded(control<QLabel>(name).text()); }},
+        {"field", [](const std::string& name) { return toFontEncoded(control<QLineEdit>(name).text()); }},
         // The work comes to an end by itself, a moment after the last key.
         {"panel2",
          [this](const std::string& expected) {
@@ -177,6 +201,15 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
              return QTest::qWaitFor([&] { return shown() == expected; }, 5000) ? expected : shown();
          }},
         {"asked", [this](const std::string&) { return std::to_string(user.takeTold().size()); }},
+        {"old",
+         [this](const std::string& words) {
+             // Up to the texts, which begin with their caption's line.
+             const std::string which = words.substr(0, std::min(words.find(" \r"), words.size()));
+             std::string texts;
+             for (const QString& copy : oldVersions(which))
+                 texts.append(texts.empty() ? " " : "|").append(contentOf(copy).toStdString());
+             return which + texts;
+         }},
         {"copies", [this](const std::string&) { return std::to_string(copies().size()); }},
         {"kept",
          [this](const std::string& text) {

@@ -144,10 +144,6 @@ bool Completion::eventFilter(QObject* watched, QEvent* event) {
         event->accept();
     if (event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
-        if (key->key() == Qt::Key_Space && key->modifiers() == Qt::ControlModifier) {
-            open();
-            return true;
-        }
         if (isOpen() && key->modifiers() == Qt::NoModifier && takeKey(key->key())) return true;
         typed_ = !roman_.isLocked() && key->text().size() == 1 && isLetter(key->text()[0].toLatin1());
     }

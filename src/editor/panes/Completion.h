@@ -1,4 +1,4 @@
-// Offers the words of the language while the Roman text is typed: at Ctrl+Space, and after two letters of a word.
+// Offers the words of the language while the Roman text is typed: on demand, and after two letters of a word.
 //
 // Up and Down choose, Enter or Tab or a click puts the word in, Escape closes the list. A list that came by itself has
 // no word chosen yet, so that Enter still ends the line.
@@ -31,6 +31,8 @@ class Completion : public QObject {
     void setAutomatic(bool automatic) { automatic_ = automatic; }
 
     bool isOpen() const;
+    // At the caret, with the first word chosen; nothing in a "#" span or where no word fits.
+    void open();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
@@ -38,7 +40,6 @@ class Completion : public QObject {
   private:
     bool takeKey(int key);
     std::string typedStart() const;
-    void open();
     void follow();
     bool offer(const std::string& start);
     void close();

@@ -193,6 +193,11 @@ bool RomanBox::refuses(QStringView text) {
 bool RomanBox::event(QEvent* event) {
     if (event->type() == QEvent::ShortcutOverride) {
         const auto* key = static_cast<QKeyEvent*>(event);
+        // The command would empty the clipboard.
+        if (key->matches(QKeySequence::Copy) && !textCursor().hasSelection()) {
+            event->accept();
+            return true;
+        }
         if (std::any_of(editKeys.begin(), editKeys.end(), [&](auto command) { return key->matches(command); })) {
             event->ignore();
             return true;
@@ -202,16 +207,57 @@ bool RomanBox::event(QEvent* event) {
 }
 
 void RomanBox::keyPressEvent(QKeyEvent* event) {
-    if (event->matches(QKeySequence::Copy)) return copy();
+    if (event->matches(QKeySequence::Copy)) return textCursor().hasSelection() ? copy() : void();
     if (event->matches(QKeySequence::Cut)) return cut();
     if (isLocked()) return TextPane::keyPressEvent(event);
-    if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier) return replaceSelection("\t");
+    if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier)
+        return selectsLines() ? indentLines() : replaceSelection("\t");
+    if (event->key() == Qt::Key_Backtab && selectsLines()) return unindentLines();
     if (event->matches(QKeySequence::InsertLineSeparator)) return replaceSelection(lineEnd);
     if (!isTyped(event->text()) || !refuses(event->text())) TextPane::keyPressEvent(event);
 }
 
-// Shift+Tab leaves the box; Tab indents.
+// A whole line, or a selection that reaches over a line end.
+bool RomanBox::selectsLines() const {
+    const QTextCursor cursor = textCursor();
+    const QTextBlock first = document()->findBlock(cursor.selectionStart());
+    return cursor.selectionEnd() - first.position() >= first.length() ||
+           (first.length() > 1 && cursor.selectedText().size() == first.length() - 1);
+}
+
+// Calls `change(cursor)` at the start of each line with selected characters, as one step of undo. The lines are
+// selected then.
+template <class Change>
+void RomanBox::changeSelectedLines(Change change) {
+    QTextCursor cursor = textCursor();
+    const QTextBlock first = document()->findBlock(cursor.selectionStart());
+    const QTextBlock last = document()->findBlock(cursor.selectionEnd() - 1);
+    cursor.beginEditBlock();
+    for (QTextBlock line = first; line.isValid(); line = line == last ? QTextBlock() : line.next())
+        change(QTextCursor(line));
+    cursor.endEditBlock();
+    cursor.setPosition(first.position());
+    cursor.setPosition(last.position() + last.length() - 1, QTextCursor::KeepAnchor);
+    setTextCursor(cursor);
+}
+
+void RomanBox::indentLines() {
+    changeSelectedLines([](QTextCursor start) {
+        if (!start.block().text().isEmpty()) start.insertText(QString(tabWidth, u' '));
+    });
+}
+
+void RomanBox::unindentLines() {
+    changeSelectedLines([](QTextCursor start) {
+        const int blanks = std::min(static_cast<int>(tabWidth), indentOf(start.block()));
+        start.setPosition(start.position() + blanks, QTextCursor::KeepAnchor);
+        start.removeSelectedText();
+    });
+}
+
+// Without selected lines Tab indents and Shift+Tab leaves the box.
 bool RomanBox::focusNextPrevChild(bool next) {
+    if (!next && selectsLines() && !isLocked()) return false;
     return next ? TextPane::focusNextPrevChild(next) : QWidget::focusNextPrevChild(next);
 }
 

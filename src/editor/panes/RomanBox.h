@@ -1,8 +1,9 @@
 // The Roman program text as the user types it: 8-bit characters, lines parted by CR LF. Any bytes can be set and come
 // back as they were.
 //
-// The box leaves the keys of the edit commands to shortcuts of its window, and acts on them where there are none. It
-// takes no dropped files: they go on to its window.
+// The box leaves the keys of the edit commands to shortcuts of its window, and acts on them where there are none; but
+// the key to copy does nothing without a selection. Tab indents the selected lines, Shift+Tab takes that back. Dropped
+// files are not taken: they go on to the window.
 #pragma once
 
 #include "editor/panes/TextPane.h"
@@ -61,6 +62,11 @@ class RomanBox : public TextPane {
 
   private:
     bool refuses(QStringView text);
+    bool selectsLines() const;
+    template <class Change>
+    void changeSelectedLines(Change change);
+    void indentLines();
+    void unindentLines();
     void insertShown(const QString& shown);
 };
 

@@ -2,7 +2,6 @@
 
 #include "editor/panes/TextPane.h"
 
-#include <QKeyEvent>
 #include <QWheelEvent>
 
 #include <algorithm>
@@ -15,10 +14,7 @@ constexpr int step = 10;
 }  // namespace
 
 ZoomTogether::ZoomTogether(TextPane& first, TextPane& second) : first_(first), second_(second) {
-    for (TextPane* pane : {&first, &second}) {
-        pane->installEventFilter(this);
-        pane->viewport()->installEventFilter(this);
-    }
+    for (TextPane* pane : {&first, &second}) pane->viewport()->installEventFilter(this);
 }
 
 void ZoomTogether::setZoom(int percent) {
@@ -34,23 +30,6 @@ void ZoomTogether::zoomBySteps(int steps) {
     setZoom(zoom_ + steps * step);
 }
 
-bool ZoomTogether::zoomByKey(int key) {
-    switch (key) {
-        case Qt::Key_Plus:
-        case Qt::Key_Equal:  // plus without Shift
-            zoomIn();
-            return true;
-        case Qt::Key_Minus:
-            zoomOut();
-            return true;
-        case Qt::Key_0:
-            setZoom(100);
-            return true;
-        default:
-            return false;
-    }
-}
-
 // Touch pads turn in small angles.
 void ZoomTogether::zoomByWheel(int angle) {
     wheelAngle_ += angle;
@@ -60,11 +39,6 @@ void ZoomTogether::zoomByWheel(int angle) {
 }
 
 bool ZoomTogether::eventFilter(QObject* watched, QEvent* event) {
-    if (event->type() == QEvent::KeyPress) {
-        const auto* key = static_cast<QKeyEvent*>(event);
-        const Qt::KeyboardModifiers modifiers = key->modifiers() & ~(Qt::ShiftModifier | Qt::KeypadModifier);
-        if (modifiers == Qt::ControlModifier && zoomByKey(key->key())) return true;
-    }
     if (event->type() == QEvent::Wheel) {
         const auto* wheel = static_cast<QWheelEvent*>(event);
         if (wheel->modifiers() == Qt::ControlModifier) {

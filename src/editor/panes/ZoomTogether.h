@@ -1,4 +1,4 @@
-// Ctrl+wheel, Ctrl+plus, Ctrl+minus and Ctrl+0 in either of two panes change the size of the text in both.
+// The text of two panes has one size; Ctrl+wheel in either of them changes it.
 #pragma once
 
 #include <QObject>
@@ -31,7 +31,6 @@ class ZoomTogether : public QObject {
 
   private:
     void zoomBySteps(int steps);
-    bool zoomByKey(int key);
     void zoomByWheel(int angle);
 
     TextPane& first_;
