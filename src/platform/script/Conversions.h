@@ -26,6 +26,9 @@ Value toText(Context& context, const Value& value);
 // The bytes of the text form; `keep` holds them where they are not the value's own.
 std::string_view toTextView(Context& context, const Value& value, Value& keep);
 
+// What TypeName gives; valid as long as the value is unchanged. Not for References.
+std::string_view typeNameOf(const Value& value);
+
 // A number, Boolean or date as plain VBScript writes it, without the engine's text form.
 std::string plainNumber(double number);
 std::string plainNumber(float number);

@@ -1,6 +1,5 @@
 #include "platform/script/Executor.h"
 
-#include "platform/script/Builtin.h"
 #include "platform/script/Conversions.h"
 #include "platform/script/machine/Machine.h"
 #include "platform/script/syntax/SyntaxError.h"
@@ -23,12 +22,12 @@ class Executor::Engine {
             report.column = static_cast<int>(error.column);
         } catch (const ScriptError& error) {
             report.number = error.number;
-            report.line = machine.errorLine();
+            machine.report(report);
             report.description = error.description;
             report.source = error.source;
         } catch (const std::bad_alloc&) {
             report.number = errors::outOfMemory;
-            report.line = machine.errorLine();
+            machine.report(report);
         }
         if (report.description.empty()) report.description = errorText(report.number);
         return false;
@@ -91,7 +90,10 @@ bool Executor::run(std::string_view procedure, std::span<const Value> arguments,
     return engine_->attempt([&] {
         Machine& machine = engine_->machine;
         const Symbol* symbol = machine.symbols().find(machine.names().intern(procedure));
-        if (symbol == nullptr || symbol->kind != Symbol::Kind::Procedure) throw ScriptError(errors::undefinedProcedure);
+        if (symbol == nullptr || symbol->kind != Symbol::Kind::Procedure) {
+            machine.setFailedCall(procedure);
+            throw ScriptError(errors::undefinedProcedure);
+        }
         Value value = machine.invoke(*symbol->procedure->procedure, nullptr, arguments);
         if (result != nullptr) *result = std::move(value);
     });
@@ -111,12 +113,7 @@ std::string Executor::text(const Value& value) {
 }
 
 std::string Executor::typeName(const Value& value) {
-    for (const Builtin& builtin : builtins()) {
-        if (builtin.name != "TypeName") continue;
-        Value argument = value;
-        return std::string(builtin.function(engine_->machine, {&argument, 1}).view());
-    }
-    return {};
+    return std::string(typeNameOf(value));
 }
 
 }  // namespace tolvan::script

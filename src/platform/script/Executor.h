@@ -5,6 +5,7 @@
 // run nor reset of the same engine from there.
 #pragma once
 
+#include "platform/script/ErrorReport.h"
 #include "platform/script/HostObject.h"
 #include "platform/script/ScriptError.h"
 #include "platform/script/TextForm.h"
@@ -18,18 +19,6 @@
 #include <string_view>
 
 namespace tolvan::script {
-
-// Where a run or a load failed. number 0: it did not.
-struct ErrorReport {
-    int number = 0;
-    // 1-based line of the module that was added; of the statement for a run-time error, of the place for a syntax
-    // error.
-    int line = 0;
-    // 1-based; 0 if it is not known (run-time errors).
-    int column = 0;
-    std::string description;
-    std::string source;
-};
 
 class Executor {
   public:

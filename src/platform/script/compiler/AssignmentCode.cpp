@@ -36,7 +36,7 @@ void ProcedureCompiler::assign(const AssignStmt& statement) {
         case ExprKind::Call:
             return assignElement(statement);
         default:
-            return raise(errors::illegalAssignment);
+            return raise(errors::illegalAssignment, 0);
     }
 }
 
@@ -58,9 +58,9 @@ void ProcedureCompiler::store(const Binding& binding, std::uint32_t from, bool i
             code_.emit(isSet ? Op::SetReferred : Op::LetReferred, place(binding), from);
             return;
         case Binding::Kind::Undefined:
-            return raise(errors::undefinedVariable);
+            return raise(errors::undefinedVariable, binding.name);
         default:
-            return raise(errors::illegalAssignment);
+            return raise(errors::illegalAssignment, binding.name);
     }
 }
 
@@ -230,8 +230,8 @@ void ProcedureCompiler::assignMember(const AssignStmt& statement, const Expr& me
     const Temporaries temporaries(code_);
     if (HostObject* host = const_cast<HostObject*>(hostObject(*member.left))) {
         const int number = host->findMember(module_.names().spelling(member.name));
-        if (number == HostObject::noMember) return raise(errors::noSuchMember);
-        return assignHost(module_.engine().hostMember(*host, number), statement, arguments);
+        if (number == HostObject::noMember) return raise(errors::noSuchMember, member.name);
+        return assignHost(module_.engine().hostMember(*host, number, member.name), statement, arguments);
     }
     putMember(statement, *member.left, member.name, arguments);
 }
@@ -278,17 +278,17 @@ void ProcedureCompiler::assignElement(const AssignStmt& statement) {
             case Binding::Kind::Method:
                 return putOwnMember(callee.name, statement, element.arguments);
             case Binding::Kind::Undefined:
-                return raise(errors::undefinedVariable);
+                return raise(errors::undefinedVariable, callee.name);
             case Binding::Kind::Register:
                 if (element.arguments.size() == 1 && !statement.isSet)
                     return putInto(binding.index, element.arguments, statement);
                 break;
             default:
-                if (!binding.mayBeVariable()) return raise(errors::illegalAssignment);
+                if (!binding.mayBeVariable()) return raise(errors::illegalAssignment, callee.name);
                 break;
         }
     }
-    if (element.arguments.empty()) return raise(errors::illegalAssignment);
+    if (element.arguments.empty()) return raise(errors::illegalAssignment, callee.name);
     const std::uint32_t first = evaluatePlain(element.arguments);
     const std::uint32_t value = code_.takeRegisters();
     into(*statement.value, value);
@@ -309,8 +309,8 @@ void ProcedureCompiler::putInto(std::uint32_t array, std::span<Expr* const> argu
     code_.emit(value.isConstant ? Op::PutIndexK : Op::PutIndexR, array, index, value.index);
 }
 
-void ProcedureCompiler::raise(int number) {
-    code_.emitWide(Op::Raise, 0, number);
+void ProcedureCompiler::raise(int number, NameId name) {
+    code_.emitWithWord(Op::Raise, static_cast<std::uint32_t>(number), 0, 0, name);
 }
 
 }  // namespace tolvan::script

@@ -178,15 +178,15 @@ void ProcedureCompiler::callInto(const Expr& call, std::uint32_t target, Wanted 
         case Binding::Kind::HostMember:
             return callHost(binding.symbol->member, arguments, target);
         case Binding::Kind::Builtin:
-            return callBuiltin(*binding.symbol->builtin, arguments, target);
+            return callBuiltin(*binding.symbol->builtin, callee.name, arguments, target);
         case Binding::Kind::Special:
-            return callSpecial(binding.symbol->special, arguments, target);
+            return callSpecial(binding.symbol->special, callee.name, arguments, target);
         case Binding::Kind::Method:
             return callOwnMember(callee.name, arguments, target);
         case Binding::Kind::Late:
             return callLate(binding, arguments, target, wanted);
         case Binding::Kind::Undefined:
-            if (callee.kind == ExprKind::Name) return raise(errors::undefinedVariable);
+            if (callee.kind == ExprKind::Name) return raise(errors::undefinedVariable, callee.name);
             break;
         default:
             break;
@@ -234,18 +234,20 @@ void ProcedureCompiler::callHost(const HostMember* member, std::span<Expr* const
     frame.finish();
 }
 
-void ProcedureCompiler::callBuiltin(const Builtin& builtin, std::span<Expr* const> arguments, std::uint32_t target) {
+void ProcedureCompiler::callBuiltin(const Builtin& builtin, NameId name, std::span<Expr* const> arguments,
+                                    std::uint32_t target) {
     const bool fits =
         arguments.size() >= builtin.least && (builtin.most == Builtin::anyCount || arguments.size() <= builtin.most);
-    if (!fits) return callMissing(arguments, errors::argumentCount);
+    if (!fits) return callMissing(arguments, errors::argumentCount, name);
     CallFrame frame(code_, target);
     for (const Expr* argument : arguments) into(*argument, code_.takeRegisters());
-    code_.emitWithWord(Op::CallBuiltin, frame.base(), countOf(arguments), 0, builtin.function);
+    code_.emitWithWord(Op::CallBuiltin, frame.base(), countOf(arguments), 0, &builtin);
     frame.finish();
 }
 
-void ProcedureCompiler::callSpecial(Special special, std::span<Expr* const> arguments, std::uint32_t target) {
-    if (arguments.size() != 1) return callMissing(arguments, errors::argumentCount);
+void ProcedureCompiler::callSpecial(Special special, NameId name, std::span<Expr* const> arguments,
+                                    std::uint32_t target) {
+    if (arguments.size() != 1) return callMissing(arguments, errors::argumentCount, name);
     CallFrame frame(code_, target);
     into(*arguments[0], code_.takeRegisters());
     code_.emit(Op::Evaluate, frame.base(), 1, static_cast<std::uint32_t>(special));
@@ -291,17 +293,17 @@ void ProcedureCompiler::passLate(const Binding& late, const Expr& argument, std:
 }
 
 // A call that cannot be made: its arguments are evaluated all the same.
-void ProcedureCompiler::callMissing(std::span<Expr* const> arguments, int number) {
+void ProcedureCompiler::callMissing(std::span<Expr* const> arguments, int number, NameId name) {
     const Temporaries temporaries(code_);
     evaluateInOrder(arguments);
-    raise(number);
+    raise(number, name);
 }
 
 void ProcedureCompiler::memberInto(const Expr& member, std::span<Expr* const> arguments, std::uint32_t target) {
     if (HostObject* host = const_cast<HostObject*>(hostObject(*member.left))) {
         const int number = host->findMember(module_.names().spelling(member.name));
-        if (number == HostObject::noMember) return callMissing(arguments, errors::noSuchMember);
-        return callHost(module_.engine().hostMember(*host, number), arguments, target);
+        if (number == HostObject::noMember) return callMissing(arguments, errors::noSuchMember, member.name);
+        return callHost(module_.engine().hostMember(*host, number, member.name), arguments, target);
     }
     CallFrame frame(code_, target, countElements(arguments));
     into(*member.left, frame.base());
@@ -317,8 +319,9 @@ void ProcedureCompiler::callStatement(const CallStmt& statement) {
     if (call.left->kind == ExprKind::Name) {
         const Binding binding = bind(call.left->name, Use::Callee);
         const bool neverDeclared = binding.kind == Binding::Kind::Undefined;
-        if (neverDeclared) return callMissing(call.arguments, errors::undefinedVariable);
-        if (binding.kind == Binding::Kind::Class) return callMissing(call.arguments, errors::typeMismatch);
+        if (neverDeclared) return callMissing(call.arguments, errors::undefinedVariable, call.left->name);
+        if (binding.kind == Binding::Kind::Class)
+            return callMissing(call.arguments, errors::typeMismatch, call.left->name);
     }
     const std::uint32_t result = code_.takeRegisters();
     callInto(call, result, Wanted::Nothing);

@@ -220,7 +220,7 @@ void ProcedureCompiler::into(const Expr& expression, std::uint32_t target) {
             else if (module_.isLate)
                 code_.emitWithWord(Op::NewLate, target, 0, 0, std::uint64_t{expression.name});
             else
-                raise(errors::classNotDefined);
+                raise(errors::classNotDefined, expression.name);
             return forgetGate();
         }
         case ExprKind::Me:
@@ -251,9 +251,9 @@ void ProcedureCompiler::nameInto(const Expr& name, std::uint32_t target) {
         case Binding::Kind::HostObject:
             return loadConstant(*binding.constant, target);
         case Binding::Kind::Undefined:
-            return raise(errors::undefinedVariable);
+            return raise(errors::undefinedVariable, binding.name);
         case Binding::Kind::Class:
-            return raise(errors::typeMismatch);
+            return raise(errors::typeMismatch, binding.name);
         case Binding::Kind::Late:
             return callLate(binding, {}, target, Wanted::Value);
         default: {

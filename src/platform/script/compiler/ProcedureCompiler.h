@@ -96,10 +96,10 @@ class ProcedureCompiler {
     void passReference(const Expr& argument, std::uint32_t target, std::uint32_t pin);
     void callProcedure(const Symbol& symbol, std::span<Expr* const> arguments, std::uint32_t target);
     void callHost(const HostMember* member, std::span<Expr* const> arguments, std::uint32_t target);
-    void callBuiltin(const Builtin& builtin, std::span<Expr* const> arguments, std::uint32_t target);
-    void callSpecial(Special special, std::span<Expr* const> arguments, std::uint32_t target);
+    void callBuiltin(const Builtin& builtin, NameId name, std::span<Expr* const> arguments, std::uint32_t target);
+    void callSpecial(Special special, NameId name, std::span<Expr* const> arguments, std::uint32_t target);
     void callOwnMember(NameId name, std::span<Expr* const> arguments, std::uint32_t target);
-    void callMissing(std::span<Expr* const> arguments, int number);
+    void callMissing(std::span<Expr* const> arguments, int number, NameId name);
     LateUse lateUse(const Binding& late) const;
     void callLate(const Binding& late, std::span<Expr* const> arguments, std::uint32_t target, Wanted wanted);
     void passLate(const Binding& late, const Expr& argument, std::uint32_t target, std::uint32_t pin);
@@ -158,7 +158,8 @@ class ProcedureCompiler {
     void putInto(std::uint32_t array, std::span<Expr* const> arguments, const AssignStmt& statement);
     // Assigns the value in a temporary.
     void store(const Binding& binding, std::uint32_t from, bool isSet);
-    void raise(int number);
+    // An error whatever the values are; `name` is what it is about.
+    void raise(int number, NameId name);
 
     // After an instruction that may run code of the host or of scripts, or where ways meet, the gate has to be asked
     // again.

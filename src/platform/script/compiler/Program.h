@@ -72,6 +72,7 @@ struct ProcedureSlot {
 struct HostMember {
     HostObject* object;
     int member;
+    NameId name;  // one that it has been called by
 };
 
 // A class of a script. Members that are private are found only by the class's own code.
@@ -171,7 +172,7 @@ class SymbolTable {
     // `reference` is the Object value through which scripts hold the host's object.
     void addHost(NameId name, HostObject& object, Value reference, bool membersToo);
     // The same place for the same member each time.
-    const HostMember* hostMember(HostObject& object, int member);
+    const HostMember* hostMember(HostObject& object, int member, NameId name);
 
     // Keeps a procedure that another one took the place of, until nothing runs: it may be running.
     void retire(std::shared_ptr<const Procedure> procedure) { retired_.push_back(std::move(procedure)); }
@@ -194,6 +195,9 @@ class SymbolTable {
     bool isErr(NameId name) const { return name == err_; }
     // Empties all variables of scripts, so that what they hold is let go while the scripts' code still exists.
     void clearVariables();
+
+    // Of a variable outside procedures; 0 if it is none. Slow.
+    NameId nameOf(const Value* variable) const;
 
   private:
     const Symbol* findAddedMember(NameId name);

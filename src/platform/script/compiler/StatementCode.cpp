@@ -89,7 +89,7 @@ void ProcedureCompiler::reDim(const ReDimStmt& statement) {
         const bool isVariable = target.array->kind == ExprKind::Name && bind(target.array->name).mayBeVariable();
         if (!isVariable && target.array->kind == ExprKind::Name) {
             const bool isUndefined = bind(target.array->name).kind == Binding::Kind::Undefined;
-            raise(isUndefined ? errors::undefinedVariable : errors::illegalAssignment);
+            raise(isUndefined ? errors::undefinedVariable : errors::illegalAssignment, target.array->name);
             continue;
         }
         const std::uint32_t first = evaluateInOrder(target.bounds);
@@ -180,7 +180,8 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
     const NameId name = statement.variable->name;
     const Binding binding = bind(name);
     if (!binding.mayBeVariable())
-        return raise(binding.kind == Binding::Kind::Undefined ? errors::undefinedVariable : errors::illegalAssignment);
+        return raise(binding.kind == Binding::Kind::Undefined ? errors::undefinedVariable : errors::illegalAssignment,
+                     name);
     const bool isRegister = binding.kind == Binding::Kind::Register;
     const std::uint32_t counter = isRegister ? binding.index : code_.takeRegisters();
     const std::uint32_t limit = code_.takeRegisters(3);
@@ -230,7 +231,8 @@ void ProcedureCompiler::forEach(const ForEachStmt& statement) {
     const Temporaries temporaries(code_);
     const Binding binding = bind(statement.variable->name);
     if (!binding.mayBeVariable())
-        return raise(binding.kind == Binding::Kind::Undefined ? errors::undefinedVariable : errors::illegalAssignment);
+        return raise(binding.kind == Binding::Kind::Undefined ? errors::undefinedVariable : errors::illegalAssignment,
+                     binding.name);
     const std::uint32_t state = code_.takeRegisters(2);
     const std::uint32_t element = code_.takeRegisters();
     into(*statement.group, element);
@@ -335,7 +337,7 @@ const HostMember* ProcedureCompiler::gateOf(const Expr& condition) {
         if (host == nullptr) return nullptr;
         const int number = host->findMember(module_.names().spelling(asked->name));
         if (number == HostObject::noMember) return nullptr;
-        member = module_.engine().hostMember(*host, number);
+        member = module_.engine().hostMember(*host, number, asked->name);
     } else if (asked->kind == ExprKind::Name) {
         const Binding binding = bind(asked->name);
         if (binding.kind == Binding::Kind::HostMember) member = binding.symbol->member;

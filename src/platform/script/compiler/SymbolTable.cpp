@@ -61,7 +61,7 @@ const Symbol* SymbolTable::findAddedMember(NameId name) {
         if (number == HostObject::noMember) continue;
         Symbol symbol;
         symbol.kind = Symbol::Kind::HostMember;
-        symbol.member = hostMember(*object, number);
+        symbol.member = hostMember(*object, number, name);
         return &(hosts_[name] = symbol);
     }
     return nullptr;
@@ -86,10 +86,10 @@ void SymbolTable::removeHost(const HostObject* object) {
     });
 }
 
-const HostMember* SymbolTable::hostMember(HostObject& object, int member) {
+const HostMember* SymbolTable::hostMember(HostObject& object, int member, NameId name) {
     for (const HostMember& known : hostMembers_)
         if (known.object == &object && known.member == member) return &known;
-    return &hostMembers_.emplace_back(HostMember{&object, member});
+    return &hostMembers_.emplace_back(HostMember{&object, member, name});
 }
 
 // Before the list grows, those that are gone make room.
@@ -118,6 +118,12 @@ void SymbolTable::addUses(const std::shared_ptr<LoadedModule>& module, const std
 bool SymbolTable::isFirstUse(NameId name, std::uint32_t user) {
     if (name >= usedBy_.size()) usedBy_.resize(std::max<std::size_t>(name + 1, 2 * usedBy_.size()));
     return std::exchange(usedBy_[name], user) != user;
+}
+
+NameId SymbolTable::nameOf(const Value* variable) const {
+    for (const auto& [name, symbol] : scripts_)
+        if (symbol.variable == variable) return name;
+    return 0;
 }
 
 void SymbolTable::clearVariables() {

@@ -37,9 +37,7 @@ const TypeRow& typeRow(const Value& value) {
 }
 
 Value typeName(Context& context, ArgumentList arguments) {
-    const Value& value = arguments[0];
-    if (!value.is(Type::Object)) return context.text(typeRow(value).name);
-    return context.text(value.object() == nullptr ? "Nothing" : value.object()->typeName());
+    return context.text(typeNameOf(arguments[0]));
 }
 
 bool hasDefault(const Value& value) {
@@ -132,6 +130,11 @@ constexpr Builtin functions[] = {
 };
 
 }  // namespace
+
+std::string_view typeNameOf(const Value& value) {
+    if (!value.is(Type::Object)) return typeRow(value).name;
+    return value.object() == nullptr ? "Nothing" : value.object()->typeName();
+}
 
 std::span<const Builtin> inspectionFunctions() {
     return functions;

@@ -13,14 +13,8 @@ using namespace quick;
 
 void Machine::execute() {
     static const void* const labels[] = {
-#define X(name) &&L_##name,
-#define Y(name) TOLVAN_BINARY_FORMS(name)
-#define Z(name) X(name##RR)
-#define W(name) TOLVAN_COMPARISON_FORMS(name)
-        TOLVAN_OPCODES(X) TOLVAN_BINARY_OPERATIONS(Y) TOLVAN_LOGICAL_OPERATIONS(Z) TOLVAN_COMPARISONS(W)
-#undef W
-#undef Z
-#undef Y
+#define X(name, words) &&L_##name,
+        TOLVAN_ALL_OPCODES
 #undef X
     };
 
@@ -426,7 +420,7 @@ void Machine::execute() {
         NEXT;
     }
     L_CallBuiltin:
-        callBuiltin(WORD(BuiltinFunction), &A, pc->b);
+        callBuiltin(*WORD(const Builtin*), &A, pc->b);
         STEP(2);
     L_CallHost:
         callHost(*WORD(const HostMember*), &A, pc->b);
@@ -473,7 +467,7 @@ void Machine::execute() {
         err_->clear();
         STEP(1);
     L_Raise:
-        throw ScriptError(pc->bc());
+        throw ScriptError(pc->a);
     L_Return : {
         leave();
         if (frame->isEntry) return;

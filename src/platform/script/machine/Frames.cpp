@@ -1,5 +1,6 @@
 #include "platform/script/machine/Frames.h"
 
+#include <algorithm>
 #include <exception>
 #include <new>
 
@@ -81,17 +82,20 @@ bool Machine::recover(const ScriptError& error) {
         const auto next = static_cast<std::uint32_t>(frame.pc - frame.procedure->code.data());
         // Procedures that wait for another one stand behind the call.
         const std::uint32_t pc = isInnermost ? next : next - 1;
-        if (!hasErrorLine_) {
-            errorLine_ = static_cast<int>(frame.procedure->lineAt(pc));
-            hasErrorLine_ = true;
+        const int line = static_cast<int>(frame.procedure->lineAt(pc));
+        if (!trace_.isRaised) {
+            trace_.isRaised = true;
+            trace_.line = line;
+            if (!isCaught(error)) trace_.operation = findFailedOperation(*this, frame, pc);
         }
         if (frame.resumeNext && error.number != errors::timedOut) {
-            hasErrorLine_ = false;
+            trace_ = {};
             ticks_ -= ticksPerNestedCall;
             err_->set(error);
             frame.pc = frame.procedure->code.data() + frame.procedure->statementAfter(pc);
             return true;
         }
+        if (trace_.calls.size() < ErrorReport::deepestStack) trace_.calls.push_back({frame.procedure->name, line});
         const bool isEntry = frame.isEntry;
         leave();
         if (!isEntry) continue;
@@ -101,11 +105,25 @@ bool Machine::recover(const ScriptError& error) {
     }
 }
 
+// Whether one of the procedures that are running goes on after the error.
+bool Machine::isCaught(const ScriptError& error) const {
+    if (error.number == errors::timedOut) return false;
+    return std::any_of(frames_.get(), frames_.get() + depth_, [](const Frame& frame) { return frame.resumeNext; });
+}
+
+void Machine::report(ErrorReport& report) {
+    report.line = trace_.line;
+    report.called = std::move(trace_.operation.called);
+    report.operands = std::move(trace_.operation.operands);
+    for (const ErrorTrace::Call& call : trace_.calls)
+        report.stack.push_back(
+            {call.procedure == 0 ? std::string() : std::string(names_.spelling(call.procedure)), call.line});
+}
+
 void Machine::start() {
     if (depth_ == 0) symbols_->dropRetired();
     ticks_ = ticksPerLook;
-    hasErrorLine_ = false;
-    errorLine_ = 0;
+    trace_ = {};
     if (timeout >= 0) deadline_ = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout);
 }
 

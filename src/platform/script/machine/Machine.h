@@ -12,6 +12,7 @@
 #include "platform/script/compiler/Program.h"
 #include "platform/script/machine/ClassInstance.h"
 #include "platform/script/machine/ErrObject.h"
+#include "platform/script/machine/FailedOperation.h"
 
 #include <chrono>
 #include <cstddef>
@@ -39,6 +40,18 @@ struct Frame {
     bool isEntry;  // called from C++: returning ends the dispatch loop
 };
 
+// An error on its way through the procedures that it leaves.
+struct ErrorTrace {
+    struct Call {
+        NameId procedure;
+        int line;
+    };
+    bool isRaised = false;
+    int line = 0;  // of the statement that raised it
+    FailedOperation operation;
+    std::vector<Call> calls;  // the procedures that it left, the innermost first
+};
+
 class Machine : public Context {
   public:
     Machine();
@@ -62,8 +75,10 @@ class Machine : public Context {
     // The host begins something.
     void start();
 
-    // The line of the statement that raised the error which left the outermost procedure.
-    int errorLine() const { return errorLine_; }
+    // Fills in what is known of the error that left the outermost procedure: its line and what took part in it.
+    void report(ErrorReport& report);
+    // The host asks for a procedure that does not exist.
+    void setFailedCall(std::string_view procedure) { trace_.operation.called = procedure; }
 
     void addInstance(ClassInstance& instance);
     void removeInstance(ClassInstance& instance);
@@ -82,6 +97,7 @@ class Machine : public Context {
     void run();
     void execute();
     bool recover(const ScriptError& error);
+    bool isCaught(const ScriptError& error) const;
     Frame& top() { return frames_[depth_ - 1]; }
     Value* freeRegisters();
     void enter(const Procedure& procedure, Value* base, Object* me, bool isEntry);
@@ -138,7 +154,7 @@ class Machine : public Context {
     bool nextOfEach(Value* state, Value& target);
 
     // Calls and objects (MemberCalls.cpp). Those that return bool tell whether a procedure was entered.
-    void callBuiltin(BuiltinFunction function, Value* base, std::uint32_t count);
+    void callBuiltin(const Builtin& builtin, Value* base, std::uint32_t count);
     void callHost(const HostMember& member, Value* base, std::uint32_t count);
     void putHost(const HostMember& member, Value* base, std::uint32_t count);
     bool callMember(NameId name, Value* base, std::uint32_t count, bool isOwn);
@@ -174,8 +190,7 @@ class Machine : public Context {
     int nesting_ = 0;
     int ticks_ = 0;
     std::chrono::steady_clock::time_point deadline_;
-    int errorLine_ = 0;
-    bool hasErrorLine_ = false;
+    ErrorTrace trace_;
 
     ClassInstance* instances_ = nullptr;
     ClassInstance* dying_ = nullptr;

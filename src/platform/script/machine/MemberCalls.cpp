@@ -26,8 +26,8 @@ void loadReferences(std::span<Value> arguments) {
 
 }  // namespace
 
-void Machine::callBuiltin(BuiltinFunction function, Value* base, std::uint32_t count) {
-    base[0] = function(*this, {base + 1, count});
+void Machine::callBuiltin(const Builtin& builtin, Value* base, std::uint32_t count) {
+    base[0] = builtin.function(*this, {base + 1, count});
     clearArguments(base, count);
 }
 
@@ -247,15 +247,13 @@ void Machine::bury(ClassInstance& instance) noexcept {
         if (terminate != nullptr && !next->isTerminated && !resetting_) {
             next->isTerminated = true;
             next->references = 1;
-            // Its errors reach nobody, and an error that is on its way keeps its line.
-            const bool hadErrorLine = hasErrorLine_;
-            const int line = errorLine_;
+            // Its errors reach nobody, and an error that is on its way keeps what is known of it.
+            ErrorTrace onItsWay = std::exchange(trace_, {});
             try {
                 invoke(*terminate, next, {});
             } catch (...) {
             }
-            hasErrorLine_ = hadErrorLine;
-            errorLine_ = line;
+            trace_ = std::move(onItsWay);
             if (--next->references != 0) continue;
         }
         deleting_ = true;

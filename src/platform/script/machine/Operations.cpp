@@ -21,8 +21,9 @@ constexpr std::uint32_t wholeTypes = bits(Type::Integer, Type::Long);
 
 // An array with fixed bounds is copied at once: its copy can be resized.
 void Machine::letValue(Value& target, Value&& value) {
-    Value taken(std::move(value));
-    if (taken.is(Type::Object)) taken = plain(taken);
+    // Where there is no plain value, an error report wants to see what there is.
+    Value taken = value.is(Type::Object) ? plain(value) : std::move(value);
+    value = Value();
     if (taken.is(Type::Array) && !taken.array()->resizable) {
         taken = Value::adopt(ArrayCell::copy(heap(), *taken.array()));
         taken.array()->resizable = true;
@@ -35,8 +36,8 @@ void Machine::let(Value& target, const Value& value) {
 }
 
 void Machine::setValue(Value& target, Value&& value) {
+    if (!value.is(Type::Object)) throw ScriptError(errors::objectRequired);
     Value taken(std::move(value));
-    if (!taken.is(Type::Object)) throw ScriptError(errors::objectRequired);
     target = std::move(taken);
 }
 
