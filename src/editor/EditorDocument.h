@@ -23,7 +23,7 @@ class DocumentText {
     DocumentText& operator=(const DocumentText&) = delete;
     virtual ~DocumentText() = default;
 
-    // Lines are parted by CR LF.
+    // Lines are separated by CR LF.
     virtual std::string romanText() const = 0;
     // Another document: nothing of it can be undone.
     virtual void setRomanText(std::string_view text) = 0;
@@ -52,7 +52,7 @@ class EditorDocument : public QObject {
 
     // Full path of the file; empty while the document has never been saved.
     const QString& path() const { return path_; }
-    // The file's name, with a "*" behind it while there are unsaved changes.
+    // The file's name, followed by a "*" while there are unsaved changes.
     QString title() const;
     bool isDirty() const { return textChanged_ || captionChanged_; }
 
@@ -84,10 +84,10 @@ class EditorDocument : public QObject {
     // Before the window closes: whether it may.
     bool mayClose();
 
-    // A new document is being put in the place of the old one.
+    // The document is being replaced by another one.
     bool isLoading() const { return loading_; }
 
-    // The document as it would be lost, and the same taken up again: it is unsaved then.
+    // The document as it is now; and such a document opened again, as unsaved changes.
     UnsavedText unsaved() const;
     void takeUp(const UnsavedText& unsaved);
 

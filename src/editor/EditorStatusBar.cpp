@@ -9,9 +9,12 @@
 #include <QLayout>
 
 #include <cmath>
+#include <utility>
 
 namespace tolvan {
 namespace {
+
+constexpr std::string_view readsAsNothing = "he A]r @kqe vacta yet nahI"_deva;
 
 constexpr double wholeWidth = 211;  // of a program with as many lines as characters
 
@@ -56,7 +59,17 @@ void EditorStatusBar::showMessage(std::string_view text) {
 }
 
 void EditorStatusBar::showDescription(const QString& text) {
+    description_->setTextFormat(Qt::PlainText);
     description_->setText(text);
+}
+
+void EditorStatusBar::showLeftOut(const std::string& word) {
+    if (std::exchange(leftOut_, word) == word) return;
+    if (word.empty()) return showDescription({});
+    description_->setTextFormat(Qt::RichText);
+    description_->setText(QStringLiteral("<span style='font-family: \"%1\"'>%2</span> %3")
+                              .arg(look::controlFont(Font::Latin).families().join(QLatin1String("\",\"")),
+                                   QString::fromStdString(word), toQString(readsAsNothing).toHtmlEscaped()));
 }
 
 void EditorStatusBar::showProgress(double width) {

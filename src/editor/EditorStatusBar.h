@@ -5,6 +5,7 @@
 #include <QStatusBar>
 
 #include <cstddef>
+#include <string>
 #include <string_view>
 
 class QLabel;
@@ -25,6 +26,9 @@ class EditorStatusBar : public QStatusBar {
     void showLine(int line);
     void showMessage(std::string_view text);
     void showDescription(const QString& text);
+    // A Roman word that stands for nothing, in the panel of the description; empty: none, which takes the last one
+    // away.
+    void showLeftOut(const std::string& word);
 
     // Drawn at once, since a translation lets no events run.
     void showProgress(double width);
@@ -37,6 +41,7 @@ class EditorStatusBar : public QStatusBar {
     QLabel* message_;
     QLabel* description_;
     QLabel* progress_;
+    std::string leftOut_;
 };
 
 }  // namespace tolvan

@@ -48,7 +48,7 @@ class Searched {
         }
     }
 
-    // The first shown character that stands at a place of the text or behind it.
+    // The first shown character at a place of the text or after it.
     std::size_t shownPlace(std::size_t place) const {
         if (places_.empty()) return std::min(place, shown_.size());
         return static_cast<std::size_t>(std::lower_bound(places_.begin(), places_.end(), place) - places_.begin());

@@ -29,7 +29,7 @@ bool isBlank(const std::string& text) {
 
 }  // namespace
 
-// Signature, path and fingerprint, a line each, and behind them a program file.
+// Signature, path and fingerprint, a line each, then a program file.
 QByteArray writeRecovery(const UnsavedText& unsaved) {
     QByteArray content(signature);
     content.append('\n').append(unsaved.path.toUtf8().toPercentEncoding("/"));

@@ -1,8 +1,8 @@
-// Copies of unsaved text in a folder, from which the next start takes them up after a crash or a power cut.
+// Copies of unsaved text on disk, from which the next start restores it after a crash or a power cut.
 //
-// Each window has copies of its own, locked as long as it lives; a copy without lock is left over from one that ended.
-// A copy that the user may still want back - discarded text, or text in whose place nothing came - is set aside: it
-// stays until the next document has been saved.
+// Each window locks its own copies as long as it lives; a copy that nobody has locked is left over from a crash. When
+// the user empties the text, its copy is set aside: it is not overwritten any more and stays until the document is
+// saved or discarded.
 #pragma once
 
 #include "editor/EditorDocument.h"
@@ -21,8 +21,8 @@ class RecoveryFiles {
     // The folder is made when the first copy is kept.
     explicit RecoveryFiles(QString folder) : folder_(std::move(folder)) {}
 
-    // Writes the copy of the present document, in the place of its last one. Text of blanks alone is not worth a copy;
-    // the last one is set aside then. False if it could not be written.
+    // Writes the copy of the present document over its last one. Text of blanks alone gets no copy; the last one is set
+    // aside then. False if it could not be written.
     bool keep(const UnsavedText& unsaved);
 
     // The present copy is of text that goes.

@@ -99,6 +99,8 @@ void frmEditor::connectPanes() {
     auto* const input = new RomanInput(*txtRoman_, *txtProgram_);
     input->setParent(this);
     connect(input, &RomanInput::programChanged, this, &frmEditor::textChanged);
+    connect(input, &RomanInput::programChanged, statusBar_,
+            [this, input] { statusBar_->showLeftOut(input->leftOut()); });
     aids_ = std::make_unique<PaneAids>(*txtRoman_, *txtProgram_, *input);
     addPaneMenus(*txtRoman_, *txtProgram_, *bars_);
     aids_->zoom().setZoom(rememberedZoom(settings_));

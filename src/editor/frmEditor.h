@@ -82,7 +82,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     // The help command's file; empty: the command is not available.
     void setHelpFile(const QString& path);
 
-    // Unsaved text of a window that did not end well: asks whether to take it up again. For start-up, behind show().
+    // Asks whether to open the unsaved text of a window that crashed. For start-up, after show().
     void offerRecovery();
 
     // Does what a menu item or a toolbar button stands for. False if there is no command of that name.

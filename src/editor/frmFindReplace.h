@@ -33,7 +33,7 @@ class frmFindReplace : public FramedDialog {
     // finds.
     void bringUp();
 
-    // Finds the text that was typed last once more, behind the selection (before it, when the search goes backwards).
+    // Finds the text that was typed last once more, after the selection (before it, when the search goes backwards).
     void findNext();
 
   signals:

@@ -11,7 +11,7 @@ namespace tolvan {
 
 struct CommandLine {
     enum class Problem : std::uint8_t {
-        SecondFile,  // a file name behind the first one, which stays
+        SecondFile,  // a file name after the first one, which counts
         NoSuchFile,
     };
 
@@ -31,7 +31,7 @@ struct CommandLineFolders {
 // The arguments as one line. What the shell hands over as one argument stays one: with blanks in it, it is quoted.
 std::string joinArguments(const std::vector<std::string>& arguments);
 
-// Words are parted by blanks outside double quotes, and by the quotes. One that begins with "-" is an option, in any
+// Words are separated by blanks outside double quotes, and by the quotes. One that begins with "-" is an option, in any
 // case; any other is a file, which is looked up as it was typed, in the current folder and in the application's.
 CommandLine parseCommandLine(std::string_view arguments, const CommandLineFolders& folders);
 
@@ -42,7 +42,7 @@ std::string pathSpelling(std::string_view path);
 // What the user is told, in English as all of the command line.
 std::string_view problemText(CommandLine::Problem problem);
 
-// The command line explained, lines parted by CR LF.
+// The command line explained, lines separated by CR LF.
 std::string_view usageText();
 
 }  // namespace tolvan

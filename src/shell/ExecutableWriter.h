@@ -1,4 +1,4 @@
-// Writes stand-alone executables: the runtime, with the program behind it.
+// Writes stand-alone executables: the runtime, followed by the program.
 #pragma once
 
 #include <optional>

@@ -1,4 +1,4 @@
-// What a stand-alone executable holds behind the bytes of its runtime: a marker line, the program's caption line and
+// What a stand-alone executable holds after the bytes of its runtime: a marker line, the program's caption line and
 // its script module, scrambled.
 #pragma once
 

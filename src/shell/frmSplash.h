@@ -29,7 +29,7 @@ using Seconds = float;
 Seconds secondsSinceMidnight();
 
 // Lets window events run until the picture was closed, or until 2 seconds are over since `start`. Past midnight the
-// clock is behind `start`: then the picture stays until it is closed.
+// clock is less than `start`: then the picture stays until it is closed.
 void waitForSplash(const frmSplash& splash, Seconds start,
                    const std::function<Seconds()>& clock = secondsSinceMidnight);
 

@@ -141,7 +141,7 @@ void mdlMain::shutDown() {
     QApplication::quit();
 }
 
-// An editor that was never shown, behind a console that was closed, is nothing that a user could get at.
+// After a console is closed, an editor that was never shown cannot be reached by the user.
 void mdlMain::endIfNothingIsLeft() {
     const QWidgetList windows = QApplication::topLevelWidgets();
     const bool anyVisible =

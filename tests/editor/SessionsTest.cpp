@@ -99,6 +99,7 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
     }
     bool isKept(const std::string& text) const {
         const auto holds = [&](const QString& copy) {
+            EXPECT_EQ(QFile::permissions(settings.folder() + u'/' + copy) & (QFile::ReadGroup | QFile::ReadOther), 0);
             return contentOf(settings.folder() + u'/' + copy).contains(QByteArray::fromStdString(text));
         };
         const QStringList all = copies();

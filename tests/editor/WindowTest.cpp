@@ -75,6 +75,20 @@ TEST_F(WindowTest, WhatHasNoCodeIsRefusedByName) {
     EXPECT_THAT(user.told[0], testing::HasSubstr("U+0905"));
 }
 
+TEST_F(WindowTest, WhatReadsAsNothingIsNamed) {
+    auto& description = *editor->findChild<QLabel*>(QStringLiteral("panel3"));
+    const auto shown = [&] {
+        std::string texts;
+        for (const auto& [font, text] : DrawnTexts(description).texts)
+            texts += (font + u':' + text + u' ').toStdString();
+        return texts;
+    };
+    type("jXa #X# X");
+    EXPECT_THAT(shown(), testing::StartsWith("Liberation Serif:X Tolvan Devanagari:"));
+    type("a");
+    EXPECT_EQ(shown(), "");
+}
+
 TEST_F(WindowTest, TheKeyboardReachesMenusAndPanes) {
     press(Qt::Key_F10);
     QTest::keyClick(QApplication::activePopupWidget() ? QApplication::activePopupWidget() : editor->focusWidget(),

@@ -14,13 +14,13 @@
 namespace tolvan {
 namespace {
 
-// The document shows a line; this is the line.
+// Attached to each block of the document: the program line that it shows, with its fonts.
 struct LineOfBlock : QTextBlockUserData {
     explicit LineOfBlock(ProgramLine what) : line(std::move(what)) {}
     ProgramLine line;
 };
 
-// Nothing for the one block of a new document.
+// Null for the only block of a new document.
 const ProgramLine* lineOf(const QTextBlock& block) {
     const auto* data = static_cast<const LineOfBlock*>(block.userData());
     return data ? &data->line : nullptr;

@@ -29,7 +29,7 @@ class ProgramBox : public TextPane {
 
     explicit ProgramBox(QWidget* parent = nullptr);
 
-    // Lines are parted by CR LF.
+    // Lines are separated by CR LF.
     void setText(StyledView text);
     StyledText text() const;
 

@@ -22,7 +22,7 @@ bool ProgramLines::endsInSpan(const Line& line) {
     return line.state.startsInSpan != (marks % 2 == 1);
 }
 
-// The line with all its spans opened and closed on it is a text of its own.
+// A line whose spans are opened and closed on it can be transliterated alone.
 ProgramLine ProgramLines::program(const Line& line) {
     std::string alone;
     alone.reserve(line.roman.size() + 4);
@@ -34,7 +34,7 @@ ProgramLine ProgramLines::program(const Line& line) {
     return {Transliterate(alone), endsInSpan(line) ? Font::Latin : Font::Devanagari};
 }
 
-// The line of the "#" that has no partner; count() if each has one.
+// The line of the "#" that is never closed; count() if each one is.
 std::size_t ProgramLines::lineWithoutPartner() const {
     std::size_t marks = 0;
     std::size_t last = count();
@@ -80,9 +80,9 @@ std::vector<ProgramLinesUpdate> ProgramLines::replace(std::size_t first, std::si
                       std::make_move_iterator(lines.end()));
 
     std::vector<ProgramLinesUpdate> updates{{first, removed, {}}};
-    const std::size_t behind = first + lines.size();
+    const std::size_t end = first + lines.size();
     for (const std::size_t i : updateStates()) {
-        const bool replaced = i >= first && i < behind;
+        const bool replaced = i >= first && i < end;
         ProgramLinesUpdate* update = replaced ? &updates.front() : &updates.back();
         if (!replaced && (updates.size() == 1 || i != update->first + update->lines.size()))
             update = &updates.emplace_back(ProgramLinesUpdate{i, 0, {}});
@@ -92,7 +92,7 @@ std::vector<ProgramLinesUpdate> ProgramLines::replace(std::size_t first, std::si
     return updates;
 }
 
-// The text up to a place is a line of its own; its program text ends at that place.
+// The program text of the part before the place, translated alone, is as long as the column.
 std::size_t ProgramLines::programColumn(std::size_t line, std::size_t romanColumn) const {
     const Line& whole = lines_[line];
     Line before{whole.roman.substr(0, romanColumn), 0, whole.state, true};
@@ -105,10 +105,10 @@ std::size_t ProgramLines::programColumn(std::size_t line, std::size_t romanColum
 std::size_t ProgramLines::romanColumn(std::size_t line, std::size_t programColumn) const {
     const std::string& roman = lines_[line].roman;
     std::size_t column = 0;
-    std::size_t behind = roman.size() + 1;
-    while (behind - column > 1) {
-        const std::size_t middle = column + (behind - column) / 2;
-        (this->programColumn(line, middle) <= programColumn ? column : behind) = middle;
+    std::size_t end = roman.size() + 1;
+    while (end - column > 1) {
+        const std::size_t middle = column + (end - column) / 2;
+        (this->programColumn(line, middle) <= programColumn ? column : end) = middle;
     }
     const bool isBehindOpeningMark = column > 0 && roman[column - 1] == mark && isInSpan(line, column);
     return isBehindOpeningMark ? column - 1 : column;

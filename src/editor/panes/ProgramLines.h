@@ -1,8 +1,8 @@
-// The program text of a Roman text, line by line: after a change only the lines are made again that read differently
-// now. Joined, they are always the ProgramText of the whole.
+// Translates the Roman text to the program text line by line. After a change only those lines are made again whose
+// result can differ; the lines together always equal the ProgramText of the whole Roman text.
 //
-// A "#" span may reach over lines, and a "#" without its partner is dropped, so that a single "#" can change every line
-// behind it.
+// A "#" span can reach over several lines, and a "#" that is never closed is dropped. So a single "#" can change every
+// line after it.
 #pragma once
 
 #include "platform/richtext/StyledText.h"
@@ -15,10 +15,10 @@ namespace tolvan {
 
 struct ProgramLine {
     StyledText text;                  // without its line end
-    Font lineEnd = Font::Devanagari;  // of the CR LF behind it, if it is not the last line
+    Font lineEnd = Font::Devanagari;  // of the CR LF after it, if it is not the last line
 };
 
-// These lines, one or more, stand in the place of `removed` lines, one or more, from line `first` (from 0).
+// Replace `removed` lines (at least one), from line `first` on (counted from 0), by these (at least one).
 struct ProgramLinesUpdate {
     std::size_t first = 0;
     std::size_t removed = 0;
@@ -33,26 +33,26 @@ class ProgramLines {
     std::size_t count() const { return lines_.size(); }
     const std::string& roman(std::size_t line) const { return lines_[line].roman; }
 
-    // Puts Roman lines, which hold no CR LF, in the place of others; one at least of either. The updates bring the
-    // program text up to date if they are made in their order.
+    // Replaces `removed` lines from line `first` on by other Roman lines, which hold no CR LF; at least one of each.
+    // The updates, made in their order, bring the program text up to date.
     std::vector<ProgramLinesUpdate> replace(std::size_t first, std::size_t removed, std::vector<std::string> roman);
 
     // Whether a user who types in column `column` (from 0) of a line types into a "#" span. A span that nothing closes
     // yet reaches to the end of its line here.
     bool isInSpan(std::size_t line, std::size_t column) const;
 
-    // Where a place of a line's Roman text is in its program text, and the other way round; columns from 0. Letters
-    // that become one glyph together have no place between them: the answer is near then. A place at the start of a "#"
-    // span is outside it. The longer the line, the longer this takes.
+    // The column of the program text that corresponds to a column of the line's Roman text, and the reverse; from 0.
+    // For a place between letters that become one glyph the nearest column is given. The start of a "#" span is outside
+    // it. The time grows with the length of the line.
     std::size_t programColumn(std::size_t line, std::size_t romanColumn) const;
     std::size_t romanColumn(std::size_t line, std::size_t programColumn) const;
 
   private:
-    // All on which the program line depends, beside its Roman text.
+    // What the program line depends on, besides its Roman text.
     struct State {
         bool startsInSpan = false;
-        bool dropsLastMark = false;  // it has no partner
-        bool isLast = false;         // of a text that is not empty: two blanks stand behind it
+        bool dropsLastMark = false;  // its last "#" is never closed
+        bool isLast = false;         // of a text that is not empty: two blanks are appended to it
         friend bool operator==(const State&, const State&) = default;
     };
     struct Line {

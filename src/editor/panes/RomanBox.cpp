@@ -21,10 +21,11 @@ namespace tolvan {
 namespace {
 
 constexpr qsizetype tabWidth = 6;
+const QString ownFormat = QStringLiteral("application/x-tolvan-roman");  // the bytes, which come back as they were
 constexpr std::array editKeys = {QKeySequence::Undo, QKeySequence::Redo,  QKeySequence::Cut,
                                  QKeySequence::Copy, QKeySequence::Paste, QKeySequence::SelectAll};
 
-// The lines of an 8-bit text, parted as a text document takes them.
+// An 8-bit text with the line ends of a text document.
 QString documentText(std::string_view bytes) {
     QString shown;
     shown.reserve(static_cast<qsizetype>(bytes.size()));
@@ -37,7 +38,7 @@ QString documentText(std::string_view bytes) {
     }
 }
 
-// With a line feed at the end of each line, in the place of what other applications write.
+// Line ends of any kind become line feeds.
 QString withLineFeeds(QString text) {
     text.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
     for (const QChar other : {QChar(u'\r'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
@@ -51,6 +52,16 @@ QString plainText(const QMimeData& source) {
     for (const QString& format : {QStringLiteral("text/rtf"), QStringLiteral("application/rtf")})
         if (source.hasFormat(format)) return toQString(readRtf(source.data(format).toStdString()).text.text());
     return {};
+}
+
+// What other applications write in place of the marks of the keyboard.
+constexpr QStringView otherQuotes = u"\u201C\u201D\u201E";
+constexpr QStringView otherApostrophes = u"\u2018\u2019";
+constexpr QStringView otherDashes = u"\u2013\u2014\u2212";
+
+bool isOtherMark(QChar character) {
+    return otherQuotes.contains(character) || otherApostrophes.contains(character) || otherDashes.contains(character) ||
+           character == QChar::Nbsp;
 }
 
 struct Difference {
@@ -73,19 +84,19 @@ int indentOf(const QTextBlock& line) {
     return static_cast<int>(std::find_if(text.begin(), text.end(), [](QChar c) { return c != u' '; }) - text.begin());
 }
 
-// Text that is typed one letter after the other is one step of undo; this is never part of it.
+// Letters typed one after the other are undone together; what is inserted here is undone by itself.
 void insertAsOneStep(QTextCursor& cursor, const QString& shown) {
     cursor.beginEditBlock();
     cursor.insertText(shown);
     cursor.endEditBlock();
 }
 
-// Not a key that only does something.
+// Whether a key produces text, unlike a cursor or function key.
 bool isTyped(const QString& keyText) {
     return !keyText.isEmpty() && (keyText[0].isPrint() || keyText[0].isSurrogate());
 }
 
-// Blanks in the place of tabs, in a text that begins in column `column` (from 0).
+// Replaces tabs by blanks, in a text that begins in column `column` (from 0).
 QString withoutTabs(const QString& shown, qsizetype column) {
     QString text;
     text.reserve(shown.size());
@@ -184,6 +195,25 @@ void RomanBox::setLocked(bool locked) {
     if (locked) setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
+// A quote gets its "#" span where the text does not go into one, as a quote that is typed does.
+QString RomanBox::withKeyboardMarks(const QString& text) const {
+    if (std::none_of(text.begin(), text.end(), isOtherMark)) return text;
+    bool inSpan = toPlainText().left(textCursor().selectionStart()).count(u'#') % 2 == 1;
+    QString result;
+    for (const QChar character : text) {
+        if (character == u'#') inSpan = !inSpan;
+        if (otherQuotes.contains(character))
+            result += inSpan ? QLatin1String("\"") : QLatin1String("#\"#");
+        else if (otherApostrophes.contains(character))
+            result += u'\'';
+        else if (otherDashes.contains(character))
+            result += u'-';
+        else
+            result += character == QChar::Nbsp ? QChar(u' ') : character;
+    }
+    return result;
+}
+
 bool RomanBox::refuses(QStringView text) {
     const std::optional<char32_t> character = firstWithoutCode(text);
     if (character) emit characterRefused(*character);
@@ -214,7 +244,11 @@ void RomanBox::keyPressEvent(QKeyEvent* event) {
         return selectsLines() ? indentLines() : replaceSelection("\t");
     if (event->key() == Qt::Key_Backtab && selectsLines()) return unindentLines();
     if (event->matches(QKeySequence::InsertLineSeparator)) return replaceSelection(lineEnd);
-    if (!isTyped(event->text()) || !refuses(event->text())) TextPane::keyPressEvent(event);
+    if (!isTyped(event->text())) return TextPane::keyPressEvent(event);
+    if (const QString typed = withKeyboardMarks(event->text()); typed != event->text())
+        insertShown(typed);
+    else if (!refuses(event->text()))
+        TextPane::keyPressEvent(event);
 }
 
 // A whole line, or a selection that reaches over a line end.
@@ -267,13 +301,15 @@ void RomanBox::applyFonts(const PaneFonts& fonts) {
 }
 
 void RomanBox::inputMethodEvent(QInputMethodEvent* event) {
-    if (refuses(event->commitString())) event->setCommitString({});
+    const QString text = withKeyboardMarks(event->commitString());
+    event->setCommitString(refuses(text) ? QString() : text);
     TextPane::inputMethodEvent(event);
 }
 
 QMimeData* RomanBox::createMimeDataFromSelection() const {
     auto* selection = new QMimeData;  // goes to who asked
     selection->setText(toQString(selectedText()));
+    selection->setData(ownFormat, QByteArray::fromStdString(selectedText()));
     return selection;
 }
 
@@ -282,7 +318,9 @@ bool RomanBox::canInsertFromMimeData(const QMimeData* source) const {
 }
 
 void RomanBox::insertFromMimeData(const QMimeData* source) {
-    const QString text = withLineFeeds(plainText(*source));
+    const bool own = source->hasFormat(ownFormat);
+    const QString text =
+        withLineFeeds(own ? toQString(source->data(ownFormat).toStdString()) : withKeyboardMarks(plainText(*source)));
     if (isLocked() || text.isEmpty() || refuses(text)) return;
     QStringList lines = text.split(u'\n');
     for (QString& line : lines) line = toShown(toFontEncoded(line));

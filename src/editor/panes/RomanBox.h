@@ -1,5 +1,5 @@
-// The Roman program text as the user types it: 8-bit characters, lines parted by CR LF. Any bytes can be set and come
-// back as they were.
+// The Roman program text as the user types it: 8-bit characters, lines separated by CR LF. Any bytes can be set and
+// come back as they were.
 //
 // The box leaves the keys of the edit commands to shortcuts of its window, and acts on them where there are none; but
 // the key to copy does nothing without a selection. Tab indents the selected lines, Shift+Tab takes that back. Dropped
@@ -23,16 +23,16 @@ class RomanBox : public TextPane {
     std::string text() const;
     std::string line(std::size_t number) const;  // from 0, without its end
 
-    // Another text altogether, as of a new document: there is nothing to undo behind it, the caret is at its start.
+    // Sets the text of another document: the undo history is emptied, the caret is at the start.
     void setText(std::string_view bytes);
 
-    // Changes the text as a command of the user does: one step of undo, and only where the two differ. Nothing happens
-    // if they do not. The caret stays on its line, between the same letters if only the line's indentation has changed.
+    // Changes the text as a command of the user does, as one step of undo; nothing happens if the new text is the same.
+    // The caret stays on its line, between the same letters if only the line's indentation has changed.
     void replaceText(std::string_view bytes);
 
     std::string selectedText() const;
 
-    // Puts text in the place of the selection. Tabs in it are blanks up to the next multiple of six.
+    // Replaces the selection. Tabs in the new text become blanks up to the next multiple of six.
     void replaceSelection(std::string_view bytes);
 
     // The commands of the same names; `cut` and `copy` put the selected text on the clipboard, an empty one too.
@@ -61,6 +61,7 @@ class RomanBox : public TextPane {
     void insertFromMimeData(const QMimeData* source) override;
 
   private:
+    QString withKeyboardMarks(const QString& text) const;
     bool refuses(QStringView text);
     bool selectsLines() const;
     template <class Change>

@@ -5,6 +5,8 @@
 
 #include <QObject>
 
+#include <string>
+
 namespace tolvan {
 
 class ProgramBox;
@@ -18,6 +20,9 @@ class RomanInput : public QObject {
 
     // Whether what is typed at the caret goes into a "#" span.
     bool caretIsInSpan() const;
+
+    // A word on the line of the caret that stands for nothing in the program; empty if there is none.
+    std::string leftOut() const;
 
     const ProgramLines& lines() const { return lines_; }
 

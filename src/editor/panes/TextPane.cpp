@@ -47,10 +47,10 @@ std::size_t TextPane::bytePosition(int documentPosition) const {
 
 int TextPane::documentPosition(std::size_t bytePosition) const {
     int first = 0;
-    int behind = blockCount();
-    while (behind - first > 1) {
-        const int middle = first + (behind - first) / 2;
-        (startOf(document()->findBlockByNumber(middle)) <= bytePosition ? first : behind) = middle;
+    int end = blockCount();
+    while (end - first > 1) {
+        const int middle = first + (end - first) / 2;
+        (startOf(document()->findBlockByNumber(middle)) <= bytePosition ? first : end) = middle;
     }
     const QTextBlock line = document()->findBlockByNumber(first);
     const std::size_t column = std::min(bytePosition - startOf(line), static_cast<std::size_t>(line.length() - 1));

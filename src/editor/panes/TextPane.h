@@ -1,5 +1,5 @@
 // What the two text panes have in common: one line of the pane for each line of the text, of the same height in both,
-// and places counted in 8-bit characters of the text, whose lines are parted by CR LF.
+// and places counted in 8-bit characters of the text, whose lines are separated by CR LF.
 //
 // A pane has no menu of its own; it asks for one with customContextMenuRequested.
 #pragma once

@@ -38,7 +38,7 @@ StyledText styled(std::string_view internalText) {
     return text;
 }
 
-// Each line of the example as it is typed and, behind it, as it is shown.
+// Each line of the example as it is typed, followed by how it is shown.
 std::string exampleBody(const std::vector<std::string>& example) {
     std::string body;
     for (const std::string& line : example) {
