@@ -75,6 +75,16 @@ TEST_F(WindowTest, WhatHasNoCodeIsRefusedByName) {
     EXPECT_THAT(user.told[0], testing::HasSubstr("U+0905"));
 }
 
+TEST_F(WindowTest, AnEmptyDocumentSaysWhatToDo) {
+    QWidget& viewport = *editor->txtRoman().viewport();
+    const auto texts = [&] { return DrawnTexts(viewport).texts.size(); };
+    EXPECT_GT(texts(), 6U);
+    type("k");
+    EXPECT_EQ(texts(), 1U);
+    press(Qt::Key_Backspace);
+    EXPECT_GT(texts(), 6U);
+}
+
 TEST_F(WindowTest, WhatReadsAsNothingIsNamed) {
     auto& description = *editor->findChild<QLabel*>(QStringLiteral("panel3"));
     const auto shown = [&] {

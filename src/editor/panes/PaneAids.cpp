@@ -1,5 +1,6 @@
 #include "editor/panes/PaneAids.h"
 
+#include "editor/panes/EmptyHint.h"
 #include "editor/panes/LineNumbers.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
@@ -16,6 +17,7 @@ PaneAids::PaneAids(RomanBox& roman, ProgramBox& program, const RomanInput& input
       completion_(roman, input) {
     new LineNumbers(roman);  // the panes own them
     new LineNumbers(program);
+    new EmptyHint(roman);
     program.setColouring(wordColours);
 }
 
