@@ -57,15 +57,6 @@ TEST_F(DocumentTest, EveryByteComesBack) {
     }
 }
 
-TEST_F(DocumentTest, ALargeFileOpensAndSaves) {
-    QByteArray text;
-    while (text.size() < 1024 * 1024) text += "dAkhav \"he\", (saMkhyA + 1)\r\n";
-    writeFile("large.tvp", "c\r\n" + text);
-    ASSERT_TRUE(editor->OpenFile(path("large.tvp")));
-    press(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(contentOf(path("large.tvp")), "c\r\n" + text + "\r\n");
-}
-
 // What the three commands that throw text away do for each answer.
 TEST_F(DocumentTest, UnsavedTextIsAskedFor) {
     writeFile("other.tvp", "other\r\ntext");

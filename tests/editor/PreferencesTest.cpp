@@ -1,35 +1,8 @@
 #include "EditorFixture.h"
 #include "shell/SettingsReader.h"
-#include "shell/frmPreferences.h"
-
-#include <QCheckBox>
 
 namespace tolvan {
 namespace {
-
-TEST_F(EditorTest, RunPreferencesAreOnUntilTheyAreSwitchedOff) {
-    readPreferences(settings, state);
-    EXPECT_TRUE(state.SaveBeforeExecute && state.FormatBeforeExecute);
-    frmPreferences preferences(*editor);
-    preferences.show();
-    auto& save = *preferences.findChild<QCheckBox*>(QStringLiteral("chkSaveBeforeExecute"));
-    const auto click = [&](const char* name) {
-        QTest::mouseClick(preferences.findChild<QWidget*>(QLatin1String(name)), Qt::LeftButton);
-    };
-    EXPECT_TRUE(save.isChecked());
-    QTest::mouseClick(&save, Qt::LeftButton, {}, QPoint(6, 10));
-    EXPECT_TRUE(state.SaveBeforeExecute);
-    click("cmdApply");
-    EXPECT_TRUE(preferences.isVisible());
-    EXPECT_FALSE(state.SaveBeforeExecute);
-    EXPECT_TRUE(state.FormatBeforeExecute);
-    EXPECT_EQ(setting("Settings", "SaveBeforeExecute"), QStringLiteral("0"));
-    EXPECT_EQ(setting("Settings", "FormatBeforeExecute"), QStringLiteral("1"));
-    QTest::mouseClick(&save, Qt::LeftButton, {}, QPoint(6, 10));
-    click("cmdOK");
-    EXPECT_FALSE(preferences.isVisible());
-    EXPECT_TRUE(state.SaveBeforeExecute);
-}
 
 TEST(Settings, TextsThatAreYesAndNo) {
     const struct {

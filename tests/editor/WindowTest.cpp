@@ -17,7 +17,6 @@
 #include <QToolButton>
 
 #include <algorithm>
-#include <set>
 
 namespace tolvan {
 namespace {
@@ -31,24 +30,6 @@ class WindowTest : public EditorTest {
     void setClipboard(const char* text) const { QApplication::clipboard()->setText(QLatin1String(text)); }
     static QString clipboard() { return QApplication::clipboard()->text(); }
 };
-
-TEST_F(WindowTest, TheMenusAreThoseOfTheTable) {
-    const auto menus = editorMenus();
-    ASSERT_EQ(editor->commandBars().menuBar()->actions().size(), static_cast<qsizetype>(menus.size()));
-    std::set<std::string> separators;
-    for (std::size_t i = 0; i < menus.size(); ++i) {
-        const QList<QAction*> actions = menu(static_cast<int>(i))->actions();
-        ASSERT_EQ(actions.size(), static_cast<qsizetype>(menus[i].items.size()));
-        for (const QAction* action : actions)
-            if (action->isSeparator()) separators.insert(action->objectName().toStdString());
-    }
-    EXPECT_EQ(separators.size(), 10U);
-    EXPECT_EQ(*separators.begin(), "mnuSeperator1");
-    EXPECT_EQ(menu(0)->actions().at(1)->text(), QStringLiteral("%\"f"));
-    EXPECT_EQ(menu(0)->actions().at(3)->text(), QString(QChar(0x17D)) + QStringLiteral(" ") + QChar(0x17D) +
-                                                    QStringLiteral(" ") + QChar(0x17D) + QStringLiteral(" Mh[un saQv"));
-    EXPECT_EQ(menu(4)->actions().at(2)->text(), toQString("tolvn beisk bÎl"_deva));
-}
 
 TEST_F(WindowTest, EveryKeyOfTheTablesIsACommand) {
     std::vector<std::string> keys;

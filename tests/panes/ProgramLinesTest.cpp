@@ -2,7 +2,6 @@
 #include "translator/ProgramText.h"
 
 #include <gmock/gmock.h>
-#include <random>
 
 namespace tolvan {
 namespace {
@@ -37,34 +36,6 @@ std::string romanOf(const ProgramLines& lines) {
     std::string roman = lines.roman(0);
     for (std::size_t i = 1; i < lines.count(); ++i) roman += "\r\n" + lines.roman(i);
     return roman;
-}
-
-TEST(ProgramLines, followEveryEdit) {
-#if defined(__SANITIZE_ADDRESS__)
-    constexpr int edits = 10'000;
-#else
-    constexpr int edits = 20'000;
-#endif
-    // Many marks, so that spans open, close, fall away and reach over lines all the time.
-    const std::vector<std::string> pieces = {"",  "#",  "##", "ka",   "ma ",    "#\"#", "(", "dAkhav #\"#namaskAr#\"#",
-                                             " ", "\r", "\n", "\xE9", "a#b#c#d"};
-    const std::string longWord(230, 'k');
-    std::mt19937 random(5);
-    const auto below = [&](std::size_t limit) {
-        return std::uniform_int_distribution<std::size_t>(0, limit - 1)(random);
-    };
-    ProgramLines lines;
-    Follower follower;
-    for (int edit = 0; edit < edits; ++edit) {
-        const std::size_t first = below(lines.count());
-        const std::size_t removed = std::min(lines.count() - first, 1 + below(lines.count() > 6 ? 6 : 3));
-        std::vector<std::string> roman;
-        for (std::size_t count = 1 + below(4); count > 0; --count)
-            roman.push_back(pieces[below(pieces.size())] + (below(100) == 0 ? longWord : pieces[below(pieces.size())]));
-        follower.follow(lines.replace(first, removed, roman));
-        const std::string whole = romanOf(lines);
-        ASSERT_EQ(follower.text(), ProgramText(whole)) << "edit " << edit << ": " << whole;
-    }
 }
 
 TEST(ProgramLines, makesOnlyWhatReadsDifferently) {

@@ -18,20 +18,6 @@ std::string everyByte() {
     return bytes;
 }
 
-TEST_F(RomanBoxTest, keepsEveryByte) {
-    const std::string bytes = everyByte() + "\r\n\n\r\r\n" + everyByte();
-    roman.setText(bytes);
-    EXPECT_EQ(roman.text(), bytes);
-    EXPECT_EQ(roman.lineCount(), 3);
-    EXPECT_EQ(roman.textSize(), bytes.size());
-
-    roman.selectAll();
-    EXPECT_EQ(roman.selectedText(), bytes);
-    roman.replaceSelection("");
-    roman.undo();
-    EXPECT_EQ(roman.text(), bytes);
-}
-
 TEST_F(RomanBoxTest, countsPlacesInBytes) {
     roman.setText("ab\r\n\r\ncde");
     struct Case {
