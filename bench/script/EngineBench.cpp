@@ -9,12 +9,12 @@ namespace {
 
 namespace script = tolvan::script;
 
-class Gate : public script::HostObject {
+class Host : public script::HostObject {
   public:
     std::string_view typeName() const override { return "ParentForm"; }
     int findMember(std::string_view) const override { return 0; }
     script::Value call(int, script::Arguments&) override { return script::Value::boolean(true); }
-    int* gateBudget(int) override { return &budget_; }
+    int* pollBudget(int) override { return &budget_; }
 
   private:
     int budget_ = 0;
@@ -33,11 +33,11 @@ std::string moduleOf(std::int64_t lines) {
 
 void loadModule(benchmark::State& state) {
     const std::string module = moduleOf(state.range(0));
-    Gate gate;
+    Host host;
     script::Executor executor;
     for (auto round : state) {
         (void)round;
-        executor.addObject("ParentForm", gate);
+        executor.addObject("ParentForm", host);
         if (!executor.addCode(module)) state.SkipWithError("the module does not load");
         executor.reset();
     }
@@ -74,12 +74,12 @@ BENCHMARK_CAPTURE(buildText, callers, "callers")
 // A run as the console makes it: reset, load, run.
 void shortRun(benchmark::State& state) {
     const std::string module = moduleOf(1'000);
-    Gate gate;
+    Host host;
     script::Executor executor;
     for (auto round : state) {
         (void)round;
         executor.reset();
-        executor.addObject("ParentForm", gate);
+        executor.addObject("ParentForm", host);
         if (!executor.addCode(module) || !executor.run("Main")) state.SkipWithError("the script fails");
     }
 }

@@ -1,5 +1,5 @@
 // Runs one script module without a console around it: AddCode, then Main. PrintString writes a line to standard output;
-// the poll is a gate that lets 100,000 polls pass before it is asked. For measuring the engine alone.
+// 100,000 polls pass before it is called. For measuring the engine alone.
 
 #include "platform/script/Executor.h"
 
@@ -33,7 +33,7 @@ class Console : public script::HostObject {
         return {};
     }
 
-    int* gateBudget(int member) override { return member == CheckForEvents ? &budget_ : nullptr; }
+    int* pollBudget(int member) override { return member == CheckForEvents ? &budget_ : nullptr; }
 
   private:
     enum Member { PrintString, CheckForEvents };

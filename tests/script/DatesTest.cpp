@@ -1,6 +1,8 @@
 // Dates: read, written, taken apart and reckoned with; the calendar against the standard library's.
 #include "platform/script/Conversions.h"
-#include "platform/script/library/Calendar.h"
+#include "platform/script/text/Calendar.h"
+#include "platform/script/text/DateReading.h"
+#include "platform/script/text/DateText.h"
 #include "script/Expression.h"
 
 #include <chrono>

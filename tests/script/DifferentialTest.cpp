@@ -3,7 +3,9 @@
 #include "platform/script/Builtin.h"
 #include "platform/script/Conversions.h"
 #include "platform/script/Operators.h"
-#include "platform/script/library/Calendar.h"
+#include "platform/script/text/Calendar.h"
+#include "platform/script/text/NumberReading.h"
+#include "platform/script/text/NumberWriting.h"
 
 #include <algorithm>
 #include <bit>

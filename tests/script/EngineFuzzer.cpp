@@ -35,11 +35,11 @@ class Console : public script::HostObject {
         }
         return script::Value::number(arguments.isMissing(1) ? 0 : arguments.number(1));
     }
-    int* gateBudget(int member) override { return member == 0 ? &budget_ : nullptr; }
+    int* pollBudget(int member) override { return member == 0 ? &budget_ : nullptr; }
 
   private:
     static constexpr int memberCount = 5;
-    static constexpr std::string_view memberNames[memberCount] = {"gate", "show", "ask", "halt", "width"};
+    static constexpr std::string_view memberNames[memberCount] = {"goOn", "show", "ask", "halt", "width"};
     int budget_ = 0;
     bool isRunning_ = true;
 };
@@ -93,7 +93,7 @@ class Writer {
         if (inClass_ && choose(4) == 0) return one({"hidden", "m", "p", "arr", "value"});
         return one({"a", "b", "c", "d", "arr", "obj", "f", "g", "h", "i", "x", "width", "ask", "less", "K"});
     }
-    std::string member() { return one({"p", "m", "arr", "value", "gate", "show", "Number", "nothing"}); }
+    std::string member() { return one({"p", "m", "arr", "value", "goOn", "show", "Number", "nothing"}); }
     std::string operation() {
         return one({" + ", " - ", " * ",  " / ",  " \\ ",  " Mod ", " ^ ",   " & ",   " = ",   " <> ",
                     " < ", " > ", " <= ", " >= ", " And ", " Or ",  " Xor ", " Eqv ", " Imp ", " Is "});
@@ -179,7 +179,7 @@ class Writer {
             case 5:
                 return put(one({"On Error Resume Next", "On Error GoTo 0", "Err.Raise 5", "Err.Clear"}));
             case 6:
-                return put("if not host.gate then err.raise 1001");
+                return put("if not host.goOn then err.raise 1001");
             case 7:
                 put("If " + expression(depth) + " Then");
                 body(depth);

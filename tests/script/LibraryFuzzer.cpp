@@ -1,10 +1,12 @@
 // Calls built-in functions, operators and conversions with arguments of any type made of the fuzzer's bytes. A call may
-// raise an error, and must leave no memory behind.
+// raise an error, and must leave no memory after.
 #include "platform/script/ArrayCell.h"
 #include "platform/script/Builtin.h"
 #include "platform/script/Conversions.h"
 #include "platform/script/Operators.h"
-#include "platform/script/library/NumberWriting.h"
+#include "platform/script/text/DateReading.h"
+#include "platform/script/text/NumberReading.h"
+#include "platform/script/text/NumberWriting.h"
 
 #include <cmath>
 #include <cstdlib>

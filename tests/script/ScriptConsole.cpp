@@ -60,7 +60,7 @@ void ScriptConsole::put(int member, Arguments& arguments, const Value& value) {
     colour = value.view();
 }
 
-int* ScriptConsole::gateBudget(int member) {
+int* ScriptConsole::pollBudget(int member) {
     return member == CheckForEvents ? &budget_ : nullptr;
 }
 

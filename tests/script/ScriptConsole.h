@@ -13,7 +13,7 @@ class ScriptConsole : public HostObject {
   public:
     std::vector<std::string> lines;
     std::string input = "typed";
-    // The gate: how many polls pass unasked, and how often it was asked.
+    // The poll: how many pass without a call, and how often it was called.
     int budgetPerAnswer = 1000;
     int asked = 0;
     bool isRunning = true;
@@ -25,7 +25,7 @@ class ScriptConsole : public HostObject {
     int findMember(std::string_view name) const override;
     Value call(int member, Arguments& arguments) override;
     void put(int member, Arguments& arguments, const Value& value) override;
-    int* gateBudget(int member) override;
+    int* pollBudget(int member) override;
 
   private:
     int budget_ = 0;

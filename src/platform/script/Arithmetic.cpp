@@ -1,12 +1,12 @@
 // The arithmetic operators. The type of a result follows from the types of the operands (Variant arithmetic as
 // documented): the more precise of the two in the order Byte, Integer, Long, Single, Double, with Boolean and Empty as
-// Integer (Empty beside a Byte as Byte) and a text as Double. Single with Long gives Double. Currency comes behind
+// Integer (Empty beside a Byte as Byte) and a text as Double. Single with Long gives Double. Currency comes after
 // Double in sums and before it in products. A date in a sum gives a date, the difference of two dates is a Double. A
 // Byte, Integer, Long or Single that gets too large becomes the next larger type; Double, Currency and Date raise 6.
 #include "platform/script/Conversions.h"
 #include "platform/script/Operands.h"
 #include "platform/script/Operators.h"
-#include "platform/script/library/Calendar.h"
+#include "platform/script/text/Calendar.h"
 
 #include <cmath>
 #include <limits>

@@ -29,7 +29,7 @@ std::size_t cellSize(std::size_t rank) {
 
 }  // namespace
 
-// The extents lie behind the cell in its block; the elements have a block of their own.
+// The extents lie after the cell in its block; the elements have a block of their own.
 ArrayCell* ArrayCell::create(Heap& heap, std::span<const std::uint32_t> extents, bool resizable) {
     const std::size_t size = product(extents);
     void* block = heap.allocate(cellSize(extents.size()));

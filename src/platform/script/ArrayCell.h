@@ -1,5 +1,5 @@
-// An array of values of any rank. Lower bounds are 0. An array is a value: who changes one that is shared copies it
-// first (`unshare`).
+// An array of values, with any number of dimensions. Lower bounds are 0. Values share arrays until one of them changes:
+// an array that is shared is copied before it is changed (`unshare`).
 #pragma once
 
 #include "platform/script/Value.h"
@@ -11,7 +11,7 @@
 namespace tolvan::script {
 
 struct ArrayCell : Cell {
-    // Living Pins on it (For Each, elements passed by reference): no resizing while there are any.
+    // How many Pins there are on it (For Each, elements passed by reference): while there are any it cannot be resized.
     std::uint32_t pins = 0;
     // Elements if the rank is 1, else 0: one comparison tells whether an index fits.
     std::uint32_t count1 = 0;

@@ -1,9 +1,9 @@
 // How a built-in function is made known to the compiler: one row in the table.
 //
-// Who owns what in this folder: library/ holds the functions, constants, dates and formats; Conversions.* the
-// conversions between types; Operators.h the full meaning of every operator. Everything else is the language itself:
-// lexer, parser, compiler, machine, objects. The machine works out Integer, Long and Double by itself where both
-// operands are such, and calls Operators.h for the rest; both must agree.
+// Who owns what in this folder: library/ holds the functions, constants and formats; text/ numbers and dates as text;
+// Conversions.* the conversions between types; Operators.h the full meaning of every operator. Everything else is the
+// language itself: lexer, parser, compiler, machine, objects. The machine works out Integer, Long and Double by itself
+// where both operands are such, and calls Operators.h for the rest; both must agree.
 #pragma once
 
 #include "platform/script/Context.h"

@@ -2,8 +2,11 @@
 
 #include "platform/encoding/Ascii.h"
 #include "platform/script/ScriptError.h"
-#include "platform/script/library/Calendar.h"
-#include "platform/script/library/NumberWriting.h"
+#include "platform/script/text/Calendar.h"
+#include "platform/script/text/DateReading.h"
+#include "platform/script/text/DateText.h"
+#include "platform/script/text/NumberReading.h"
+#include "platform/script/text/NumberWriting.h"
 
 #include <cmath>
 #include <limits>

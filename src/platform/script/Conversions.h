@@ -29,18 +29,6 @@ std::string_view toTextView(Context& context, const Value& value, Value& keep);
 // What TypeName gives; valid as long as the value is unchanged. Not for References.
 std::string_view typeNameOf(const Value& value);
 
-// A number, Boolean or date as plain VBScript writes it, without the engine's text form.
-std::string plainNumber(double number);
-std::string plainNumber(float number);
-std::string plainDate(double days);
-
-// A text as a number (15E3, &HFF, " 12 "): Double, as CDbl reads it; nothing if it is none, infinity if it is too
-// large. See library/numberReading.cpp for what is read.
-std::optional<double> parseNumber(std::string_view text);
-// The days of a text as a date or time ("2/28/2004 3:04 PM", "1-Mar-99"); nothing if it is none. See
-// library/dateReading.cpp.
-std::optional<double> parseDate(std::string_view text);
-
 // A text that has a number in the engine's text form.
 std::optional<double> textAsNumber(Context& context, std::string_view text);
 std::optional<double> textAsDate(Context& context, std::string_view text);

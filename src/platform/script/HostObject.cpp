@@ -8,7 +8,7 @@ void HostObject::put(int, Arguments&, const Value&) {
     throw ScriptError(errors::noSuchMember);
 }
 
-int* HostObject::gateBudget(int) {
+int* HostObject::pollBudget(int) {
     return nullptr;
 }
 

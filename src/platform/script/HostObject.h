@@ -65,18 +65,18 @@ class HostObject {
     // error in the script: 450 for a wrong number of arguments.
     virtual Value call(int member, Arguments& arguments) = 0;
 
-    // Assigns a property. As it stands here: no property can be assigned (438).
+    // Assigns a property. This implementation refuses every assignment (438).
     virtual void put(int member, Arguments& arguments, const Value& value);
 
-    // Makes a member a gate: one without arguments that answers True as a rule and may be asked before every
-    // statement, as in "If Not host.goOn Then Err.Raise 1001". Returns where its budget is kept (owned by the host,
-    // at one place for the life of the object), or null for an ordinary member.
+    // Makes a member one that scripts poll: it has no arguments, nearly always answers True, and may be asked before
+    // every statement, as in "If Not host.goOn Then Err.Raise 1001". Returns the budget of polls (a number that the
+    // host owns, at one place for the life of the object), or null for an ordinary member.
     //
-    // As long as the budget is above 0 a condition that asks the gate takes True for granted, and counts it down. At
-    // 0 or below the member is called; the call sets a new budget. A host that wants to be asked at the very next
-    // condition sets it to 0: after anything that makes the answer False, or that took long. Polls in a row without
-    // any call between them may count as one.
-    virtual int* gateBudget(int member);
+    // As long as the budget is above 0 a poll counts it down and takes the answer to be True, without a call. At 0 or
+    // below the member is called; the call sets a new budget. A host that wants to be called at the very next poll sets
+    // the budget to 0: after anything that makes the answer False, or that took long. Polls in a row without any call
+    // between them may count as one.
+    virtual int* pollBudget(int member);
 };
 
 }  // namespace tolvan::script

@@ -1,5 +1,5 @@
 // What an Object value refers to: an instance of a script's class, the Err object, a host's object, a procedure
-// reference. Counted; deleted when the last value lets go.
+// reference. Reference-counted: deleted when the last value releases it.
 #pragma once
 
 #include "platform/script/Value.h"
@@ -25,15 +25,15 @@ class Object : public Cell {
     virtual ~Object() = default;
 
     virtual std::string_view typeName() const = 0;
-    // Calls a method, or reads a property. As it stands here: 438.
+    // Calls a method, or reads a property. This implementation has none (438).
     virtual Value call(Context& context, NameId name, std::span<Value> arguments);
-    // Assigns a property; isSet for "Set o.p = object". As it stands here: 438.
+    // Assigns a property; isSet for "Set o.p = object". This implementation has none (438).
     virtual void put(Context& context, NameId name, std::span<Value> arguments, const Value& value, bool isSet);
     // True if the object has a default member, which stands for it where a plain value is asked for.
     virtual bool hasDefault() const { return false; }
     // The object as an instance of a script's class, or null.
     virtual ClassInstance* asInstance() { return nullptr; }
-    // Called when the last value has let go; deletes the object, or keeps it for what still has to run on it.
+    // Called when the last value has released the object; deletes it, or keeps it until its Class_Terminate has run.
     virtual void dispose() noexcept { delete this; }
 };
 

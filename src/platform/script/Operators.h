@@ -8,6 +8,8 @@
 
 namespace tolvan::script {
 
+using BinaryOperator = Value (*)(Context& context, const Value& left, const Value& right);
+
 Value add(Context& context, const Value& left, const Value& right);  // also joins two texts
 Value subtract(Context& context, const Value& left, const Value& right);
 Value multiply(Context& context, const Value& left, const Value& right);

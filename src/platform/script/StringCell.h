@@ -1,4 +1,4 @@
-// The bytes of a text, behind the cell's own fields in one block. Its length never exceeds its capacity; the spare
+// The bytes of a text, after the cell's own fields in one block. Its length never exceeds its capacity; the spare
 // room lets a text that nobody else holds grow where it is.
 #pragma once
 

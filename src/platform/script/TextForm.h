@@ -1,5 +1,5 @@
-// How an engine writes numbers, Booleans and dates as text for its scripts, and reads them back. As it stands here:
-// plain VBScript. A host that shows text in a form of its own derives from it.
+// How an engine writes numbers, Booleans and dates as text for its scripts, and reads them back. This class does
+// it as plain VBScript; a host that shows text in a form of its own derives from it.
 #pragma once
 
 #include <string>

@@ -110,7 +110,7 @@ const ConsoleObject::Member ConsoleObject::members[] = {
 
 void ConsoleObject::reset() {
     file_.close();
-    gate_.reset();
+    throttle_.reset();
     library_.reset();
 }
 
@@ -125,13 +125,13 @@ Value ConsoleObject::call(int number, Arguments& arguments) {
     if (arguments.count() < member.leastArguments || arguments.count() > member.mostArguments)
         throw ScriptError(script::errors::argumentCount);
     if (trace_ && member.after != After::IsPoll) traceCall(member, arguments);
-    if (member.after == After::LookSoon) gate_.lookSoon();
-    if (member.after == After::ProgramMayEnd) gate_.mustAsk();
+    if (member.after == After::LookSoon) throttle_.lookSoon();
+    if (member.after == After::ProgramMayEnd) throttle_.mustAsk();
     return (this->*member.method)(arguments);
 }
 
-int* ConsoleObject::gateBudget(int member) {
-    return members[member].after == After::IsPoll ? gate_.budget() : nullptr;
+int* ConsoleObject::pollBudget(int member) {
+    return members[member].after == After::IsPoll ? throttle_.budget() : nullptr;
 }
 
 void ConsoleObject::traceCall(const Member& member, Arguments& arguments) const {
@@ -157,7 +157,7 @@ Value ConsoleObject::clearScreen(Arguments&) {
 }
 
 Value ConsoleObject::checkForEvents(Arguments&) {
-    return Value::boolean(gate_.poll());
+    return Value::boolean(throttle_.poll());
 }
 
 Value ConsoleObject::stopExecution(Arguments&) {

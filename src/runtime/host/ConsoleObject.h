@@ -9,7 +9,7 @@
 #include "platform/script/HostObject.h"
 #include "runtime/host/ConsoleOperations.h"
 #include "runtime/host/LibraryObject.h"
-#include "runtime/host/PollGate.h"
+#include "runtime/host/PollThrottle.h"
 #include "runtime/host/ProgramDataFile.h"
 
 #include <functional>
@@ -19,7 +19,7 @@ namespace tolvan {
 
 class ConsoleObject : public script::HostObject {
   public:
-    explicit ConsoleObject(ConsoleOperations& console) : console_(console), gate_(console) {}
+    explicit ConsoleObject(ConsoleOperations& console) : console_(console), throttle_(console) {}
 
     // Each call but the polls, before it is made: "DrawLine 30,40,,,255". A missing argument is empty, numbers are
     // plain, text is in internal text form.
@@ -35,7 +35,7 @@ class ConsoleObject : public script::HostObject {
     std::string_view typeName() const override { return "ParentForm"; }
     int findMember(std::string_view name) const override;
     script::Value call(int member, script::Arguments& arguments) override;
-    int* gateBudget(int member) override;
+    int* pollBudget(int member) override;
 
   private:
     struct Member;
@@ -64,7 +64,7 @@ class ConsoleObject : public script::HostObject {
     void traceCall(const Member& member, script::Arguments& arguments) const;
 
     ConsoleOperations& console_;
-    PollGate gate_;
+    PollThrottle throttle_;
     LibraryObject library_;
     ProgramDataFile file_;
     Trace trace_;

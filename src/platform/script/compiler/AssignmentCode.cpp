@@ -99,7 +99,7 @@ void ProcedureCompiler::assignRegister(const AssignStmt& statement, std::uint32_
     code_.emit(Op::LetTake, reg, temporary);
 }
 
-// Whether evaluating it calls nothing but built-in functions and leaves the variable out.
+// Whether evaluating the expression calls nothing but built-in functions and does not read the variable.
 bool ProcedureCompiler::isQuiet(const Expr& expression, NameId variable) {
     switch (expression.kind) {
         case ExprKind::Literal:
@@ -139,7 +139,7 @@ struct ProcedureCompiler::Tails {
 // Whether "s = s & a & b" can append a, then b, to s: not where anything could see the half of it, code that runs
 // meanwhile or what comes after an error in b.
 bool ProcedureCompiler::mayAppend(const Tails& tails, NameId variable) {
-    if (tails.parts.empty() || scope_.runsText) return false;
+    if (tails.parts.empty() || scope_.runsSource) return false;
     if ((module_.hasClasses || scope_.handlesErrors) && tails.parts.size() > 1) return false;
     return std::all_of(tails.parts.begin(), tails.parts.end(), [&](const Expr* part) {
         // What looks like a value can be an object, whose default member is code of the script.
@@ -190,7 +190,7 @@ void ProcedureCompiler::appendParts(const AssignStmt& statement, const Tails& ta
     }
     const std::uint32_t variable = place(binding);
     code_.emitWithWord(Op::AppendParts, variable, earlier, 0, static_cast<std::uint32_t>(tails.parts.size()));
-    forgetGate();
+    forgetPoll();
 }
 
 // Whether both are the same element of a variable, and finding it runs nothing.
@@ -243,7 +243,7 @@ void ProcedureCompiler::putMember(const AssignStmt& statement, const Expr& objec
     evaluateInOrder(arguments);
     into(*statement.value, code_.takeRegisters());
     code_.emitWithWord(Op::PutMember, base, countOf(arguments), statement.isSet ? 1 : 0, name);
-    forgetGate();
+    forgetPoll();
 }
 
 void ProcedureCompiler::putOwnMember(NameId name, const AssignStmt& statement, std::span<Expr* const> arguments) {
@@ -252,7 +252,7 @@ void ProcedureCompiler::putOwnMember(NameId name, const AssignStmt& statement, s
     evaluateInOrder(arguments);
     into(*statement.value, code_.takeRegisters());
     code_.emitWithWord(Op::PutMember, base, countOf(arguments), statement.isSet ? 3 : 2, name);
-    forgetGate();
+    forgetPoll();
 }
 
 void ProcedureCompiler::assignHost(const HostMember* member, const AssignStmt& statement,
@@ -261,7 +261,7 @@ void ProcedureCompiler::assignHost(const HostMember* member, const AssignStmt& s
     evaluateInOrder(arguments);
     into(*statement.value, code_.takeRegisters());
     code_.emitWithWord(Op::PutHost, base, countOf(arguments), 0, member);
-    forgetGate();
+    forgetPoll();
 }
 
 void ProcedureCompiler::assignElement(const AssignStmt& statement) {
@@ -299,7 +299,7 @@ void ProcedureCompiler::assignElement(const AssignStmt& statement) {
         std::uint32_t isSet;
     } const word{countOf(element.arguments), statement.isSet ? 1u : 0u};
     code_.emitWithWord(Op::PutIndexMany, array, first, value, word);
-    forgetGate();
+    forgetPoll();
 }
 
 // One index, and an array that is a variable of the procedure.

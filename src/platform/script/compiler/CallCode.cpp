@@ -103,10 +103,10 @@ void ProcedureCompiler::passReference(const Expr& argument, std::uint32_t target
     const std::uint32_t first = evaluatePlain(argument.arguments);
     code_.emit(Op::PinArray, pin, array);
     code_.emitWithWord(Op::ReferElement, target, array, first, countOf(argument.arguments));
-    forgetGate();
+    forgetPoll();
 }
 
-// Into registers one behind the other; the first one.
+// Into registers one after the other; the first one.
 std::uint32_t ProcedureCompiler::evaluateInOrder(std::span<Expr* const> expressions) {
     std::uint32_t first = 0;
     for (std::size_t i = 0; i < expressions.size(); ++i) {
@@ -199,7 +199,7 @@ void ProcedureCompiler::callInto(const Expr& call, std::uint32_t target, Wanted 
     into(callee, frame.base());
     for (const Expr* argument : arguments) into(*argument, code_.takeRegisters());
     code_.emit(wanted == Wanted::Nothing ? Op::CallStatement : Op::CallValue, frame.base(), countOf(arguments));
-    forgetGate();
+    forgetPoll();
     frame.finish();
 }
 
@@ -222,7 +222,7 @@ void ProcedureCompiler::callProcedure(const Symbol& symbol, std::span<Expr* cons
     CallFrame frame(code_, target, pins);
     passArguments(arguments, frame, modes);
     code_.emitWithWord(Op::CallProcedure, frame.base(), countOf(arguments), 0, symbol.procedure);
-    forgetGate();
+    forgetPoll();
     frame.finish();
 }
 
@@ -230,7 +230,7 @@ void ProcedureCompiler::callHost(const HostMember* member, std::span<Expr* const
     CallFrame frame(code_, target, countElements(arguments));
     passArguments(arguments, frame, nullptr);
     code_.emitWithWord(Op::CallHost, frame.base(), countOf(arguments), 0, member);
-    forgetGate();
+    forgetPoll();
     frame.finish();
 }
 
@@ -251,7 +251,7 @@ void ProcedureCompiler::callSpecial(Special special, NameId name, std::span<Expr
     CallFrame frame(code_, target);
     into(*arguments[0], code_.takeRegisters());
     code_.emit(Op::Evaluate, frame.base(), 1, static_cast<std::uint32_t>(special));
-    forgetGate();
+    forgetPoll();
     frame.finish();
 }
 
@@ -260,7 +260,7 @@ void ProcedureCompiler::callOwnMember(NameId name, std::span<Expr* const> argume
     code_.emit(Op::LoadMe, frame.base());
     passArguments(arguments, frame, nullptr);
     code_.emitWithWord(Op::CallMember, frame.base(), countOf(arguments), 1, name);
-    forgetGate();
+    forgetPoll();
     frame.finish();
 }
 
@@ -275,7 +275,7 @@ void ProcedureCompiler::callLate(const Binding& late, std::span<Expr* const> arg
     LateUse use = lateUse(late);
     use.isStatement = wanted == Wanted::Nothing;
     code_.emitWithWord(Op::CallLate, frame.base(), countOf(arguments), late.index, use);
-    forgetGate();
+    forgetPoll();
     frame.finish();
 }
 
@@ -289,7 +289,7 @@ void ProcedureCompiler::passLate(const Binding& late, const Expr& argument, std:
     code_.emitWithWord(Op::FindVariable, late.index, 0, 0, use);
     if (isElement) code_.emit(Op::PinArray, pin, late.index);
     code_.emitWithWord(Op::CallLate, target, isElement ? countOf(argument.arguments) : 0, late.index, use);
-    forgetGate();
+    forgetPoll();
 }
 
 // A call that cannot be made: its arguments are evaluated all the same.
@@ -309,7 +309,7 @@ void ProcedureCompiler::memberInto(const Expr& member, std::span<Expr* const> ar
     into(*member.left, frame.base());
     passArguments(arguments, frame, nullptr);
     code_.emitWithWord(Op::CallMember, frame.base(), countOf(arguments), 0, member.name);
-    forgetGate();
+    forgetPoll();
     frame.finish();
 }
 

@@ -13,7 +13,7 @@ constexpr std::uint32_t largestOperand = 0xffff;
 constexpr std::size_t longestCode = 0x3fffffff;  // offsets fit in 32 bits
 
 bool isJumpWithOffsetInside(Op op) {
-    return op == Op::Jump || op == Op::JumpIf || op == Op::JumpUnless || op == Op::Gate;
+    return op == Op::Jump || op == Op::JumpIf || op == Op::JumpUnless || op == Op::Poll;
 }
 
 [[noreturn]] void refuse() {
@@ -48,19 +48,19 @@ void CodeBuilder::jumpWithWord(Op op, std::uint32_t a, std::uint32_t b, Label& t
     if (target.isBound()) patch(pc, target.pc_);
 }
 
-bool CodeBuilder::isAtGate(const Label& label) const {
+bool CodeBuilder::isAtPoll(const Label& label) const {
     if (!label.isBound()) return false;
     const auto pc = static_cast<std::size_t>(label.pc_);
-    return pc < procedure_.code.size() && procedure_.code[pc].op == Op::Gate;
+    return pc < procedure_.code.size() && procedure_.code[pc].op == Op::Poll;
 }
 
-void CodeBuilder::loopWithGate(Op op, std::uint32_t a, std::uint32_t b, Label& target) {
+void CodeBuilder::loopWithPoll(Op op, std::uint32_t a, std::uint32_t b, Label& target) {
     jumpWithWord(op, a, b, target);
     procedure_.code.push_back(procedure_.code[static_cast<std::size_t>(target.pc_) + 1]);
 }
 
-void CodeBuilder::gate(int* budget, Label& exhausted) {
-    const std::uint32_t pc = emitWithWord(Op::Gate, 0, 0, 0, budget);
+void CodeBuilder::poll(int* budget, Label& exhausted) {
+    const std::uint32_t pc = emitWithWord(Op::Poll, 0, 0, 0, budget);
     exhausted.jumps_.push_back(pc);
     if (exhausted.isBound()) patch(pc, exhausted.pc_);
 }

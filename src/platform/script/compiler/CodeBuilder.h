@@ -38,17 +38,17 @@ class CodeBuilder {
     // A jump whose offset is in bc, and one whose offset is in the second word.
     void jump(Op op, std::uint32_t a, Label& target);
     void jumpWithWord(Op op, std::uint32_t a, std::uint32_t b, Label& target);
-    // The same back to a Gate, which is asked on the way.
-    void loopWithGate(Op op, std::uint32_t a, std::uint32_t b, Label& target);
-    // Whether a label that is bound already has a Gate behind it.
-    bool isAtGate(const Label& label) const;
-    // Gate: offset in bc and a pointer behind it.
-    void gate(int* budget, Label& exhausted);
+    // The same back to a Poll, which is made on the way.
+    void loopWithPoll(Op op, std::uint32_t a, std::uint32_t b, Label& target);
+    // Whether a label that is bound has a Poll already.
+    bool isAtPoll(const Label& label) const;
+    // Poll: the offset in bc and a pointer after it.
+    void poll(int* budget, Label& exhausted);
     void bind(Label& label);
 
     void mark(std::uint32_t line);
 
-    // Registers behind the variables, taken and given back like a stack.
+    // Registers after the variables, taken and given back like a stack.
     std::uint32_t takeRegisters(std::uint32_t count = 1);
     std::uint32_t registerMark() const { return next_; }
     void releaseTo(std::uint32_t mark) { next_ = mark; }

@@ -12,21 +12,13 @@ struct OperationRow {
 };
 
 constexpr OperationRow operationRows[] = {
-    {Token::Plus, Op::AddRR, Op::AddRK},
-    {Token::Minus, Op::SubtractRR, Op::SubtractRK},
-    {Token::Times, Op::MultiplyRR, Op::MultiplyRK},
-    {Token::Divide, Op::DivideRR, Op::DivideRK},
-    {Token::IntegerDivide, Op::IntegerDivideRR, Op::IntegerDivideRK},
-    {Token::Mod, Op::ModuloRR, Op::ModuloRK},
-    {Token::Power, Op::PowerRR, Op::PowerRK},
-    {Token::Concatenate, Op::ConcatenateRR, Op::ConcatenateRK},
-    // These have no form with a constant.
-    {Token::And, Op::AndRR, Op::AndRR},
-    {Token::Or, Op::OrRR, Op::OrRR},
-    {Token::Xor, Op::XorRR, Op::XorRR},
-    {Token::Eqv, Op::EqvRR, Op::EqvRR},
-    {Token::Imp, Op::ImpRR, Op::ImpRR},
-    {Token::Is, Op::Is, Op::Is},
+#define X(name, token, level) {Token::token, Op::name##RR, Op::name##RK},
+    TOLVAN_BINARY_OPERATIONS(X)
+#undef X
+#define X(name, token, level) {Token::token, Op::name##RR, Op::name##RR},
+        TOLVAN_LOGICAL_OPERATIONS(X)
+#undef X
+            {Token::Is, Op::Is, Op::Is},
 };
 
 struct ComparisonRow {
@@ -39,17 +31,22 @@ struct ComparisonRow {
     Op loopRegisters, loopConstant;
 };
 
-#define ROW(name, swapped, inverse)                                                                         \
-    {                                                                                                       \
-        Token::name, Token::swapped, Token::inverse, Op::name##RR, Op::name##RK, Op::JumpIf##name##RR,      \
-            Op::JumpIf##name##RK, Op::JumpUnless##name##RR, Op::JumpUnless##name##RK, Op::LoopIf##name##RR, \
-            Op::LoopIf##name##RK                                                                            \
-    }
 constexpr ComparisonRow comparisonRows[] = {
-    ROW(Equal, Equal, NotEqual),           ROW(NotEqual, NotEqual, Equal), ROW(Less, Greater, GreaterEqual),
-    ROW(LessEqual, GreaterEqual, Greater), ROW(Greater, Less, LessEqual),  ROW(GreaterEqual, LessEqual, Less),
+#define X(name, level, swapped, inverse) \
+    {Token::name,                        \
+     Token::swapped,                     \
+     Token::inverse,                     \
+     Op::name##RR,                       \
+     Op::name##RK,                       \
+     Op::JumpIf##name##RR,               \
+     Op::JumpIf##name##RK,               \
+     Op::JumpUnless##name##RR,           \
+     Op::JumpUnless##name##RK,           \
+     Op::LoopIf##name##RR,               \
+     Op::LoopIf##name##RK},
+    TOLVAN_COMPARISONS(X)
+#undef X
 };
-#undef ROW
 
 const OperationRow& operationOf(Token token) {
     for (const OperationRow& row : operationRows)
@@ -72,10 +69,10 @@ ProcedureCompiler::Binding ProcedureCompiler::bind(NameId name, Use use) {
     Binding binding;
     binding.name = name;
     // "f(1)" in the function f calls it; "f" is its result.
-    Value* const outer = scope_.outerVariable(name);
-    if (outer != nullptr && !(use == Use::Callee && name == scope_.outerResult)) {
+    Value* const enclosing = scope_.outerVariable(name);
+    if (enclosing != nullptr && !(use == Use::Callee && name == scope_.enclosingResult)) {
         binding.kind = Kind::Outside;
-        binding.variable = outer;
+        binding.variable = enclosing;
         return binding;
     }
     const auto reg = scope_.registers.find(name);
@@ -171,7 +168,7 @@ std::uint32_t ProcedureCompiler::inRegister(Operand from) {
 // Whether evaluating the expression can assign the procedure's variable: only by handing it on as a reference.
 bool ProcedureCompiler::mayChange(const Expr& expression, NameId variable) {
     if (expression.kind == ExprKind::Call && callMayChange(expression, variable)) return true;
-    if (scope_.runsText && (expression.kind == ExprKind::Call || expression.kind == ExprKind::Member)) return true;
+    if (scope_.runsSource && (expression.kind == ExprKind::Call || expression.kind == ExprKind::Member)) return true;
     if (expression.left != nullptr && mayChange(*expression.left, variable)) return true;
     if (expression.right != nullptr && mayChange(*expression.right, variable)) return true;
     for (const Expr* argument : expression.arguments)
@@ -221,7 +218,7 @@ void ProcedureCompiler::into(const Expr& expression, std::uint32_t target) {
                 code_.emitWithWord(Op::NewLate, target, 0, 0, std::uint64_t{expression.name});
             else
                 raise(errors::classNotDefined, expression.name);
-            return forgetGate();
+            return forgetPoll();
         }
         case ExprKind::Me:
             code_.emit(Op::LoadMe, target);
@@ -342,8 +339,8 @@ void ProcedureCompiler::comparisonJump(const Expr& expression, bool inverted, La
     if (inverted) row = comparisonOf(row->inverse);
     const auto [left, right, isSwapped] = comparedOperands(expression);
     if (isSwapped) row = comparisonOf(row->swapped);
-    if (jumpWhen && code_.isAtGate(target)) {
-        code_.loopWithGate(right.isConstant ? row->loopConstant : row->loopRegisters, left, right.index, target);
+    if (jumpWhen && code_.isAtPoll(target)) {
+        code_.loopWithPoll(right.isConstant ? row->loopConstant : row->loopRegisters, left, right.index, target);
         return;
     }
     Op op = row->jumpRegisters;
@@ -370,9 +367,10 @@ bool ProcedureCompiler::isTruthValue(const Expr& expression) {
     }
 }
 
-// "a And b", "a Or b" of truth values: decided by the first one that can. The others have to be evaluated all the same,
-// for their errors and calls; that is done out of the way, and so only where no error is survived: the statement after
-// one out of the way is not the next in the text.
+// "a And b", "a Or b" of truth values as a condition: the first part that decides the result jumps at once. The
+// language demands that the other parts are evaluated, too, for their errors and calls; code after the procedure's end
+// does that. Not under On Error Resume Next: it goes on with the statement that follows in the code, which would be the
+// wrong one after an error there.
 bool ProcedureCompiler::allOrAny(const Expr& expression, Label& target, bool jumpWhen) {
     if (expression.kind != ExprKind::Binary || (expression.op != Token::And && expression.op != Token::Or))
         return false;

@@ -13,15 +13,16 @@
 namespace tolvan::script {
 
 struct ModuleCompiler::Work {
-    Work(SymbolTable& symbols, Names& names, const Surroundings* surroundings)
-        : around(surroundings), scope(symbols, names, surroundings != nullptr ? surroundings->symbols : nullptr) {
-        if (surroundings != nullptr) outside.findOuter = surroundings->findVariable;
+    Work(SymbolTable& symbols, Names& names, const EnclosingScope* enclosingScope)
+        : enclosing(enclosingScope),
+          scope(symbols, names, enclosingScope != nullptr ? enclosingScope->symbols : nullptr) {
+        if (enclosingScope != nullptr) outside.findOuter = enclosingScope->findVariable;
     }
 
     // Whether Execute runs the statements within a procedure.
-    bool isWithinProcedure() const { return around != nullptr && around->makeVariable != nullptr; }
+    bool isWithinProcedure() const { return enclosing != nullptr && enclosing->makeVariable != nullptr; }
 
-    const Surroundings* around;  // null: the module stands by itself
+    const EnclosingScope* enclosing;  // null: the module stands by itself
     std::unique_ptr<Module> module;
     ModuleScope scope;
     ProcedureScope outside;
@@ -113,11 +114,12 @@ std::shared_ptr<const Procedure> ModuleCompiler::compileModule(std::string_view 
     return outside;
 }
 
-std::shared_ptr<const Procedure> ModuleCompiler::compileText(std::string_view source, const Surroundings& around) {
-    Work work(symbols_, names_, &around);
+std::shared_ptr<const Procedure> ModuleCompiler::compileSource(std::string_view source,
+                                                               const EnclosingScope& enclosing) {
+    Work work(symbols_, names_, &enclosing);
     if (!work.isWithinProcedure()) work.loaded = std::make_shared<LoadedModule>();
     auto outside = compile(work, source);
-    outside->isText = true;
+    outside->isEvalCode = true;
     return outside;
 }
 
@@ -126,7 +128,7 @@ std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view 
     read(work, source);
     declare(work);
     findNames(work);
-    generateProcedures(work);
+    compileProcedures(work);
     auto outside = std::make_shared<Procedure>();
     ProcedureCompiler(work.scope, work.outside, work.module->literals, context_, *outside)
         .compileBody(work.module->body, work.module->lastLine);
@@ -156,7 +158,7 @@ void ModuleCompiler::read(Work& work, std::string_view source) {
     work.scope.hasClasses = !work.module->classes.empty();
 }
 
-// If the module runs texts, names can get a meaning at any time from now on.
+// If the module runs source with Execute, any name can be declared at any time from now on: late binding for all.
 void ModuleCompiler::leaveNamesOpen(const Module& module) {
     if (symbols_.isLate) return;
     NameSearch search({names_.intern("Execute"), names_.intern("ExecuteGlobal")});
@@ -192,7 +194,7 @@ void ModuleCompiler::recompile(const std::shared_ptr<LoadedModule>& module) {
         }
     try {
         findNames(work);
-        generateProcedures(work);
+        compileProcedures(work);
     } catch (const SyntaxError&) {
         return;  // with other meanings it has become too big for the machine: it stays as it is
     } catch (const ScriptError&) {
@@ -203,8 +205,8 @@ void ModuleCompiler::recompile(const std::shared_ptr<LoadedModule>& module) {
 }
 
 std::shared_ptr<const Procedure> ModuleCompiler::compileExpression(std::string_view source,
-                                                                   const Surroundings& around) {
-    Work work(symbols_, names_, &around);
+                                                                   const EnclosingScope& enclosing) {
+    Work work(symbols_, names_, &enclosing);
     work.scope.isLate = symbols_.isLate;
     Expr* expression = nullptr;
     work.module = Parser(source, names_, &context_.heap()).parseSingleExpression(expression);
@@ -214,7 +216,7 @@ std::shared_ptr<const Procedure> ModuleCompiler::compileExpression(std::string_v
     findNames(work);
     auto procedure = std::make_shared<Procedure>();
     procedure->kind = ProcedureKind::Function;
-    procedure->isText = true;
+    procedure->isEvalCode = true;
     ProcedureCompiler(work.scope, work.outside, work.module->literals, context_, *procedure)
         .compileExpression(*expression);
     procedure->countIn(context_.heap());
@@ -227,7 +229,7 @@ void ModuleCompiler::declare(Work& work) {
         if (!work.isWithinProcedure())
             work.scope.defineVariable(name);
         else if (work.outside.outerVariable(name) == nullptr)
-            work.outside.outer[name] = work.around->makeVariable(name);
+            work.outside.enclosing[name] = work.enclosing->makeVariable(name);
     };
     OutsideDeclarations(work.scope, work.module->literals, declareVariable).visit(work.module->body);
     for (const ProcedureNode* node : work.module->procedures) {
@@ -300,14 +302,14 @@ void ModuleCompiler::addMethod(Work& work, ScriptClass& owner, const ProcedureNo
 }
 
 void ModuleCompiler::findNames(Work& work) {
-    if (work.around != nullptr) {
-        work.outside.outerResult = work.around->result;
-        work.outside.owner = work.around->owner;
+    if (work.enclosing != nullptr) {
+        work.outside.enclosingResult = work.enclosing->result;
+        work.outside.owner = work.enclosing->owner;
     }
     findVariables(work.outside, work.module->body, work.scope, work.module->literals, [&](NameId name) {
         if (work.scope.optionExplicit) return false;
         if (work.isWithinProcedure())
-            work.outside.outer[name] = work.around->makeVariable(name);
+            work.outside.enclosing[name] = work.enclosing->makeVariable(name);
         else
             work.scope.defineVariable(name, true);
         return false;
@@ -334,7 +336,7 @@ void ModuleCompiler::findNamesOf(Work& work, ProcedureScope& scope, const Block&
     findVariables(scope, body, work.scope, work.module->literals, [isExplicit](NameId) { return !isExplicit; });
 }
 
-void ModuleCompiler::generateProcedures(Work& work) {
+void ModuleCompiler::compileProcedures(Work& work) {
     for (ProcedureScope& scope : work.procedures) work.compiled.emplace_back(&scope, generate(work, scope));
 }
 

@@ -1,10 +1,10 @@
-// Compiles modules and the texts of Eval and Execute. What a module declares becomes known to the engine only if all
-// of it compiles.
+// Compiles modules, and the source that Eval and Execute run. What a module declares becomes known to the engine only
+// if all of it compiles.
 //
 // Names get their meaning here. Where a later module gives one another meaning, the procedures of the earlier modules
 // that use it are compiled again, for the next time that they are called. Procedures that are running already see new
-// names only if their module, or one before it, can run texts with Execute: then names without a meaning are left open
-// (see ProcedureScope::firstLate).
+// names only if their module, or one before it, runs source with Execute: then names that nobody declared are bound
+// late (see ProcedureScope::firstLate).
 #pragma once
 
 #include "platform/script/Context.h"
@@ -24,7 +24,7 @@ class ModuleCompiler {
 
     // The names of the procedure in which Execute or Eval stands, and who makes new variables there; within the
     // statements outside procedures there is none.
-    struct Surroundings {
+    struct EnclosingScope {
         // Asked only for the names that the text uses: there may be many. Null for a name that is no variable.
         std::function<Value*(NameId)> findVariable;
         NameId result = 0;  // of the variables: the function's own name
@@ -35,9 +35,9 @@ class ModuleCompiler {
 
     // The statements of the module outside procedures, to be run. Throws SyntaxError.
     std::shared_ptr<const Procedure> compileModule(std::string_view source);
-    std::shared_ptr<const Procedure> compileText(std::string_view source, const Surroundings& around);
+    std::shared_ptr<const Procedure> compileSource(std::string_view source, const EnclosingScope& enclosing);
     // A procedure that returns the value of the expression.
-    std::shared_ptr<const Procedure> compileExpression(std::string_view source, const Surroundings& around);
+    std::shared_ptr<const Procedure> compileExpression(std::string_view source, const EnclosingScope& enclosing);
 
   private:
     struct Work;
@@ -48,7 +48,7 @@ class ModuleCompiler {
     void addMethod(Work& work, ScriptClass& owner, const ProcedureNode& node);
     void findNames(Work& work);
     void findNamesOf(Work& work, ProcedureScope& scope, const Block& body);
-    void generateProcedures(Work& work);
+    void compileProcedures(Work& work);
     std::shared_ptr<Procedure> generate(Work& work, ProcedureScope& scope);
     void replace(std::shared_ptr<const Procedure>& place, std::shared_ptr<const Procedure> procedure);
     void finishProcedure(Work& work, ProcedureScope& scope, std::shared_ptr<Procedure> procedure);

@@ -8,6 +8,8 @@
 // of a temporary and leaves Empty.
 #pragma once
 
+#include "platform/script/OperatorList.h"
+
 #include <cstddef>
 #include <cstdint>
 #include <cstring>
@@ -15,27 +17,19 @@
 namespace tolvan::script {
 
 // clang-format off
-#define TOLVAN_BINARY_OPERATIONS(X) \
-    X(Add) X(Subtract) X(Multiply) X(Divide) X(IntegerDivide) X(Modulo) X(Power) X(Concatenate)
-
-#define TOLVAN_LOGICAL_OPERATIONS(X) X(And) X(Or) X(Xor) X(Eqv) X(Imp)
-
-#define TOLVAN_COMPARISONS(X) \
-    X(Equal) X(NotEqual) X(Less) X(LessEqual) X(Greater) X(GreaterEqual)
-
-#define TOLVAN_BINARY_FORMS(name) \
+#define TOLVAN_BINARY_FORMS(name, ...) \
     X(name##RR, 1)          /* R[a] = R[b] op R[c] */ \
     X(name##RK, 1)          /* R[a] = R[b] op K[c] */
-#define TOLVAN_LOGICAL_FORMS(name) \
+#define TOLVAN_LOGICAL_FORMS(name, ...) \
     X(name##RR, 1)          /* R[a] = R[b] op R[c] */
-#define TOLVAN_COMPARISON_FORMS(name) \
+#define TOLVAN_COMPARISON_FORMS(name, ...) \
     X(name##RR, 1)          /* R[a] = R[b] op R[c], a Boolean or Null */ \
     X(name##RK, 1)          /* R[a] = R[b] op K[c] */ \
     X(JumpIf##name##RR, 2)  /* if R[a] op R[b] jump; + offset */ \
     X(JumpIf##name##RK, 2)  /* if R[a] op K[b] jump; + offset */ \
     X(JumpUnless##name##RR, 2) /* if R[a] op R[b] is not True (but False or Null) jump; + offset */ \
     X(JumpUnless##name##RK, 2) /* the same with K[b]; + offset */ \
-    X(LoopIf##name##RR, 3)  /* JumpIf, to a Gate whose work is done at once; + offset, + pointer to the budget */ \
+    X(LoopIf##name##RR, 3)  /* JumpIf, to a Poll that is made on the way; + offset, + pointer to the budget */ \
     X(LoopIf##name##RK, 3)  /* the same with K[b]; + offset, + pointer */
 
 #define TOLVAN_OPCODES(X) \
@@ -60,7 +54,7 @@ namespace tolvan::script {
     X(ReferGlobal, 2)       /* R[a] = reference to *pointer; + pointer */ \
     X(ReferField, 1)        /* R[a] = reference to field b of Me */ \
     X(ReferElement, 2)      /* R[a] = reference to the element R[c..] of the array R[b]; its value if R[b] is none; + count */ \
-    X(FindVariable, 2)      /* R[a], of a late name: a reference to the variable that the name stands for by now; if it stands for none 501, or nothing where a call may follow; + LateUse */ \
+    X(FindVariable, 2)      /* R[a], of a name bound late: a reference to the variable that the name stands for by now; if it stands for none 501, or nothing where a call may follow; + LateUse */ \
     X(PinArray, 1)          /* R[a] = pin on the array R[b], if it is one */ \
     X(AddInteger, 1)        /* R[a] = R[b] + c, c an Integer */ \
     X(Append, 1)            /* the variable that R[a] refers to = itself & R[b] */ \
@@ -74,13 +68,13 @@ namespace tolvan::script {
     X(Jump, 1)              /* jump bc */ \
     X(JumpIf, 1)            /* if R[a] is True jump bc */ \
     X(JumpUnless, 1)        /* if R[a] is not True jump bc */ \
-    X(Tick, 1)              /* watches the time in loops that ask no gate */ \
-    X(Gate, 2)              /* if the budget at pointer is above 0 count it down, else jump bc; + pointer */ \
-    X(AskGate, 2)           /* R[a] = the answer of the host's gate; + pointer to HostMember */ \
+    X(Tick, 1)              /* watches the time in loops that do not poll */ \
+    X(Poll, 2)              /* if the budget at pointer is above 0 count it down, else jump bc; + pointer */ \
+    X(PollHost, 2)           /* R[a] = what the host answers to the poll; + pointer to HostMember */ \
     X(ForPrepare, 2)        /* R[a] = R[b+2], the start of a loop with the limit R[b] and the step R[b+1]; 13 or 94 if one is no number; jumps if there is no pass; + offset */ \
     X(ForNext, 2)           /* R[a] += step; jumps if not past the limit R[b]; + offset */ \
     X(ForNextOne, 2)        /* the same where the step is the Integer 1; + offset */ \
-    X(ForNextOneGate, 3)    /* the same, to a Gate whose work is done at once; + offset, + pointer to the budget */ \
+    X(ForNextOnePoll, 3)    /* the same, to a Poll that is made on the way; + offset, + pointer to the budget */ \
     X(EachPrepare, 1)       /* R[a], R[a+1]: what For Each runs over and how far it is, from R[b] */ \
     X(EachNext, 2)          /* R[b] = the next element and jump, or fall through at the end; + offset */ \
     X(Index, 1)             /* R[a] = R[b](R[c]) */ \
@@ -98,9 +92,9 @@ namespace tolvan::script {
     X(CallMember, 2)        /* R[a] = R[a].name(R[a+1], ... b of them); + name */ \
     X(CallValue, 1)         /* R[a] = R[a](R[a+1], ... b of them): a call of what the object is */ \
     X(CallStatement, 1)     /* the same as a statement: 13 for what cannot be called */ \
-    X(CallLate, 2)          /* R[a] = what the late name of R[c] stands for by now, called with R[a+1], ... b of them; + LateUse */ \
-    X(PutHost, 2)           /* host member(R[a+1], ... b of them) = the register behind them; + pointer to HostMember */ \
-    X(PutMember, 2)         /* R[a].name(R[a+1], ... b of them) = the register behind them; c: Set; + name */ \
+    X(CallLate, 2)          /* R[a] = what the name bound late of R[c] stands for by now, called with R[a+1], ... b of them; + LateUse */ \
+    X(PutHost, 2)           /* host member(R[a+1], ... b of them) = the register after them; + pointer to HostMember */ \
+    X(PutMember, 2)         /* R[a].name(R[a+1], ... b of them) = the register after them; c: Set; + name */ \
     X(Evaluate, 1)          /* R[a] = Eval, Execute, ExecuteGlobal or GetRef (c) of R[a+1] */ \
     X(NewObject, 2)         /* R[a] = New class; + pointer to the class */ \
     X(NewLate, 2)           /* R[a] = New class; + name of the class */ \
@@ -133,7 +127,7 @@ constexpr std::uint32_t wordsOf(Op op) {
     return counts[static_cast<std::size_t>(op)];
 }
 
-// How a late name is used.
+// How a name that is bound late is used.
 struct LateUse {
     std::uint32_t name;
     bool mustBeDeclared;  // 500 if the name stands for nothing

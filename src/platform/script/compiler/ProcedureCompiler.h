@@ -104,18 +104,18 @@ class ProcedureCompiler {
     void callLate(const Binding& late, std::span<Expr* const> arguments, std::uint32_t target, Wanted wanted);
     void passLate(const Binding& late, const Expr& argument, std::uint32_t target, std::uint32_t pin);
     const HostObject* hostObject(const Expr& expression);
-    // A register from which element instructions reach a variable: the variable itself, or a reference to it. A late
-    // name has to be a variable by then.
+    // A register from which element instructions reach a variable: the variable itself, or a reference to it. A name
+    // that is bound late has to be a variable by then.
     std::uint32_t place(const Binding& binding);
     std::uint32_t placeOf(const Expr& expression);
     std::uint32_t evaluateInOrder(std::span<Expr* const> expressions);
     std::uint32_t evaluatePlain(std::span<Expr* const> expressions);
 
-    // Gates.
-    const HostMember* gateOf(const Expr& condition);
+    // Polls.
+    const HostMember* polledMember(const Expr& condition);
     const HostMember* pollOf(const IfStmt& statement, const CallStmt*& otherwise);
     bool isRaise(const CallStmt& statement);
-    void poll(const HostMember* gate, const CallStmt& otherwise);
+    void poll(const HostMember* polled, const CallStmt& otherwise);
     bool startsWithPoll(const Block& body);
     void emitColdCode();
 
@@ -161,20 +161,20 @@ class ProcedureCompiler {
     // An error whatever the values are; `name` is what it is about.
     void raise(int number, NameId name);
 
-    // After an instruction that may run code of the host or of scripts, or where ways meet, the gate has to be asked
-    // again.
-    void forgetGate() { fresh_ = nullptr; }
+    // After an instruction that may run code of the host or of scripts, and where branches of the code join, a poll can
+    // not be left out.
+    void forgetPoll() { lastPolled_ = nullptr; }
     void bindLabel(Label& label) {
         code_.bind(label);
-        forgetGate();
+        forgetPoll();
     }
 
     struct Loop {
         ExitKind kind;
         Label* exit;
     };
-    // Code that seldom runs; stands behind the procedure, out of the way, with the registers of the place it belongs
-    // to.
+    // Code that seldom runs. It is written after the procedure's end, where it is not in the way, and uses the
+    // registers that are free at the place it belongs to.
     struct ColdCode {
         std::function<void()> write;
         std::uint32_t line;
@@ -200,8 +200,8 @@ class ProcedureCompiler {
     std::uint32_t withRegister_ = 0;
     std::deque<ColdCode> cold_;
     std::deque<Label> labels_;
-    std::uint32_t line_ = 0;             // of the statement
-    const HostMember* fresh_ = nullptr;  // the gate that would still give the answer that it gave
+    std::uint32_t line_ = 0;                  // of the statement
+    const HostMember* lastPolled_ = nullptr;  // what was polled last, if it would still give the same answer
 };
 
 }  // namespace tolvan::script

@@ -21,7 +21,8 @@ namespace tolvan::script {
 
 class ScriptClass;
 
-// A statement begins at this instruction; an error behind it, up to the next mark, is that line's.
+// A statement begins at the instruction `pc`. An error at it or after it, up to the next mark, is an error of this
+// line.
 struct LineMark {
     std::uint32_t pc;
     std::uint32_t line;
@@ -33,7 +34,7 @@ struct Procedure {
     ProcedureKind kind = ProcedureKind::Sub;
     ScriptClass* owner = nullptr;  // of a method
     bool isModule = false;         // the statements outside procedures: their variables are the module's
-    bool isText = false;           // of Eval, Execute or ExecuteGlobal: sees the names of the frame below
+    bool isEvalCode = false;       // source that Eval or Execute runs: sees the names of the procedure that runs it
     std::vector<Instruction> code;
     std::vector<Value> constants;
     std::vector<LineMark> lines;  // by pc
@@ -41,15 +42,19 @@ struct Procedure {
     std::uint32_t parameterCount = 0;
     std::uint32_t variableCount = 0;  // registers that start as Empty: result, parameters, variables
     std::uint32_t registerCount = 0;  // all
-    // For each parameter whether the code reads it as what an argument refers to. Callers that know the procedure when
-    // they are compiled pass values for the others; other callers pass references, which are then loaded on entry.
+    // For each parameter whether the code expects a reference to the caller's variable in its register. For the others
+    // a caller that was compiled with the procedure in view passes plain values. A caller that was not (a late-bound
+    // call, a method) passes references for all; entering the procedure replaces those that it does not expect by their
+    // values.
     std::vector<bool> byReference;
-    bool checksArguments = false;  // took the place of another procedure: its callers may not know which are which
+    // It replaced another procedure, and code that was compiled for that one may pass references where values are
+    // expected: each call checks.
+    bool checksArguments = false;
 
     // The names of R[0], R[1], ...; 0 where there is none. And the other way round, if the procedure runs texts.
     std::vector<NameId> variableNames;
     std::unordered_map<NameId, std::uint32_t> registers;
-    // The variables from here on are late: see ProcedureScope.
+    // The registers from here on belong to names that are bound late: see ProcedureScope::firstLate.
     std::uint32_t firstLate = 0;
 
     HeapCharge memory;  // what all of it takes
@@ -65,7 +70,7 @@ struct LoadedModule;
 // A procedure's place under its name; a later definition takes it over.
 struct ProcedureSlot {
     std::shared_ptr<const Procedure> procedure;
-    std::shared_ptr<const LoadedModule> module;  // that the procedure is from; null: of the text of an Execute
+    std::shared_ptr<const LoadedModule> module;  // that the procedure is from; null: from the source of an Execute
 };
 
 // One member of a host object, looked up once.
@@ -185,15 +190,15 @@ class SymbolTable {
     void addModule(const std::shared_ptr<LoadedModule>& module) { modules_.add(module); }
     void addUses(const std::shared_ptr<LoadedModule>& module, const std::vector<NameId>& names);
 
-    // For one who notes each name once: true the first time that this number of his comes with the name.
+    // For a user (of a number from nextUser) that collects each name once: true the first time that it asks for a name.
     bool isFirstUse(NameId name, std::uint32_t user);
     std::uint32_t nextUser() { return ++lastUser_; }
 
-    // Whether a module was loaded that can define names while procedures run.
+    // Whether a module was loaded that runs source with Execute, and so can define names while procedures run.
     bool isLate = false;
 
     bool isErr(NameId name) const { return name == err_; }
-    // Empties all variables of scripts, so that what they hold is let go while the scripts' code still exists.
+    // Empties all variables of scripts: what they hold is released while the code of its Class_Terminate still exists.
     void clearVariables();
 
     // Of a variable outside procedures; 0 if it is none. Slow.

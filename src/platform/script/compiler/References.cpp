@@ -30,7 +30,7 @@ class ReferenceFinder : public AstVisitor {
 
     void read(ProcedureScope& procedure, const Block& body) {
         current_ = &procedure;
-        if (procedure.runsText) {
+        if (procedure.runsSource) {
             anythingChanges_ = true;
             for (std::size_t i = 0; i < procedure.byReference.size(); ++i) mark({&procedure, i});
         }

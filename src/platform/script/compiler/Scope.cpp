@@ -67,10 +67,10 @@ const std::vector<bool>* ModuleScope::modesOf(const ProcedureSlot* slot) const {
 }
 
 Value* ProcedureScope::outerVariable(NameId name) const {
-    const auto known = outer.find(name);
-    if (known != outer.end()) return known->second;
+    const auto known = enclosing.find(name);
+    if (known != enclosing.end()) return known->second;
     Value* found = findOuter ? findOuter(name) : nullptr;
-    if (found != nullptr) outer[name] = found;
+    if (found != nullptr) enclosing[name] = found;
     return found;
 }
 
@@ -157,7 +157,7 @@ class Uses : public AstVisitor {
         if (scope_.owner != nullptr && scope_.owner->find(name.name) != nullptr) return;
         const Symbol* symbol = module_.find(name.name);
         if (symbol != nullptr && !(module_.isLate && symbol->isImplicit)) {
-            if (symbol->kind == Symbol::Kind::Special && symbol->special != Special::GetRef) scope_.runsText = true;
+            if (symbol->kind == Symbol::Kind::Special && symbol->special != Special::GetRef) scope_.runsSource = true;
             return;
         }
         const bool isLocal = symbol == nullptr && becomesLocal_(name.name);

@@ -16,8 +16,8 @@ namespace tolvan::script {
 // module is compiled.
 class ModuleScope {
   public:
-    // `locals`: for a text that Execute runs within a procedure, the procedures, constants and classes that such texts
-    // made there; what this one declares joins them. Null: it joins the engine's names.
+    // `locals`: for source that Execute runs within a procedure, the procedures, constants and classes that such source
+    // declared there before; what this module declares joins them. Null: it joins the engine's names.
     ModuleScope(SymbolTable& engine, Names& names, SymbolTable::Map* locals = nullptr)
         : engine_(engine), names_(names), locals_(locals), user_(engine.nextUser()) {}
 
@@ -66,17 +66,18 @@ struct ProcedureScope {
     ProcedureSlot* slot = nullptr;     // outside classes
     std::vector<NameId> variables{0};  // R[0], R[1], ...; 0 where a register has no name
     std::unordered_map<NameId, std::uint32_t> registers;
-    // Registers from here on are of late names: where texts can define names at any time, a name that nothing has given
-    // a meaning yet is looked up whenever it is used. Until something is found, and if nothing ever is, its register is
-    // a variable of the procedure.
+    // Late binding: where Execute can define names at any time, a name that nothing has declared yet is looked up each
+    // time that it is used. The registers from this one on belong to such names. As long as nothing is found the
+    // register is a variable of the procedure; afterwards it refers to the variable that was found.
     std::uint32_t firstLate = UINT32_MAX;
     std::unordered_map<NameId, Value> constants;
-    // For a text that Execute runs: the variables of the procedure around it, and those that were asked for already.
+    // For the source that Execute runs: the variables of the enclosing procedure, and those that were asked for
+    // already.
     std::function<Value*(NameId)> findOuter;
-    mutable std::unordered_map<NameId, Value*> outer;
-    NameId outerResult = 0;         // of these, the one that is the result of a function
+    mutable std::unordered_map<NameId, Value*> enclosing;
+    NameId enclosingResult = 0;     // of these, the one that is the result of a function
     std::vector<bool> byReference;  // of R[1], R[2], ...: the parameters
-    bool runsText = false;          // Eval, Execute or ExecuteGlobal: anything may happen to any variable
+    bool runsSource = false;        // with Eval, Execute or ExecuteGlobal, which may change any variable
     bool handlesErrors = false;     // On Error Resume Next
 
     bool hasResult() const {
@@ -89,7 +90,7 @@ struct ProcedureScope {
     bool knows(NameId name) const {
         return registers.count(name) + constants.count(name) != 0 || outerVariable(name) != nullptr;
     }
-    // Null if the procedure around has no such variable.
+    // Null if the enclosing procedure has no such variable.
     Value* outerVariable(NameId name) const;
     bool isLate(NameId name) const {
         const auto reg = registers.find(name);
@@ -113,7 +114,7 @@ void findVariables(ProcedureScope& scope, const Block& body, ModuleScope& module
 // the statements outside procedures.
 void findReferences(std::vector<ProcedureScope*>& procedures, const Block& outside, ModuleScope& module);
 
-// The value of a constant expression: a literal, perhaps in parentheses and behind signs.
+// The value of a constant expression: a literal, perhaps in parentheses and after signs.
 Value constantOf(const Expr& expression, const std::vector<Value>& literals);
 
 }  // namespace tolvan::script

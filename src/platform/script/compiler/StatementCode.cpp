@@ -7,7 +7,7 @@ ProcedureCompiler::ProcedureCompiler(ModuleScope& module, ProcedureScope& scope,
     : module_(module), scope_(scope), literals_(literals), context_(context), code_(procedure) {
     procedure.variableCount = static_cast<std::uint32_t>(scope.variables.size());
     procedure.variableNames = scope.variables;
-    if (scope.runsText) procedure.registers = scope.registers;
+    if (scope.runsSource) procedure.registers = scope.registers;
     procedure.firstLate = scope.firstLate;
     code_.startRegistersAt(procedure.variableCount);
 }
@@ -108,7 +108,7 @@ void ProcedureCompiler::erase(const EraseStmt& statement) {
 
 void ProcedureCompiler::ifStatement(const IfStmt& statement) {
     const CallStmt* otherwise = nullptr;
-    if (const HostMember* gate = pollOf(statement, otherwise)) return poll(gate, *otherwise);
+    if (const HostMember* polled = pollOf(statement, otherwise)) return poll(polled, *otherwise);
     Label& end = newLabel();
     for (const IfStmt::Branch& branch : statement.branches) {
         if (branch.condition == nullptr) {
@@ -218,8 +218,8 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
     loops_.pop_back();
     mark(statement.line);
     if (!isRegister) nameInto(*statement.variable, counter);
-    if (byOne && code_.isAtGate(body))
-        code_.loopWithGate(Op::ForNextOneGate, counter, limit, body);
+    if (byOne && code_.isAtPoll(body))
+        code_.loopWithPoll(Op::ForNextOnePoll, counter, limit, body);
     else
         code_.jumpWithWord(byOne ? Op::ForNextOne : Op::ForNext, counter, limit, body);
     bindLabel(finished);
@@ -326,8 +326,8 @@ void ProcedureCompiler::exit(const ExitStmt& statement) {
 
 // Polls ---------------------------------------------------------------------------------------------------------------
 
-// The gate that a condition asks: "host.gate" or "gate", without arguments; or null.
-const HostMember* ProcedureCompiler::gateOf(const Expr& condition) {
+// The member that a condition polls: "host.goOn" or "goOn", without arguments; or null.
+const HostMember* ProcedureCompiler::polledMember(const Expr& condition) {
     const Expr* asked = &condition;
     while (asked->kind == ExprKind::Group || (asked->kind == ExprKind::Call && asked->arguments.empty()))
         asked = asked->left;
@@ -342,11 +342,11 @@ const HostMember* ProcedureCompiler::gateOf(const Expr& condition) {
         const Binding binding = bind(asked->name);
         if (binding.kind == Binding::Kind::HostMember) member = binding.symbol->member;
     }
-    if (member == nullptr || member->object->gateBudget(member->member) == nullptr) return nullptr;
+    if (member == nullptr || member->object->pollBudget(member->member) == nullptr) return nullptr;
     return member;
 }
 
-// "If Not gate Then call": the gate and the call; or null.
+// "If Not goOn Then call": the polled member and the call; or null.
 const HostMember* ProcedureCompiler::pollOf(const IfStmt& statement, const CallStmt*& otherwise) {
     if (statement.branches.size() != 1) return nullptr;
     const IfStmt::Branch& branch = statement.branches.front();
@@ -356,7 +356,7 @@ const HostMember* ProcedureCompiler::pollOf(const IfStmt& statement, const CallS
     const Stmt* only = branch.body.first;
     if (only == nullptr || only->next != nullptr || only->kind != StmtKind::Call) return nullptr;
     otherwise = static_cast<const CallStmt*>(only);
-    return gateOf(*negation->left);
+    return polledMember(*negation->left);
 }
 
 bool ProcedureCompiler::isRaise(const CallStmt& statement) {
@@ -374,23 +374,23 @@ bool ProcedureCompiler::startsWithPoll(const Block& body) {
 
 // A second poll with nothing but arithmetic since the first would get the same answer, and is left out. That holds
 // only where a "no" does not come back here.
-void ProcedureCompiler::poll(const HostMember* gate, const CallStmt& otherwise) {
-    if (fresh_ == gate) return;
+void ProcedureCompiler::poll(const HostMember* polled, const CallStmt& otherwise) {
+    if (lastPolled_ == polled) return;
     Label& asked = newLabel();
     Label& back = newLabel();
-    code_.gate(gate->object->gateBudget(gate->member), asked);
+    code_.poll(polled->object->pollBudget(polled->member), asked);
     code_.bind(back);
-    addColdCode([this, gate, &otherwise, &asked, &back] {
+    addColdCode([this, polled, &otherwise, &asked, &back] {
         code_.bind(asked);
         const std::uint32_t answer = code_.takeRegisters();
-        code_.emitWithWord(Op::AskGate, answer, 0, 0, gate);
+        code_.emitWithWord(Op::PollHost, answer, 0, 0, polled);
         code_.jump(Op::JumpIf, answer, back);
         callStatement(otherwise);
         mark(line_);
         code_.jump(Op::Jump, 0, back);
     });
-    const bool stopsHere = isRaise(otherwise) && !scope_.handlesErrors && !module_.hasClasses && !scope_.runsText;
-    fresh_ = stopsHere ? gate : nullptr;
+    const bool stopsHere = isRaise(otherwise) && !scope_.handlesErrors && !module_.hasClasses && !scope_.runsSource;
+    lastPolled_ = stopsHere ? polled : nullptr;
 }
 
 // Cold code may have cold code of its own.

@@ -1,6 +1,6 @@
 // DateAdd, DateDiff, DatePart: dates in intervals named "yyyy", "q", "m", "y", "d", "w", "ww", "h", "n", "s".
-#include "platform/script/library/Calendar.h"
 #include "platform/script/library/FunctionArguments.h"
+#include "platform/script/text/Calendar.h"
 
 #include <algorithm>
 #include <cmath>

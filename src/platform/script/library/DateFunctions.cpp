@@ -1,6 +1,6 @@
 // Today and now, the parts of a date, and dates made of parts.
-#include "platform/script/library/DateText.h"
 #include "platform/script/library/FunctionArguments.h"
+#include "platform/script/text/DateText.h"
 
 namespace tolvan::script {
 

@@ -1,8 +1,8 @@
 // FormatNumber, FormatCurrency, FormatPercent, FormatDateTime, as documented for the United States. The results go
 // through the engine's text form like every other number and date that becomes a text.
-#include "platform/script/library/DateText.h"
 #include "platform/script/library/FunctionArguments.h"
-#include "platform/script/library/NumberWriting.h"
+#include "platform/script/text/DateText.h"
+#include "platform/script/text/NumberWriting.h"
 
 #include <string>
 
@@ -17,14 +17,14 @@ struct NumberStyle {
     int shift;               // how many places the point moves to the right
 };
 
-// A number written without exponent: its digits before and behind the point.
+// A number written without exponent: its digits before and after the point.
 struct FixedPoint {
     std::string whole;  // empty below 1
     std::string fraction;
     bool negative;
 };
 
-// The 15 digits of the number, cut to `decimals` behind the point; a half is rounded up.
+// The 15 digits of the number, cut to `decimals` after the point; a half is rounded up.
 FixedPoint fixedPoint(const Digits& digits, int decimals) {
     std::string text(digits.bytes, static_cast<std::size_t>(digits.count));
     int point = digits.point;

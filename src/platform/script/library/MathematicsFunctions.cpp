@@ -1,8 +1,8 @@
 // Abs, Atn, Cos, Exp, Fix, Int, Log, Randomize, Rnd, Round, Sgn, Sin, Sqr, Tan.
 #include "platform/script/Operands.h"
 #include "platform/script/Operators.h"
-#include "platform/script/library/Calendar.h"
 #include "platform/script/library/FunctionArguments.h"
+#include "platform/script/text/Calendar.h"
 
 #include <algorithm>
 #include <bit>

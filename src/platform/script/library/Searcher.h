@@ -19,7 +19,7 @@ class Searcher {
     Searcher(const Searcher&) = delete;
     Searcher& operator=(const Searcher&) = delete;
 
-    // Where `wanted` first stands in `text` at `from` or behind. The empty text is found at `from`.
+    // Where `wanted` first stands in `text` at `from` or after. The empty text is found at `from`.
     std::size_t find(std::string_view text, std::size_t from) const;
     // Where it last stands in `text`. The empty text is found at the end.
     std::size_t findLast(std::string_view text) const;
@@ -34,7 +34,7 @@ class Searcher {
     Context& context_;
     std::string_view wanted_;
     Comparison comparison_;
-    // How much of the beginning of `wanted` (seen in the direction of the search) still holds where the byte behind
+    // How much of the beginning of `wanted` (seen in the direction of the search) still holds where the byte after
     // its first i does not; made when it is first needed, on the script's heap.
     mutable std::uint32_t* fallback_ = nullptr;
 };

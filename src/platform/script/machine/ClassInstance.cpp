@@ -30,7 +30,7 @@ void ClassInstance::dispose() noexcept {
     if (isDetached())
         delete this;
     else
-        machine_->bury(*this);
+        machine_->finalize(*this);
 }
 
 Value ClassInstance::call(Context&, NameId name, std::span<Value> arguments) {

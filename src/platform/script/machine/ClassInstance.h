@@ -13,7 +13,7 @@ namespace tolvan::script {
 
 class Machine;
 
-// Its machine keeps a list of all instances, so that those which hold each other can be let go in the end.
+// Its machine keeps a list of all instances, so that those which hold each other can be released in the end.
 class ClassInstance : public Object {
   public:
     ClassInstance(Machine& machine, ScriptClass& scriptClass);
@@ -34,7 +34,7 @@ class ClassInstance : public Object {
     bool isTerminated = false;
     ClassInstance* next = nullptr;
     ClassInstance* previous = nullptr;
-    ClassInstance* nextDying = nullptr;
+    ClassInstance* nextFinalized = nullptr;
 
   private:
     Machine* machine_;

@@ -47,7 +47,7 @@ void Machine::execute() {
 
 #define LOGICAL(name, expression)                                                                    \
     L_##name##RR : if (!logical(A, B, C, [](std::int32_t l, std::int32_t r) { return expression; })) \
-                       [[unlikely]] slow##name(A, B, C);                                             \
+                       [[unlikely]] slow<logical##name>(A, B, C);                                    \
     STEP(1);
 
 #define COMPARE_INTO(label, name, right, literal)               \
@@ -76,8 +76,8 @@ void Machine::execute() {
     }                                                          \
     STEP(2);
 
-// To a Gate: past it if its budget is not used up.
-#define LOOP_WITH_GATE                      \
+// To a Poll: past it if its budget is not used up.
+#define LOOP_WITH_POLL                      \
     int* const budget = pc[2].word<int*>(); \
     const int left = *budget;               \
     pc += WORD(std::int32_t);               \
@@ -93,7 +93,7 @@ void Machine::execute() {
         if (!compared<name>(A, right, result)) [[unlikely]]    \
             result = name::of(slowCompare(A, right, literal)); \
         if (result) {                                          \
-            LOOP_WITH_GATE                                     \
+            LOOP_WITH_POLL                                     \
         }                                                      \
     }                                                          \
     STEP(3);
@@ -141,7 +141,7 @@ void Machine::execute() {
         setValue(A, std::move(B));
         STEP(1);
     L_Clear:
-        letGo(A);
+        releaseHeld(A);
         A.tag = bits(Type::Empty);
         STEP(1);
     L_LoadReferred:
@@ -179,18 +179,18 @@ void Machine::execute() {
         // References.
     L_ReferRegister : {
         Value* const variable = &followed(B);
-        letGo(A);
+        releaseHeld(A);
         A.tag = bits(Type::Reference);
         A.as.ref = variable;
         STEP(1);
     }
     L_ReferGlobal:
-        letGo(A);
+        releaseHeld(A);
         A.tag = bits(Type::Reference);
         A.as.ref = WORD(Value*);
         STEP(2);
     L_ReferField:
-        letGo(A);
+        releaseHeld(A);
         A.tag = bits(Type::Reference);
         A.as.ref = &static_cast<ClassInstance*>(frame->me)->field(pc->b);
         STEP(1);
@@ -206,16 +206,16 @@ void Machine::execute() {
 
         // Arithmetic and logic.
         BINARY(Add, arithmetic<Add>, slowAdd)
-        BINARY(Subtract, arithmetic<Subtract>, slowSubtract)
-        BINARY(Multiply, arithmetic<Multiply>, slowMultiply)
-        BINARY(Divide, divided, slowDivide)
-        BINARY(IntegerDivide, integerDivided, slowIntegerDivide)
-        BINARY(Modulo, moduloOf, slowModulo)
+        BINARY(Subtract, arithmetic<Subtract>, slow<subtract>)
+        BINARY(Multiply, arithmetic<Multiply>, slow<multiply>)
+        BINARY(Divide, divided, slow<divide>)
+        BINARY(IntegerDivide, integerDivided, slow<integerDivide>)
+        BINARY(Modulo, moduloOf, slow<modulo>)
     L_PowerRR:
-        slowPower(A, B, C);
+        slow<power>(A, B, C);
         STEP(1);
     L_PowerRK:
-        slowPower(A, B, KC);
+        slow<power>(A, B, KC);
         STEP(1);
     L_ConcatenateRR:
         slowConcatenate(A, B, C);
@@ -295,7 +295,7 @@ void Machine::execute() {
         if (--ticks_ <= 0) [[unlikely]]
             slowTick();
         STEP(1);
-    L_Gate : {
+    L_Poll : {
         int* const budget = WORD(int*);
         const int left = *budget;
         if (left <= 0) [[unlikely]] {
@@ -304,8 +304,8 @@ void Machine::execute() {
         *budget = left - 1;
         STEP(2);
     }
-    L_AskGate:
-        putBoolean(A, askGate(*WORD(const HostMember*)));
+    L_PollHost:
+        putBoolean(A, pollHost(*WORD(const HostMember*)));
         STEP(2);
     L_ForPrepare:
         if (prepareFor(A, std::span<Value, 3>(&B, 3))) {
@@ -317,9 +317,9 @@ void Machine::execute() {
             STEP(WORD(std::int32_t));
         }
         STEP(2);
-    L_ForNextOneGate:
+    L_ForNextOnePoll:
         if (countsOn(A, B) ? A.as.i <= B.as.i : slowForNext(A, B, (&B)[1])) {
-            LOOP_WITH_GATE
+            LOOP_WITH_POLL
         }
         STEP(3);
     L_ForNext : {
@@ -452,7 +452,7 @@ void Machine::execute() {
         putMember(WORD(NameId), &A, pc->b, (pc->c & 1) != 0, (pc->c & 2) != 0);
         STEP(2);
     L_Evaluate:
-        evaluateText(static_cast<Special>(pc->c), &A);
+        evaluateSource(static_cast<Special>(pc->c), &A);
         STEP(1);
     L_NewObject:
         newObject(A, *WORD(ScriptClass*));

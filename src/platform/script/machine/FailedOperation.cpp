@@ -158,7 +158,7 @@ class Finder {
 void Finder::describe() {
     const Instruction& code = *at_;
     switch (code.op) {
-#define X(name)              \
+#define X(name, ...)         \
     case Op::name##RR:       \
         addRegister(code.b); \
         return addRegister(code.c);
@@ -166,14 +166,14 @@ void Finder::describe() {
         TOLVAN_BINARY_OPERATIONS(X)
         TOLVAN_COMPARISONS(X)
 #undef X
-#define X(name)              \
+#define X(name, ...)         \
     case Op::name##RK:       \
         addRegister(code.b); \
         return addConstant(code.c);
         TOLVAN_BINARY_OPERATIONS(X)
         TOLVAN_COMPARISONS(X)
 #undef X
-#define X(name)                     \
+#define X(name, ...)                \
     case Op::JumpIf##name##RR:      \
     case Op::JumpUnless##name##RR:  \
     case Op::LoopIf##name##RR:      \
@@ -221,7 +221,7 @@ void Finder::describe() {
             return addRegisters(code.b, 2);
         case Op::ForNext:
         case Op::ForNextOne:
-        case Op::ForNextOneGate:
+        case Op::ForNextOnePoll:
             addRegister(code.a);
             return addRegisters(code.b, 2);
         case Op::Index:

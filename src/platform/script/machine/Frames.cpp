@@ -8,8 +8,8 @@ namespace tolvan::script {
 
 namespace {
 
-// Loops and calls between two looks at the clock. A call from within an operation takes as long as many of
-// them, and so does an error.
+// The clock is read once in so many passes of loops and calls, because reading it takes longer than they do. A call
+// from within an operation, and an error, take as long as `ticksPerNestedCall` of them, and count as so many.
 constexpr int ticksPerLook = 4096;
 constexpr int ticksPerNestedCall = 64;
 
@@ -56,7 +56,7 @@ void Machine::loadArguments(const Procedure& procedure, Value* base) {
 }
 
 void Machine::leaveSlowly(Frame& frame) {
-    delete std::exchange(frame.made, nullptr);
+    delete std::exchange(frame.generated, nullptr);
     if (frame.me != nullptr) const Value released = Value::adopt(std::exchange(frame.me, nullptr));
 }
 
@@ -80,7 +80,7 @@ bool Machine::recover(const ScriptError& error) {
     for (bool isInnermost = true;; isInnermost = false) {
         Frame& frame = top();
         const auto next = static_cast<std::uint32_t>(frame.pc - frame.procedure->code.data());
-        // Procedures that wait for another one stand behind the call.
+        // In a procedure that waits for another one, pc is the instruction after the call.
         const std::uint32_t pc = isInnermost ? next : next - 1;
         const int line = static_cast<int>(frame.procedure->lineAt(pc));
         if (!trace_.isRaised) {
@@ -100,7 +100,7 @@ bool Machine::recover(const ScriptError& error) {
         leave();
         if (!isEntry) continue;
         // Nobody asks for the result any more.
-        letGo(*frame.base);
+        releaseHeld(*frame.base);
         return false;
     }
 }
@@ -131,7 +131,8 @@ void Machine::checkClock() {
     if (timeout >= 0 && std::chrono::steady_clock::now() >= deadline_) throw ScriptError(errors::timedOut);
 }
 
-// When the time is over every further tick finds it so: Class_Terminate swallows errors.
+// The count is set only if there is time left. After that every tick raises the error again, since a Class_Terminate in
+// between may have swallowed it.
 void Machine::slowTick() {
     checkClock();
     ticks_ = ticksPerLook;

@@ -5,8 +5,8 @@
 
 namespace tolvan::script {
 
-// Lets go what a register holds; leaves its tag to be written.
-inline void letGo(Value& value) {
+// Releases what a register holds; the caller writes its tag.
+inline void releaseHeld(Value& value) {
     if ((value.tag & Value::heapTypes) != 0) [[unlikely]]
         value = Value();
 }
@@ -21,11 +21,11 @@ inline Value& followed(Value& value) {
 inline void Machine::enter(const Procedure& procedure, Value* base, Object* me, bool isEntry) {
     if (base + procedure.registerCount > stackEnd_ || depth_ == deepestCalls) [[unlikely]]
         throw ScriptError(errors::outOfStack);
-    letGo(base[0]);
+    releaseHeld(base[0]);
     base[0].tag = bits(Type::Empty);
     Value* const end = base + procedure.variableCount;
     for (Value* variable = base + 1 + procedure.parameterCount; variable < end; ++variable) {
-        letGo(*variable);
+        releaseHeld(*variable);
         variable->tag = bits(Type::Empty);
     }
     Frame& frame = frames_[depth_++];
@@ -33,7 +33,7 @@ inline void Machine::enter(const Procedure& procedure, Value* base, Object* me, 
     frame.pc = procedure.code.data();
     frame.base = base;
     frame.me = me;
-    frame.made = nullptr;
+    frame.generated = nullptr;
     frame.resumeNext = false;
     frame.isEntry = isEntry;
 }
@@ -42,8 +42,8 @@ inline void Machine::enter(const Procedure& procedure, Value* base, Object* me, 
 inline void Machine::leave() {
     Frame& frame = frames_[depth_ - 1];
     Value* const end = frame.base + frame.procedure->registerCount;
-    for (Value* variable = frame.base + 1; variable < end; ++variable) letGo(*variable);
-    if (frame.me != nullptr || frame.made != nullptr) [[unlikely]]
+    for (Value* variable = frame.base + 1; variable < end; ++variable) releaseHeld(*variable);
+    if (frame.me != nullptr || frame.generated != nullptr) [[unlikely]]
         leaveSlowly(frame);
     --depth_;
 }

@@ -1,6 +1,6 @@
-// Names that had no meaning when the code that uses them was compiled, because a text that Execute runs may give them
-// one at any time. `own` is the register of such a name: the procedure's own variable, or, once it was found, a
-// reference to the variable outside.
+// Late binding: names that had no meaning when the code that uses them was compiled, because source that Execute runs
+// may declare them at any time. `own` is the register of such a name: the procedure's own variable, or, once it was
+// found, a reference to the variable outside.
 
 #include "platform/script/Conversions.h"
 #include "platform/script/machine/Frames.h"
@@ -19,9 +19,9 @@ void refer(Value& place, Value& variable) {
 
 // What the name stands for now, outside the variables of the running procedure; null: nothing.
 const Symbol* Machine::meaningOf(NameId name) {
-    if (const MadeNames* made = textFrame().made) {
-        const auto place = made->symbols.find(name);
-        if (place != made->symbols.end()) return &place->second;
+    if (const GeneratedNames* generated = enclosingFrame().generated) {
+        const auto place = generated->symbols.find(name);
+        if (place != generated->symbols.end()) return &place->second;
     }
     return symbols_->find(name);
 }
@@ -30,9 +30,9 @@ const Symbol* Machine::meaningOf(NameId name) {
 Value* Machine::lateVariable(Value& own, const LateUse& use, const Symbol*& meaning) {
     // A variable that is Empty may have got its meaning only now.
     if (!followed(own).is(Type::Empty)) return &followed(own);
-    if (MadeNames* made = textFrame().made) {
-        const auto place = made->variables.find(use.name);
-        if (place != made->variables.end()) {
+    if (GeneratedNames* generated = enclosingFrame().generated) {
+        const auto place = generated->variables.find(use.name);
+        if (place != generated->variables.end()) {
             refer(own, place->second);
             return &place->second;
         }
@@ -75,7 +75,7 @@ bool Machine::callLate(Value& own, const LateUse& use, Value* base, std::uint32_
     }
     if (use.wantsReference && variable->is(Type::Array)) {
         referElement(base[0], *variable, arguments);
-        for (Value& argument : arguments) letGo(argument);
+        for (Value& argument : arguments) releaseHeld(argument);
         return false;
     }
     base[0] = *variable;

@@ -24,18 +24,18 @@
 
 namespace tolvan::script {
 
-// What Execute made in a running procedure.
-struct MadeNames {
+// The names that source run by Execute has generated in a procedure.
+struct GeneratedNames {
     std::map<NameId, Value> variables;
     SymbolTable::Map symbols;  // procedures, constants, classes
 };
 
 struct Frame {
     const Procedure* procedure;
-    const Instruction* pc;  // where to go on; kept up to date only while another frame runs
-    Value* base;            // R[0]
-    Object* me;             // counted; null outside methods
-    MadeNames* made;        // owned; null as a rule
+    const Instruction* pc;      // where to go on; kept up to date only while another frame runs
+    Value* base;                // R[0]
+    Object* me;                 // counted; null outside methods
+    GeneratedNames* generated;  // owned; null as a rule
     bool resumeNext;
     bool isEntry;  // called from C++: returning ends the dispatch loop
 };
@@ -83,7 +83,7 @@ class Machine : public Context {
     void addInstance(ClassInstance& instance);
     void removeInstance(ClassInstance& instance);
     // Runs Class_Terminate of an instance that nobody holds any more, and deletes it.
-    void bury(ClassInstance& instance) noexcept;
+    void finalize(ClassInstance& instance) noexcept;
 
     // Registers of all procedures that can be active at once (16 bytes each), and procedures: as many as a script
     // needs that recurses 20,000 deep. Beyond: error 28.
@@ -112,23 +112,17 @@ class Machine : public Context {
     void setValue(Value& target, Value&& value);
     void let(Value& target, const Value& value);
     bool isTrue(const Value& value);
+    // An operator on operands of any type; not inlined into the loop of instructions.
+    template <BinaryOperator apply>
+    [[gnu::noinline]] void slow(Value& target, const Value& left, const Value& right) {
+        target = apply(*this, left, right);
+    }
     void slowAdd(Value& target, const Value& left, const Value& right);
     void slowAddInteger(Value& target, const Value& left, std::int16_t right);
-    void slowSubtract(Value& target, const Value& left, const Value& right);
-    void slowMultiply(Value& target, const Value& left, const Value& right);
-    void slowDivide(Value& target, const Value& left, const Value& right);
-    void slowIntegerDivide(Value& target, const Value& left, const Value& right);
-    void slowModulo(Value& target, const Value& left, const Value& right);
-    void slowPower(Value& target, const Value& left, const Value& right);
     void slowConcatenate(Value& target, const Value& left, const Value& right);
     void makeOperand(Value& value);
     void append(Value& target, const Value& tail);
     void appendParts(Value& target, Value& earlier, std::span<const Value> parts);
-    void slowAnd(Value& target, const Value& left, const Value& right);
-    void slowOr(Value& target, const Value& left, const Value& right);
-    void slowXor(Value& target, const Value& left, const Value& right);
-    void slowEqv(Value& target, const Value& left, const Value& right);
-    void slowImp(Value& target, const Value& left, const Value& right);
     void negateInto(Value& target, const Value& of);
     void plusInto(Value& target, const Value& of);
     void notInto(Value& target, const Value& of);
@@ -163,13 +157,13 @@ class Machine : public Context {
     void putMember(NameId name, Value* base, std::uint32_t count, bool isSet, bool isOwn);
     void putInstance(ClassInstance& instance, NameId name, std::span<Value> arguments, bool isSet, bool isOwn);
     void newObject(Value& target, ScriptClass& scriptClass);
-    bool askGate(const HostMember& member);
-    void evaluateText(Special what, Value* base);
-    Value runText(std::string_view source, bool isExpression, bool isGlobal);
-    Frame& textFrame();
-    ModuleCompiler::Surroundings surroundings();
+    bool pollHost(const HostMember& member);
+    void evaluateSource(Special what, Value* base);
+    Value runSource(std::string_view source, bool isExpression, bool isGlobal);
+    Frame& enclosingFrame();
+    ModuleCompiler::EnclosingScope enclosingScope();
 
-    // Late names (LateNames.cpp).
+    // Late binding (LateNames.cpp).
     const Symbol* meaningOf(NameId name);
     Value* lateVariable(Value& own, const LateUse& use, const Symbol*& meaning);
     void findVariable(Value& own, const LateUse& use);
@@ -193,7 +187,7 @@ class Machine : public Context {
     ErrorTrace trace_;
 
     ClassInstance* instances_ = nullptr;
-    ClassInstance* dying_ = nullptr;
+    ClassInstance* finalizing_ = nullptr;
     bool deleting_ = false;
     bool resetting_ = false;
 };

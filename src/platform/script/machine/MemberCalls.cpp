@@ -1,7 +1,7 @@
-// Calls of functions, host members, methods and texts; objects.
+// Calls of functions, host members and methods; source that is run; objects.
 //
 // A window of registers holds the result, or the object, and then the arguments (see CallFrame in the compiler). A call
-// leaves no argument behind.
+// leaves no argument after.
 
 #include "platform/script/ArrayCell.h"
 #include "platform/script/Conversions.h"
@@ -15,7 +15,7 @@ namespace tolvan::script {
 namespace {
 
 void clearArguments(Value* base, std::uint32_t count) {
-    for (std::uint32_t i = 1; i <= count; ++i) letGo(base[i]);
+    for (std::uint32_t i = 1; i <= count; ++i) releaseHeld(base[i]);
 }
 
 // What the arguments are, references followed.
@@ -31,7 +31,8 @@ void Machine::callBuiltin(const Builtin& builtin, Value* base, std::uint32_t cou
     clearArguments(base, count);
 }
 
-// Looks at the clock, because the host may give a poll its budget back: the poll would not come to ask any more.
+// Counts for the clock: a host may renew the budget of its polls in each call, and no poll would come to read the clock
+// any more.
 void Machine::callHost(const HostMember& member, Value* base, std::uint32_t count) {
     if (--ticks_ <= 0) slowTick();
     Arguments arguments(*this, {base + 1, count});
@@ -45,7 +46,7 @@ void Machine::putHost(const HostMember& member, Value* base, std::uint32_t count
     clearArguments(base, count + 1);
 }
 
-bool Machine::askGate(const HostMember& member) {
+bool Machine::pollHost(const HostMember& member) {
     checkClock();
     Arguments arguments(*this, {});
     return toBoolean(*this, member.object->call(member.member, arguments));
@@ -151,9 +152,9 @@ void Machine::newObject(Value& target, ScriptClass& scriptClass) {
     target = std::move(made);
 }
 
-// Texts as code -------------------------------------------------------------------------------------------------------
+// Source that is run --------------------------------------------------------------------------------------------------
 
-void Machine::evaluateText(Special what, Value* base) {
+void Machine::evaluateSource(Special what, Value* base) {
     Value text = std::move(base[1]);
     if (what == Special::Eval && !text.is(Type::String)) {
         base[0] = std::move(text);
@@ -168,10 +169,10 @@ void Machine::evaluateText(Special what, Value* base) {
         base[0] = Value::adopt(new ProcedureReference(*this, *symbol->procedure));
         return;
     }
-    base[0] = runText(source, what == Special::Eval, what == Special::ExecuteGlobal);
+    base[0] = runSource(source, what == Special::Eval, what == Special::ExecuteGlobal);
 }
 
-Value Machine::runText(std::string_view source, bool isExpression, bool isGlobal) {
+Value Machine::runSource(std::string_view source, bool isExpression, bool isGlobal) {
     checkClock();
     ModuleCompiler compiler(*symbols_, names_, *this);
     std::shared_ptr<const Procedure> procedure;
@@ -179,34 +180,34 @@ Value Machine::runText(std::string_view source, bool isExpression, bool isGlobal
         if (isGlobal)
             procedure = compiler.compileModule(source);
         else if (isExpression)
-            procedure = compiler.compileExpression(source, surroundings());
+            procedure = compiler.compileExpression(source, enclosingScope());
         else
-            procedure = compiler.compileText(source, surroundings());
+            procedure = compiler.compileSource(source, enclosingScope());
     } catch (const SyntaxError& error) {
         throw ScriptError(static_cast<int>(error.number));
     }
     return invoke(*procedure, isGlobal ? nullptr : top().me, {});
 }
 
-// The frame whose names a text sees: that of the procedure, or of the statements outside, in which the outermost of the
-// texts that are run within each other stands.
-Frame& Machine::textFrame() {
+// The frame whose variables are visible to source that is run now: the innermost one that is not itself source of Eval
+// or Execute, so that source within source sees the variables of the same procedure.
+Frame& Machine::enclosingFrame() {
     Frame* frame = &top();
-    while (frame->procedure->isText && frame != frames_.get()) --frame;
+    while (frame->procedure->isEvalCode && frame != frames_.get()) --frame;
     return *frame;
 }
 
-ModuleCompiler::Surroundings Machine::surroundings() {
-    ModuleCompiler::Surroundings around;
-    Frame& frame = textFrame();
+ModuleCompiler::EnclosingScope Machine::enclosingScope() {
+    ModuleCompiler::EnclosingScope enclosing;
+    Frame& frame = enclosingFrame();
     const Procedure& procedure = *frame.procedure;
-    around.owner = procedure.owner;
-    if (procedure.isModule || procedure.isText) return around;
-    if (frame.made == nullptr) frame.made = new MadeNames;
-    around.result = procedure.variableNames[0];
-    around.findVariable = [&frame](NameId name) -> Value* {
-        const auto made = frame.made->variables.find(name);
-        if (made != frame.made->variables.end()) return &made->second;
+    enclosing.owner = procedure.owner;
+    if (procedure.isModule || procedure.isEvalCode) return enclosing;
+    if (frame.generated == nullptr) frame.generated = new GeneratedNames;
+    enclosing.result = procedure.variableNames[0];
+    enclosing.findVariable = [&frame](NameId name) -> Value* {
+        const auto made = frame.generated->variables.find(name);
+        if (made != frame.generated->variables.end()) return &made->second;
         const auto place = frame.procedure->registers.find(name);
         if (place == frame.procedure->registers.end()) return nullptr;
         Value& variable = followed(frame.base[place->second]);
@@ -214,9 +215,9 @@ ModuleCompiler::Surroundings Machine::surroundings() {
         const bool isOpen = place->second >= frame.procedure->firstLate && variable.is(Type::Empty);
         return isOpen ? nullptr : &variable;
     };
-    around.makeVariable = [&frame](NameId name) { return &frame.made->variables[name]; };
-    around.symbols = &frame.made->symbols;
-    return around;
+    enclosing.makeVariable = [&frame](NameId name) { return &frame.generated->variables[name]; };
+    enclosing.symbols = &frame.generated->symbols;
+    return enclosing;
 }
 
 // Instances -----------------------------------------------------------------------------------------------------------
@@ -235,14 +236,14 @@ void Machine::removeInstance(ClassInstance& instance) {
     if (instance.next != nullptr) instance.next->previous = instance.previous;
 }
 
-// An instance may hold another, and so on for any number of them: those that are let go by deleting one wait for their
-// turn instead of being buried within it.
-void Machine::bury(ClassInstance& instance) noexcept {
-    instance.nextDying = dying_;
-    dying_ = &instance;
+// Deleting an instance releases the instances that it holds, and these release others, as deep as a list is long. So
+// they are put on a list and finalized one after the other instead of within each other.
+void Machine::finalize(ClassInstance& instance) noexcept {
+    instance.nextFinalized = finalizing_;
+    finalizing_ = &instance;
     if (deleting_) return;
-    while (dying_ != nullptr) {
-        ClassInstance* next = std::exchange(dying_, dying_->nextDying);
+    while (finalizing_ != nullptr) {
+        ClassInstance* next = std::exchange(finalizing_, finalizing_->nextFinalized);
         const auto& terminate = next->scriptClass().terminate;
         if (terminate != nullptr && !next->isTerminated && !resetting_) {
             next->isTerminated = true;

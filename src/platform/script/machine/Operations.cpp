@@ -57,25 +57,6 @@ void Machine::slowAddInteger(Value& target, const Value& left, std::int16_t righ
     target = add(*this, left, Value::integer(right));
 }
 
-void Machine::slowSubtract(Value& target, const Value& left, const Value& right) {
-    target = subtract(*this, left, right);
-}
-void Machine::slowMultiply(Value& target, const Value& left, const Value& right) {
-    target = multiply(*this, left, right);
-}
-void Machine::slowDivide(Value& target, const Value& left, const Value& right) {
-    target = divide(*this, left, right);
-}
-void Machine::slowIntegerDivide(Value& target, const Value& left, const Value& right) {
-    target = integerDivide(*this, left, right);
-}
-void Machine::slowModulo(Value& target, const Value& left, const Value& right) {
-    target = modulo(*this, left, right);
-}
-void Machine::slowPower(Value& target, const Value& left, const Value& right) {
-    target = power(*this, left, right);
-}
-
 // Where the text stays in its variable or temporary, it grows in place.
 void Machine::slowConcatenate(Value& target, const Value& left, const Value& right) {
     if (&target != &left || !left.is(Type::String)) {
@@ -116,21 +97,6 @@ void Machine::makeOperand(Value& value) {
     value = Value(plainOperand(*this, value, keep));
 }
 
-void Machine::slowAnd(Value& target, const Value& left, const Value& right) {
-    target = logicalAnd(*this, left, right);
-}
-void Machine::slowOr(Value& target, const Value& left, const Value& right) {
-    target = logicalOr(*this, left, right);
-}
-void Machine::slowXor(Value& target, const Value& left, const Value& right) {
-    target = logicalXor(*this, left, right);
-}
-void Machine::slowEqv(Value& target, const Value& left, const Value& right) {
-    target = logicalEqv(*this, left, right);
-}
-void Machine::slowImp(Value& target, const Value& left, const Value& right) {
-    target = logicalImp(*this, left, right);
-}
 void Machine::negateInto(Value& target, const Value& of) {
     target = negate(*this, of);
 }

@@ -23,20 +23,20 @@ inline double asDouble(const Value& value) {
 }
 
 inline void putDouble(Value& target, double number) {
-    letGo(target);
+    releaseHeld(target);
     target.tag = bits(Type::Double);
     target.as.d = number;
 }
 
 inline void putBoolean(Value& target, bool on) {
-    letGo(target);
+    releaseHeld(target);
     target.tag = bits(Type::Boolean);
     target.as.i = on ? -1 : 0;
 }
 
 // `tags`: those of the operands, or-ed. Two Integers give an Integer as long as the result is one.
 inline void putWhole(Value& target, std::int32_t number, std::uint32_t tags) {
-    letGo(target);
+    releaseHeld(target);
     const bool isLong = (tags & bits(Type::Long)) != 0 || number != static_cast<std::int16_t>(number);
     target.tag = isLong ? bits(Type::Long) : bits(Type::Integer);
     target.as.i = number;

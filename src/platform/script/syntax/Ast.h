@@ -107,7 +107,7 @@ struct EraseStmt : Stmt {
 
 struct ConstStmt : Stmt {
     NameId name;
-    Expr* value;  // a literal, or a literal behind a minus
+    Expr* value;  // a literal, or a literal after a minus
     bool isPrivate;
 };
 

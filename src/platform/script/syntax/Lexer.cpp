@@ -3,8 +3,10 @@
 #include "platform/encoding/Ascii.h"
 #include "platform/script/Conversions.h"
 #include "platform/script/StringCell.h"
+#include "platform/script/text/DateReading.h"
+#include "platform/script/text/NumberReading.h"
 
-#include <array>
+#include <algorithm>
 #include <cmath>
 #include <unordered_map>
 
@@ -12,26 +14,34 @@ namespace tolvan::script {
 
 namespace {
 
-// In the order of Token.
-constexpr std::array<std::string_view, 53> reservedWords = {
-    "and",    "byref",  "byval", "call",    "case",   "class", "const", "dim",      "do",     "each",    "else",
-    "elseif", "empty",  "end",   "eqv",     "exit",   "false", "for",   "function", "goto",   "if",      "imp",
-    "in",     "is",     "let",   "loop",    "me",     "mod",   "new",   "next",     "not",    "nothing", "null",
-    "on",     "option", "or",    "private", "public", "redim", "rem",   "resume",   "select", "set",     "stop",
-    "sub",    "then",   "to",    "true",    "until",  "wend",  "while", "with",     "xor"};
-static_assert(reservedWords.size() == static_cast<std::size_t>(Token::Xor) - static_cast<std::size_t>(Token::And) + 1);
-constexpr std::size_t longestReserved = 8;
+constexpr std::size_t longestReserved = std::max({
+#define X(name) sizeof(#name) - 1,
+    TOLVAN_RESERVED_WORDS(X)
+#undef X
+});
 
 Token reservedOrName(std::string_view word) {
-    static const std::unordered_map<std::string_view, Token> table = [] {
-        std::unordered_map<std::string_view, Token> map;
-        for (std::size_t i = 0; i < reservedWords.size(); ++i)
-            map[reservedWords[i]] = static_cast<Token>(static_cast<std::size_t>(Token::And) + i);
-        return map;
-    }();
+    static const std::unordered_map<std::string, Token> table{
+#define X(name) {lowerCase(#name), Token::name},
+        TOLVAN_RESERVED_WORDS(X)
+#undef X
+    };
     if (word.size() > longestReserved) return Token::Name;
     const auto place = table.find(lowerCase(word));
     return place == table.end() ? Token::Name : place->second;
+}
+
+// The token of a sign of one character, or Name if there is none.
+constexpr Token signOf(char first) {
+    switch (first) {
+#define X(name, character) \
+    case character:        \
+        return Token::name;
+        TOLVAN_SIGNS(X)
+#undef X
+        default:
+            return Token::Name;
+    }
 }
 
 bool isNameByte(char byte) {
@@ -112,9 +122,9 @@ void Lexer::advance() {
         case '#':
             return date();
         case '[':
-            return bracketedName();
+            return delimitedName();
         case '&':
-            if (!isBehindOperand() &&
+            if (!isAfterOperand() &&
                 (peek(1) == 'h' || peek(1) == 'H' || peek(1) == 'o' || peek(1) == 'O' || isDigit(peek(1))))
                 return hexOrOctal();
             break;
@@ -124,9 +134,9 @@ void Lexer::advance() {
     sign();
 }
 
-// An "&" there joins, as in "a"&1 or name&hour, and begins no number. Behind a name and a blank it may begin the first
+// An "&" there joins, as in "a"&1 or name&hour, and begins no number. After a name and a blank it may begin the first
 // argument of a call.
-bool Lexer::isBehindOperand() const {
+bool Lexer::isAfterOperand() const {
     return state_.token == Token::Literal || state_.token == Token::Close ||
            (state_.token == Token::Name && !state_.afterBlank);
 }
@@ -134,7 +144,7 @@ bool Lexer::isBehindOperand() const {
 void Lexer::word() {
     while (isNameByte(peek())) ++state_.next;
     const std::string_view spelled = spelling();
-    // Every word behind a dot is the name of a member.
+    // Every word after a dot is the name of a member.
     state_.token = state_.token == Token::Dot ? Token::Name : reservedOrName(spelled);
     if (state_.token == Token::Rem) {
         skipComment();
@@ -149,7 +159,7 @@ NameId Lexer::wordName() {
     return state_.token == Token::Name ? state_.name : names_.intern(spelling());
 }
 
-void Lexer::bracketedName() {
+void Lexer::delimitedName() {
     ++state_.next;
     const std::size_t first = state_.next;
     while (!atLineEnd(0) && peek() != ']') ++state_.next;
@@ -173,42 +183,6 @@ void Lexer::sign() {
         return true;
     };
     switch (first) {
-        case '(':
-            state_.token = Token::Open;
-            return;
-        case ')':
-            state_.token = Token::Close;
-            return;
-        case ',':
-            state_.token = Token::Comma;
-            return;
-        case '.':
-            state_.token = Token::Dot;
-            return;
-        case ':':
-            state_.token = Token::Colon;
-            return;
-        case '+':
-            state_.token = Token::Plus;
-            return;
-        case '-':
-            state_.token = Token::Minus;
-            return;
-        case '*':
-            state_.token = Token::Times;
-            return;
-        case '/':
-            state_.token = Token::Divide;
-            return;
-        case '\\':
-            state_.token = Token::IntegerDivide;
-            return;
-        case '^':
-            state_.token = Token::Power;
-            return;
-        case '&':
-            state_.token = Token::Concatenate;
-            return;
         case '=':
             state_.token = second('<') ? Token::LessEqual : second('>') ? Token::GreaterEqual : Token::Equal;
             return;
@@ -219,7 +193,8 @@ void Lexer::sign() {
             state_.token = second('=') ? Token::GreaterEqual : second('<') ? Token::NotEqual : Token::Greater;
             return;
         default:
-            fail(Syntax::InvalidCharacter);
+            state_.token = signOf(first);
+            if (state_.token == Token::Name) fail(Syntax::InvalidCharacter);
     }
 }
 

@@ -21,7 +21,7 @@ class Lexer {
 
     // Where the lexer stands: copied to look ahead, and put back to read again.
     struct State {
-        std::size_t next = 0;  // first byte behind the token
+        std::size_t next = 0;  // first byte after the token
         std::uint32_t line = 1;
         std::size_t lineStart = 0;
         Token token = Token::EndOfLine;
@@ -57,9 +57,9 @@ class Lexer {
     bool atLineEnd(std::size_t ahead) const;
     void takeLineEnd();
     void endLine();
-    bool isBehindOperand() const;
+    bool isAfterOperand() const;
     void word();
-    void bracketedName();
+    void delimitedName();
     void sign();
     void number();
     void hexOrOctal();

@@ -1,6 +1,7 @@
 // Makes the syntax tree of a module, statement by statement. Throws SyntaxError.
 #pragma once
 
+#include "platform/script/OperatorList.h"
 #include "platform/script/syntax/Ast.h"
 #include "platform/script/syntax/Lexer.h"
 
@@ -16,7 +17,7 @@ class Parser {
     Parser(std::string_view source, Names& names, Heap* heap = nullptr);
 
     std::unique_ptr<Module> parseModule();
-    // The text of Eval: one expression and nothing else.
+    // The source of Eval: one expression and nothing else.
     std::unique_ptr<Module> parseSingleExpression(Expr*& expression);
 
     // Levels of parentheses and blocks within each other, and of operators on one another; deeper text is refused
@@ -42,8 +43,8 @@ class Parser {
     void skipSeparators();
 
     // Expressions (ParserExpressions.cpp).
-    Expr* expression() { return binary(1); }
-    Expr* binary(int lowestLevel);
+    Expr* expression() { return binary(Precedence::Imp); }
+    Expr* binary(Precedence lowestLevel);
     Expr* unary();
     Expr* operand();
     Expr* primary();
@@ -60,7 +61,7 @@ class Parser {
     void statement(Block& block);
     bool startsStatement() const;
     void block(Block& into);
-    void enclosed(Block& into, int& depth);
+    void nestedBlock(Block& into, int& depth);
     void simpleStatement(Block& block);
     void assignmentOrCall(Block& block);
     Expr* callTarget(bool& hasArguments);

@@ -44,7 +44,7 @@ bool Parser::declaration() {
     return false;
 }
 
-// The name of a method or property: it always stands behind an object and a dot, so that any word will do.
+// The name of a method or property: it always stands after an object and a dot, so that any word will do.
 NameId Parser::memberName() {
     if (!isReserved(token())) return expectName();
     const NameId name = lexer_.wordName();
@@ -52,7 +52,7 @@ NameId Parser::memberName() {
     return name;
 }
 
-// Whether the word, behind Public or Private, is a field's name although it could begin a declaration.
+// Whether the word, after Public or Private, is a field's name although it could begin a declaration.
 bool Parser::namesField() {
     const Token next = following();
     return next == Token::EndOfLine || next == Token::EndOfFile || next == Token::Colon || next == Token::Comma ||

@@ -1,3 +1,4 @@
+#include "platform/script/OperatorList.h"
 #include "platform/script/syntax/Parser.h"
 
 #include <algorithm>
@@ -6,61 +7,28 @@ namespace tolvan::script {
 
 namespace {
 
-// How tightly operators bind, loosest first; 0 is none of them.
-enum Precedence {
-    Imp = 1,
-    Eqv,
-    Xor,
-    Or,
-    And,
-    Not,
-    Compare,
-    Concatenate,
-    Add,
-    Modulo,
-    IntegerDivide,
-    Multiply,
-    Sign,
-    Power
-};
-
-int precedence(Token token) {
+Precedence precedence(Token token) {
     switch (token) {
-        case Token::Imp:
-            return Imp;
-        case Token::Eqv:
-            return Eqv;
-        case Token::Xor:
-            return Xor;
-        case Token::Or:
-            return Or;
-        case Token::And:
-            return And;
-        case Token::Equal:
-        case Token::NotEqual:
-        case Token::Less:
-        case Token::LessEqual:
-        case Token::Greater:
-        case Token::GreaterEqual:
+#define X(name, token, level, ...) \
+    case Token::token:             \
+        return Precedence::level;
+        TOLVAN_BINARY_OPERATIONS(X)
+        TOLVAN_LOGICAL_OPERATIONS(X)
+#undef X
+#define X(name, level, ...) \
+    case Token::name:       \
+        return Precedence::level;
+        TOLVAN_COMPARISONS(X)
+#undef X
         case Token::Is:
-            return Compare;
-        case Token::Concatenate:
-            return Concatenate;
-        case Token::Plus:
-        case Token::Minus:
-            return Add;
-        case Token::Mod:
-            return Modulo;
-        case Token::IntegerDivide:
-            return IntegerDivide;
-        case Token::Times:
-        case Token::Divide:
-            return Multiply;
-        case Token::Power:
-            return Power;
+            return Precedence::Comparison;
         default:
-            return 0;
+            return Precedence::None;
     }
+}
+
+Precedence tighter(Precedence level) {
+    return static_cast<Precedence>(static_cast<int>(level) + 1);
 }
 
 std::uint16_t depthOf(const Expr* node) {
@@ -91,15 +59,15 @@ void Parser::refuseTooDeep(Expr* tree) const {
 }
 
 // Operators of one level group from the left, ^ too.
-Expr* Parser::binary(int lowestLevel) {
+Expr* Parser::binary(Precedence lowestLevel) {
     Expr* left = unary();
     for (;;) {
         const Token op = token();
-        const int level = precedence(op);
-        if (level == 0 || level < lowestLevel) return left;
+        const Precedence level = precedence(op);
+        if (level == Precedence::None || level < lowestLevel) return left;
         const std::uint32_t atLine = line();
         lexer_.advance();
-        left = node(ExprKind::Binary, op, left, binary(level + 1), atLine);
+        left = node(ExprKind::Binary, op, left, binary(tighter(level)), atLine);
     }
 }
 
@@ -109,7 +77,7 @@ Expr* Parser::unary() {
     const Level level(*this);
     const std::uint32_t atLine = line();
     lexer_.advance();
-    Expr* of = binary(op == Token::Not ? Compare : Power);
+    Expr* of = binary(op == Token::Not ? Precedence::Comparison : Precedence::Power);
     return node(ExprKind::Unary, op, of, nullptr, atLine);
 }
 

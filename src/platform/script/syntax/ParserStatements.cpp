@@ -30,8 +30,8 @@ bool Parser::startsStatement() const {
     }
 }
 
-// The statements within one more loop or With, behind its first line.
-void Parser::enclosed(Block& into, int& depth) {
+// The statements within one more loop or With, after its first line.
+void Parser::nestedBlock(Block& into, int& depth) {
     expectStatementEnd();
     ++depth;
     block(into);
@@ -117,7 +117,7 @@ void Parser::simpleStatement(Block& into) {
 // Assignments and calls -----------------------------------------------------------------------------------------------
 
 // "f (a), b" gives an argument in parentheses; "f (a) = b" assigns an element; "f (a)" calls with a value. Only what
-// follows the parentheses tells, so the list is read again where the first reading was wrong: behind a blank, too, in
+// follows the parentheses tells, so the list is read again where the first reading was wrong: after a blank, too, in
 // "f (a)(1)", which gives an element. In a With, "f .a" gives a member of its object.
 Expr* Parser::callTarget(bool& hasArguments) {
     Expr* chain = primary();
@@ -394,7 +394,7 @@ void Parser::forStatement(Block& into) {
     expect(Token::To, Syntax::ExpectedTo);
     loop.to = expression();
     if (acceptName("step")) loop.step = expression();
-    enclosed(loop.body, forDepth_);
+    nestedBlock(loop.body, forDepth_);
     expect(Token::Next, Syntax::ExpectedNext);
     add(into, loop);
 }
@@ -405,7 +405,7 @@ void Parser::forEach(Block& into, std::uint32_t atLine) {
     if (token() == Token::Open || token() == Token::Dot) lexer_.fail(Syntax::InvalidForVariable);
     expect(Token::In, Syntax::ExpectedIn);
     loop.group = expression();
-    enclosed(loop.body, forDepth_);
+    nestedBlock(loop.body, forDepth_);
     expect(Token::Next, Syntax::ExpectedNext);
     add(into, loop);
 }
@@ -434,7 +434,7 @@ void Parser::doStatement(Block& into) {
         condition(LoopStmt::Test::Before);
     else if (!atStatementEnd())
         lexer_.fail(Syntax::ExpectedWhileUntilOrEnd);
-    enclosed(loop.body, doDepth_);
+    nestedBlock(loop.body, doDepth_);
     expect(Token::Loop, Syntax::ExpectedLoop);
     if (token() == Token::While || token() == Token::Until) {
         if (loop.test == LoopStmt::Test::Before) lexer_.fail(Syntax::ExpectedEndOfStatement);
@@ -450,7 +450,7 @@ void Parser::with(Block& into) {
     const std::uint32_t atLine = line();
     lexer_.advance();
     WithStmt with{{StmtKind::With, atLine}, expression(), {}};
-    enclosed(with.body, withDepth_);
+    nestedBlock(with.body, withDepth_);
     expectEnd(Token::With, Syntax::ExpectedWith);
     add(into, with);
 }

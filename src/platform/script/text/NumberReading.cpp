@@ -1,10 +1,11 @@
 // Numbers read from text: parseNumber (Conversions.h), parseBitPattern and parseCurrency.
 //
-// What is read as a number: blanks around it; one sign before or behind it, or brackets around it, which make it
+// What is read as a number: blanks around it; one sign before or after it, or brackets around it, which make it
 // negative; a currency sign before it; commas anywhere between the digits before the point; an exponent with E or D.
+#include "platform/script/text/NumberReading.h"
+
 #include "platform/encoding/Ascii.h"
-#include "platform/script/Conversions.h"
-#include "platform/script/library/NumberWriting.h"
+#include "platform/script/text/NumberWriting.h"
 
 #include <algorithm>
 #include <charconv>

@@ -1,5 +1,5 @@
 #include "host/RecordingConsole.h"
-#include "runtime/host/PollGate.h"
+#include "runtime/host/PollThrottle.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -9,29 +9,29 @@ namespace {
 
 using namespace std::chrono_literals;
 
-PollGate::Clock::time_point currentTime;
+PollThrottle::Clock::time_point currentTime;
 
 // Plays the engine: statements of a given length, each behind a poll.
 class Program {
   public:
-    explicit Program(PollGate& gate) : gate_(gate) {}
+    explicit Program(PollThrottle& throttle) : throttle_(throttle) {}
 
-    int looks = 0;  // polls that reached the gate
+    int looks = 0;  // polls that reached the throttle
 
-    bool runStatement(PollGate::Clock::duration length) {
-        int& budget = *gate_.budget();
+    bool runStatement(PollThrottle::Clock::duration length) {
+        int& budget = *throttle_.budget();
         if (budget > 0) {
             --budget;
         } else {
             ++looks;
-            if (!gate_.poll()) return false;
+            if (!throttle_.poll()) return false;
         }
         currentTime += length;
         return true;
     }
 
     // How long it goes on with statements of this length after the stop.
-    PollGate::Clock::duration stop(RecordingConsole& console, PollGate::Clock::duration length) {
+    PollThrottle::Clock::duration stop(RecordingConsole& console, PollThrottle::Clock::duration length) {
         console.running = false;
         const auto before = currentTime;
         for (int i = 0; i < 100'000'000 && runStatement(length); ++i) continue;
@@ -39,56 +39,56 @@ class Program {
     }
 
   private:
-    PollGate& gate_;
+    PollThrottle& throttle_;
 };
 
-class PollGateTest : public testing::Test {
+class PollThrottleTest : public testing::Test {
   protected:
     RecordingConsole console;
-    PollGate gate{console, [] { return currentTime; }};
-    Program program{gate};
+    PollThrottle throttle{console, [] { return currentTime; }};
+    Program program{throttle};
 };
 
-TEST_F(PollGateTest, HandlesEventsEvery8MsAndLooksAtTheClockSeldom) {
+TEST_F(PollThrottleTest, HandlesEventsEvery8MsAndLooksAtTheClockSeldom) {
     for (int i = 0; i < 10'000'000; ++i) ASSERT_TRUE(program.runStatement(10ns));
     EXPECT_NEAR(console.eventChecks, 100ms / 8ms, 2);
     EXPECT_LT(program.looks, 10'000'000 / 25);
 }
 
-TEST_F(PollGateTest, StopsWithin50MsEvenWhenStatementsBecomeSlowAllAtOnce) {
-    for (const PollGate::Clock::duration before : {10ns, 1000ns, 1'000'000ns})
-        for (const PollGate::Clock::duration after : {10ns, 100'000ns, 1'000'000ns}) {
+TEST_F(PollThrottleTest, StopsWithin50MsEvenWhenStatementsBecomeSlowAllAtOnce) {
+    for (const PollThrottle::Clock::duration before : {10ns, 1000ns, 1'000'000ns})
+        for (const PollThrottle::Clock::duration after : {10ns, 100'000ns, 1'000'000ns}) {
             console.running = true;
-            gate.reset();
+            throttle.reset();
             for (int i = 0; i < 1000; ++i) program.runStatement(before);
             EXPECT_LT(program.stop(console, after), 50ms) << before.count() << " ns, then " << after.count() << " ns";
         }
 }
 
-TEST_F(PollGateTest, KeepsLookingAtSlowStatements) {
+TEST_F(PollThrottleTest, KeepsLookingAtSlowStatements) {
     for (int i = 0; i < 100; ++i) program.runStatement(5ms);
     EXPECT_GE(console.eventChecks, 40);
     EXPECT_LE(program.stop(console, 5ms), 15ms);
 }
 
-TEST_F(PollGateTest, AsksAgainRightAfterWhatMayStopTheProgram) {
+TEST_F(PollThrottleTest, AsksAgainRightAfterWhatMayStopTheProgram) {
     for (int i = 0; i < 1000; ++i) program.runStatement(10ns);
     console.running = false;
-    gate.mustAsk();
+    throttle.mustAsk();
     EXPECT_FALSE(program.runStatement(10ns));
     EXPECT_FALSE(program.runStatement(10ns)) << "a stopped program stays stopped";
     console.running = true;
-    gate.reset();
+    throttle.reset();
     EXPECT_TRUE(program.runStatement(10ns));
 }
 
-TEST_F(PollGateTest, LooksAtTheClockAfterACallThatTookTime) {
+TEST_F(PollThrottleTest, LooksAtTheClockAfterACallThatTookTime) {
     for (int i = 0; i < 1000; ++i) program.runStatement(10ns);
     console.running = false;
-    gate.lookSoon();
+    throttle.lookSoon();
     EXPECT_TRUE(program.runStatement(10ns)) << "8 ms have not passed";
     currentTime += 20ms;
-    gate.lookSoon();
+    throttle.lookSoon();
     EXPECT_FALSE(program.runStatement(10ns));
 }
 

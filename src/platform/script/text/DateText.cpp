@@ -1,7 +1,6 @@
-#include "platform/script/library/DateText.h"
+#include "platform/script/text/DateText.h"
 
-#include "platform/script/Conversions.h"
-#include "platform/script/library/NumberWriting.h"
+#include "platform/script/text/NumberWriting.h"
 
 namespace tolvan::script {
 

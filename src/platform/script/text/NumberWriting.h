@@ -1,8 +1,8 @@
-// Numbers as plain VBScript writes and reads them, without the engine's text form and without memory of their own.
+// Numbers as plain VBScript writes them, without the engine's text form and without memory of their own.
 #pragma once
 
 #include <cstdint>
-#include <optional>
+#include <string>
 #include <string_view>
 
 namespace tolvan::script {
@@ -32,11 +32,9 @@ Digits digitsOf(double number);
 // All of them.
 Digits digitsOfCurrency(std::int64_t tenThousandths);
 
-// A text that begins (behind blanks) like &HFF or &O17: its value as written, which the conversions to whole numbers
-// take as the bits of one.
-std::optional<double> parseBitPattern(std::string_view text);
-// The ten-thousandths of a number's text, exact; nothing if it is none or out of range. parseNumber tells which.
-std::optional<std::int64_t> parseCurrency(std::string_view text);
+// The same as a string of its own.
+std::string plainNumber(double number);
+std::string plainNumber(float number);
 
 bool isBlank(char c);
 

@@ -1,10 +1,10 @@
-#include "runtime/host/PollGate.h"
+#include "runtime/host/PollThrottle.h"
 
 #include <algorithm>
 
 namespace tolvan {
 
-bool PollGate::poll() {
+bool PollThrottle::poll() {
     const Clock::time_point now = now_();
     const Clock::duration spent = now - lastLook_;
     lastLook_ = now;
@@ -19,18 +19,18 @@ bool PollGate::poll() {
     return true;
 }
 
-void PollGate::lookSoon() {
+void PollThrottle::lookSoon() {
     budget_ = granted_ = 0;
 }
 
-void PollGate::mustAsk() {
+void PollThrottle::mustAsk() {
     lookSoon();
     mustAsk_ = true;
 }
 
 // As many polls as take a quarter of a millisecond at the pace of the last ones, but growing by steps: at most one more
 // than twice as many as before.
-int PollGate::nextGrant(Clock::duration spent) const {
+int PollThrottle::nextGrant(Clock::duration spent) const {
     constexpr Clock::duration target = std::chrono::microseconds(250);
     const auto polls = (granted_ + 1) * (target / std::max(spent, Clock::duration(1)));
     return static_cast<int>(std::clamp<Clock::rep>(polls, 0, std::min(2 * granted_ + 1, mostGranted)));

@@ -1,4 +1,4 @@
-// The calendar behind Date values: the Gregorian one at all times, from year 100 to 9999. A Date counts days from
+// The calendar after Date values: the Gregorian one at all times, from year 100 to 9999. A Date counts days from
 // 30 December 1899; its fraction is the time of day and counts forward also before that day (-1.25 is 6 o'clock in the
 // morning of 29 December 1899).
 #pragma once

@@ -1,13 +1,14 @@
 // Dates and times read from text: parseDate (Conversions.h).
 //
-// What is read: a date, a time, or one behind the other with blanks between. Dates: 2/28/2004, 2-28-04, 2/28 (of this
+// What is read: a date, a time, or one after the other with blanks between. Dates: 2/28/2004, 2-28-04, 2/28 (of this
 // year), 2/2004 (its first day), 2004-02-28; 28/2/2004 where the month would be above 12; 28 February 2004, 28-Feb-04,
 // Feb 28, 2004, Feb 28, Feb 2004; the name of a weekday before any of these. Times: 15:04, 3:04:05 PM, 3 PM.
+#include "platform/script/text/DateReading.h"
+
 #include "platform/encoding/Ascii.h"
-#include "platform/script/Conversions.h"
-#include "platform/script/library/Calendar.h"
-#include "platform/script/library/DateText.h"
-#include "platform/script/library/NumberWriting.h"
+#include "platform/script/text/Calendar.h"
+#include "platform/script/text/DateText.h"
+#include "platform/script/text/NumberWriting.h"
 
 #include <algorithm>
 

@@ -1,4 +1,4 @@
-#include "platform/script/library/Calendar.h"
+#include "platform/script/text/Calendar.h"
 
 #include <chrono>
 #include <cmath>

@@ -1,6 +1,4 @@
-#include "platform/script/library/NumberWriting.h"
-
-#include "platform/script/Conversions.h"
+#include "platform/script/text/NumberWriting.h"
 
 #include <charconv>
 #include <cmath>

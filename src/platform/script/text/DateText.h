@@ -1,7 +1,7 @@
 // Dates as text in the documented United States form, and the names of days and months.
 #pragma once
 
-#include "platform/script/library/Calendar.h"
+#include "platform/script/text/Calendar.h"
 
 #include <string>
 #include <string_view>
@@ -17,5 +17,8 @@ std::string shortDate(const Moment& moment);  // 2/28/2004
 std::string longDate(const Moment& moment);   // Saturday, February 28, 2004
 std::string longTime(const Moment& moment);   // 3:04:05 PM
 std::string shortTime(const Moment& moment);  // 15:04
+
+// As CStr writes it: date, time, or both.
+std::string plainDate(double days);
 
 }  // namespace tolvan::script

@@ -1,8 +1,8 @@
 // Decides how often the poll before every statement of a program reaches the console.
 //
 // The window's events are to run about every 8 ms, however long a statement takes; a poll in between is to cost next
-// to nothing. So the gate grants the engine a budget of polls that need not ask at all, looks at the clock when that
-// is used up, and lets the console handle its events when the time has come.
+// to nothing. So the throttle grants the engine a budget of polls that need not ask at all, looks at the clock when
+// that is used up, and lets the console handle its events when the time has come.
 #pragma once
 
 #include "runtime/host/ConsoleOperations.h"
@@ -11,7 +11,7 @@
 
 namespace tolvan {
 
-class PollGate {
+class PollThrottle {
   public:
     using Clock = std::chrono::steady_clock;
     static constexpr std::chrono::milliseconds eventPeriod{8};
@@ -20,7 +20,7 @@ class PollGate {
     static constexpr int mostGranted = 32;
 
     // The clock can be another one in tests.
-    explicit PollGate(ConsoleOperations& console, Clock::time_point (*now)() = &Clock::now)
+    explicit PollThrottle(ConsoleOperations& console, Clock::time_point (*now)() = &Clock::now)
         : console_(console), now_(now) {}
 
     // Before a run.
