@@ -5,6 +5,7 @@
 #include "platform/script/Conversions.h"
 #include "platform/script/Operators.h"
 #include "platform/script/text/DateReading.h"
+#include "platform/script/text/DateText.h"
 #include "platform/script/text/NumberReading.h"
 #include "platform/script/text/NumberWriting.h"
 

@@ -1,6 +1,7 @@
 #include "platform/script/Executor.h"
 
 #include "platform/script/Conversions.h"
+#include "platform/script/machine/HostReference.h"
 #include "platform/script/machine/Machine.h"
 #include "platform/script/syntax/SyntaxError.h"
 

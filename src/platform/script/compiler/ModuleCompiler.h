@@ -8,8 +8,8 @@
 #pragma once
 
 #include "platform/script/Context.h"
-#include "platform/script/compiler/Program.h"
 #include "platform/script/compiler/Scope.h"
+#include "platform/script/compiler/SymbolTable.h"
 
 #include <memory>
 #include <string_view>

@@ -1,7 +1,7 @@
 // The names that code sees while it is being compiled: those of its procedure, its class, its module and the engine.
 #pragma once
 
-#include "platform/script/compiler/Program.h"
+#include "platform/script/compiler/SymbolTable.h"
 #include "platform/script/syntax/Ast.h"
 
 #include <cstdint>

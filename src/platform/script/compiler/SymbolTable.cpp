@@ -1,4 +1,4 @@
-#include "platform/script/compiler/Program.h"
+#include "platform/script/compiler/SymbolTable.h"
 
 #include <algorithm>
 #include <array>

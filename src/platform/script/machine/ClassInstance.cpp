@@ -42,26 +42,4 @@ Value ClassInstance::call(Context&, NameId name, std::span<Value> arguments) {
     return field(member->field);
 }
 
-int HostReference::find(NameId name) {
-    const auto [place, isNew] = members_.try_emplace(name, HostObject::noMember);
-    if (isNew && name != defaultMemberName) place->second = object_.findMember(names_.spelling(name));
-    if (place->second == HostObject::noMember) throw ScriptError(errors::noSuchMember);
-    return place->second;
-}
-
-Value HostReference::call(Context& context, NameId name, std::span<Value> values) {
-    Arguments arguments(context, values);
-    return object_.call(find(name), arguments);
-}
-
-void HostReference::put(Context& context, NameId name, std::span<Value> values, const Value& value, bool) {
-    Arguments arguments(context, values);
-    object_.put(find(name), arguments, value);
-}
-
-Value ProcedureReference::call(Context&, NameId name, std::span<Value> arguments) {
-    if (name != defaultMemberName) throw ScriptError(errors::noSuchMember);
-    return machine_.invoke(*slot_.procedure, nullptr, arguments);
-}
-
 }  // namespace tolvan::script

@@ -9,7 +9,7 @@
 #include "platform/script/Operators.h"
 #include "platform/script/ScriptError.h"
 #include "platform/script/compiler/ModuleCompiler.h"
-#include "platform/script/compiler/Program.h"
+#include "platform/script/compiler/SymbolTable.h"
 #include "platform/script/machine/ClassInstance.h"
 #include "platform/script/machine/ErrObject.h"
 #include "platform/script/machine/FailedOperation.h"

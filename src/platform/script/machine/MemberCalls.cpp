@@ -6,6 +6,7 @@
 #include "platform/script/ArrayCell.h"
 #include "platform/script/Conversions.h"
 #include "platform/script/machine/Frames.h"
+#include "platform/script/machine/ProcedureReference.h"
 #include "platform/script/syntax/Lexer.h"
 
 #include <utility>
