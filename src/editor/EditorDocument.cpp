@@ -200,7 +200,7 @@ bool EditorDocument::saveTo(const QString& path) {
 
 bool EditorDocument::write(const QString& path) {
     const QByteArray content = QByteArray::fromStdString(writeProgramFile(caption_, text_.romanText()));
-    emit replacing(path);
+    if (readWholeFile(path).value_or(content) != content) emit replacing(path);
     if (!replaceFile(path, content)) return false;
     fingerprint_ = fingerprintOf(content);
     setState(name_, false);

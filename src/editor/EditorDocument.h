@@ -96,7 +96,7 @@ class EditorDocument : public QObject {
     // Was opened from or saved to its path.
     void filed(const QString& path);
     void saved(const QString& path);
-    // The file is about to be written.
+    // The file is about to be written with another content.
     void replacing(const QString& path);
     // The document is about to go, by the user's wish; it may be dirty.
     void discarding();

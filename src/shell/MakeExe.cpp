@@ -52,12 +52,11 @@ std::string aboutFile(const QString& path, std::string_view rest) {
     return std::string("\\f0").append(messages::nameFragment(path)).append(rest);
 }
 
-// The source by any of its names, or a file that the editor would take for a program.
-bool isProgram(const QString& source, const QString& executable) {
+// One file, by whatever names.
+bool isSameFile(const QString& one, const QString& other) {
     const auto path = [](const QString& name) { return std::filesystem::path(QFile::encodeName(name).toStdString()); };
     std::error_code missing;
-    return executable.endsWith(QLatin1String(".tvp"), Qt::CaseInsensitive) ||
-           std::filesystem::equivalent(path(source), path(executable), missing);
+    return std::filesystem::equivalent(path(one), path(other), missing);
 }
 
 bool mayBeReplaced(const QString& path) {
@@ -101,9 +100,11 @@ void FileMakeEXE(mdlMain& application) {
 
 void MakeExe(mdlMain& application, const QString& source, const QString& executable) {
     if (!QFileInfo::exists(source)) return;
-    if (isProgram(source, executable)) return ShowMessage(aboutFile(executable, isProgramFile));
     const QString engine = engineFile(application.settings());
     if (engine.isEmpty()) return ShowMessage(engineMissing);
+    if (executable.endsWith(QLatin1String(".tvp"), Qt::CaseInsensitive) || isSameFile(executable, source) ||
+        isSameFile(executable, engine))
+        return ShowMessage(aboutFile(executable, isProgramFile));
 
     std::optional<int> failure;
     if (QFileInfo::exists(executable)) {

@@ -13,8 +13,8 @@ class mdlMain;
 void FileMakeEXE(mdlMain& application);
 
 // Writes the executable; failures are told, and success where the editor is visible, which stays as it is. An existing
-// file is replaced after a question, but no program file: neither the source nor any other. Nothing happens if there is
-// no such source. Afterwards the console is gone.
+// file is replaced after a question, but no program file: neither the source nor any other, nor the runtime itself.
+// Nothing happens if there is no such source. Afterwards the console is gone.
 void MakeExe(mdlMain& application, const QString& source, const QString& executable);
 
 // What is told of a failure with this number of the script language; 0, or any other without a message, is told

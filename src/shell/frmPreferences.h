@@ -1,6 +1,6 @@
 // The preferences: what happens before a run, the recent files, and the caption of the program in the editor.
 //
-// Its controls are SSTab1 with chkSaveBeforeExecute, chkFormatBeforeExecute and cmdClearMRU on the first tab,
+// Its controls are SSTab1 with a box for each preference (see SettingsReader.h) and cmdClearMRU on the first tab,
 // lblCaption, txtCaption and lblCaptionDevnag on the second, and below them cmdOK, cmdApply and cmdCancel.
 #pragma once
 

@@ -2,6 +2,7 @@
 #include "EditorFixture.h"
 #include "platform/encoding/Deva.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QDropEvent>
 #include <QMimeData>
@@ -168,6 +169,20 @@ TEST_F(DocumentTest, DroppedFilesAndTexts) {
     drop({}, QStringLiteral("ek don\n"));
     EXPECT_EQ(roman(), "ek don\r\ndropped");
     EXPECT_EQ(title(), QStringLiteral("PROG.TVP*"));
+}
+
+TEST_F(DocumentTest, OldVersionsGoAfterAMonth) {
+    const QDir versions(path("versions"));
+    EXPECT_TRUE(OldVersions(versions.path()).keepDiscarded({{}, {}, {}, " \r\n"}));
+    EXPECT_TRUE(OldVersions(versions.path()).keepDiscarded({{}, {}, {}, "old"}));
+    const QDir untitled(versions.filePath(QStringLiteral("Default")));
+    QFile copy(untitled.filePath(untitled.entryList(QDir::Files).value(0)));
+    ASSERT_TRUE(copy.open(QIODevice::Append));
+    copy.setFileTime(QDateTime::currentDateTime().addDays(-31), QFile::FileModificationTime);
+    copy.close();
+    EXPECT_TRUE(OldVersions(versions.path()).keepDiscarded({path("b.tvp"), {}, {}, "new"}));
+    EXPECT_FALSE(untitled.exists());
+    EXPECT_EQ(versions.entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
 }
 
 TEST_F(DocumentTest, TheFirstProgramIsLookedForAmongTheExamples) {

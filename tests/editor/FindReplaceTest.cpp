@@ -50,6 +50,10 @@ TEST(FindText, Edges) {
     EXPECT_EQ(findBackwards("aaa", "aa", 2, LetterCase::Exact), (FoundText{0, 2}));
     EXPECT_EQ(findBackwards("aaa", "aa", 99, LetterCase::Same), (FoundText{1, 2}));
     EXPECT_EQ(replaceAll("aaaa", "aa", "a"), "aa");
+    EXPECT_EQ(findBackwards("#\"#ka#\"# ka", "\"ka\"", 99, LetterCase::Exact), (FoundText{0, 8}));
+    EXPECT_EQ(findBackwards("#\"#ka#\"# ka", "\"ka\"", 7, LetterCase::Exact), std::nullopt);
+    EXPECT_EQ(findForwards("#\"#ka#\"# ka", "\"ka\"", 1, LetterCase::Exact), std::nullopt);
+    EXPECT_EQ(findForwards("a#B#c", "ABC", 0, LetterCase::Same), (FoundText{0, 5}));
 }
 
 }  // namespace
