@@ -107,13 +107,20 @@ void WindowFrame::toggleMaximized() {
 }
 
 int WindowFrame::border() const {
-    if (window_.isMaximized()) return 0;
+    return window_.isMaximized() ? 0 : normalBorder();
+}
+
+int WindowFrame::normalBorder() const {
     return kind_ == Kind::Resizable ? std::max(4, look::em(0.25)) : 1;
+}
+
+QMargins WindowFrame::marginsWith(int border) const {
+    return {border, border + bar_->minimumSizeHint().height(), border, border};
 }
 
 void WindowFrame::updateMargins() {
     const int edge = border();
-    window_.setContentsMargins(edge, edge + bar_->minimumSizeHint().height(), edge, edge);
+    window_.setContentsMargins(marginsWith(edge));
     bar_->setMaximized(window_.isMaximized());
     for (ResizeGrip* grip : grips_) grip->setVisible(edge > 0);
     layOut();

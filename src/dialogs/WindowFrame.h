@@ -10,6 +10,7 @@
 #include "dialogs/SystemMenu.h"
 #include "platform/richtext/StyledText.h"
 
+#include <QMargins>
 #include <QObject>
 
 class QWidget;
@@ -36,6 +37,9 @@ class WindowFrame : public QObject {
     // To add the window's own items; what they stand for is told by userCommand.
     SystemMenu& systemMenu() const { return *menu_; }
 
+    // The frame around the window's content when it is not maximised; contentsMargins() is the one around it now.
+    QMargins normalMargins() const { return marginsWith(normalBorder()); }
+
     // Does what the item of the system menu says.
     void perform(SystemCommand command);
 
@@ -51,6 +55,8 @@ class WindowFrame : public QObject {
     void addGrips();
     void toggleMaximized();
     int border() const;
+    int normalBorder() const;
+    QMargins marginsWith(int border) const;
     void updateMargins();
     void layOut();
     void paintBorder();

@@ -1,9 +1,11 @@
 #include "runtime/ConsoleSize.h"
 
+#include "dialogs/WindowFrame.h"
 #include "platform/settings/Settings.h"
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWidget>
 
 namespace tolvan {
 namespace {
@@ -16,17 +18,22 @@ const QString heightKey = QStringLiteral("ConsoleHeight");
 
 }  // namespace
 
-QSize rememberedConsoleSize(QMargins frame) {
+ConsoleSize::ConsoleSize(QWidget& window, const WindowFrame& frame) : window_(window), frame_(frame) {
     const Settings settings(Settings::userFile());
     const QSize size(settings.GetSetting(section, widthKey).toInt(), settings.GetSetting(section, heightKey).toInt());
     const bool sensible = size.width() >= smallestSize.width() && size.height() >= smallestSize.height();
     const QScreen* const screen = QGuiApplication::primaryScreen();
-    const QSize window = (sensible ? size : openingSize).grownBy(frame);
-    return screen == nullptr ? window : window.boundedTo(screen->availableSize());
+    opened_ = (sensible ? size : openingSize).grownBy(frame.normalMargins());
+    if (screen != nullptr) opened_ = opened_.boundedTo(screen->availableSize());
+    window.resize(opened_);
 }
 
-void rememberConsoleSize(QSize window, QMargins frame) {
-    const QSize size = window.shrunkBy(frame);
+void ConsoleSize::remember() {
+    const bool isLarge = window_.isMaximized() || window_.isFullScreen();
+    const QSize normal = isLarge ? window_.normalGeometry().size() : window_.size();
+    if (normal == opened_) return;
+    opened_ = normal;
+    const QSize size = normal.shrunkBy(frame_.normalMargins());
     Settings settings(Settings::userFile());
     settings.SaveSetting(section, widthKey, QString::number(size.width()));
     settings.SaveSetting(section, heightKey, QString::number(size.height()));

@@ -3,8 +3,11 @@
 #pragma once
 
 #include "platform/picturebox/PictureBox.h"
+#include "platform/richtext/InternalText.h"
+#include "runtime/PrintedLines.h"
 
 #include <string_view>
+#include <vector>
 
 namespace tolvan {
 
@@ -24,25 +27,41 @@ class ConsoleText {
     void PrintString(std::string_view text);
     // Erases everything and goes to the top.
     void ClearScreen();
+    // Everything as before the first line of a run.
+    void reset();
 
-    // Makes the current line one that the display has: where it would reach the bottom edge, everything moves up by a
-    // line. An input line wants a line more, for the box that it is typed in.
-    enum class Room { ForText, ForInput };
-    void makeRoom(Room room);
+    // What has been printed since the last reset, and where the last of it stands: the top of that line, which may have
+    // left the display.
+    const PrintedLines& lines() const { return lines_; }
+    float lastLineTop() const { return lastLineTop_; }
+
+    // Makes room below the current line: where this height, from the top of the line, would reach over the bottom edge,
+    // everything moves up by as many lines as it takes.
+    void makeRoom(float height);
     // Erases the current line, right of the margin.
     void eraseLine();
-    // Draws internal text form at the current position and goes to the next line.
+    // Prints internal text form on the current line and goes to the next.
     void printRuns(std::string_view text);
-    // The same on any picture, staying on the line.
+
+    // Draws internal text form at the current position of any picture and moves the position after it; what lies beyond
+    // the picture's right edge is left out.
     void drawRuns(PictureBox& picture, std::string_view text);
+
+    // The part of a text that reaches farther than any screen is wide, as runs: what is drawn of it.
+    static std::vector<InternalTextRun> visibleRuns(std::string_view text);
+    // Where the characters of these runs start, from where the text does, and where the last one ends; display units.
+    std::vector<float> edges(const std::vector<InternalTextRun>& runs);
 
   private:
     void moveTo(float y);
+    void scrollUp(float distance);
 
     PictureBox& display_;
     PictureFont devanagari_;
     PictureFont latin_;
     float lineHeight_;
+    PrintedLines lines_;
+    float lastLineTop_ = 0;
 };
 
 }  // namespace tolvan

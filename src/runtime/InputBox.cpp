@@ -12,23 +12,10 @@
 namespace tolvan {
 namespace {
 
-// Drops characters that 8-bit text does not have.
-class EightBitText : public QValidator {
-  public:
-    using QValidator::QValidator;
-
-    State validate(QString& text, int& caret) const override {
-        const auto foreign = [](QChar character) { return !unicodeToWindows1252(character.unicode()); };
-        const QStringView before = QStringView(text).left(caret);
-        const auto droppedBefore = std::count_if(before.begin(), before.end(), foreign);
-        text.removeIf(foreign);
-        caret -= static_cast<int>(droppedBefore);
-        return Acceptable;
-    }
-};
-
-// Backspace, Enter and control characters are characters here; arrows and function keys are none.
+// Backspace, Enter and control characters are characters here; arrows and function keys are none. Some systems give
+// Delete a text.
 bool standsForCharacter(const QKeyEvent& key) {
+    if (key.key() == Qt::Key_Delete || key.matches(QKeySequence::Copy)) return false;
     return !key.text().isEmpty() || key.key() == Qt::Key_Backspace || key.key() == Qt::Key_Return ||
            key.key() == Qt::Key_Enter ||
            (key.modifiers().testFlag(Qt::ControlModifier) && key.key() >= Qt::Key_A && key.key() <= Qt::Key_Z);
@@ -36,9 +23,41 @@ bool standsForCharacter(const QKeyEvent& key) {
 
 }  // namespace
 
+// What the box takes of a text that was changed, in whichever way.
+class InputBox::Text : public QValidator {
+  public:
+    explicit Text(InputBox& box) : QValidator(&box), box_(box) {}
+
+    // What was put in ends at the caret.
+    State validate(QString& text, int& caret) const override {
+        dropForeign(text, caret);
+        const qsizetype most = box_.isTyping_ ? mostCharacters + 1 : std::max<qsizetype>(mostCharacters, before_);
+        const qsizetype excess = std::min<qsizetype>(text.size() - most, caret);
+        if (excess > 0) {
+            text.remove(caret - excess, excess);
+            caret -= static_cast<int>(excess);
+        }
+        before_ = text.size();
+        if (excess > 0) QMetaObject::invokeMethod(&box_, &InputBox::wasCut, Qt::QueuedConnection);
+        return Acceptable;
+    }
+
+  private:
+    // Characters that 8-bit text does not have.
+    static void dropForeign(QString& text, int& caret) {
+        const auto foreign = [](QChar character) { return !unicodeToWindows1252(character.unicode()); };
+        const QStringView before = QStringView(text).left(caret);
+        caret -= static_cast<int>(std::count_if(before.begin(), before.end(), foreign));
+        text.removeIf(foreign);
+    }
+
+    InputBox& box_;
+    mutable qsizetype before_ = 0;  // characters that the box had
+};
+
 InputBox::InputBox(QWidget* parent) : QLineEdit(parent) {
     setFont(consoleFont(Font::Latin));
-    setValidator(new EightBitText(this));
+    setValidator(new Text(*this));
     setContextMenuPolicy(Qt::NoContextMenu);
 }
 
@@ -58,7 +77,9 @@ void InputBox::keyPressEvent(QKeyEvent* event) {
         emit entered();
         return;
     }
+    isTyping_ = !event->matches(QKeySequence::Paste);
     QLineEdit::keyPressEvent(event);
+    isTyping_ = false;
 }
 
 void InputBox::focusOutEvent(QFocusEvent* event) {

@@ -12,8 +12,9 @@ class InputBox : public QLineEdit {
     explicit InputBox(QWidget* parent);
 
     // Once more than this are in the box it takes no key any more that stands for a character, Enter and Backspace
-    // included; what is pasted before may be longer.
+    // included; Delete stands for none. What is pasted or dropped is cut to this length.
     static constexpr int mostCharacters = 200;
+    bool isFull() const { return text().size() >= mostCharacters; }
 
     // As 8-bit text.
     std::string roman() const;
@@ -22,11 +23,17 @@ class InputBox : public QLineEdit {
 
   signals:
     void entered();
+    // What was pasted did not fit; the text is as it is now.
+    void wasCut();
     void focusLost();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+
+  private:
+    class Text;
+    bool isTyping_ = false;  // while a key is handled that does not paste
 };
 
 }  // namespace tolvan

@@ -5,10 +5,11 @@
 #include "dialogs/frmAbout.h"
 #include "platform/encoding/Deva.h"
 #include "platform/transliteration/MarkRoman.h"
-#include "runtime/ConsoleSize.h"
 #include "runtime/InputBox.h"
+#include "runtime/MessageStrip.h"
 #include "runtime/ProgramMarker.h"
 #include "runtime/ProgramRun.h"
+#include "runtime/ScrollBack.h"
 #include "translator/Blanks.h"
 #include "translator/ProgramText.h"
 
@@ -62,15 +63,20 @@ frmExec::frmExec(ProgramRun& run, ProgramMarker* editor)
     : run_(run),
       editor_(editor),
       frame_(new WindowFrame(*this, WindowFrame::Kind::Resizable)),
+      size_(*this, *frame_),
       display_(new PictureBox(this)),
       text_(*display_),
       inputBoxTip_(new PictureBox(display_)),
       inputBox_(new InputBox(display_)),
+      inputNote_(new PictureBox(display_)),
+      scrollBack_(new ScrollBack(*display_, text_)),
+      strip_(new MessageStrip(*display_)),
       parentForm_(*this) {
     setObjectName(QStringLiteral("frmExec"));
     display_->setObjectName(QStringLiteral("Display"));
     inputBox_->setObjectName(QStringLiteral("InputBox"));
     inputBoxTip_->setObjectName(QStringLiteral("InputBoxTip"));
+    inputNote_->setObjectName(QStringLiteral("InputNote"));
     setUpSystemMenu();
     updateTitle();
     setUpControls();
@@ -89,13 +95,15 @@ void frmExec::setUpControls() {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(display_);
-    resize(rememberedConsoleSize(contentsMargins()));
     setFocusProxy(display_);
 
     inputBox_->hide();
-    inputBoxTip_->hide();
-    inputBoxTip_->setFocusPolicy(Qt::NoFocus);
+    for (PictureBox* const picture : {inputBoxTip_, inputNote_}) {
+        picture->hide();
+        picture->setFocusPolicy(Qt::NoFocus);
+    }
     connect(inputBox_, &InputBox::textChanged, this, &frmExec::inputChanged);
+    connect(inputBox_, &InputBox::wasCut, this, &frmExec::inputWasCut);
     connect(inputBox_, &InputBox::entered, this, &frmExec::inputEntered);
     connect(inputBox_, &InputBox::focusLost, this, &frmExec::inputLostFocus);
     for (QWidget* const watched :
@@ -114,7 +122,9 @@ void frmExec::PrintString(std::string_view text) {
 }
 
 void frmExec::ClearScreen() {
+    display_->FinishPicture();
     text_.ClearScreen();
+    hasDrawn_ = false;
 }
 
 bool frmExec::CheckForEvents() {
@@ -147,9 +157,15 @@ bool frmExec::eventFilter(QObject* watched, QEvent* event) {
             break;
         case QEvent::MouseButtonPress:
             if (watched == inputBoxTip_) focusInput();
+            [[fallthrough]];
+        case QEvent::MouseMove:
+            if (watched == display_) scrollBack_->mouseMoved(static_cast<QMouseEvent&>(*event));
             break;
+        case QEvent::Wheel:
+            scrollBack_->wheelTurned(static_cast<QWheelEvent*>(event)->angleDelta().y());
+            return true;
         case QEvent::Resize:
-            if (watched == display_ && inputIsVisible()) placeInput();
+            if (watched == display_) displayResized();
             break;
         default:
             break;
@@ -157,8 +173,22 @@ bool frmExec::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
+void frmExec::displayResized() {
+    if (inputIsVisible()) placeInput();
+    strip_->placeAtBottom();
+    scrollBack_->setGeometry(display_->rect());
+}
+
+// Whether the key copies a selection, which stops no program.
+bool frmExec::isCopied(QObject* control, const QKeyEvent& key) const {
+    return control == inputBox_ && isCtrlC(key) && inputBox_->hasSelectedText();
+}
+
 // The window sees every key before its controls do. Returns true for a key that they are not to see.
 bool frmExec::keyPressed(QObject* control, const QKeyEvent& key) {
+    const bool wasScrolledBack = scrollBack_->isShown();
+    if (scrollBack_->keyPressed(key)) return true;
+    if (isCopied(control, key)) return false;
     if (isStopKey(key) && run_.IsRunning()) {
         run_.stop();
         return isCtrlC(key);
@@ -166,7 +196,7 @@ bool frmExec::keyPressed(QObject* control, const QKeyEvent& key) {
     if (run_.IsRunning() && control != inputBox_ && keys_.add(key)) return true;
     // A key that is still held down from the last answer is not pressed.
     const bool isTyped = !key.text().isEmpty() && !key.isAutoRepeat();
-    if (control == display_ && isTyped && !run_.IsRunning()) CloseForm();
+    if (control == display_ && isTyped && !run_.IsRunning() && !wasScrolledBack) CloseForm();
     return false;
 }
 
@@ -181,7 +211,7 @@ void frmExec::focusInEvent(QFocusEvent* event) {
 
 void frmExec::closeEvent(QCloseEvent* event) {
     if (run_.delaysClosing(*this)) return event->ignore();  // the program is in the middle of a call on this window
-    rememberConsoleSize(isMaximized() || isFullScreen() ? normalGeometry().size() : size(), contentsMargins());
+    size_.remember();
     QWidget::closeEvent(event);
 }
 

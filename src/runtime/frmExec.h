@@ -6,6 +6,7 @@
 
 #include "platform/picturebox/PictureBox.h"
 #include "platform/script/Executor.h"
+#include "runtime/ConsoleSize.h"
 #include "runtime/ConsoleText.h"
 #include "runtime/KeyQueue.h"
 #include "runtime/host/ConsoleObject.h"
@@ -20,9 +21,11 @@ class QKeyEvent;
 namespace tolvan {
 
 class InputBox;
+class MessageStrip;
 class ModuleLines;
 class ProgramMarker;
 class ProgramRun;
+class ScrollBack;
 class WindowFrame;
 
 class frmExec : public QWidget, public ConsoleOperations {
@@ -83,12 +86,17 @@ class frmExec : public QWidget, public ConsoleOperations {
     void printEnd();
 
     bool keyPressed(QObject* control, const QKeyEvent& key);
+    bool isCopied(QObject* control, const QKeyEvent& key) const;
+    void displayResized();
 
     bool inputIsVisible() const;
     void beginInput();
     void endInput();
     void placeInput();
     void inputChanged();
+    void inputWasCut();
+    void tellAboutLength();
+    void tellInNote(std::string_view sentence);
     void inputEntered();
     void focusInput();
     void inputLostFocus();
@@ -99,11 +107,16 @@ class frmExec : public QWidget, public ConsoleOperations {
     ProgramRun& run_;
     ProgramMarker* editor_;
     WindowFrame* frame_;
+    ConsoleSize size_;
     PictureBox* display_;
     ConsoleText text_;
     PictureBox* inputBoxTip_;
     InputBox* inputBox_;
+    PictureBox* inputNote_;
+    ScrollBack* scrollBack_;
+    MessageStrip* strip_;
     KeyQueue keys_;
+    bool hasDrawn_ = false;  // since the display was cleared
     bool keepInputFocus_ = false;
     ConsoleObject parentForm_;
     script::Executor executor_;

@@ -41,20 +41,24 @@ ConsoleOperations::Point frmExec::startOf(std::optional<Point> start) const {
 }
 
 void frmExec::DrawPoint(Point at, std::optional<Colour> colour) {
+    hasDrawn_ = true;
     display_->PSet(at.x, at.y, colourOf(colour));
 }
 
 void frmExec::DrawLine(std::optional<Point> start, Point end, std::optional<Colour> colour) {
+    hasDrawn_ = true;
     const Point from = startOf(start);
     display_->Line(from.x, from.y, end.x, end.y, colourOf(colour));
 }
 
 void frmExec::DrawBox(std::optional<Point> start, Point end, std::optional<Colour> colour, Fill fill) {
+    hasDrawn_ = true;
     const Point from = startOf(start);
     display_->Box(from.x, from.y, end.x, end.y, colourOf(colour), styleOf(fill));
 }
 
 void frmExec::DrawCircle(Point centre, float radius, std::optional<Colour> colour, Fill fill) {
+    hasDrawn_ = true;
     display_->Circle(centre.x, centre.y, radius, colourOf(colour), styleOf(fill));
 }
 
@@ -67,7 +71,7 @@ float frmExec::DisplayHeight() const {
 }
 
 void frmExec::SavePicture() {
-    const QImage picture = display_->Image();  // as it is now, whatever the program draws meanwhile
+    const QImage picture = display_->ShownImage();  // as it is now, whatever the program draws meanwhile
     QString path = QFileDialog::getSaveFileName(this, QStringLiteral("चित्र साठव"), QStringLiteral("tolbasic.png"),
                                                 QStringLiteral("PNG (*.png)"));
     if (path.isEmpty()) return;
@@ -76,7 +80,7 @@ void frmExec::SavePicture() {
 }
 
 void frmExec::CopyPicture() {
-    QGuiApplication::clipboard()->setImage(display_->Image());
+    QGuiApplication::clipboard()->setImage(display_->ShownImage());
 }
 
 }  // namespace tolvan

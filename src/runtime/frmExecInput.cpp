@@ -1,8 +1,10 @@
 // The part of frmExec that waits for the user: for a line of input, typed in Roman letters into the input box while the
 // tip shows on the console's current line what the letters mean; and for a time to pass.
+#include "dialogs/Look.h"
 #include "platform/encoding/Deva.h"
 #include "runtime/InputBox.h"
 #include "runtime/ProgramRun.h"
+#include "runtime/ScrollBack.h"
 #include "runtime/frmExec.h"
 #include "runtime/host/InputValue.h"
 
@@ -33,6 +35,7 @@ std::optional<std::string> frmExec::InputString() {
 
 void frmExec::Wait(double seconds) {
     if (!(seconds > 0)) return;
+    display_->ShowNow();
     constexpr double longest = 1e15;  // milliseconds; thirty thousand years
     const QDeadlineTimer end(static_cast<qint64>(std::min(std::ceil(seconds * 1000), longest)), Qt::PreciseTimer);
     QTimer alarm;  // ends the wait for events
@@ -45,6 +48,8 @@ void frmExec::Wait(double seconds) {
 }
 
 void frmExec::beginInput() {
+    scrollBack_->leave();
+    display_->ShowNow();
     inputBox_->clear();
     inputBox_->show();
     inputBoxTip_->show();
@@ -57,13 +62,21 @@ void frmExec::endInput() {
     inputBox_->clear();
     inputBoxTip_->hide();
     inputBoxTip_->Cls();
+    inputNote_->hide();
     display_->setFocus();
 }
 
-// Also when the display got another size meanwhile: the input line stays one that can be seen.
+// Also when the display got another size meanwhile: what is asked, typed and told about it can be seen, and so can what
+// was printed before.
 void frmExec::placeInput() {
-    text_.makeRoom(ConsoleText::Room::ForInput);
+    const int line = qRound(std::ceil(text_.LineHeight()));
+    const int note = inputNote_->isHidden() ? 0 : line;
+    inputBox_->fitText(display_->width() - qRound(ConsoleText::leftMargin));
+    text_.makeRoom(static_cast<float>(line + inputBox_->height() + note));
     inputBoxTip_->move(qRound(ConsoleText::leftMargin), qRound(display_->CurrentY));
+    // A display that is lower than all of it still shows the box.
+    inputBox_->move(inputBoxTip_->x(), std::min(inputBoxTip_->y() + line, display_->height() - inputBox_->height()));
+    inputNote_->move(inputBoxTip_->x(), inputBox_->geometry().bottom() + 1);
     inputChanged();
 }
 
@@ -74,11 +87,30 @@ void frmExec::inputChanged() {
     inputBoxTip_->Cls();
     text_.drawRuns(*inputBoxTip_, std::string("*a{: }"_deva) + inputValue(inputBox_->roman()));
     inputBoxTip_->resize(std::clamp(qRound(std::ceil(inputBoxTip_->CurrentX)), 1, mostWidth), inputBoxTip_->height());
-
     inputBox_->fitText(mostWidth);
-    const bool upperHalf = display_->CurrentY < display_->ScaleHeight() / 2;
-    inputBox_->move(inputBoxTip_->x(),
-                    upperHalf ? inputBoxTip_->y() + inputBoxTip_->height() : inputBoxTip_->y() - inputBox_->height());
+    tellAboutLength();
+}
+
+void frmExec::inputWasCut() {
+    tellInNote(")´ 200 A]re mavtat{.} bakIcI \"etlI nahIt{.}"_deva);
+}
+
+// Why the keys do nothing any more, and which one does.
+void frmExec::tellAboutLength() {
+    if (inputBox_->text().size() > InputBox::mostCharacters)
+        tellInNote("Aae¦ oUp la<b Aahe{.} {Delete} dabUn kahI A]re pusa{.}"_deva);
+    else if (!inputBox_->isFull())
+        inputNote_->hide();
+}
+
+void frmExec::tellInNote(std::string_view sentence) {
+    const bool isNew = inputNote_->isHidden();
+    inputNote_->resize(display_->width() - inputBoxTip_->x(), qRound(std::ceil(text_.LineHeight())));
+    inputNote_->Cls();
+    inputNote_->setForeground(look::accentLight);
+    text_.drawRuns(*inputNote_, sentence);
+    inputNote_->show();
+    if (isNew) placeInput();
 }
 
 void frmExec::inputEntered() {

@@ -1,13 +1,16 @@
 // The part of frmExec that runs a program, from the compiled script to the end messages or the marked line.
 #include "platform/encoding/Deva.h"
 #include "runtime/MarkFailingLine.h"
+#include "runtime/MessageStrip.h"
 #include "runtime/ProgramMarker.h"
 #include "runtime/ProgramRun.h"
+#include "runtime/ScrollBack.h"
 #include "runtime/frmExec.h"
 #include "runtime/host/ModuleRunner.h"
 #include "translator/ModuleLines.h"
 
 #include <algorithm>
+#include <string>
 
 namespace tolvan {
 
@@ -24,8 +27,10 @@ void frmExec::execute(std::string_view module, const ModuleLines& lines) {
 
 void frmExec::prepareDisplay() {
     keys_.clear();
-    display_->Cls();
-    display_->PSet(ConsoleText::leftMargin, 0, Qt::black);
+    scrollBack_->leave();
+    strip_->hide();
+    text_.reset();
+    hasDrawn_ = false;
 }
 
 // After an error, whose line is marked in the editor: true when the end messages are to be printed, false when the
@@ -40,11 +45,13 @@ bool frmExec::goesOnAfter(const script::ErrorReport& error, const ModuleLines& l
     return goesOn;
 }
 
+// A picture is not to be harmed by them.
 void frmExec::printEnd() {
+    constexpr std::string_view messages[] = {"he àayaejn wa<blele Aahe"_deva, "b<d kr\\{yasaQI kae[tehI bq[ daba"_deva};
+    if (hasDrawn_) return strip_->tell({std::string(messages[0]), std::string(messages[1])});
     PrintString(" ");
     PrintString(" ");
-    PrintString("he àayaejn wa<blele Aahe"_deva);
-    PrintString("b<d kr\\{yasaQI kae[tehI bq[ daba"_deva);
+    for (const std::string_view message : messages) PrintString(message);
 }
 
 }  // namespace tolvan

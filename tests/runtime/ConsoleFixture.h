@@ -3,6 +3,7 @@
 #pragma once
 
 #include "runtime/InputBox.h"
+#include "runtime/MessageStrip.h"
 #include "runtime/ProgramMarker.h"
 #include "runtime/ProgramRun.h"
 #include "runtime/frmExec.h"
@@ -109,6 +110,8 @@ class ConsoleTest : public testing::Test {
 
     PictureBox& display() { return *console->findChild<PictureBox*>(QStringLiteral("Display")); }
     PictureBox& tip() { return *console->findChild<PictureBox*>(QStringLiteral("InputBoxTip")); }
+    PictureBox& note() { return *console->findChild<PictureBox*>(QStringLiteral("InputNote")); }
+    MessageStrip& strip() { return *console->findChild<MessageStrip*>(); }
     InputBox& inputBox() { return *console->findChild<InputBox*>(QStringLiteral("InputBox")); }
     QImage picture() { return display().Image(); }
 

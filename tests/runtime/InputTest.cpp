@@ -2,6 +2,8 @@
 #include "ConsoleFixture.h"
 #include "platform/encoding/Deva.h"
 
+#include <QClipboard>
+
 namespace tolvan {
 namespace {
 
@@ -65,36 +67,31 @@ TEST_F(InputTest, TheTipShowsWhatTheLettersMean) {
     });
 }
 
-TEST_F(InputTest, TheBoxStandsBelowTheTipInTheUpperHalfAndAboveItInTheLower) {
-    ask([this] {
-        EXPECT_EQ(tip().pos(), QPoint(3, 0));
-        EXPECT_EQ(inputBox().pos(), QPoint(3, tip().height()));
-        enter();
-    });
-    display().CurrentY = 400;
-    ask([this] {
-        EXPECT_EQ(tip().pos(), QPoint(3, 400));
-        EXPECT_EQ(inputBox().geometry().bottom() + 1, 400);
-        enter();
-    });
+TEST_F(InputTest, TheBoxStandsBelowTheTip) {
+    for (const int y : {0, 400}) {
+        display().CurrentY = static_cast<float>(y);
+        ask([this, y] {
+            EXPECT_EQ(tip().pos(), QPoint(3, y));
+            EXPECT_EQ(inputBox().pos(), QPoint(3, y + tip().height()));
+            enter();
+        });
+    }
 }
 
-TEST_F(InputTest, MakesRoomAtTheBottom) {
-    console->DrawLine(ConsoleOperations::Point{0, 100}, {700, 300}, 0x0000FF);
-    const QImage before = picture();
+TEST_F(InputTest, AtTheBottomTheQuestionAboveStaysReadable) {
+    for (int i = 0; i < 30; ++i) console->PrintString(std::to_string(i));
     const int line = static_cast<int>(ConsoleText(display()).LineHeight());
-    const int bottom = display().height() - line;
-    display().CurrentY = static_cast<float>(display().height() - 2 * line + 1);
-    ask([this, bottom] {
+    const int bottom = display().height() - 2 * line;
+    const QImage before = picture();
+    ask([&] {
         EXPECT_EQ(tip().y(), bottom);
-        EXPECT_LE(inputBox().geometry().bottom(), bottom);
+        EXPECT_GE(inputBox().y(), bottom + line);
+        EXPECT_LE(inputBox().geometry().bottom(), display().height());
+        EXPECT_EQ(picture().copy(0, 0, 800, bottom), before.copy(0, 2 * line, 800, bottom));
         enter();
     });
-    EXPECT_EQ(picture().copy(0, 0, display().width(), bottom), before.copy(0, line, display().width(), bottom));
-    // Where two lines fit exactly nothing moves.
-    display().CurrentY = static_cast<float>(display().height() - 2 * line);
-    ask([this, line] {
-        EXPECT_EQ(tip().y(), display().height() - 2 * line);
+    ask([&] {
+        EXPECT_EQ(tip().y(), bottom) << "where both fit exactly";
         enter();
     });
 }
@@ -133,6 +130,49 @@ TEST_F(InputTest, Above200CharactersNoKeyIsTaken) {
     state.end();
     EXPECT_TRUE(state.begin());
     EXPECT_EQ(answerWith(std::string(200, '1')), std::string(200, '1')) << "with 200 it can be entered";
+}
+
+TEST_F(InputTest, DeleteIsTakenAbove200Characters) {
+    ask([this] {
+        type(std::string(201, 'a').c_str());
+        EXPECT_TRUE(note().isVisible()) << "which says so";
+        EXPECT_TRUE(display().rect().contains(note().geometry()));
+        inputBox().home(false);
+        QKeyEvent press(QEvent::KeyPress, Qt::Key_Delete, {}, QStringLiteral("\x7f"));  // as some systems send it
+        QApplication::sendEvent(&inputBox(), &press);
+        QApplication::sendEvent(&inputBox(), &press);
+        EXPECT_EQ(inputBox().text().size(), 199);
+        EXPECT_FALSE(note().isVisible());
+        enter();
+    });
+    EXPECT_FALSE(inputBox().isVisible());
+}
+
+TEST_F(InputTest, WhatIsPastedIsCutToWhatFits) {
+    QApplication::clipboard()->setText(QString(300, u'p'));
+    const auto answer = ask([this] {
+        type("12");
+        QTest::keyClick(&inputBox(), Qt::Key_Left);
+        QTest::keyClick(&inputBox(), Qt::Key_V, Qt::ControlModifier);
+        EXPECT_EQ(inputBox().text(), u'1' + QString(198, u'p') + u'2');
+        EXPECT_EQ(inputBox().cursorPosition(), 199);
+        QApplication::processEvents();
+        EXPECT_TRUE(note().isVisible());
+        enter();
+    });
+    EXPECT_FALSE(note().isVisible());
+    EXPECT_TRUE(answer.has_value()) << "it can be entered";
+}
+
+TEST_F(InputTest, CtrlCCopiesASelection) {
+    EXPECT_EQ(ask([this] {
+                  type("123");
+                  inputBox().setSelection(1, 2);
+                  QTest::keyClick(&inputBox(), Qt::Key_C, Qt::ControlModifier);
+                  enter();
+              }),
+              "123");
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("23"));
 }
 
 TEST_F(InputTest, CharactersWithoutACodeAreNotTaken) {

@@ -79,6 +79,23 @@ TEST_F(PrintTest, LatinRunsStandLowerOnlyWhenTheyAreClosed) {
     EXPECT_NE(rowsOf("HHH"), closed);
 }
 
+TEST_F(PrintTest, OfALongLineTheWindowShowsItsPart) {
+    const std::string megabytes(5'000'000, 'k');
+    const std::string start(1000, 'k');
+    struct {
+        std::string line;
+        std::string like;
+    } const cases[] = {{megabytes, start},
+                       {std::string(5'000'000, ' ') + megabytes, start},
+                       {"{" + std::string(20'000, 'H') + "}", "{" + std::string(1000, 'H') + "}"},
+                       {"{" + std::string(20'000, 'H'), "{" + std::string(1000, 'H')}};
+    for (const auto& [line, like] : cases) {
+        console->ClearScreen();
+        console->PrintString(line);
+        EXPECT_EQ(picture(), printed({like})) << like.substr(0, 5);
+    }
+}
+
 TEST_F(PrintTest, BracesAreSwitchesUnlessEscaped) {
     const auto pictureOf = [this](const std::string& text) {
         console->ClearScreen();
@@ -108,12 +125,11 @@ TEST_F(PrintTest, PrintingErasesWhatStandsInItsLine) {
 
 // In the order in which a sentence's points are emitted: the end first, which is where the next one goes on.
 TEST_F(PrintTest, SentencesWithoutAStartGoOnFromThePointNamedLast) {
-    run({"ClearScreen", "DrawLine 50,10,10,10", "DrawLine 50,50", "DrawLine 10,50", "DrawLine 10,10",
-         "DrawPoint 3,300,0"});
-    const QImage square = picture().copy(0, 0, 60, 60);
-    run({"ClearScreen", "DrawBox 50,50,10,10", "DrawPoint 3,300,0"});
-    EXPECT_EQ(square, picture().copy(0, 0, 60, 60));
-    run({"ClearScreen", "DrawBox 50,50,10,10", "DrawBox 70,80", "DrawPoint 3,300,0"});
+    run({"DrawLine 50,10,10,10", "DrawLine 50,50", "DrawLine 10,50", "DrawLine 10,10"});
+    const QImage square = picture();
+    run({"DrawBox 50,50,10,10"});
+    EXPECT_EQ(square, picture());
+    run({"DrawBox 50,50,10,10", "DrawBox 70,80"});
     EXPECT_EQ(picture().pixel(70, 60), 0xFFFFFFFF);
     EXPECT_EQ(picture().pixel(30, 80), 0xFF000000);
 }

@@ -36,10 +36,29 @@ TEST_F(RunTest, EndsWithItsMessagesAndClosesByAKey) {
 
     QTest::keyClick(&display(), Qt::Key_Shift);
     QTest::keyClick(&display(), Qt::Key_F4);
-    EXPECT_TRUE(console->isVisible()) << "these are no characters";
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, {}, QStringLiteral("\r"), true);
+    QApplication::sendEvent(&display(), &held);
+    EXPECT_TRUE(console->isVisible()) << "these are no characters, or a key that is still held from the last answer";
     QTest::keyClick(&display(), Qt::Key_Space);
     EXPECT_FALSE(console->isVisible());
     EXPECT_EQ(editor.broughtBack, 1);
+}
+
+TEST_F(RunTest, TheEndIsToldBesideADrawing) {
+    run({"DrawLine 0,0,200,200", "DrawBox 0,0,800,800,255,TRUE"});
+    QImage red(display().size(), QImage::Format_RGB32);
+    red.fill(Qt::red);
+    EXPECT_EQ(picture(), red);
+    EXPECT_TRUE(strip().isTelling());
+    EXPECT_EQ(strip().geometry().bottom() + 1, display().height());
+    EXPECT_LT(strip().height(), 50) << "on one line";
+    console->resize(400, 500);
+    EXPECT_EQ(strip().geometry().bottom() + 1, display().height());
+    EXPECT_EQ(strip().width(), display().width());
+    EXPECT_GT(strip().height(), 50) << "on two lines";
+    run({"DrawLine 0,0,200,200", "ClearScreen"});
+    EXPECT_FALSE(strip().isTelling());
+    expectEnded({});
 }
 
 TEST_F(RunTest, EachRunBeginsOnAnEmptyDisplay) {

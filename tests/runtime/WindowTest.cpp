@@ -40,6 +40,33 @@ TEST_F(WindowTest, TheDisplayOpensAt800By600AndTheWindowRemembersItsSize) {
     }
 }
 
+TEST_F(WindowTest, OnlyASizeThatTheUserChoseIsRemembered) {
+    const auto remembered = [] {
+        return Settings(Settings::userFile()).GetSetting(QStringLiteral("Settings"), QStringLiteral("ConsoleWidth"));
+    };
+    console->close();
+    EXPECT_EQ(remembered(), QString()) << "as it opened";
+    Settings(Settings::userFile())
+        .SaveSetting(QStringLiteral("Settings"), QStringLiteral("ConsoleWidth"), QStringLiteral("9000"));
+    Settings(Settings::userFile())
+        .SaveSetting(QStringLiteral("Settings"), QStringLiteral("ConsoleHeight"), QStringLiteral("600"));
+    open(&editor);
+    EXPECT_LT(console->width(), 9000);
+    console->close();
+    EXPECT_EQ(remembered(), QStringLiteral("9000")) << "of a larger screen";
+    open(&editor);
+    console->resize(700, 500);
+    const QString width = QString::number(display().width());
+    for (int i = 0; i < 3; ++i) {
+        console->showMaximized();
+        QApplication::processEvents();
+        console->close();
+        EXPECT_EQ(remembered(), width);
+        open(&editor);
+        EXPECT_EQ(console->width(), 700);
+    }
+}
+
 TEST_F(WindowTest, TheTitleIsTheProgramsCaption) {
     EXPECT_EQ(title(), "tolvn àayaejn"_deva);
     state.ProgramCaption = "kamal";

@@ -12,6 +12,8 @@ namespace tolvan {
 namespace {
 
 constexpr int frameMilliseconds = 16;
+// Programs compute between wiping a picture and drawing the next one; this much is not noticed as a delay.
+constexpr int unfinishedMilliseconds = 100;
 constexpr Pixel background = 0xFF000000U;
 // The narrowest letters of this many reach beyond any screen.
 constexpr std::size_t longestText = 4096;
@@ -135,6 +137,21 @@ void PictureBox::Cls() {
     changed();
 }
 
+void PictureBox::FinishPicture() {
+    if (finished_.isNull() || !sinceShown_.isValid() || sinceShown_.hasExpired(frameMilliseconds)) {
+        ShowNow();
+        finished_ = Image();
+    }
+    frame_.start(unfinishedMilliseconds, Qt::PreciseTimer, this);
+}
+
+void PictureBox::ShowNow() {
+    finished_ = QImage();
+    if (!frame_.isActive()) return;
+    frame_.stop();
+    repaint();
+}
+
 // The rows must lie in one piece; the picture lives as long as they are not drawn on.
 QImage PictureBox::rows(int from, int count) const {
     const auto rowBytes = static_cast<qsizetype>(sizeof(Pixel)) * surface_.width();
@@ -153,6 +170,10 @@ QImage PictureBox::Image() {
     return image;
 }
 
+QImage PictureBox::ShownImage() {
+    return finished_.isNull() ? Image() : finished_;
+}
+
 void PictureBox::paintInto(QPainter& painter) const {
     const int upper = surface_.rowsInOnePiece(0);
     painter.drawImage(QPointF(0, 0), rows(0, upper));
@@ -162,18 +183,22 @@ void PictureBox::paintInto(QPainter& painter) const {
 
 void PictureBox::paintEvent(QPaintEvent*) {
     fit();
+    sinceShown_.start();
     QPainter painter(this);
-    paintInto(painter);
+    if (finished_.isNull()) return paintInto(painter);
+    painter.drawImage(QPointF(0, 0), finished_);
 }
 
 void PictureBox::resizeEvent(QResizeEvent* event) {
     QWidget::resizeEvent(event);
+    finished_ = QImage();
     fit();
 }
 
 void PictureBox::timerEvent(QTimerEvent* event) {
     if (event->timerId() != frame_.timerId()) return QWidget::timerEvent(event);
     frame_.stop();
+    finished_ = QImage();
     update();
 }
 

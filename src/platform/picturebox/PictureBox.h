@@ -10,6 +10,7 @@
 #include "platform/picturebox/PixelSurface.h"
 
 #include <QBasicTimer>
+#include <QElapsedTimer>
 #include <QImage>
 #include <QWidget>
 
@@ -53,8 +54,16 @@ class PictureBox : public QWidget {
     // Wipes everything; the position moves to the top left.
     void Cls();
 
-    // A copy of what the box shows, in device pixels.
+    // Before the picture is wiped to draw the next one: shows it, if a frame's time has passed since the last one was
+    // shown, and keeps showing it until the next one is likely to be whole. So animation does not flicker.
+    void FinishPicture();
+    // Shows at once what has been drawn.
+    void ShowNow();
+
+    // A copy of what has been drawn, in device pixels.
     QImage Image();
+    // A copy of what the box shows: the same, or the last finished picture.
+    QImage ShownImage();
 
   protected:
     void paintEvent(QPaintEvent* event) override;
@@ -76,6 +85,8 @@ class PictureBox : public QWidget {
     PixelSurface surface_;
     QColor foreground_ = Qt::white;
     QBasicTimer frame_;  // runs while there is something new to show
+    QElapsedTimer sinceShown_;
+    QImage finished_;  // shown in place of the surface until the timer ends; null if none is
 };
 
 }  // namespace tolvan

@@ -93,17 +93,39 @@ const PictureFont::Run& PictureFont::run(std::string_view text, double pixelRati
     return runs_.emplace(text, std::move(drawn)).first->second;
 }
 
-PictureFont::Run PictureFont::draw(std::string_view text) const {
+std::vector<double> PictureFont::edges(std::string_view text, double pixelRatio) {
+    std::vector<double> edges;
+    double start = 0;
+    while (!text.empty()) {
+        const std::string_view piece = text.substr(0, firstPiece(text));
+        const std::unique_ptr<QTextLayout> layout = layOut(piece);
+        const QTextLine line = layout->lineAt(0);
+        for (int i = 0; i < static_cast<int>(piece.size()); ++i)
+            edges.push_back(start + line.cursorToX(i) * pixelRatio);
+        start += line.horizontalAdvance() * pixelRatio;
+        text.remove_prefix(piece.size());
+    }
+    edges.push_back(start);
+    return edges;
+}
+
+// In one line.
+std::unique_ptr<QTextLayout> PictureFont::layOut(std::string_view text) const {
     QTextOption oneLine;
     oneLine.setWrapMode(QTextOption::NoWrap);
     oneLine.setFlags(QTextOption::IncludeTrailingSpaces);
     oneLine.setTextDirection(Qt::LeftToRight);
-    QTextLayout layout(toQString(text), font_);
-    layout.setTextOption(oneLine);
-    layout.beginLayout();
-    const QTextLine line = layout.createLine();
-    layout.endLayout();
+    auto layout = std::make_unique<QTextLayout>(toQString(text), font_);
+    layout->setTextOption(oneLine);
+    layout->beginLayout();
+    layout->createLine();
+    layout->endLayout();
+    return layout;
+}
 
+PictureFont::Run PictureFont::draw(std::string_view text) const {
+    const std::unique_ptr<QTextLayout> layout = layOut(text);
+    const QTextLine line = layout->lineAt(0);
     Run run;
     if (!line.isValid()) return run;
     run.advance = line.horizontalAdvance() * pixelRatio_;
@@ -114,7 +136,7 @@ PictureFont::Run PictureFont::draw(std::string_view text) const {
     QPainter painter(&picture);
     painter.setPen(Qt::white);
     painter.scale(pixelRatio_, pixelRatio_);
-    layout.draw(&painter, QPointF(margin / pixelRatio_, (margin + ascent_) / pixelRatio_ - line.ascent()));
+    layout->draw(&painter, QPointF(margin / pixelRatio_, (margin + ascent_) / pixelRatio_ - line.ascent()));
     painter.end();
     run.coverage = coverageOf(picture, margin, margin);
     return run;

@@ -7,10 +7,14 @@
 #include <QFont>
 
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
 #include <unordered_map>
+#include <vector>
+
+class QTextLayout;
 
 namespace tolvan {
 
@@ -35,6 +39,9 @@ class PictureFont {
     static std::size_t firstPiece(std::string_view text);
     // Text is font-encoded, without line breaks. Valid until the next call.
     const Run& run(std::string_view text, double pixelRatio);
+    // Where the characters of a text of any length start, in device pixels from where the text does, and where the last
+    // one ends: one number more than characters. Marks on a letter start where it ends.
+    std::vector<double> edges(std::string_view text, double pixelRatio);
 
   private:
     struct Hash : std::hash<std::string_view> {
@@ -43,6 +50,7 @@ class PictureFont {
 
     void forget();
     void usePixelRatio(double pixelRatio);
+    std::unique_ptr<QTextLayout> layOut(std::string_view text) const;
     Run draw(std::string_view text) const;
 
     QFont font_;

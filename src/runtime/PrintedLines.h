@@ -1,0 +1,33 @@
+// What a run has printed, line by line, for scrolling back: the last lines, as many as a user may want to look at.
+#pragma once
+
+#include <cstddef>
+#include <deque>
+#include <string>
+#include <string_view>
+
+namespace tolvan {
+
+class PrintedLines {
+  public:
+    static constexpr std::size_t mostLines = 10'000;
+    // Of all lines together, in bytes; at least the last line stays, however long it is.
+    static constexpr std::size_t mostBytes = std::size_t{16} << 20;
+
+    // A line of internal text form. The oldest ones go where it is too much.
+    void add(std::string_view line);
+    void clear();
+
+    // Lines are counted from 0 since the start of the run; those from begin() to before end() are here.
+    std::size_t begin() const { return begin_; }
+    std::size_t end() const { return begin_ + lines_.size(); }
+    bool empty() const { return lines_.empty(); }
+    const std::string& operator[](std::size_t line) const { return lines_[line - begin_]; }
+
+  private:
+    std::deque<std::string> lines_;
+    std::size_t begin_ = 0;
+    std::size_t bytes_ = 0;
+};
+
+}  // namespace tolvan
