@@ -66,14 +66,14 @@ ArrayCell* ArrayCell::copy(Heap& heap, const ArrayCell& other) {
 
 void ArrayCell::grow(std::uint32_t lastExtent) {
     const std::size_t grown = product(size / extents[rank - 1], lastExtent);
-    // A Value has no part that knows where it lies.
+    // realloc may move Values: they hold no pointers to themselves.
     items = static_cast<Value*>(heap->reallocate(items, size * sizeof(Value), grown * sizeof(Value)));
     for (; size < grown; ++size) new (items + size) Value;
     extents[rank - 1] = lastExtent;
     if (rank == 1) count1 = lastExtent;
 }
 
-// Elements may be arrays in arrays to any depth: what they hold is taken apart without recursion.
+// Arrays may hold arrays to any depth: they are released one after the other, without recursion.
 void ArrayCell::destroy(ArrayCell* cell) noexcept {
     static thread_local ArrayCell* waiting = nullptr;
     static thread_local bool busy = false;

@@ -10,8 +10,8 @@ std::uint32_t countOf(std::span<Expr* const> expressions) {
     return static_cast<std::uint32_t>(expressions.size());
 }
 
-// Whether evaluating it straight into a variable is an assignment: it can be no object, and the variable is written
-// last.
+// Whether the value can be calculated straight in the variable's register, without a temporary: it is never an object
+// (which would have to give its default member), and the register is written last.
 bool isPlain(const Expr& value) {
     switch (value.kind) {
         case ExprKind::Literal:
@@ -126,7 +126,7 @@ bool ProcedureCompiler::isQuiet(const Expr& expression, NameId variable) {
     }
 }
 
-// What "&" adds to what in "base & a & b".
+// "base & a & b" taken apart into the base and the parts that are appended to it.
 struct ProcedureCompiler::Tails {
     explicit Tails(const Expr& value) : base(&value) {
         for (; base->kind == ExprKind::Binary && base->op == Token::Concatenate; base = base->left)
@@ -136,13 +136,13 @@ struct ProcedureCompiler::Tails {
     std::vector<const Expr*> parts;
 };
 
-// Whether "s = s & a & b" can append a, then b, to s: not where anything could see the half of it, code that runs
-// meanwhile or what comes after an error in b.
+// Whether "s = s & a & b" can append a to s and then b. Not where the state in between could be seen: by code that runs
+// for b, or after an error in b.
 bool ProcedureCompiler::mayAppend(const Tails& tails, NameId variable) {
     if (tails.parts.empty() || scope_.runsSource) return false;
     if ((module_.hasClasses || scope_.handlesErrors) && tails.parts.size() > 1) return false;
     return std::all_of(tails.parts.begin(), tails.parts.end(), [&](const Expr* part) {
-        // What looks like a value can be an object, whose default member is code of the script.
+        // A variable may hold an object, whose default member is code of the script.
         const bool isPlainPart = part->kind == ExprKind::Literal || part->kind == ExprKind::Name;
         return (isPlainPart || !module_.hasClasses) && isQuiet(*part, variable);
     });
@@ -177,8 +177,8 @@ void ProcedureCompiler::appendQuietly(const Tails& tails, const Binding& binding
     }
 }
 
-// Where anything may happen meanwhile: reads the variable, then the parts, as "&" does one after the other, and appends
-// all at once if the variable is still the same.
+// For parts whose evaluation may run code of the script: reads the variable, then the parts, in the order of "&", and
+// appends all of them at once if the variable is unchanged by then.
 void ProcedureCompiler::appendParts(const AssignStmt& statement, const Tails& tails, const Binding& binding) {
     const std::uint32_t earlier = code_.takeRegisters();
     nameInto(*statement.target, earlier);
@@ -193,7 +193,7 @@ void ProcedureCompiler::appendParts(const AssignStmt& statement, const Tails& ta
     forgetPoll();
 }
 
-// Whether both are the same element of a variable, and finding it runs nothing.
+// Whether both are the same element of an array variable, with indexes that run no code of the script.
 bool ProcedureCompiler::isSameElement(const Expr& one, const Expr& other) {
     const auto isSame = [this](const Expr* index, const Expr* twin) {
         if (index->kind != twin->kind) return false;

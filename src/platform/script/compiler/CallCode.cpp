@@ -1,7 +1,7 @@
 // Calls of every kind, elements of arrays, and how arguments are passed.
 //
-// A call's window of registers: the result (and the object, where there is one), then the arguments. The window is the
-// start of the called procedure's own registers.
+// A call uses a window of registers next to each other: first the result (before the call: the object, where there is
+// one), then the arguments. The called procedure's own registers begin with the window, so arguments are not copied.
 
 #include "platform/script/compiler/ProcedureCompiler.h"
 
@@ -106,7 +106,7 @@ void ProcedureCompiler::passReference(const Expr& argument, std::uint32_t target
     forgetPoll();
 }
 
-// Into registers one after the other; the first one.
+// Evaluates into registers next to each other; returns the first.
 std::uint32_t ProcedureCompiler::evaluateInOrder(std::span<Expr* const> expressions) {
     std::uint32_t first = 0;
     for (std::size_t i = 0; i < expressions.size(); ++i) {
@@ -117,8 +117,8 @@ std::uint32_t ProcedureCompiler::evaluateInOrder(std::span<Expr* const> expressi
     return first;
 }
 
-// The same, objects replaced by the values of their default members: nothing of the script runs between a reference to
-// an element and its use.
+// The same with objects replaced by the values of their default members, so that no code of the script runs between
+// taking a reference to an element and using it.
 std::uint32_t ProcedureCompiler::evaluatePlain(std::span<Expr* const> expressions) {
     const std::uint32_t first = evaluateInOrder(expressions);
     for (std::uint32_t i = 0; i < countOf(expressions); ++i) {

@@ -165,7 +165,7 @@ std::uint32_t ProcedureCompiler::inRegister(Operand from) {
     return target;
 }
 
-// Whether evaluating the expression can assign the procedure's variable: only by handing it on as a reference.
+// Whether evaluating the expression can assign the procedure's variable. Only a call that gets it by reference can.
 bool ProcedureCompiler::mayChange(const Expr& expression, NameId variable) {
     if (expression.kind == ExprKind::Call && callMayChange(expression, variable)) return true;
     if (scope_.runsSource && (expression.kind == ExprKind::Call || expression.kind == ExprKind::Member)) return true;
@@ -299,7 +299,7 @@ void ProcedureCompiler::binaryInto(const Expr& expression, std::uint32_t target)
 ProcedureCompiler::ComparedOperands ProcedureCompiler::comparedOperands(const Expr& expression) {
     Operand left = operandBefore(*expression.left, expression.right);
     Operand right = operand(*expression.right);
-    // Of two literals neither is read like the other.
+    // The rules for a literal beside a variable do not hold between two literals.
     const bool areLiterals = left.isConstant && right.isConstant;
     if (areLiterals && !code_.procedure().constants[left.index].is(code_.procedure().constants[right.index].type()))
         right = {false, inRegister(right)};

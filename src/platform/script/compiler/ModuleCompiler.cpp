@@ -96,7 +96,7 @@ class NameSearch : public AstVisitor {
     std::vector<NameId> names_;
 };
 
-// The word stands somewhere in the text, if only in a remark.
+// A quick first test: the word stands somewhere in the source, if only in a comment.
 bool mayExecute(std::string_view source) {
     constexpr std::string_view executeWord = "execute";
     const auto sameLetter = [](char letter, char small) { return (letter | 0x20) == small; };
@@ -123,7 +123,7 @@ std::shared_ptr<const Procedure> ModuleCompiler::compileSource(std::string_view 
     return outside;
 }
 
-// Nothing of it is known to anybody before all of it is compiled.
+// A module that cannot be compiled leaves no trace: its names become known only when all of it is compiled.
 std::shared_ptr<Procedure> ModuleCompiler::compile(Work& work, std::string_view source) {
     read(work, source);
     declare(work);
@@ -210,7 +210,7 @@ std::shared_ptr<const Procedure> ModuleCompiler::compileExpression(std::string_v
     work.scope.isLate = symbols_.isLate;
     Expr* expression = nullptr;
     work.module = Parser(source, names_, &context_.heap()).parseSingleExpression(expression);
-    // One statement that uses it, so that its names are found.
+    // As a statement that uses the expression, so that the search for names finds those of the expression.
     CallStmt use{{StmtKind::Call, expression->line}, expression};
     work.module->body.append(&use);
     findNames(work);
@@ -359,7 +359,7 @@ std::shared_ptr<Procedure> ModuleCompiler::generate(Work& work, ProcedureScope& 
     return procedure;
 }
 
-// A procedure that another one takes the place of may be running.
+// The old procedure may be running: it is kept until nothing runs.
 void ModuleCompiler::replace(std::shared_ptr<const Procedure>& place, std::shared_ptr<const Procedure> procedure) {
     if (place != nullptr) symbols_.retire(std::move(place));
     place = std::move(procedure);

@@ -100,7 +100,7 @@ class ReferenceFinder : public AstVisitor {
         }
     }
 
-    // What the statements outside procedures change does not change while a procedure runs.
+    // The statements outside procedures do not run while a procedure does, so their changes do not count.
     void change(NameId name) {
         if (current_->node == nullptr) return;
         const auto reg = current_->registers.find(name);

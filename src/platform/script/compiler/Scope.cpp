@@ -32,7 +32,7 @@ Symbol* ModuleScope::findPending(NameId name) {
     return place == pending_.end() ? nullptr : &place->second;
 }
 
-// A variable that is known already stays where code of other modules expects it.
+// A variable that is known already keeps its place in memory: compiled code of other modules has its address.
 void ModuleScope::defineVariable(NameId name, bool isImplicit) {
     const Symbol* known = findEarlier(name);
     Symbol symbol;
@@ -98,7 +98,7 @@ Value constantOf(const Expr& expression, const std::vector<Value>& literals) {
 
 namespace {
 
-// First reading: what Dim and Const declare, wherever in the procedure they stand.
+// First pass: what Dim and Const declare, wherever in the procedure they stand.
 class Declarations : public AstVisitor {
   public:
     Declarations(ProcedureScope& scope, const std::vector<Value>& literals) : scope_(scope), literals_(literals) {}
@@ -145,7 +145,7 @@ class ReDimDeclarations : public AstVisitor {
     ModuleScope& module_;
 };
 
-// Second reading: names that are used without a declaration, and whether errors are survived.
+// Second pass: names that are used without a declaration, and whether there is an On Error Resume Next.
 class Uses : public AstVisitor {
   public:
     Uses(ProcedureScope& scope, ModuleScope& module, const std::function<bool(NameId)>& becomesLocal)

@@ -165,7 +165,8 @@ void ProcedureCompiler::leaveAfterError(Label& end) {
     code_.bind(body);
 }
 
-// A statement of its own: after an error in the last one of the block, it goes on here.
+// The jump at the end of a block counts as a statement: under On Error Resume Next, an error in the last statement of
+// the block goes on with this jump and not with the next branch.
 void ProcedureCompiler::leaveBlock(Label& end) {
     mark(line_);
     code_.jump(Op::Jump, 0, end);
@@ -173,8 +174,8 @@ void ProcedureCompiler::leaveBlock(Label& end) {
 
 // Loops ---------------------------------------------------------------------------------------------------------------
 
-// Where the loop variable is no plain register the loop counts in a register of its own, and hands the variable over
-// and back for each pass.
+// Where the loop variable is no plain register (it is global, a field or a reference) the loop counts in a register of
+// its own, which is copied to the variable before each pass and from it after the pass.
 void ProcedureCompiler::forLoop(const ForStmt& statement) {
     const Temporaries temporaries(code_);
     const NameId name = statement.variable->name;
@@ -186,7 +187,7 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
     const std::uint32_t counter = isRegister ? binding.index : code_.takeRegisters();
     const std::uint32_t limit = code_.takeRegisters(3);
     const std::uint32_t step = limit + 1;
-    // The limit may use the variable's old value.
+    // The start is assigned last: limit and step may use the variable's old value.
     const std::uint32_t from = limit + 2;
     into(*statement.from, from);
     into(*statement.to, limit);
@@ -279,7 +280,8 @@ void ProcedureCompiler::loop(const LoopStmt& statement) {
     bindLabel(exit);
 }
 
-// Where errors are survived, the statement after a condition that failed is the first one of the body.
+// Under On Error Resume Next, an error in the condition goes on with the next statement of the code: so the test has to
+// stand where it stands in the source, before the body.
 void ProcedureCompiler::loopInTextOrder(const LoopStmt& statement) {
     Label& test = newLabel();
     Label& exit = newLabel();
@@ -372,8 +374,8 @@ bool ProcedureCompiler::startsWithPoll(const Block& body) {
            pollOf(static_cast<const IfStmt&>(*body.first), otherwise) != nullptr;
 }
 
-// A second poll with nothing but arithmetic since the first would get the same answer, and is left out. That holds
-// only where a "no" does not come back here.
+// A second poll with nothing but arithmetic since the first would get the same answer, and is left out; but only where
+// the answer False ends the procedure, so that no code runs between the two.
 void ProcedureCompiler::poll(const HostMember* polled, const CallStmt& otherwise) {
     if (lastPolled_ == polled) return;
     Label& asked = newLabel();
@@ -393,7 +395,7 @@ void ProcedureCompiler::poll(const HostMember* polled, const CallStmt& otherwise
     lastPolled_ = stopsHere ? polled : nullptr;
 }
 
-// Cold code may have cold code of its own.
+// Writing cold code may add more of it to the list.
 void ProcedureCompiler::emitColdCode() {
     for (std::size_t i = 0; i < cold_.size(); ++i) {
         const ColdCode& cold = cold_[i];

@@ -78,7 +78,7 @@ void SymbolTable::addHost(NameId name, HostObject& object, Value reference, bool
     if (membersToo) global_.push_back(&object);
 }
 
-// Its place is taken by another object of the same name.
+// Another object takes the name.
 void SymbolTable::removeHost(const HostObject* object) {
     std::erase(global_, object);
     std::erase_if(hosts_, [object](const auto& entry) {
@@ -92,7 +92,7 @@ const HostMember* SymbolTable::hostMember(HostObject& object, int member, NameId
     return &hostMembers_.emplace_back(HostMember{&object, member, name});
 }
 
-// Before the list grows, those that are gone make room.
+// Before the list grows, modules that no longer exist are removed from it.
 void SymbolTable::ModuleList::add(const std::shared_ptr<LoadedModule>& module) {
     if (modules_.size() == modules_.capacity()) std::erase_if(modules_, [](const auto& one) { return one.expired(); });
     modules_.push_back(module);

@@ -13,8 +13,9 @@ namespace {
 
 constexpr std::int64_t largestBound = 0x7ffffffe;
 
-// Indexes that are objects, as the values of their default members: found out before the array is touched, because
-// code of the script runs for it. `keep` holds the list where it is not the given one.
+// The indexes, objects replaced by the values of their default members. This comes before the array is looked at,
+// because code of the script runs for it, which may change the array. `keep` holds the list where it is not the given
+// one.
 std::span<const Value> plainIndexes(Context& context, std::span<const Value> indexes, std::vector<Value>& keep) {
     const auto isObject = [](const Value& index) { return index.is(Type::Object); };
     if (std::none_of(indexes.begin(), indexes.end(), isObject)) return indexes;

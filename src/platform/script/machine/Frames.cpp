@@ -47,7 +47,8 @@ Value Machine::invoke(const Procedure& procedure, Object* me, std::span<const Va
     return std::move(base[0]);
 }
 
-// For callers that did not know how the procedure takes its arguments: references only where it expects them.
+// For callers that passed references for all arguments: replaces those that the procedure does not expect (see
+// Procedure::byReference).
 void Machine::loadArguments(const Procedure& procedure, Value* base) {
     for (std::uint32_t i = 0; i < procedure.parameterCount; ++i) {
         Value& argument = base[i + 1];
@@ -99,7 +100,7 @@ bool Machine::recover(const ScriptError& error) {
         const bool isEntry = frame.isEntry;
         leave();
         if (!isEntry) continue;
-        // Nobody asks for the result any more.
+        // The caller gets the error and no result.
         releaseHeld(*frame.base);
         return false;
     }

@@ -28,7 +28,7 @@ const Symbol* Machine::meaningOf(NameId name) {
 
 // The variable that the name stands for; null if it stands for something else, which is `meaning` then.
 Value* Machine::lateVariable(Value& own, const LateUse& use, const Symbol*& meaning) {
-    // A variable that is Empty may have got its meaning only now.
+    // An Empty one may be a name that was declared since it was last used.
     if (!followed(own).is(Type::Empty)) return &followed(own);
     if (GeneratedNames* generated = enclosingFrame().generated) {
         const auto place = generated->variables.find(use.name);
@@ -55,7 +55,7 @@ void Machine::findVariable(Value& own, const LateUse& use) {
     own = meaning->constant;
 }
 
-// Like all calls leaves the result in base[0] and no argument; true if a procedure was entered.
+// Leaves the result in base[0] and clears the arguments, as all calls do; true if a procedure was entered instead.
 bool Machine::callLate(Value& own, const LateUse& use, Value* base, std::uint32_t count) {
     const Symbol* meaning = nullptr;
     Value* const variable = lateVariable(own, use, meaning);

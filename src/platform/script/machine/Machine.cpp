@@ -24,7 +24,7 @@ Machine::~Machine() {
 void Machine::reset() {
     resetting_ = true;
     symbols_->clearVariables();
-    // What is left holds itself, or is held by the host.
+    // The instances that are left refer to each other in a circle, or the host holds them.
     while (instances_ != nullptr) {
         ClassInstance* instance = instances_;
         const Value holder = [instance] {

@@ -1,7 +1,7 @@
 // Calls of functions, host members and methods; source that is run; objects.
 //
-// A window of registers holds the result, or the object, and then the arguments (see CallFrame in the compiler). A call
-// leaves no argument after.
+// A window of registers holds the result, or the object, and then the arguments (see CallFrame in the compiler). After
+// a call the registers of the arguments are empty.
 
 #include "platform/script/ArrayCell.h"
 #include "platform/script/Conversions.h"

@@ -219,13 +219,13 @@ void Lexer::number() {
         if (!isDigit(peek())) fail(Syntax::InvalidNumber);
         while (isDigit(peek())) ++state_.next;
     }
-    // Not the C library's reading: a window's locale would have its say on the decimal point.
+    // Not strtod: its decimal point depends on the process's locale, which a windowing library may have set.
     const double value = parseNumber(spelling()).value_or(0);
     if (std::isinf(value)) fail(Syntax::InvalidNumber);
     addLiteral(isWhole && value <= 0x7fffffff ? wholeNumber(static_cast<std::int64_t>(value)) : Value::number(value));
 }
 
-// &HFFFF is the Integer -1, &HFFFF& the Long 65535: four digits' worth of bits wrap round unless "&" follows.
+// &HFFFF is the Integer -1, &HFFFF& the Long 65535: up to 16 bits are those of an Integer unless "&" follows.
 void Lexer::hexOrOctal() {
     ++state_.next;
     int radix = 8;

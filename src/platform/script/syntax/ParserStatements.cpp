@@ -38,8 +38,8 @@ void Parser::nestedBlock(Block& into, int& depth) {
     --depth;
 }
 
-// Statements up to a word that starts none: the end of what encloses them. Signs, literals and the words that close a
-// loop that is not open are refused here, because nothing that encloses could want them.
+// Statements up to a word that cannot start one, which the caller checks: it closes the enclosing block. Signs,
+// literals and the closing words of loops that are not open are errors right here: they close no block.
 void Parser::block(Block& into) {
     const Level level(*this);
     for (;;) {

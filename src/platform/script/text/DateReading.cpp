@@ -1,4 +1,4 @@
-// Dates and times read from text: parseDate (Conversions.h).
+// Dates and times read from text: parseDate.
 //
 // What is read: a date, a time, or one after the other with blanks between. Dates: 2/28/2004, 2-28-04, 2/28 (of this
 // year), 2/2004 (its first day), 2004-02-28; 28/2/2004 where the month would be above 12; 28 February 2004, 28-Feb-04,

@@ -1,4 +1,4 @@
-// Numbers read from text: parseNumber (Conversions.h), parseBitPattern and parseCurrency.
+// Numbers read from text: parseNumber, parseBitPattern and parseCurrency.
 //
 // What is read as a number: blanks around it; one sign before or after it, or brackets around it, which make it
 // negative; a currency sign before it; commas anywhere between the digits before the point; an exponent with E or D.
@@ -90,7 +90,7 @@ class DecimalReader {
         if (negative || peek() == '+') next();
         if (!isDigit(peek())) return false;
         std::int64_t exponent = 0;
-        // More than any text can make up for with its digits.
+        // Larger exponents are cut off: no text has digits enough to bring the number back into range.
         constexpr std::int64_t mostSteps = std::int64_t{1} << 40;
         for (; isDigit(peek()); next()) exponent = std::min(exponent * 10 + (peek() - '0'), mostSteps);
         decimal_.point += negative ? -exponent : exponent;

@@ -99,8 +99,8 @@ WrittenNumber writeWhole(std::int64_t number) {
     return text;
 }
 
-// The shortest digits that name the number are quick to find, and say how it rounds to 15 unless just a 5 is cut off:
-// they lie nearest to the number among those of their length, so no point half way can lie between the two.
+// std::to_chars finds the shortest digits that stand for the number, and quickly. Rounding these to 15 digits gives the
+// same as rounding the number itself, except where exactly a 5 would be cut off.
 Digits digitsOf(double number) {
     constexpr int wantedDigits = 15;
     if (number == 0) return {};
