@@ -11,6 +11,7 @@
 #include <QApplication>
 #include <QTimer>
 
+#include <cstdint>
 #include <cstdlib>
 #include <fstream>
 #include <memory>
@@ -21,6 +22,14 @@ namespace {
 using tolvan::operator""_deva;
 
 constexpr std::string_view damaged = "\\f1hI )a#l ib\"flelI Aahe\\f0. \\f1te àayaejn calvta yet nahI\\f0."_deva;
+
+// With TOLVAN_SEED, a number, chance and the clock are those of "tvp run --seed=NUMBER --no-wait".
+void repeatIfWanted(tolvan::frmExec& console) {
+    const char* const seed = std::getenv("TOLVAN_SEED");
+    if (seed == nullptr) return;
+    console.library().setSeed(static_cast<std::uint32_t>(std::strtoul(seed, nullptr, 10)));
+    console.library().simulateTime(tolvan::simulatedStart());
+}
 
 // Writes the program's console calls to the file that TOLVAN_TRACE names, one a line, as "tvp run --trace" does, so
 // that a program can be checked as it is handed in.
@@ -50,6 +59,7 @@ int main(int, char** arguments) {
     run.ProgramCaption = std::move(payload->caption);
     tolvan::frmExec console(run);
     traceIfWanted(console);
+    repeatIfWanted(console);
     QTimer::singleShot(0, &console, [&console, &payload] {
         console.show();
         console.execute(payload->module, {});  // the executable does not hold where its lines came from

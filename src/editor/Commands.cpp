@@ -13,6 +13,7 @@ constexpr std::string_view separator = "-";
 constexpr MenuItem fileItems[] = {
     {"FileNew", "nvIn"_deva, Greyed},
     {"FileOpen", "%\"f"_deva, Greyed},
+    {"FileExamples", "%dahr[eŽ Ž Ž "_deva, Greyed},
     {"FileSave", "saQv"_deva},
     {"FileSaveAs", "Ž Ž Ž Mh[un saQv"_deva},
     {"FileOldVersions", "juNya Aav&Åya"_deva, Greyed},

@@ -110,33 +110,51 @@ bool EditorDocument::OpenFile(const QString& path) {
 void EditorDocument::OpenOldVersion(const QString& folder, const QString& own) {
     const QString chosen = askOpenFile(programFileRequest(QStringLiteral("जुनी आवृत्ती उघड..."), folder));
     if (chosen.isEmpty()) return;
-    const ProgramFile program = readProgramFile(readWholeFile(chosen).value_or(QByteArray()).toStdString());
-    if (program.problem != ProgramFile::Problem::None) return ShowMessage(messages::notReadable(chosen));
+    const std::optional<ProgramContent> old = read(chosen);
+    if (!old) return;
     if (!path_.isEmpty() && QFileInfo(chosen).absolutePath() == QFileInfo(own).absoluteFilePath()) {
-        text_.replaceRomanText(program.roman);
-        setCaption(program.caption);
+        text_.replaceRomanText(old->program.roman);
+        setCaption(old->program.caption);
     } else if (mayGo(messages::saveBeforeOpen)) {
         emit discarding();
-        takeUp({{}, {}, program.caption, program.roman});
+        takeUp({{}, {}, old->program.caption, old->program.roman});
     }
 }
 
-bool EditorDocument::load(const QString& path) {
-    const QFileInfo file(path);
-    if (!file.isFile()) {
-        ShowMessage(messages::noSuchFile);
-        return false;
-    }
-    const std::optional<QByteArray> content = readWholeFile(path);
-    const ProgramFile program = readProgramFile(content.value_or(QByteArray()).toStdString());
-    if (program.problem != ProgramFile::Problem::None) {
-        ShowMessage(messages::notReadable(path));
-        return false;
-    }
+bool EditorDocument::OpenCopy(const QString& path) {
+    const QScopedValueRollback loading(loading_, true);
+    if (!mayGo(messages::saveBeforeOpen)) return false;
+    const std::optional<ProgramContent> copy = read(path);
+    if (!copy) return false;
     emit discarding();
-    replaceBy(file.absoluteFilePath(), program.roman);
-    caption_ = program.caption;
-    fingerprint_ = fingerprintOf(*content);
+    replaceBy({}, copy->program.roman);
+    caption_ = copy->program.caption;
+    fingerprint_.clear();
+    setState(newTitle, false);
+    return true;
+}
+
+// What cannot be read has been told.
+std::optional<EditorDocument::ProgramContent> EditorDocument::read(const QString& path) {
+    if (!QFileInfo(path).isFile()) {
+        ShowMessage(messages::noSuchFile);
+        return std::nullopt;
+    }
+    const QByteArray bytes = readWholeFile(path).value_or(QByteArray());
+    ProgramFile program = readProgramFile(bytes.toStdString());
+    if (program.problem == ProgramFile::Problem::None) return ProgramContent{std::move(program), fingerprintOf(bytes)};
+    ShowMessage(messages::notReadable(path));
+    return std::nullopt;
+}
+
+bool EditorDocument::load(const QString& path) {
+    const std::optional<ProgramContent> content = read(path);
+    if (!content) return false;
+    const QFileInfo file(path);
+    emit discarding();
+    replaceBy(file.absoluteFilePath(), content->program.roman);
+    caption_ = content->program.caption;
+    fingerprint_ = content->fingerprint;
     setState(file.fileName(), false);
     emit filed(path_);
     return true;

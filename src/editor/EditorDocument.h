@@ -5,11 +5,13 @@
 #pragma once
 
 #include "editor/FileDialogs.h"
+#include "translator/ProgramFile.h"
 
 #include <QByteArray>
 #include <QObject>
 #include <QString>
 
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -75,6 +77,8 @@ class EditorDocument : public QObject {
     // Asks for one of the old versions in a folder. One from `own`, the folder of the present program's versions, takes
     // the place of the text, which can be undone; any other becomes a document without a file.
     void OpenOldVersion(const QString& folder, const QString& own);
+    // Opens the text of a program file as a new document, after the question about unsaved text.
+    bool OpenCopy(const QString& path);
     bool FileSave();
     bool FileSaveAs();
     bool saveTo(const QString& path);
@@ -104,6 +108,11 @@ class EditorDocument : public QObject {
   private:
     void setState(const QString& name, bool textChanged);
     bool mayGo(std::string_view question);
+    struct ProgramContent {
+        ProgramFile program;
+        QByteArray fingerprint;
+    };
+    static std::optional<ProgramContent> read(const QString& path);
     bool load(const QString& path);
     bool write(const QString& path);
     void replaceBy(const QString& path, std::string_view text);

@@ -11,6 +11,7 @@
 #include "editor/FileDialogs.h"
 #include "editor/PaneMenus.h"
 #include "editor/WindowPlace.h"
+#include "editor/frmExamples.h"
 #include "editor/frmFindReplace.h"
 #include "editor/panes/PaneAids.h"
 #include "editor/panes/ProgramBox.h"
@@ -248,6 +249,11 @@ void frmEditor::FileNew() {
 }
 void frmEditor::FileOpen() {
     document_.FileOpen();
+}
+// A copy, so that the example stays as it is.
+void frmEditor::FileExamples() {
+    const QString example = askExample(examplesFolder(), this);
+    if (!example.isEmpty()) document_.OpenCopy(example);
 }
 void frmEditor::FileSave() {
     document_.FileSave();

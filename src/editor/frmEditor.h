@@ -98,6 +98,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
   public slots:
     void FileNew();
     void FileOpen();
+    void FileExamples();
     void FileSave();
     void FileSaveAs();
     void FileOldVersions();

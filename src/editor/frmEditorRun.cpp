@@ -5,6 +5,7 @@
 #include "editor/frmEditor.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
+#include "library/AddLibrary.h"
 #include "platform/encoding/Deva.h"
 #include "runtime/frmExec.h"
 #include "translator/Translator.h"
@@ -43,7 +44,7 @@ std::string frmEditor::Compile(StyledView program) {
 void frmEditor::CompileAndExecute(StyledView program) {
     if (isRunning()) return;
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const std::string module = Compile(program);
+    const std::string module = addLibrary(Compile(program), translator_.variables());
     QApplication::restoreOverrideCursor();
     console().show();
     console().raise();

@@ -86,6 +86,7 @@ void Program::addLibrary(LineStore& store) {
         if (use.isSet() || use.function != mainProgram) continue;
         use.scopes = {mainProgram};
         use.maybeSet = use.library = true;
+        use.command = word.kind == LibraryWord::Kind::Command;
         use.parameters = parameterCount(word);
     }
 }

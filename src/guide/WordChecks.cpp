@@ -27,7 +27,7 @@ bool isSetThere(const Line& line, std::size_t word) {
 
 bool isFunction(const Program& program, const Word& word) {
     const NameUse* use = program.use(word.glyphs);
-    return use != nullptr && use->function != mainProgram;
+    return use != nullptr && (use->function != mainProgram || use->command);
 }
 
 // Words of the language that begin no statement.

@@ -4,6 +4,7 @@
 #include "platform/script/syntax/AstVisitor.h"
 #include "platform/script/syntax/Parser.h"
 #include "platform/script/syntax/SyntaxError.h"
+#include "translator/Translator.h"
 #include "translator/VariableTable.h"
 
 #include <algorithm>
@@ -108,6 +109,12 @@ std::string addLibrary(std::string module, const VariableTable& names) {
     for (const UsedWord& word : used)
         if (!own.contains(scriptNames.intern(word.scriptName))) module += scriptFunction(word);
     return module;
+}
+
+std::string runnableModule(StyledView program) {
+    Translator translator;
+    std::string module = translator.Compile(program);
+    return addLibrary(std::move(module), translator.variables());
 }
 
 }  // namespace tolvan

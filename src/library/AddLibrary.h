@@ -1,6 +1,8 @@
 // Puts the library's functions that a program uses after the program's module.
 #pragma once
 
+#include "platform/richtext/StyledText.h"
+
 #include <string>
 
 namespace tolvan {
@@ -12,5 +14,8 @@ class VariableTable;
 // a function or a parameter keeps the program's meaning. The lines of the module stay where they are. A module that
 // cannot be parsed comes back as it is.
 std::string addLibrary(std::string module, const VariableTable& names);
+
+// The module of a program together with the library's functions: what is run.
+std::string runnableModule(StyledView program);
 
 }  // namespace tolvan

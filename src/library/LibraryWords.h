@@ -16,6 +16,8 @@ struct LibraryWord {
     std::string_view usage;    // how it stands in a program, in Roman spelling
     std::string_view meaning;  // in Marathi, in Roman spelling; letters and blanks only
     std::string_view english;  // for the page of all words
+    enum class Kind : std::uint8_t { Value, Command };
+    Kind kind = Kind::Value;  // a command begins a statement and has no value
 };
 
 // In the order in which one learns them. Two spellings of one word that inflects (niLA, niLyA) are two rows.

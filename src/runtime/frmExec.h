@@ -43,6 +43,7 @@ class frmExec : public QWidget, public ConsoleOperations {
 
     // The program's calls of the console from the next run on.
     void setTrace(ConsoleObject::Trace trace) { parentForm_.setTrace(std::move(trace)); }
+    LibraryObject& library() { return parentForm_.library(); }
 
     void PrintString(std::string_view text) override;
     std::optional<std::string> InputString() override;

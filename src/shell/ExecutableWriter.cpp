@@ -1,11 +1,11 @@
 #include "shell/ExecutableWriter.h"
 
+#include "library/AddLibrary.h"
 #include "platform/files/Descriptor.h"
 #include "runtime/host/FileError.h"
 #include "shell/Payload.h"
 #include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
-#include "translator/Translator.h"
 
 #include <cerrno>
 #include <exception>
@@ -56,7 +56,7 @@ void write(const ExecutableFiles& files, std::string& caption) {
     caption = program.caption;
     // A file without a line end is shorter than its first line and that line's end.
     if (program.problem == ProgramFile::Problem::FirstLineWithoutEnd) throw Failure{overflow};
-    check(executable.write(buildPayload({program.caption, Translator().Compile(ProgramText(program.roman))})));
+    check(executable.write(buildPayload({program.caption, runnableModule(ProgramText(program.roman))})));
     check(executable.close());
 }
 

@@ -1,16 +1,17 @@
 // The example programs do in the window what they do on the text console.
 #include "ConsoleFixture.h"
+#include "library/AddLibrary.h"
 #include "support/Examples.h"
 #include "support/Folders.h"
 #include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
-#include "translator/Translator.h"
 #include "tvp/TvpProcess.h"
 
 #include <QDir>
 #include <QTemporaryDir>
 
 #include <cstdlib>
+#include <utility>
 
 namespace tolvan {
 namespace {
@@ -31,15 +32,27 @@ class ExamplesTest : public ConsoleTest, public testing::WithParamInterface<std:
         });
     }
 
+    // Runs the example as tvp does for the same arguments, with no keys pressed.
     std::string traceOfWindow() {
         std::string calls;
-        console->setTrace([&calls](std::string_view call) { calls.append(call).append("\n"); });
+        bool hasDrawn = false;
+        console->setTrace([&](std::string_view call) {
+            calls.append(call).append("\n");
+            if (call == "ClearScreen" && std::exchange(hasDrawn, false)) lastDrawing_ = picture();
+            hasDrawn = hasDrawn || call.starts_with("Draw");
+        });
+        console->library().setSeed(1);
+        console->library().simulateTime(simulatedStart());
         const ProgramFile file = readProgramFile(contentOf(exampleProgram(GetParam())));
         const QByteArray lines = QByteArray::fromStdString(answers());
         if (!lines.isEmpty()) answer(lines.trimmed().split('\n'));
-        console->execute(Translator().Compile(ProgramText(file.roman)), {});
+        console->execute(runnableModule(ProgramText(file.roman)), {});
+        if (hasDrawn || lastDrawing_.isNull()) lastDrawing_ = picture();
         return calls;
     }
+
+    // What the program drew last, or the text that it printed.
+    QImage lastDrawing_;
 
   private:
     QTemporaryDir folder_;
@@ -48,7 +61,7 @@ class ExamplesTest : public ConsoleTest, public testing::WithParamInterface<std:
 class DrawingTest : public ExamplesTest {};
 
 TEST_P(ExamplesTest, MakesTheSameCalls) {
-    const std::string expected = TvpProcess().run({"run", "--trace", exampleProgram(GetParam())}, answers()).errors;
+    const std::string expected = TvpProcess().run(runWithoutKeys(GetParam()), answers()).errors;
     EXPECT_FALSE(expected.empty());
     EXPECT_EQ(traceOfWindow(), expected);
     EXPECT_TRUE(console->isVisible()) << "it came to its end";
@@ -72,11 +85,11 @@ int difference(const QImage& left, const QImage& right) {
 // the next. A figure at another place differs in far more than 2 per mille of the pixels.
 TEST_P(DrawingTest, LooksAsKept) {
     traceOfWindow();
-    const std::string file = expectedOfExample(GetParam(), ".png");
+    const std::string file = pictureOfExample(GetParam());
     const QImage kept(QString::fromStdString(file));
-    if (picture().size() != kept.size() || difference(picture(), kept) > 2) {
+    if (lastDrawing_.size() != kept.size() || difference(lastDrawing_, kept) > 2) {
         const std::string seen = programFolder() + "/" + GetParam() + "-seen.png";
-        picture().save(QString::fromStdString(seen));
+        lastDrawing_.save(QString::fromStdString(seen));
         FAIL() << file << " shows another picture than " << seen;
     }
 }

@@ -22,7 +22,7 @@ inline ExampleRun runExample(const std::vector<std::string>& lines) {
     for (const std::string& line : lines) program.append(line).append("\r\n");
     folder.write("program.tvp", program);
     const std::string command = "cd " + folder.path() + " && echo 7 | timeout 10 " + programFolder() +
-                                "/tvp run --trace program.tvp >printed 2>called";
+                                "/tvp run --trace --no-wait program.tvp >printed 2>called";
     const int status = std::system(command.c_str());
     return {status, folder.read("printed") + folder.read("called")};
 }

@@ -1,5 +1,7 @@
 // The help: its file, its window, and that every example in it runs.
+#include "library/LibraryWords.h"
 #include "platform/encoding/Deva.h"
+#include "platform/transliteration/ReplaceRomanChars.h"
 #include "platform/transliteration/Spellings.h"
 #include "shell/Examples.h"
 #include "shell/help/HelpFile.h"
@@ -55,7 +57,9 @@ TEST(HelpFile, AnyBytesAreRead) {
 
 TEST(Help, EveryExampleRunsAndDoesSomething) {
     std::vector<std::string> lines;
+    std::string text;
     for (const HelpTopic& topic : shippedHelp()) {
+        for (const std::string& paragraph : topic.paragraphs) text += paragraph;
         if (topic.example.empty()) continue;
         const ExampleRun run = runExample(topic.example);
         EXPECT_EQ(run.status, 0) << topic.title << '\n' << run.output;
@@ -63,6 +67,8 @@ TEST(Help, EveryExampleRunsAndDoesSomething) {
         lines.insert(lines.end(), topic.example.begin(), topic.example.end());
     }
     for (const LanguageWord& word : languageWords()) EXPECT_TRUE(hasWord(lines, word.roman)) << word.roman;
+    for (const LibraryWord& word : libraryWords())
+        EXPECT_NE(text.find(ReplaceRomanChars(word.roman)), std::string::npos) << word.roman;
 }
 
 // What is typed stands in braces, since it is shown in Roman letters.

@@ -43,9 +43,9 @@ TEST_P(ExampleAsExecutable, PrintsDrawsAndReadsAsOnATextConsole) {
     const std::string input = contentOf(expectedOfExample(GetParam(), ".in"));
     DrivenProcess process;
     process.folder().write("answers", input);
-    const std::string tvp = "cd " + process.folder().path() + " && " + programFolder() + "/tvp run --trace " +
-                            exampleProgram(GetParam()).string() + " <" + (process.folder() / "answers") + " 2>" +
-                            (process.folder() / "expected") + " >/dev/null";
+    std::string tvp = "cd " + process.folder().path() + " && " + programFolder() + "/tvp";
+    for (const std::string& argument : runWithoutKeys(GetParam())) tvp.append(" ").append(argument);
+    tvp.append(" <" + (process.folder() / "answers") + " 2>" + (process.folder() / "expected") + " >/dev/null");
     ASSERT_EQ(std::system(tvp.c_str()), 0);
 
     fs::copy_file(exampleProgram(GetParam()), process.folder() / "program.tvp");
@@ -57,6 +57,9 @@ TEST_P(ExampleAsExecutable, PrintsDrawsAndReadsAsOnATextConsole) {
     for (const std::string& line : linesOf(input)) deeds.push_back("frmExec type " + line);
     deeds.emplace_back("frmExec leave");
     process.setEnvironment("TOLVAN_TRACE", process.folder() / "trace");
+    process.setEnvironment("TOLVAN_SEED", "1");
+    // A screen that is large enough for the console's own size.
+    process.setEnvironment("QT_QPA_PLATFORM", "offscreen:configfile=" + sourceFolder() + "/tests/screen.json");
     const DrivenResult result = process.run(process.folder() / "program.exe", {}, deeds);
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows, ElementsAre(StartsWith("frmExec|")));

@@ -22,9 +22,25 @@ inline std::filesystem::path exampleProgram(const std::string& name) {
     return std::filesystem::path(sourceFolder()) / "examples" / (name + ".tvp");
 }
 
-// ".in" is what is typed in a run, ".out" what is printed, ".trace" what is drawn, ".png" what that looks like.
+// ".in" is what is typed in a run, ".out" what is printed, ".trace" what is drawn.
 inline std::filesystem::path expectedOfExample(const std::string& name, const char* extension) {
     return std::filesystem::path(sourceFolder()) / "examples/expected" / (name + extension);
+}
+
+// The console after a run, as it is shown beside the title.
+inline std::filesystem::path pictureOfExample(const std::string& name) {
+    return std::filesystem::path(sourceFolder()) / "examples/pictures" / (name + ".png");
+}
+
+// tvp's arguments for a run that is the same every time: chance and clock begin alike, and ".keys" are pressed.
+inline std::vector<std::string> runWithoutKeys(const std::string& name) {
+    return {"run", "--trace", "--seed=1", "--no-wait", exampleProgram(name).string()};
+}
+inline std::vector<std::string> runOfExample(const std::string& name) {
+    std::vector<std::string> arguments = runWithoutKeys(name);
+    const std::filesystem::path keys = expectedOfExample(name, ".keys");
+    if (exists(keys)) arguments.push_back("--keys=" + keys.string());
+    return arguments;
 }
 
 inline std::vector<std::string> exampleNames() {

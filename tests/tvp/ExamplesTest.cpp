@@ -16,7 +16,7 @@ class ExampleTest : public testing::TestWithParam<std::string> {
 
 TEST_P(ExampleTest, PrintsAndDrawsWhatIsExpected) {
     TvpProcess tvp;
-    const TvpResult result = tvp.run({"run", "--trace", program()}, expected(".in"));
+    const TvpResult result = tvp.run(runOfExample(GetParam()), expected(".in"));
     EXPECT_EQ(result.status, 0);
     EXPECT_EQ(result.output, expected(".out"));
     std::string drawing;

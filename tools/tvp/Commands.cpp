@@ -1,9 +1,11 @@
 #include "tvp/Commands.h"
 
+#include "library/AddLibrary.h"
 #include "platform/encoding/Ascii.h"
 #include "platform/richtext/InternalText.h"
 #include "platform/transliteration/MarkRoman.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
+#include "runtime/host/InputValue.h"
 #include "runtime/host/ModuleRunner.h"
 #include "translator/Formatter.h"
 #include "translator/ProgramFile.h"
@@ -14,7 +16,11 @@
 #include "tvp/TextConsole.h"
 
 #include <algorithm>
+#include <charconv>
+#include <cstdint>
 #include <cstring>
+#include <ctime>
+#include <deque>
 #include <new>
 #include <unistd.h>
 
@@ -28,6 +34,9 @@ constexpr int unusable = 2;
 struct Invocation {
     std::string file = {};
     bool trace = false;
+    std::string keyFile = {};  // empty: no keys are pressed
+    std::optional<std::uint32_t> seed = {};
+    std::optional<std::time_t> simulatedStart = {};
     Output& output;
     Output& messages;
 };
@@ -90,10 +99,20 @@ int formatFile(const Invocation& invocation) {
     return succeeded;
 }
 
+// One key a line, in Roman letters, as input would be read; an empty line is a look that finds none.
+std::deque<std::string> readKeys(const std::string& file) {
+    std::deque<std::string> keys;
+    forEachLine(readInput(file), [&](std::string_view line, std::string_view) { keys.push_back(inputValue(line)); });
+    return keys;
+}
+
 int runOnTextConsole(const std::string& module, const Invocation& invocation) {
     TextConsole console(invocation.output, invocation.messages);
     ConsoleObject object(console);
     if (invocation.trace) object.setTrace([&](std::string_view call) { invocation.messages.writeLine(call); });
+    if (!invocation.keyFile.empty()) console.setKeys(readKeys(invocation.keyFile));
+    if (invocation.seed) object.library().setSeed(*invocation.seed);
+    if (invocation.simulatedStart) object.library().simulateTime(*invocation.simulatedStart);
     script::Executor executor;
     const script::ErrorReport report = runModule(executor, object, module);
     if (report.number == 0 || console.isStopped()) return succeeded;
@@ -102,7 +121,7 @@ int runOnTextConsole(const std::string& module, const Invocation& invocation) {
 }
 
 int runProgram(const Invocation& invocation) {
-    return runOnTextConsole(moduleOf(readProgram(invocation)), invocation);
+    return runOnTextConsole(runnableModule(ProgramText(readProgram(invocation).roman)), invocation);
 }
 
 int runScript(const Invocation& invocation) {
@@ -114,8 +133,16 @@ struct UsageFailure {
     std::string message;
 };
 
+std::uint32_t wholeNumber(std::string_view value) {
+    std::uint32_t number = 0;
+    const auto [end, error] = std::from_chars(value.data(), value.data() + value.size(), number);
+    if (error != std::errc() || end != value.data() + value.size())
+        throw UsageFailure{"'" + std::string(value) + "' is no whole number"};
+    return number;
+}
+
 // Each option, as a bit that the commands name which take it.
-enum OptionBit : unsigned { noOption = 0, traceOption = 1U << 0U };
+enum OptionBit : unsigned { noOption = 0, traceOption = 1U << 0U, runOption = 1U << 1U };
 
 struct Option {
     OptionBit bit;
@@ -128,6 +155,12 @@ struct Option {
 constexpr Option options[] = {
     {traceOption, "--trace", "also writes each console call to standard error",
      [](Invocation& invocation, std::string_view) { invocation.trace = true; }},
+    {runOption, "--seed=", "N: random numbers begin with this seed, and so repeat",
+     [](Invocation& invocation, std::string_view value) { invocation.seed = wholeNumber(value); }},
+    {runOption, "--keys=", "FILE: the keys that the program finds pressed, one a line; an empty line is none",
+     [](Invocation& invocation, std::string_view value) { invocation.keyFile = value; }},
+    {runOption, "--no-wait", "waiting takes no time; the program's clock starts at 10:08:30 on 26 January 2026",
+     [](Invocation& invocation, std::string_view) { invocation.simulatedStart = simulatedStart(); }},
 };
 
 enum class NoFile : std::uint8_t { IsWrong, IsStandardInput };
@@ -147,8 +180,8 @@ constexpr Command commands[] = {
      NoFile::IsStandardInput},
     {"program", "program FILE.tvp    the program text, Latin runs in braces", showProgram},
     {"module", "module FILE.tvp     the script module that the program becomes", showModule},
-    {"run", "run FILE.tvp        runs the program", runProgram, NoFile::IsWrong, traceOption},
-    {"script", "script FILE         runs a script module", runScript, NoFile::IsWrong, traceOption},
+    {"run", "run FILE.tvp        runs the program", runProgram, NoFile::IsWrong, traceOption | runOption},
+    {"script", "script FILE         runs a script module", runScript, NoFile::IsWrong, traceOption | runOption},
     {"format", "format FILE.tvp     the program file, indented", formatFile},
 };
 

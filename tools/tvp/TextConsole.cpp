@@ -38,7 +38,7 @@ std::string TextConsole::ReadKey() {
 void TextConsole::Wait(double seconds) {
     constexpr double year = 365.0 * 24 * 3600;  // what the clock can count
     flush();
-    if (waits_ && seconds > 0) std::this_thread::sleep_for(std::chrono::duration<double>(std::min(seconds, year)));
+    if (seconds > 0) std::this_thread::sleep_for(std::chrono::duration<double>(std::min(seconds, year)));
 }
 
 void TextConsole::flush() {

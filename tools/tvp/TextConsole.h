@@ -22,8 +22,6 @@ class TextConsole : public ConsoleOperations {
 
     // What ReadKey gives, key by key, in the form of ConsoleOperations::ReadKey. None before.
     void setKeys(std::deque<std::string> keys) { keys_ = std::move(keys); }
-    // Whether Wait takes its time; it does before.
-    void setWaits(bool waits) { waits_ = waits; }
 
     void PrintString(std::string_view text) override;
     // Throws ScriptError 62 at the end of standard input: a program that asks for more answers than there are would
@@ -54,7 +52,6 @@ class TextConsole : public ConsoleOperations {
     Output& messages_;
     LineReader input_;
     std::deque<std::string> keys_;
-    bool waits_ = true;
     bool stopped_ = false;
 };
 

@@ -65,7 +65,7 @@ class ConsoleObject : public script::HostObject {
 
     ConsoleOperations& console_;
     PollThrottle throttle_;
-    LibraryObject library_;
+    LibraryObject library_{console_, throttle_};
     ProgramDataFile file_;
     Trace trace_;
 };

@@ -32,12 +32,8 @@ std::size_t letterNumber(const Arguments& arguments, std::size_t index, std::int
     return static_cast<std::size_t>(number);
 }
 
-std::tm localTime() {
-    const std::time_t now = std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    return local;
-}
+// As long as a program may wait at once: a day.
+constexpr double longestWait = 86400;
 
 // Numbers as a reader writes them, with a Latin mark in between.
 Value marked(const char* format, int first, int second, int third) {
@@ -58,13 +54,15 @@ const LibraryObject::Member LibraryObject::members[] = {
     {"RandomNumber", 1, &LibraryObject::randomNumber},   {"Sine", 1, &LibraryObject::sine},
     {"LetterCount", 1, &LibraryObject::letterCount},     {"LetterPart", 3, &LibraryObject::letterPart},
     {"LetterFind", 2, &LibraryObject::letterFind},       {"LetterReplace", 3, &LibraryObject::letterReplace},
-    {"LetterReverse", 1, &LibraryObject::letterReverse}, {"TimeText", 0, &LibraryObject::timeText},
+    {"LetterReverse", 1, &LibraryObject::letterReverse}, {"Wait", 1, &LibraryObject::wait},
+    {"PressedKey", 0, &LibraryObject::pressedKey},       {"TimeText", 0, &LibraryObject::timeText},
     {"DateText", 0, &LibraryObject::dateText},           {"SecondsRunning", 0, &LibraryObject::secondsRunning},
 };
 
 void LibraryObject::reset() {
     random_.seed(seed_ ? *seed_ : std::random_device()());
     start_ = Clock::now();
+    waited_ = 0;
 }
 
 int LibraryObject::findMember(std::string_view name) const {
@@ -76,6 +74,7 @@ int LibraryObject::findMember(std::string_view name) const {
 Value LibraryObject::call(int number, Arguments& arguments) {
     const Member& member = members[number];
     if (arguments.count() != member.arguments) throw ScriptError(script::errors::argumentCount);
+    throttle_.lookSoon();  // texts can be long
     return (this->*member.method)(arguments);
 }
 
@@ -126,6 +125,43 @@ Value LibraryObject::letterReverse(Arguments& arguments) {
     return Value::text(LetterText(arguments.text(0)).backwards());
 }
 
+std::time_t simulatedStart() {
+    std::tm start{};
+    start.tm_year = 2026 - 1900;
+    start.tm_mday = 26;
+    start.tm_hour = 10;
+    start.tm_min = 8;
+    start.tm_sec = 30;
+    start.tm_isdst = -1;
+    return std::mktime(&start);
+}
+
+Value LibraryObject::wait(Arguments& arguments) {
+    const double seconds = arguments.number(0);
+    if (seconds < 0 || seconds > longestWait) refuse();
+    waited_ += seconds;
+    if (simulatedStart_) return {};
+    console_.Wait(seconds);
+    throttle_.mustAsk();  // it may have been stopped meanwhile
+    return {};
+}
+
+Value LibraryObject::pressedKey(Arguments&) {
+    return Value::text(console_.ReadKey());
+}
+
+double LibraryObject::secondsSinceStart() const {
+    if (simulatedStart_) return waited_;
+    return std::chrono::duration<double>(Clock::now() - start_).count();
+}
+
+std::tm LibraryObject::localTime() const {
+    const std::time_t now = simulatedStart_ ? *simulatedStart_ + static_cast<std::time_t>(waited_) : std::time(nullptr);
+    std::tm local{};
+    localtime_r(&now, &local);
+    return local;
+}
+
 Value LibraryObject::timeText(Arguments&) {
     const std::tm now = localTime();
     return marked("%02d{:}%02d{:}%02d", now.tm_hour, now.tm_min, now.tm_sec);
@@ -137,7 +173,7 @@ Value LibraryObject::dateText(Arguments&) {
 }
 
 Value LibraryObject::secondsRunning(Arguments&) {
-    return Value::number(std::chrono::duration<double>(Clock::now() - start_).count());
+    return Value::number(secondsSinceStart());
 }
 
 }  // namespace tolvan
