@@ -104,6 +104,14 @@ bool Executor::evaluate(std::string_view expression, Value& result) {
     return engine_->attempt([&] { result = engine_->machine.evaluate(expression); });
 }
 
+void Executor::setWatched(bool on) {
+    engine_->machine.setWatched(on);
+}
+
+Inspection Executor::inspect() {
+    return Inspection(engine_->machine);
+}
+
 const ErrorReport& Executor::error() const {
     return engine_->report;
 }

@@ -7,6 +7,7 @@
 
 #include "platform/script/ErrorReport.h"
 #include "platform/script/HostObject.h"
+#include "platform/script/Inspection.h"
 #include "platform/script/ScriptError.h"
 #include "platform/script/TextForm.h"
 #include "platform/script/Value.h"
@@ -64,6 +65,12 @@ class Executor {
 
     // The value of an expression, in the scope of the modules.
     bool evaluate(std::string_view expression, Value& result);
+
+    // Prepares the modules that are loaded from now on for being looked at (see Inspection.h): each poll asks the host
+    // if its budget is 0, and the state of a run that failed is kept until the next. Start value: off.
+    void setWatched(bool on);
+    // For a host object that is being called, and after a run.
+    Inspection inspect();
 
     // How the last addCode, run or evaluate ended.
     const ErrorReport& error() const;

@@ -377,7 +377,7 @@ bool ProcedureCompiler::startsWithPoll(const Block& body) {
 // A second poll with nothing but arithmetic since the first would get the same answer, and is left out; but only where
 // the answer False ends the procedure, so that no code runs between the two.
 void ProcedureCompiler::poll(const HostMember* polled, const CallStmt& otherwise) {
-    if (lastPolled_ == polled) return;
+    if (lastPolled_ == polled && !module_.engine().keepsEveryPoll) return;
     Label& asked = newLabel();
     Label& back = newLabel();
     code_.poll(polled->object->pollBudget(polled->member), asked);

@@ -83,10 +83,17 @@ class SymbolTable {
 
     // Whether a module was loaded that runs source with Execute, and so can define names while procedures run.
     bool isLate = false;
+    // Whether each poll asks by itself, even where it would get the answer of the one before.
+    bool keepsEveryPoll = false;
 
     bool isErr(NameId name) const { return name == err_; }
     // Empties all variables of scripts: what they hold is released while the code of its Class_Terminate still exists.
     void clearVariables();
+    template <class Action>
+    void forEachVariable(Action action) const {
+        for (const auto& [name, symbol] : scripts_)
+            if (symbol.kind == Symbol::Kind::Variable) action(name, *symbol.variable);
+    }
 
     // Of a variable outside procedures; 0 if it is none. Slow.
     NameId nameOf(const Value* variable) const;

@@ -306,6 +306,7 @@ void Machine::execute() {
         STEP(2);
     }
     L_PollHost:
+        frame->pc = pc + 2;
         putBoolean(A, pollHost(*WORD(const HostMember*)));
         STEP(2);
     L_ForPrepare:
@@ -424,6 +425,7 @@ void Machine::execute() {
         callBuiltin(*WORD(const Builtin*), &A, pc->b);
         STEP(2);
     L_CallHost:
+        frame->pc = pc + 2;
         callHost(*WORD(const HostMember*), &A, pc->b);
         STEP(2);
     L_CallMember:
@@ -447,18 +449,23 @@ void Machine::execute() {
         REFRESH;
         NEXT;
     L_PutHost:
+        frame->pc = pc + 2;
         putHost(*WORD(const HostMember*), &A, pc->b);
         STEP(2);
     L_PutMember:
+        frame->pc = pc + 2;
         putMember(WORD(NameId), &A, pc->b, (pc->c & 1) != 0, (pc->c & 2) != 0);
         STEP(2);
     L_Evaluate:
+        frame->pc = pc + 1;
         evaluateSource(static_cast<Special>(pc->c), &A);
         STEP(1);
     L_NewObject:
+        frame->pc = pc + 2;
         newObject(A, *WORD(ScriptClass*));
         STEP(2);
     L_NewLate:
+        frame->pc = pc + 2;
         newLate(A, static_cast<NameId>(WORD(std::uint64_t)));
         STEP(2);
     L_OnError:

@@ -87,7 +87,10 @@ bool Machine::recover(const ScriptError& error) {
         if (!trace_.isRaised) {
             trace_.isRaised = true;
             trace_.line = line;
-            if (!isCaught(error)) trace_.operation = findFailedOperation(*this, frame, pc);
+            if (!isCaught(error)) {
+                trace_.operation = findFailedOperation(*this, frame, pc);
+                if (isWatched_) keepErrorState(line);
+            }
         }
         if (frame.resumeNext && error.number != errors::timedOut) {
             trace_ = {};

@@ -23,6 +23,7 @@ Machine::~Machine() {
 
 void Machine::reset() {
     resetting_ = true;
+    trace_ = {};
     symbols_->clearVariables();
     // The instances that are left refer to each other in a circle, or the host holds them.
     while (instances_ != nullptr) {
@@ -40,6 +41,7 @@ void Machine::reset() {
     errValue_ = Value::adopt(err_);
     symbols_ = std::make_unique<SymbolTable>(names_, errValue_, heap());
     names_.countIn(heap());
+    setWatched(isWatched_);
     randomSeed = firstRandomSeed;
     resetting_ = false;
 }

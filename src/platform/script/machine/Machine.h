@@ -6,6 +6,7 @@
 #pragma once
 
 #include "platform/script/Context.h"
+#include "platform/script/Inspection.h"
 #include "platform/script/Operators.h"
 #include "platform/script/ScriptError.h"
 #include "platform/script/compiler/ModuleCompiler.h"
@@ -20,7 +21,9 @@
 #include <map>
 #include <memory>
 #include <span>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace tolvan::script {
 
@@ -30,9 +33,19 @@ struct GeneratedNames {
     SymbolTable::Map symbols;  // procedures, constants, classes
 };
 
+// What is kept of the procedures that an error ended, the innermost first.
+struct ErrorState {
+    struct Level {
+        std::string procedure;
+        int line;
+        std::vector<InspectedVariable> variables;
+    };
+    std::vector<Level> levels;
+};
+
 struct Frame {
     const Procedure* procedure;
-    const Instruction* pc;      // where to go on; kept up to date only while another frame runs
+    const Instruction* pc;      // where to go on; kept up to date only while another frame or the host runs
     Value* base;                // R[0]
     Object* me;                 // counted; null outside methods
     GeneratedNames* generated;  // owned; null as a rule
@@ -49,7 +62,8 @@ struct ErrorTrace {
     bool isRaised = false;
     int line = 0;  // of the statement that raised it
     FailedOperation operation;
-    std::vector<Call> calls;  // the procedures that it left, the innermost first
+    std::vector<Call> calls;            // the procedures that it left, the innermost first
+    std::unique_ptr<ErrorState> state;  // if the engine is watched and nothing catches the error
 };
 
 class Machine : public Context {
@@ -80,6 +94,9 @@ class Machine : public Context {
     // The host asks for a procedure that does not exist.
     void setFailedCall(std::string_view procedure) { trace_.operation.called = procedure; }
 
+    // See Inspection.h. Concerns the modules that are loaded from now on.
+    void setWatched(bool on) { isWatched_ = symbols_->keepsEveryPoll = on; }
+
     void addInstance(ClassInstance& instance);
     void removeInstance(ClassInstance& instance);
     // Runs Class_Terminate of an instance that nobody holds any more, and deletes it.
@@ -93,6 +110,16 @@ class Machine : public Context {
     static constexpr int deepestNesting = 100;
 
   private:
+    // Being looked at (Inspection.cpp).
+    friend class Inspection;
+    int lineOf(const Frame& frame) const;
+    std::vector<InspectedVariable> variablesOf(const Frame& frame);
+    std::vector<InspectedVariable> outsideVariables();
+    void keepErrorState(int line);
+    Value* findVariableOf(std::size_t level, NameId name);
+    bool assignVariable(std::size_t level, std::string_view name, std::span<const std::uint32_t> indexes,
+                        const Value& value);
+
     // Running (Dispatch.cpp, Frames.cpp).
     void run();
     void execute();
@@ -185,6 +212,7 @@ class Machine : public Context {
     int ticks_ = 0;
     std::chrono::steady_clock::time_point deadline_;
     ErrorTrace trace_;
+    bool isWatched_ = false;
 
     ClassInstance* instances_ = nullptr;
     ClassInstance* finalizing_ = nullptr;
