@@ -4,15 +4,21 @@
 #include "editor/EditorStatusBar.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
+#include "platform/transliteration/ReplaceRomanChars.h"
 #include "support/DrawnTexts.h"
+#include "support/Examples.h"
+#include "translator/ProgramFile.h"
 #include "translator/Translator.h"
 
 #include <QApplication>
 #include <QClipboard>
+#include <QDir>
 #include <QHelpEvent>
+#include <QListWidget>
 #include <QMenu>
 #include <QMenuBar>
 #include <QSplitter>
+#include <QTimer>
 #include <QToolBar>
 #include <QToolButton>
 
@@ -64,6 +70,27 @@ TEST_F(WindowTest, AnEmptyDocumentSaysWhatToDo) {
     EXPECT_EQ(texts(), 1U);
     press(Qt::Key_Backspace);
     EXPECT_GT(texts(), 6U);
+}
+
+// The examples are found where they stand in the source tree; here they are picked by keys.
+TEST_F(WindowTest, AnExampleIsPickedByItsPictureAndOpenedAsACopy) {
+    QString picked;
+    QTimer::singleShot(0, editor.get(), [&picked] {
+        QWidget* const dialog = QApplication::activeModalWidget();
+        auto* const list = dialog->findChild<QListWidget*>(QStringLiteral("lstExamples"));
+        EXPECT_EQ(static_cast<std::size_t>(list->count()), exampleNames().size());
+        for (int i = 0; i < list->count(); ++i) EXPECT_FALSE(list->item(i)->icon().isNull()) << i;
+        dialog->grab().save(QDir::tempPath() + QStringLiteral("/examples.png"));
+        QTest::keyClick(list, Qt::Key_Right);
+        picked = list->currentItem()->text();
+        QTest::keyClick(list, Qt::Key_Enter);
+    });
+    editor->FileExamples();
+    const ProgramFile expected = readProgramFile(tolvan::contentOf(exampleProgram(exampleNames()[1])));
+    EXPECT_EQ(roman(), expected.roman);
+    EXPECT_EQ(toFontEncoded(picked), ReplaceRomanChars(expected.caption));
+    EXPECT_EQ(editor->document().path(), QString());
+    EXPECT_EQ(title(), EditorDocument::newTitle);
 }
 
 TEST_F(WindowTest, WhatReadsAsNothingIsNamed) {
