@@ -57,6 +57,9 @@ class OwnNames : public script::AstVisitor {
     std::set<script::NameId> own_;
 };
 
+// The line that begins the library's part.
+constexpr std::string_view libraryBegins = "\r\n' Functions of the library\r\n";
+
 struct UsedWord {
     const LibraryWord* word;
     std::string_view scriptName;
@@ -105,10 +108,16 @@ std::string addLibrary(std::string module, const VariableTable& names) {
         return module;
     }
     const OwnNames own(*tree, scriptNames);
-    if (!module.ends_with("\r\n")) module += "\r\n";
+    std::string functions;
     for (const UsedWord& word : used)
-        if (!own.contains(scriptNames.intern(word.scriptName))) module += scriptFunction(word);
+        if (!own.contains(scriptNames.intern(word.scriptName))) functions += scriptFunction(word);
+    if (!functions.empty()) module.append(libraryBegins).append(functions);
     return module;
+}
+
+int ownLines(std::string_view module) {
+    const std::string_view own = module.substr(0, module.rfind(libraryBegins));
+    return static_cast<int>(std::count(own.begin(), own.end(), '\n')) + 1;
 }
 
 std::string runnableModule(StyledView program) {

@@ -4,6 +4,7 @@
 #include "platform/richtext/StyledText.h"
 
 #include <string>
+#include <string_view>
 
 namespace tolvan {
 
@@ -14,6 +15,10 @@ class VariableTable;
 // a function or a parameter keeps the program's meaning. The lines of the module stay where they are. A module that
 // cannot be parsed comes back as it is.
 std::string addLibrary(std::string module, const VariableTable& names);
+
+// How many lines of such a module are the program's own: those before the first of the library. Of a module without
+// library functions, all.
+int ownLines(std::string_view module);
 
 // The module of a program together with the library's functions: what is run.
 std::string runnableModule(StyledView program);

@@ -55,6 +55,15 @@ TEST_F(LibraryTest, everyWordCanBeAVariableAndWorksAsShown) {
     }
 }
 
+TEST_F(LibraryTest, anErrorInAWordIsOneOfTheLineThatUsesIt) {
+    script::Executor executor;
+    const auto lineOf = [&](const char* roman) {
+        return runModule(executor, object, runnableModule(ProgramText(roman))).line;
+    };
+    EXPECT_EQ(lineOf("dAkhav 1\r\ndAkhav phAsA(0)\r\ndAkhav bAkI(1, 1)"), 5);
+    EXPECT_EQ(lineOf("dAkhav k(2)\r\nupaprAyojan k(x)\r\ndAkhav bAkI(x, 0)\r\nupaprAyojan saMpav"), 10);
+}
+
 TEST_F(LibraryTest, aProgramWithoutThemIsLeftAsItIs) {
     const std::string program = "dAkhav 1\r\nbAkI = 2\r\n";
     EXPECT_EQ(runnableModule(ProgramText(program)), Translator().Compile(ProgramText(program)));

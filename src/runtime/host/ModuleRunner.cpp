@@ -1,8 +1,26 @@
 #include "runtime/host/ModuleRunner.h"
 
+#include "library/AddLibrary.h"
 #include "runtime/host/NumberText.h"
 
+#include <algorithm>
+
 namespace tolvan {
+
+namespace {
+
+// An error in a function of the library is one of the program's line that called it.
+void attributeToProgram(script::ErrorReport& report, std::string_view module) {
+    const int own = ownLines(module);
+    if (report.line <= own) return;
+    const auto caller = std::find_if(report.stack.begin(), report.stack.end(),
+                                     [own](const script::ErrorCall& call) { return call.line <= own; });
+    if (caller == report.stack.end()) return;
+    report.line = caller->line;
+    report.stack.erase(report.stack.begin(), caller);
+}
+
+}  // namespace
 
 script::ErrorReport runModule(script::Executor& executor, ConsoleObject& console, std::string_view module) {
     static const NumberText numberText;
@@ -14,6 +32,7 @@ script::ErrorReport runModule(script::Executor& executor, ConsoleObject& console
     script::ErrorReport report;
     if (!executor.addCode(module) || (executor.hasProcedure("Main") && !executor.run("Main")))
         report = executor.error();
+    attributeToProgram(report, module);
     executor.reset();
     return report;
 }
