@@ -19,7 +19,7 @@ class CaptionBar : public QWidget {
     // For the window `parent`. One that cannot be resized has only the button to close it.
     CaptionBar(QWidget* parent, bool resizable);
 
-    // `name` is shown behind the title, see controlText.
+    // `name` is shown after the title, see controlText.
     void setTitle(StyledView title, const QString& name = {});
     StyledView title() const { return title_; }
 

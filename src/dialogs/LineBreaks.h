@@ -15,7 +15,7 @@ struct LineRange {
 };
 
 // The lines of a text, at least one. `edges` are the left edges of its characters, and the right edge of the last one;
-// `width` is in the same unit. A word that is wider than the line is broken behind a "/", as between the folders of a
+// `width` is in the same unit. A word that is wider than the line is broken after a "/", as between the folders of a
 // path, and where it has none on the line, where the line ends.
 std::vector<LineRange> breakLines(QStringView text, const std::vector<double>& edges, double width);
 

@@ -86,7 +86,7 @@ QString styleSheet() {
         const char* name;
         QColor colour;
     } names[] = {
-        // A name with which another begins stands behind that one.
+        // A name with which another begins stands after that one.
         {"@background", background},
         {"@paper", paper},
         {"@textOnAccent", textOnAccent},

@@ -19,7 +19,7 @@ struct ControlText {
     QList<QTextLayout::FormatRange> formats;
 };
 
-// `name` stands behind the text, in the Latin font; it may be of any script, which the font-encoded text may not.
+// `name` stands after the text, in the Latin font; it may be of any script, which the font-encoded text may not.
 ControlText controlText(StyledView text, const QString& name = {});
 
 // The size that the line needs.

@@ -29,7 +29,7 @@ class WindowFrame : public QObject {
     // Of `window`, which owns it and has not been shown yet.
     WindowFrame(QWidget& window, Kind kind);
 
-    // `name`, as of a file, is shown behind the title; it may be of any script. The desktop, which cannot draw the
+    // `name`, as of a file, is shown after the title; it may be of any script. The desktop, which cannot draw the
     // font-encoded text, shows the Latin part of the title, the name, and the product's name.
     void setTitle(StyledView title, const QString& name = {});
 

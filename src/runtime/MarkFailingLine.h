@@ -17,7 +17,7 @@ std::int32_t errorLineOf(int scriptLine);
 
 struct LineSpan {
     std::size_t start = 0;   // 0-based
-    std::size_t length = 0;  // with the carriage return behind the line
+    std::size_t length = 0;  // with the carriage return after the line
     friend bool operator==(const LineSpan&, const LineSpan&) = default;
 };
 // A line, counted from 0, of a text whose lines are separated by CR LF. Below 0 it is the first line. Counting goes on

@@ -1,5 +1,5 @@
-// The editor, as the console sees it: what it needs to mark the line at which a program ended, and to step back behind
-// the window in which the program was written.
+// The editor, as the console sees it: what it needs to mark the line at which a program ended, and to give the screen
+// and the keyboard back to the window in which the program was written.
 #pragma once
 
 #include <cstddef>

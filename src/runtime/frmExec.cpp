@@ -194,7 +194,7 @@ bool frmExec::keyPressed(QObject* control, const QKeyEvent& key) {
         return isCtrlC(key);
     }
     if (run_.IsRunning() && control != inputBox_ && keys_.add(key)) return true;
-    // A key that is still held down from the last answer is not pressed.
+    // The repetitions of a key that is held down do not count: Enter after the last answer would close the console.
     const bool isTyped = !key.text().isEmpty() && !key.isAutoRepeat();
     if (control == display_ && isTyped && !run_.IsRunning() && !wasScrolledBack) CloseForm();
     return false;

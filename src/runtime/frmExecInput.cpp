@@ -122,7 +122,7 @@ void frmExec::focusInput() {
     if (inputIsVisible()) inputBox_->setFocus();
 }
 
-// Not at once: whoever takes the keyboard is still about to.
+// The focus is on its way to another widget while this is called; it is taken back when it has arrived there.
 void frmExec::inputLostFocus() {
     if (keepInputFocus_) QMetaObject::invokeMethod(this, &frmExec::focusInput, Qt::QueuedConnection);
 }

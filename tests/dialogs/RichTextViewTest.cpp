@@ -101,13 +101,24 @@ TEST(RichTextView, AWordLongerThanTheLineIsBrokenAnywhere) {
     EXPECT_GT(inkedLines(view), 10);
 }
 
-TEST(BreakLines, APathIsBrokenBetweenItsFolders) {
-    const QString text = QStringLiteral("a /home/asha/padhe.tvp bc /1234567890123");
-    std::vector<double> edges;
-    for (int i = 0; i <= text.size(); ++i) edges.push_back(i);
-    QStringList lines;
-    for (const auto& [begin, end] : breakLines(text, edges, 12)) lines.append(text.mid(begin, end - begin));
-    EXPECT_EQ(lines.join(u'|'), QStringLiteral("a|/home/asha/|padhe.tvp bc|/12345678901|23"));
+TEST(BreakLines, AtBlanksElseBetweenTheFoldersOfAPath) {
+    struct {
+        QString text;
+        QString lines;
+    } const cases[] = {
+        {QStringLiteral("a /home/asha/padhe.tvp bc /1234567890123"),
+         QStringLiteral("a|/home/asha/|padhe.tvp bc|/12345678901|23")},
+        // A blank at the start of a line is no place to break it, which would leave an empty line.
+        {QStringLiteral(" 1234567890123"), QStringLiteral(" 12345678901|23")},
+        {QStringLiteral("123456789012  1"), QStringLiteral("123456789012| 1")},
+    };
+    for (const auto& [text, expected] : cases) {
+        std::vector<double> edges;
+        for (int i = 0; i <= text.size(); ++i) edges.push_back(i);
+        QStringList lines;
+        for (const auto& [begin, end] : breakLines(text, edges, 12)) lines.append(text.mid(begin, end - begin));
+        EXPECT_EQ(lines.join(u'|'), expected);
+    }
 }
 
 TEST(RichTextView, LinesAreEven) {

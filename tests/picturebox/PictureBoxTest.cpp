@@ -3,7 +3,10 @@
 
 #include <QCoreApplication>
 #include <QElapsedTimer>
+#include <QGuiApplication>
+#include <QScreen>
 
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <gtest/gtest.h>
@@ -221,6 +224,76 @@ TEST(PictureBox, IsPaintedAtFrameRate) {
         QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 100);
     EXPECT_GT(box.paints, before);
     EXPECT_EQ(box.grab().toImage().convertToFormat(QImage::Format_RGB32), box.Image());
+}
+
+// A widget on the screen of tests/screen.json that shows each logical pixel as two by two.
+class LargePixels : public TestBox {
+  public:
+    LargePixels(int width, int height) : TestBox(width, height) {
+        moveToScreen(2);
+        Cls();
+    }
+
+    void moveToScreen(qreal pixelRatio) {
+        for (QScreen* const screen : QGuiApplication::screens())
+            if (screen->devicePixelRatio() == pixelRatio) move(screen->geometry().topLeft());
+        show();
+        ASSERT_EQ(devicePixelRatioF(), pixelRatio);
+    }
+};
+
+// The picture at half the size, where every pixel has to be two by two of one colour; "!" where it is not.
+std::string halfOf(const std::string& picture) {
+    const std::size_t row = picture.find('\n') + 1;
+    std::string half;
+    for (std::size_t top = 0; top + row < picture.size(); top += 2 * row) {
+        for (std::size_t x = top; x + 2 < top + row; x += 2) {
+            const std::string block = {picture[x], picture[x + 1], picture[x + row], picture[x + row + 1]};
+            half += block == std::string(4, block[0]) ? block[0] : '!';
+        }
+        half += '\n';
+    }
+    return half;
+}
+
+TEST(PictureBox, AtScaleTwoUprightFiguresAreTheSameWithLargerPixels) {
+    LargePixels large(9, 7);
+    TestBox small(9, 7);
+    for (PictureBox* const box : {static_cast<PictureBox*>(&large), static_cast<PictureBox*>(&small)}) {
+        box->PSet(0, 0, Qt::red);
+        box->PSet(8, 6, Qt::green);
+        box->Line(0, 5, 8, 5, Qt::white);
+        box->Line(8, 0, 8, 3, Qt::red);
+        box->Box(2, 1, 6, 4, Qt::white, Fill::Transparent);
+        box->Box(3, 2, 4, 3, Qt::green, Fill::Solid);
+        EXPECT_EQ(std::pair(box->CurrentX, box->CurrentY), std::pair(4.F, 3.F));
+    }
+    EXPECT_EQ(large.Image().size(), QSize(18, 14));
+    EXPECT_EQ(halfOf(pictureOf(large)), pictureOf(small));
+    large.ScrollUp(1);
+    small.ScrollUp(1);
+    EXPECT_EQ(halfOf(pictureOf(large)), pictureOf(small));
+}
+
+TEST(PictureBox, AtScaleTwoRoundFiguresAreFinerAndAsLarge) {
+    LargePixels box(20, 20);
+    box.Circle(10, 10, 8, Qt::white, Fill::Transparent);
+    const std::string outline = pictureOf(box);
+    // A pen of two device pixels from (10 - 8) * 2 on, at the height of the centre.
+    const std::string row = outline.substr(20 * 41, 40);
+    EXPECT_EQ(row, "....##" + std::string(30, '.') + "##..");
+    box.Circle(10, 10, 8, Qt::white, Fill::Solid);
+    EXPECT_EQ(pictureOf(box).substr(20 * 41, 40), "...." + std::string(34, '#') + "..");
+}
+
+TEST(PictureBox, GoesFromScreenToScreenWithItsPicture) {
+    LargePixels box(9, 7);
+    box.moveToScreen(1);
+    box.Cls();
+    box.PSet(3, 2, Qt::red);
+    const std::string small = pictureOf(box);
+    box.moveToScreen(2);
+    EXPECT_EQ(halfOf(pictureOf(box)), small);
 }
 
 }  // namespace

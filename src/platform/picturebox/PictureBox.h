@@ -25,7 +25,7 @@ class PictureBox : public QWidget {
     explicit PictureBox(QWidget* parent = nullptr);
 
     // Where the next text starts: its left edge and the top of its line. Every drawing operation moves it to the last
-    // point that it was given (a circle: the centre); printing moves it behind the text.
+    // point that it was given (a circle: the centre); printing moves it to where the text ends.
     float CurrentX = 0;
     float CurrentY = 0;
 

@@ -16,10 +16,10 @@ std::string_view RtfHeader();
 std::string RtfEscape(std::string_view text);
 
 // A text in UTF-16 made safe in the same way, to be read in the Latin font. What has no 8-bit code is written as its
-// number, with "?" behind it for readers that know 8-bit text alone.
+// number, with "?" after it for readers that know 8-bit text alone.
 std::string RtfEscape(std::u16string_view text);
 
-// The body of a document: escaped pieces behind "\f1 " and "\f0 ", line ends as "{\line}".
+// The body of a document: escaped pieces after "\f1 " and "\f0 ", line ends as "{\line}".
 std::string rtfBody(StyledView text);
 
 // A whole document. Reading it gives the same text and fonts; Font::Other is written as a font that the header does not

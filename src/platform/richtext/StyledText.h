@@ -28,7 +28,7 @@ class StyledView {
     Font font(std::size_t position) const { return fonts_[position]; }
     const Font* fonts() const { return fonts_; }
 
-    // At most `count` characters from `position`; nothing when that lies behind the end.
+    // At most `count` characters from `position`; nothing when that lies beyond the end.
     StyledView substr(std::size_t position, std::size_t count = std::string_view::npos) const {
         if (position >= size()) return {};
         return {text_.substr(position, count), fonts_ + position};

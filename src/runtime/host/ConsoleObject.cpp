@@ -2,6 +2,7 @@
 
 #include "platform/encoding/Ascii.h"
 #include "platform/script/ScriptError.h"
+#include "platform/script/StringCell.h"
 #include "runtime/host/NumberText.h"
 
 #include <algorithm>
@@ -141,7 +142,9 @@ void ConsoleObject::traceCall(const Member& member, Arguments& arguments) const 
 }
 
 Value ConsoleObject::printString(Arguments& arguments) {
-    console_.PrintString(arguments.text(0));
+    // A text is not copied: it may be hundreds of megabytes long.
+    const Value& value = arguments[0];
+    console_.PrintString(value.is(Type::String) ? value.view() : arguments.text(0));
     return {};
 }
 
