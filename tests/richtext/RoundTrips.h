@@ -26,7 +26,7 @@ inline bool isWhole(const RichDocument& document) {
     return position == document.text.size();
 }
 
-// True also where a "\" makes the internal text form ambiguous: then only characters can be compared.
+// Any font but the Devanagari one comes back as Latin.
 inline bool comesBackFromInternalText(const StyledText& text) {
     const std::string marked = RomanMark(text);
     StyledText drawn;
@@ -34,8 +34,10 @@ inline bool comesBackFromInternalText(const StyledText& text) {
         if (run.dropped != (run.font == Font::Latin)) return false;
         drawn.append(run.text, run.font);
     }
-    if (drawn.text() != plainText(marked)) return false;
-    return RomanMark(drawn) == marked && drawn.text() == text.text();
+    if (drawn.text() != text.text() || drawn.text() != plainText(marked)) return false;
+    for (std::size_t i = 0; i < text.size(); ++i)
+        if ((text.font(i) == Font::Devanagari) != (drawn.font(i) == Font::Devanagari)) return false;
+    return RomanMark(drawn) == marked;
 }
 
 }  // namespace tolvan

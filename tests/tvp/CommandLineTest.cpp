@@ -64,6 +64,22 @@ TEST(CommandLine, ShowsEveryStageOfAProgram) {
               "caption\r\njar A tar\r\n      dAkhav A\r\nsaMpav jar\r\n");
 }
 
+TEST(CommandLine, SpeaksUnicode) {
+    TvpProcess tvp;
+    EXPECT_EQ(tvp.run({"unicode"}, deva("nmSkar\r\nR‡\n#"_deva)).output, "नमस्कार\r\nर्‡\nइ");
+    EXPECT_EQ(tvp.run({"roman"}, "नमस्कार, जग!\r\nHello\n\xFF").output, "namaskAra, jaga!\r\nHello\n\xFF");
+    EXPECT_EQ(tvp.run({"convert", "--unicode"}, "namaskAr").output, "नमस्कार");
+    EXPECT_EQ(tvp.run({"mark", "--unicode"}, "A(\xE9)").output, "A#(#é#)#");
+    const std::string roman =
+        "ghe nAv\r\ndAkhav #\"#namaskAr, #\xE9 \"# + nAv\r\ndAkhav nAv + #\"\\\"#\r\nA = 1 bhAgile 0";
+    EXPECT_EQ(tvp.runProgram({"program", "--unicode"}, roman).output,
+              "घे नाव\nदाखव \"नमस्कार, é \" + नाव\nदाखव नाव + \"\\\"\nआ = १ भागिले ०\n");
+    const TvpResult result = tvp.runProgram({"run", "--unicode"}, roman, "ऋषी-५\n");
+    EXPECT_EQ(result.output, "नमस्कार, é ऋषी-५\nऋषी-५\\\n");
+    EXPECT_THAT(result.errors, StartsWith("ओळ 4: शुन्यने भगाकार"));
+    EXPECT_EQ(result.status, 1);
+}
+
 TEST(CommandLine, ReadsProgramsWithBareLineFeeds) {
     TvpProcess tvp;
     tvp.folder().write("unix.tvp", "caption\ndAkhav 1\ndAkhav 2\n");

@@ -2,12 +2,19 @@
 
 #include "library/AddLibrary.h"
 #include "platform/encoding/Ascii.h"
+#include "platform/encoding/Deva.h"
+#include "platform/encoding/Unicode.h"
 #include "platform/richtext/InternalText.h"
+#include "platform/richtext/RtfReader.h"
+#include "platform/richtext/RtfWriter.h"
+#include "platform/richtext/UnicodeText.h"
 #include "platform/transliteration/MarkRoman.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
+#include "platform/transliteration/UnicodeToRoman.h"
 #include "runtime/host/InputValue.h"
 #include "runtime/host/ModuleRunner.h"
 #include "translator/Formatter.h"
+#include "translator/MessageTable.h"
 #include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
@@ -34,6 +41,7 @@ constexpr int unusable = 2;
 struct Invocation {
     std::string file = {};
     bool trace = false;
+    bool unicode = false;
     std::string keyFile = {};  // empty: no keys are pressed
     std::optional<std::uint32_t> seed = {};
     std::optional<std::time_t> simulatedStart = {};
@@ -63,26 +71,51 @@ std::string moduleOf(const ProgramFile& file) {
     return Translator().Compile(ProgramText(file.roman));
 }
 
-int convertFile(const Invocation& invocation) {
+// Writes what `change` makes of each line, and its own line end.
+template <class Change>
+int changeLines(const Invocation& invocation, const Change& change) {
     forEachLine(readInput(invocation.file), [&](std::string_view line, std::string_view end) {
-        invocation.output.write(ReplaceRomanChars(line));
+        invocation.output.write(change(line));
         invocation.output.write(end);
     });
     return succeeded;
 }
 
+int convertFile(const Invocation& invocation) {
+    return changeLines(invocation, [&](std::string_view roman) {
+        const std::string codes = ReplaceRomanChars(roman);
+        return invocation.unicode ? unicodeOfCodes(codes) : codes;
+    });
+}
+
+int showUnicode(const Invocation& invocation) {
+    return changeLines(invocation, [](std::string_view codes) { return unicodeOfCodes(codes); });
+}
+
+int showRoman(const Invocation& invocation) {
+    return changeLines(invocation, [](std::string_view utf8) { return romanOfUnicode(utf8); });
+}
+
+// Roman text, which is windows-1252.
+void writeRoman(const Invocation& invocation, const std::string& roman) {
+    std::string utf8;
+    if (invocation.unicode) appendUnicodeOfLatin(roman, utf8);
+    invocation.output.write(invocation.unicode ? utf8 : roman);
+}
+
 int markFile(const Invocation& invocation) {
-    invocation.output.write(markRoman(readInput(invocation.file)));
+    writeRoman(invocation, markRoman(readInput(invocation.file)));
     return succeeded;
 }
 
 int showProgram(const Invocation& invocation) {
     const StyledText text = Transliterate(readProgram(invocation).roman);
     std::size_t position = 0;
-    forEachLine(text.text(), [&](std::string_view line, std::string_view end) {
-        invocation.output.write(RomanMark(text.view().substr(position, line.size())));
+    forEachLine(text.text(), [&](std::string_view characters, std::string_view end) {
+        const StyledView line = text.view().substr(position, characters.size());
+        invocation.output.write(invocation.unicode ? unicodeOf(line) : RomanMark(line));
         if (!end.empty()) invocation.output.write("\n");
-        position += line.size() + end.size();
+        position += characters.size() + end.size();
     });
     return succeeded;
 }
@@ -94,8 +127,7 @@ int showModule(const Invocation& invocation) {
 
 int formatFile(const Invocation& invocation) {
     const ProgramFile file = readProgram(invocation);
-    invocation.output.write(file.caption + std::string(lineEnd));
-    invocation.output.write(formatProgram(file.roman, ProgramText(file.roman)));
+    writeRoman(invocation, file.caption + std::string(lineEnd) + formatProgram(file.roman, ProgramText(file.roman)));
     return succeeded;
 }
 
@@ -106,8 +138,29 @@ std::deque<std::string> readKeys(const std::string& file) {
     return keys;
 }
 
-int runOnTextConsole(const std::string& module, const Invocation& invocation) {
-    TextConsole console(invocation.output, invocation.messages);
+using TellError = void (*)(const script::ErrorReport&, Output& messages);
+
+void tellNumberAndLine(const script::ErrorReport& report, Output& messages) {
+    messages.writeLine("error " + std::to_string(report.number) + " line " + std::to_string(report.line));
+}
+
+// In Marathi, with the line of the program; a number without a message is told itself.
+void tellInMarathi(const script::ErrorReport& report, Output& messages) {
+    const int line = report.line / 2;  // two lines of the module for each line of the program, behind its first one
+    StyledText text("Aae¦ "_deva, Font::Devanagari);
+    text.append(std::to_string(line) + ": ", Font::Latin);
+    if (const auto message = messageFragment(report.number)) {
+        text.append(readRtf(std::string(RtfHeader()) + *message + "\\par}").text);
+    } else {
+        text.append("gfbf "_deva, Font::Devanagari);
+        text.append(std::to_string(report.number), Font::Latin);
+    }
+    messages.writeLine(unicodeOf(text));
+}
+
+int runOnTextConsole(const std::string& module, const Invocation& invocation, TellError tellError) {
+    TextConsole console(invocation.unicode ? TextConsole::Lines::Unicode : TextConsole::Lines::FontCodes,
+                        invocation.output, invocation.messages);
     ConsoleObject object(console);
     if (invocation.trace) object.setTrace([&](std::string_view call) { invocation.messages.writeLine(call); });
     if (!invocation.keyFile.empty()) console.setKeys(readKeys(invocation.keyFile));
@@ -116,16 +169,17 @@ int runOnTextConsole(const std::string& module, const Invocation& invocation) {
     script::Executor executor;
     const script::ErrorReport report = runModule(executor, object, module);
     if (report.number == 0 || console.isStopped()) return succeeded;
-    invocation.messages.writeLine("error " + std::to_string(report.number) + " line " + std::to_string(report.line));
+    tellError(report, invocation.messages);
     return scriptFailed;
 }
 
 int runProgram(const Invocation& invocation) {
-    return runOnTextConsole(runnableModule(ProgramText(readProgram(invocation).roman)), invocation);
+    return runOnTextConsole(runnableModule(ProgramText(readProgram(invocation).roman)), invocation,
+                            invocation.unicode ? tellInMarathi : tellNumberAndLine);
 }
 
 int runScript(const Invocation& invocation) {
-    return runOnTextConsole(readInput(invocation.file), invocation);
+    return runOnTextConsole(readInput(invocation.file), invocation, tellNumberAndLine);
 }
 
 // What is wrong with the use of the command line; for the user, in English.
@@ -142,7 +196,7 @@ std::uint32_t wholeNumber(std::string_view value) {
 }
 
 // Each option, as a bit that the commands name which take it.
-enum OptionBit : unsigned { noOption = 0, traceOption = 1U << 0U, runOption = 1U << 1U };
+enum OptionBit : unsigned { noOption = 0, traceOption = 1U << 0U, runOption = 1U << 1U, unicodeOption = 1U << 2U };
 
 struct Option {
     OptionBit bit;
@@ -155,6 +209,8 @@ struct Option {
 constexpr Option options[] = {
     {traceOption, "--trace", "also writes each console call to standard error",
      [](Invocation& invocation, std::string_view) { invocation.trace = true; }},
+    {unicodeOption, "--unicode", "prints Unicode and takes it as input; run tells errors in Marathi",
+     [](Invocation& invocation, std::string_view) { invocation.unicode = true; }},
     {runOption, "--seed=", "N: random numbers begin with this seed, and so repeat",
      [](Invocation& invocation, std::string_view value) { invocation.seed = wholeNumber(value); }},
     {runOption, "--keys=", "FILE: the keys that the program finds pressed, one a line; an empty line is none",
@@ -175,14 +231,21 @@ struct Command {
 
 constexpr Command commands[] = {
     {"convert", "convert [FILE]      Roman text to font-encoded text, line by line", convertFile,
-     NoFile::IsStandardInput},
+     NoFile::IsStandardInput, unicodeOption},
     {"mark", "mark [FILE]         Roman text with what stays Latin between \"#\" marks", markFile,
+     NoFile::IsStandardInput, unicodeOption},
+    {"unicode", "unicode [FILE]      font-encoded text to Unicode (UTF-8), line by line", showUnicode,
      NoFile::IsStandardInput},
-    {"program", "program FILE.tvp    the program text, Latin runs in braces", showProgram},
+    {"roman", "roman [FILE]        Unicode Devanagari to Roman text; what is no Devanagari stays", showRoman,
+     NoFile::IsStandardInput},
+    {"program", "program FILE.tvp    the program text, Latin runs in braces", showProgram, NoFile::IsWrong,
+     unicodeOption},
     {"module", "module FILE.tvp     the script module that the program becomes", showModule},
-    {"run", "run FILE.tvp        runs the program", runProgram, NoFile::IsWrong, traceOption | runOption},
-    {"script", "script FILE         runs a script module", runScript, NoFile::IsWrong, traceOption | runOption},
-    {"format", "format FILE.tvp     the program file, indented", formatFile},
+    {"run", "run FILE.tvp        runs the program", runProgram, NoFile::IsWrong,
+     traceOption | runOption | unicodeOption},
+    {"script", "script FILE         runs a script module", runScript, NoFile::IsWrong,
+     traceOption | runOption | unicodeOption},
+    {"format", "format FILE.tvp     the program file, indented", formatFile, NoFile::IsWrong, unicodeOption},
 };
 
 // "run, script": the commands that take the option.

@@ -1,6 +1,8 @@
 #include "tvp/TextConsole.h"
 
+#include "platform/richtext/UnicodeText.h"
 #include "platform/script/ScriptError.h"
+#include "platform/transliteration/UnicodeToRoman.h"
 #include "runtime/host/InputValue.h"
 #include "runtime/host/ProgramDataFile.h"
 #include "translator/Blanks.h"
@@ -12,14 +14,18 @@
 namespace tolvan {
 
 void TextConsole::PrintString(std::string_view text) {
-    output_.writeLine(trimBlanks(text));
+    text = trimBlanks(text);
+    if (lines_ == Lines::Unicode)
+        output_.writeLine(unicodeOfInternalText(text));
+    else
+        output_.writeLine(text);
 }
 
 std::optional<std::string> TextConsole::InputString() {
     flush();
     const std::optional<std::string> typed = input_.next();
     if (!typed) throw script::ScriptError(script::errors::inputPastEnd);
-    return inputValue(*typed);
+    return inputValue(lines_ == Lines::Unicode ? romanOfUnicode(*typed, RomanUse::Program) : *typed);
 }
 
 bool TextConsole::CheckForEvents() {

@@ -6,6 +6,7 @@
 #include "tvp/Input.h"
 #include "tvp/Output.h"
 
+#include <cstdint>
 #include <deque>
 #include <string>
 #include <utility>
@@ -14,8 +15,13 @@ namespace tolvan {
 
 class TextConsole : public ConsoleOperations {
   public:
+    // How lines are printed and typed.
+    enum class Lines : std::uint8_t {
+        FontCodes,  // in internal text form; typed in Roman letters
+        Unicode,    // UTF-8; what is typed in Devanagari is spelled in Roman letters first
+    };
     // `messages` is only kept up to date with what is printed.
-    TextConsole(Output& output, Output& messages) : output_(output), messages_(messages) {}
+    TextConsole(Lines lines, Output& output, Output& messages) : lines_(lines), output_(output), messages_(messages) {}
 
     // The program stopped itself, or nobody reads what it prints any more.
     bool isStopped() const { return stopped_; }
@@ -48,6 +54,7 @@ class TextConsole : public ConsoleOperations {
   private:
     void flush();
 
+    Lines lines_;
     Output& output_;
     Output& messages_;
     LineReader input_;

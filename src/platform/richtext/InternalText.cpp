@@ -1,5 +1,6 @@
 #include "platform/richtext/InternalText.h"
 
+#include <algorithm>
 #include <utility>
 
 namespace tolvan {
@@ -9,54 +10,78 @@ bool isBrace(char character) {
     return character == '{' || character == '}';
 }
 
-void replaceAll(std::string& text, std::string_view what, std::string_view by) {
-    std::string replaced;
-    std::size_t copied = 0;
-    for (std::size_t found = text.find(what); found != std::string::npos; found = text.find(what, copied)) {
-        replaced.append(text, copied, found - copied).append(by);
-        copied = found + what.size();
-    }
-    if (copied > 0) text = replaced.append(text, copied);
-}
+// Takes the characters of a text and writes it in internal text form.
+class MarkedText {
+  public:
+    explicit MarkedText(std::size_t expectedSize) { marked_.reserve(expectedSize); }
 
-std::string withoutEscapes(std::string_view text) {
-    std::string plain(text);
-    replaceAll(plain, "\\{", "{");
-    replaceAll(plain, "\\}", "}");
-    return plain;
-}
+    void runMark(char brace) {
+        doubleBackslashes();
+        marked_ += brace;
+    }
+    void character(char character) {
+        if (isBrace(character)) {
+            doubleBackslashes();
+            marked_ += '\\';
+        }
+        marked_ += character;
+        backslashes_ = character == '\\' ? backslashes_ + 1 : 0;
+    }
+    std::string take() { return std::move(marked_); }
+
+  private:
+    // Those directly before a brace, which would be read together with it.
+    void doubleBackslashes() {
+        marked_.append(backslashes_, '\\');
+        backslashes_ = 0;
+    }
+
+    std::string marked_;
+    std::size_t backslashes_ = 0;  // of the text, written last
+};
 
 }  // namespace
 
 std::string RomanMark(StyledView text) {
-    std::string marked;
-    marked.reserve(text.size() + text.size() / 4);
+    MarkedText marked(text.size() + text.size() / 4);
     bool latinRun = false;
     for (std::size_t i = 0; i < text.size(); ++i) {
         const bool latin = text.font(i) != Font::Devanagari;
-        if (latin != latinRun) marked += latin ? '{' : '}';
+        if (latin != latinRun) marked.runMark(latin ? '{' : '}');
         latinRun = latin;
-        if (isBrace(text[i])) marked += '\\';
-        marked += text[i];
+        marked.character(text[i]);
     }
-    if (latinRun) marked += '}';
-    return marked;
+    if (latinRun) marked.runMark('}');
+    return marked.take();
 }
 
 std::vector<InternalTextRun> InternalTextRuns(std::string_view text) {
     std::vector<InternalTextRun> runs;
-    std::size_t start = 0;
-    const auto endRun = [&](std::size_t end, Font font, bool dropped) {
-        if (end > start) runs.push_back({withoutEscapes(text.substr(start, end - start)), font, dropped});
-        start = end + 1;
+    std::string run;
+    const auto endRun = [&](Font font, bool dropped) {
+        if (!run.empty()) runs.push_back({std::move(run), font, dropped});
+        run.clear();
     };
     bool latinRun = false;
-    for (std::size_t i = 0; i < text.size(); ++i) {
-        if (!isBrace(text[i]) || (i > 0 && text[i - 1] == '\\')) continue;
-        latinRun = text[i] == '{';
-        endRun(i, latinRun ? Font::Devanagari : Font::Latin, !latinRun);
+    while (!text.empty()) {
+        const std::size_t special = std::min(text.find_first_of("\\{}"), text.size());
+        run += text.substr(0, special);
+        text.remove_prefix(special);
+        const std::size_t backslashes = std::min(text.find_first_not_of('\\'), text.size());
+        text.remove_prefix(backslashes);
+        const bool beforeBrace = !text.empty() && isBrace(text.front());
+        run.append(beforeBrace ? backslashes / 2 : backslashes, '\\');
+        if (!beforeBrace) continue;
+        const char brace = text.front();
+        text.remove_prefix(1);
+        if (backslashes % 2 == 1) {
+            run += brace;
+        } else {
+            latinRun = brace == '{';
+            endRun(latinRun ? Font::Devanagari : Font::Latin, !latinRun);
+        }
     }
-    endRun(text.size(), latinRun ? Font::Latin : Font::Devanagari, false);
+    endRun(latinRun ? Font::Latin : Font::Devanagari, false);
     return runs;
 }
 

@@ -1,5 +1,6 @@
 // The internal text form: text of the Devanagari font, in which Latin runs stand in "{" and "}". "\{" and "\}" are
-// literal braces; a "\" before anything else is itself.
+// literal braces. The backslashes of the text that stand directly before a brace, literal or not, are written twice; a
+// "\" before anything else is itself. (It is a letter in the Devanagari font, and Latin paths end in one.)
 #pragma once
 
 #include "platform/richtext/StyledText.h"
@@ -10,8 +11,8 @@
 
 namespace tolvan {
 
-// Styled text in internal text form. Every font but the Devanagari one counts as Latin. Latin text that ends in "\"
-// cannot be told from a literal brace when it is read again; all other text comes back.
+// Styled text in internal text form. Every font but the Devanagari one counts as Latin. All text comes back from
+// InternalTextRuns.
 std::string RomanMark(StyledView text);
 
 // A piece of text to be drawn in one font.
