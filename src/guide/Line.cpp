@@ -18,7 +18,7 @@ bool endsRomanWord(char c) {
 
 bool isNumber(std::string_view word) {
     if (word.empty() || word[0] < '0' || word[0] > '9') return false;
-    return Translator().TranslateToken(word) == word;
+    return Translator().TranslateToken(StyledText(word, Font::Devanagari)) == word;
 }
 
 }  // namespace

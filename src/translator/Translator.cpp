@@ -18,8 +18,14 @@ namespace {
 constexpr std::string_view pollLine = "if not parentform.checkforevents then err.raise 1001";
 constexpr char quote = '"';
 
-bool isOperator(std::string_view text) {
-    return text.size() == 1 && std::string_view("+-*/<>=").find(text[0]) != std::string_view::npos;
+bool isOperator(StyledView text) {
+    return text.size() == 1 && text.font(0) != Font::Devanagari &&
+           std::string_view("+-*/<>=").find(text[0]) != std::string_view::npos;
+}
+
+// A quote alone is the letter gha.
+bool isQuoted(std::string_view text) {
+    return text.size() > 1 && text.front() == quote && text.back() == quote;
 }
 
 // The content of a script literal: Latin runs in braces, as the console prints them, and each double quote glyph put in
@@ -154,7 +160,7 @@ void Translator::scan(StyledView line, std::string& script) {
     while (const std::optional<Token> token = scanner.next()) {
         switch (token->kind) {
             case Token::Kind::Word:
-                script += TranslateToken(token->text.text());
+                script += TranslateToken(token->text);
                 break;
             case Token::Kind::Separator:
                 script += token->text.text();
@@ -168,12 +174,13 @@ void Translator::scan(StyledView line, std::string& script) {
     }
 }
 
-std::string Translator::TranslateToken(std::string_view word) {
-    const std::string_view trimmed = trimBlanks(word);
-    if (trimmed.empty()) return std::string(word);
-    if (trimmed.front() == quote && trimmed.back() == quote) return std::string(trimmed);
+std::string Translator::TranslateToken(StyledView word) {
+    const StyledView trimmedWord = trimBlanks(word);
+    const std::string_view trimmed = trimmedWord.text();
+    if (trimmed.empty()) return std::string(word.text());
+    if (isQuoted(trimmed)) return std::string(trimmed);
     if (const std::optional<std::string_view> keyword = keywordScript(trimmed)) return std::string(*keyword);
-    if (isOperator(trimmed) || IsNumber(trimmed)) return std::string(trimmed);
+    if (isOperator(trimmedWord) || IsNumber(trimmed)) return std::string(trimmed);
     return MapIdentifier(trimmed);
 }
 

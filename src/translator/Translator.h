@@ -34,8 +34,9 @@ class Translator {
     // One line; a word counts only if a separator follows it. Blanks at both ends are kept.
     std::string TranslateLine(StyledView line);
 
-    // One word: a keyword, a number, an operator, a text between quotes, or a name.
-    std::string TranslateToken(std::string_view word);
+    // One word: a keyword, a number, an operator, a text between quotes, or a name. A single character is an operator
+    // in the Latin font only; in the other one it is a letter.
+    std::string TranslateToken(StyledView word);
 
     const std::string& MapIdentifier(std::string_view name) { return variables_.MapIdentifier(name); }
     std::string GetNextVariable() { return variables_.GetNextVariable(); }

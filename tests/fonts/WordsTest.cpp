@@ -1,6 +1,9 @@
 #include "Picture.h"
+#include "platform/encoding/EncodingTable.h"
 #include "platform/fonts/FontEncoding.h"
 #include "support/Cases.h"
+
+#include <QFontMetricsF>
 
 #include <gtest/gtest.h>
 
@@ -30,6 +33,15 @@ TEST(BuiltFont, DrawsWordsAsItsSourceDoes) {
         encoded += toQString(row[1]) + u' ';
     }
     EXPECT_LE(differenceOfWord(unicode, encoded, 21), tolerance) << "all in one line";
+}
+
+// One glyph, so that at small sizes its letters stand between the pixels in other places than those of the source.
+TEST(BuiltFont, DrawsTheLogotype) {
+    const QString codes = toQString(logotype().codes);
+    const QString name = QString::fromUtf8(logotype().draws);
+    for (const int pixels : {100, 200}) EXPECT_LE(differenceOfWord(name, codes, pixels), 3 * tolerance) << pixels;
+    const QFontMetricsF metrics(builtFont(21));
+    EXPECT_NEAR(metrics.horizontalAdvance(codes), QFontMetricsF(sourceFont(21)).horizontalAdvance(name), 2);
 }
 
 // The comparison is of no worth unless it tells words apart that differ in the smallest sign.

@@ -40,6 +40,7 @@ TEST(WordColours, areWhatTheTranslatorTakesAWordFor) {
         {"dAkhav #\"# suchanA tar", "kkkk ttcccccccc"},  // a comment begins in a text too
         {"jar 1 suchanA tar 1", "kk n cccccccccc"},      // jr 1 sucna tr 1
         {"\"dAkhav", "....."},                           // a quote in Devanagari is a letter
+        {"gh + bh * dya = 1", ". . . . . . n"},          // so are the glyphs of marks
         {"#dAkhav#", "......"},                          // Latin
         {"1 sAThI 1 te 2 paryaMt", "n kkkk n kk n kkkk"},
     };

@@ -43,14 +43,22 @@ TEST(TranslateLine, NeedsASeparatorBehindEveryWord) {
 
 TEST(TranslateToken, WordsOutsideLines) {
     Translator translator;
-    EXPECT_EQ(translator.TranslateToken(""), "");
-    EXPECT_EQ(translator.TranslateToken("  "), "  ");
-    EXPECT_EQ(translator.TranslateToken(" daov "), "parentform.PrintString");
-    EXPECT_EQ(translator.TranslateToken(" 12 "), "12");
-    EXPECT_EQ(translator.TranslateToken(" \"a b\" "), "\"a b\"");
-    EXPECT_EQ(translator.TranslateToken("taevr"), "");
-    EXPECT_EQ(translator.TranslateToken("*"), "*");
-    EXPECT_EQ(translator.TranslateToken(" * *"), "aaaaaaaaab");
+    const auto token = [&](std::string_view word, Font font) {
+        return translator.TranslateToken(StyledText(word, font));
+    };
+    static constexpr std::pair<std::string_view, std::string_view> words[] = {
+        {"", ""},
+        {"  ", "  "},
+        {" daov ", "parentform.PrintString"},
+        {" 12 ", "12"},
+        {" \"a b\" ", "\"a b\""},
+        {"taevr", ""},
+        {" * *", "aaaaaaaaab"},
+    };
+    for (const auto& [word, script] : words) EXPECT_EQ(token(word, Font::Devanagari), script) << word;
+    // Marks and quotes of the Latin font are letters of the other one.
+    for (const char* mark : {"*", "-", "<"}) EXPECT_EQ(token(mark, Font::Latin), mark);
+    for (const char* letter : {"*", "-", "\""}) EXPECT_NE(token(letter, Font::Devanagari), letter);
 }
 
 }  // namespace

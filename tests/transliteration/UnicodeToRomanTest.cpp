@@ -55,6 +55,7 @@ TEST(Unicode, CodesInTheOrderOfSpeech) {
         {"r!y ˆr!y ˆr!k \u009dy ˆn –f"_deva, "र्‌य ऱ्‌य ऱ्क ऱ्य \u0929 ड़"},
         {"Aaek AEk @ek @£ A£ ra¡"_deva, "ओक अैक ऐक ऍ ॲ र्रां"},
         {"( R a é k\r\n\tŽ€‡"_deva, "्य र् ा रु क\r\n\t.€‡"},
+        {"tolvn beiskla Stolvnae tolv n"_deva, "तोलवन बेसिकला स्तोलवनो तखलव न"},
     };
     for (const auto& [codes, unicode] : texts) EXPECT_EQ(unicodeOfCodes(codes), unicode);
 }

@@ -63,13 +63,28 @@ def add_code_glyphs(font, pictures):
     for code, (glyphs, advance) in pictures.items():
         if len(glyphs) == 1:
             code_glyphs[code] = glyphs[0].name
-            continue
-        pen = TTGlyphPen(font.getGlyphSet())
-        for glyph in glyphs:
-            pen.addComponent(glyph.name, (1, 0, 0, 1, glyph.x, glyph.y))
-        code_glyphs[code] = f"code{code}"
-        add_glyph(font, code_glyphs[code], pen.glyph(), advance)
+        else:
+            code_glyphs[code] = f"code{code}"
+            add_composed_glyph(font, code_glyphs[code], glyphs, advance)
     return code_glyphs
+
+
+def add_composed_glyph(font, name, glyphs, advance):
+    pen = TTGlyphPen(font.getGlyphSet())
+    for glyph in glyphs:
+        pen.addComponent(glyph.name, (1, 0, 0, 1, glyph.x, glyph.y))
+    add_glyph(font, name, pen.glyph(), advance)
+
+
+def add_logotypes(font):
+    """One glyph for each; it shows what the source draws for its text."""
+    names = {}
+    logotypes = encodingtable.logotypes()
+    for logotype, line in zip(logotypes, shape(SOURCE, [logotype.draws for logotype in logotypes])):
+        name = "logotype" + "_".join(map(str, logotype.codes))
+        add_composed_glyph(font, name, line.glyphs, line.advance)
+        names[logotype.codes] = name
+    return names
 
 
 def name_font(font):
@@ -118,13 +133,14 @@ def build_font():
     font = TTFont(SOURCE, lazy=False, recalcTimestamp=False)
     pictures = pictures_of(rows)
     code_glyphs = add_code_glyphs(font, pictures)
+    logotype_glyphs = add_logotypes(font)
     add_glyph(font, JOINER, copy.deepcopy(font["glyf"][VIRAMA_GLYPH]), 0)
     half_pictures = {
         row.code: [glyph.name for glyph in pictures[row.code][0]]
         for row in rows
         if row.kind == "half" and len(pictures[row.code][0]) > 1
     }
-    font["GSUB"].table = Layout(source, rows, code_glyphs, half_pictures).build()
+    font["GSUB"].table = Layout(source, rows, code_glyphs, half_pictures, logotype_glyphs).build()
     # All positions are the source's own: every script has their features switched on.
     positions = font["GPOS"].table
     everything = range(len(positions.FeatureList.FeatureRecord))

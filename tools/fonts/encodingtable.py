@@ -38,15 +38,34 @@ def character_of(code):
         return chr(code)
 
 
+@dataclass(frozen=True)
+class Logotype:
+    """Several codes that are drawn as one glyph, a name, and the Unicode text that it reads."""
+
+    codes: tuple
+    draws: str
+
+
+def table_rows():
+    with open(FILE, encoding="utf-8", newline="") as file:
+        return list(csv.DictReader(file, delimiter="\t", quoting=csv.QUOTE_NONE))
+
+
 def read():
     """The used rows, in the order of their codes."""
-    with open(FILE, encoding="utf-8", newline="") as file:
-        rows = csv.DictReader(file, delimiter="\t", quoting=csv.QUOTE_NONE)
-        return [
-            Row(int(row["code"]), row["kind"], row["draws"], row["note"])
-            for row in rows
-            if row["kind"] != "unused"
-        ]
+    return [
+        Row(int(row["code"]), row["kind"], row["draws"], row["note"])
+        for row in table_rows()
+        if row["kind"] not in ("unused", "logotype")
+    ]
+
+
+def logotypes():
+    return [
+        Logotype(tuple(map(int, row["code"].split())), row["draws"])
+        for row in table_rows()
+        if row["kind"] == "logotype"
+    ]
 
 
 def texts_with_half_form(rows):

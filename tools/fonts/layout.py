@@ -65,15 +65,17 @@ class Layout:
     """Builds the GSUB table.
 
     `source` is the source font, `code_glyphs` the glyph of every code, `half_pictures` the glyphs that draw a half
-    form standing alone, by code, where these are several.
+    form standing alone, by code, where these are several; `logotype_glyphs` the glyph of each sequence of codes that
+    has one.
     """
 
-    def __init__(self, source, rows, code_glyphs, half_pictures):
+    def __init__(self, source, rows, code_glyphs, half_pictures, logotype_glyphs):
         self.source = source
         self.gsub = source["GSUB"].table
         self.rows = rows
         self.code_glyphs = code_glyphs
         self.half_pictures = half_pictures
+        self.logotype_glyphs = logotype_glyphs
         self.nominal = source.getBestCmap()
 
     def build(self):
@@ -94,6 +96,7 @@ class Layout:
     def decoding_rules(self):
         return "\n".join(
             (
+                self.join_logotypes(),
                 self.split_halves(),
                 self.join_viramas(),
                 self.split_codes(),
@@ -101,6 +104,13 @@ class Layout:
                 self.compose_vowels(),
             )
         )
+
+    def join_logotypes(self):
+        rules = [
+            f"sub {' '.join(self.code_glyphs[code] for code in codes)} by {glyph};"
+            for codes, glyph in self.logotype_glyphs.items()
+        ]
+        return block("join_logotypes", rules)
 
     def letters(self):
         """What may follow a half form and be joined to it; a nukta stands before its letter."""
@@ -288,7 +298,7 @@ class Layout:
         """Compiles rules in the feature file language: the lookups, and the places of those that apply by
         themselves."""
         scratch = TTFont()
-        names = dict.fromkeys(self.source.getGlyphOrder() + [JOINER] + list(self.code_glyphs.values()))
+        names = dict.fromkeys(self.source.getGlyphOrder() + [JOINER] + list(self.code_glyphs.values()) + list(self.logotype_glyphs.values()))
         scratch.setGlyphOrder(list(names))
         scratch["cmap"] = newTable("cmap")
         scratch["cmap"].tables = []

@@ -48,28 +48,49 @@ consteval std::size_t numberOf(std::string_view digits) {
     return number;
 }
 
-consteval auto readTable() {
+constexpr std::string_view logotypeKind = "logotype";
+
+struct Table {
     std::array<EncodingRow, 256> rows{};
+    std::array<char, 16> logotypeCodes{};
+    std::size_t logotypeLength = 0;
+    std::string_view logotypeDraws;
+};
+
+consteval Table readTable() {
+    Table table;
     std::string_view rest = tableText;
     cut(rest, '\n');  // the names of the columns
     while (!rest.empty()) {
         std::string_view line = cut(rest, '\n');
-        EncodingRow& row = rows.at(numberOf(cut(line, '\t')));
+        std::string_view codes = cut(line, '\t');
         cut(line, '\t');  // the code in hexadecimal digits
         cut(line, '\t');  // its windows-1252 character
-        row.kind = kindOf(cut(line, '\t'));
-        row.draws = cut(line, '\t');
-        row.note = line;
+        const std::string_view kind = cut(line, '\t');
+        const std::string_view draws = cut(line, '\t');
+        if (kind == logotypeKind) {
+            while (!codes.empty())
+                table.logotypeCodes.at(table.logotypeLength++) = static_cast<char>(numberOf(cut(codes, ' ')));
+            table.logotypeDraws = draws;
+        } else {
+            table.rows.at(numberOf(codes)) = {kindOf(kind), draws, line};
+        }
     }
-    return rows;
+    return table;
 }
 
-constexpr std::array<EncodingRow, 256> rows = readTable();
+constexpr Table table = readTable();
+constexpr Logotype productName{{table.logotypeCodes.data(), table.logotypeLength}, table.logotypeDraws};
+static_assert(!productName.draws.empty());
 
 }  // namespace
 
 const std::array<EncodingRow, 256>& encodingTable() {
-    return rows;
+    return table.rows;
+}
+
+const Logotype& logotype() {
+    return productName;
 }
 
 }  // namespace tolvan

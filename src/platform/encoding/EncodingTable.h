@@ -33,4 +33,13 @@ struct EncodingRow {
 // The row of each code.
 const std::array<EncodingRow, 256>& encodingTable();
 
+// Codes that are one glyph together, and the text that this one draws.
+struct Logotype {
+    std::string_view codes;
+    std::string_view draws;
+};
+
+// The product's name.
+const Logotype& logotype();
+
 }  // namespace tolvan

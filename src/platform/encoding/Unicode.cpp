@@ -78,7 +78,16 @@ class UnicodeWriter {
     explicit UnicodeWriter(std::string& utf8) : utf8_(utf8) {}
 
     void write(std::string_view codes) {
-        for (const char code : codes) take(glyphs_[static_cast<unsigned char>(code)]);
+        while (!codes.empty()) {
+            if (codes.front() == logotype_.codes.front() && codes.starts_with(logotype_.codes)) {
+                endCluster();
+                utf8_ += logotype_.draws;
+                codes.remove_prefix(logotype_.codes.size());
+            } else {
+                take(glyphs_[static_cast<unsigned char>(codes.front())]);
+                codes.remove_prefix(1);
+            }
+        }
         endCluster();
     }
 
@@ -227,6 +236,7 @@ class UnicodeWriter {
     }
 
     const std::array<Glyph, 256>& glyphs_ = allGlyphs();
+    const Logotype& logotype_ = logotype();
     std::string& utf8_;
     std::size_t cluster_ = none;   // where the consonants begin that the next reph is sounded before
     const Glyph* last_ = nullptr;  // the letters written last
