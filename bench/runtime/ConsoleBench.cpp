@@ -1,7 +1,9 @@
 // What a program that prints and draws without pause gets done in the console at its opening size, with its polls and
 // the painting of the window; and how long it takes to stop.
 #include "platform/fonts/Fonts.h"
+#include "runtime/ProgramRun.h"
 #include "runtime/frmExec.h"
+#include "translator/ModuleLines.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
 
@@ -28,13 +30,10 @@ std::string loopModule(int count, const std::string& statement) {
 
 void runLoop(benchmark::State& state, const char* statement, int count) {
     const std::string module = loopModule(count, statement);
-    RunState run;
+    ProgramRun run;
     frmExec console(run);
     console.show();
-    for (auto _ : state) {
-        run.CompiledScript = module;
-        console.execute();
-    }
+    for (auto _ : state) console.execute(module, {});
     state.SetItemsProcessed(state.iterations() * count);
 }
 
@@ -68,12 +67,13 @@ void startPrinting(benchmark::State& state) {
     };
     std::string roman;
     for (int i = 0; i < 1000; ++i) roman += "dAkhav saMkhyA & #\" x \"# & " + std::to_string(i) + " adhik guN(3)\r\n";
-    RunState run;
+    ProgramRun run;
     StoppingConsole console(run);
     for (auto _ : state) {
         console.show();
-        run.CompiledScript = Translator().Compile(ProgramText(roman));
-        console.execute();
+        Translator translator;
+        const std::string module = translator.Compile(ProgramText(roman));
+        console.execute(module, translator.moduleLines());
     }
 }
 BENCHMARK(startPrinting)->Unit(benchmark::kMillisecond);
@@ -81,7 +81,7 @@ BENCHMARK(startPrinting)->Unit(benchmark::kMillisecond);
 // From the key that stops an endless loop around a statement until the run has returned.
 void stop(benchmark::State& state, const char* statement) {
     const std::string module = loopModule(2'000'000'000, statement);
-    RunState run;
+    ProgramRun run;
     frmExec console(run);
     double longest = 0;
     for (auto _ : state) {
@@ -91,8 +91,7 @@ void stop(benchmark::State& state, const char* statement) {
             pressed = std::chrono::steady_clock::now();
             QApplication::postEvent(&console, new QKeyEvent(QEvent::KeyPress, Qt::Key_F4, Qt::NoModifier));
         });
-        run.CompiledScript = module;
-        console.execute();
+        console.execute(module, {});
         const std::chrono::duration<double> waited = std::chrono::steady_clock::now() - pressed;
         state.SetIterationTime(waited.count());
         longest = std::max(longest, waited.count());

@@ -81,7 +81,8 @@ BENCHMARK(compileNestedForms)->Arg(10'000)->Arg(100'000)->Arg(1'000'000)->Unit(b
 
 void format(benchmark::State& state) {
     const std::string text = schoolText(static_cast<std::size_t>(state.range(0)));
-    for (auto _ : state) benchmark::DoNotOptimize(formatProgram(text, text));
+    const StyledText program(text, Font::Devanagari);
+    for (auto _ : state) benchmark::DoNotOptimize(formatProgram(text, program));
     bytesAndComplexity(state, text.size());
 }
 BENCHMARK(format)->RangeMultiplier(10)->Range(1'000, 100'000)->Complexity(benchmark::oN)->Unit(benchmark::kMillisecond);
