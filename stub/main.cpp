@@ -3,6 +3,7 @@
 #include "dialogs/Look.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/Fonts.h"
+#include "runtime/DataFiles.h"
 #include "runtime/ProgramRun.h"
 #include "runtime/frmExec.h"
 #include "stub/OwnPayload.h"
@@ -58,6 +59,7 @@ int main(int, char** arguments) {
     tolvan::ProgramRun run;
     run.ProgramCaption = std::move(payload->caption);
     tolvan::frmExec console(run);
+    console.setFiles(tolvan::dataFilesOf(QApplication::applicationFilePath()));
     traceIfWanted(console);
     repeatIfWanted(console);
     QTimer::singleShot(0, &console, [&console, &payload] {

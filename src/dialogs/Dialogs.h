@@ -17,6 +17,9 @@ void ShowMessage(std::string_view text);
 // 1: yes, 0: no, or closed without a button; -1: cancel.
 int AskQuestion(std::string_view text);
 
+// A question whose careful answer is no, which Enter gives. True: yes.
+bool AskConsent(std::string_view text);
+
 // The error `number` of a script or a data file; the program line `errorLine` is told where no message is known for it.
 // True: the program is to go on.
 bool ShowError(std::int32_t number, int errorLine);
@@ -31,6 +34,7 @@ class DialogAnswers {
 
     virtual void ShowMessage(std::string_view text);
     virtual int AskQuestion(std::string_view text);
+    virtual bool AskConsent(std::string_view text);
     virtual bool ShowError(std::int32_t number, int errorLine);
 };
 

@@ -14,6 +14,12 @@ frmMQuestionBox::frmMQuestionBox(QWidget* parent)
     addAnswer("cmdCancel", "rÎ"_deva, -1)->setShortcut(Qt::Key_Escape);
 }
 
+void frmMQuestionBox::preferNo() {
+    auto* const no = findChild<QPushButton*>(QStringLiteral("cmdNo"));
+    no->setDefault(true);
+    no->setFocus();
+}
+
 QPushButton* frmMQuestionBox::addAnswer(const char* name, std::string_view caption, int answer) {
     QPushButton* button = addButton(name, caption);
     connect(button, &QPushButton::clicked, this, [this, answer] {

@@ -16,6 +16,9 @@ class frmMQuestionBox : public MessageDialog {
     // 1: yes, 0: no, or closed without a button; -1: cancel.
     int answer() const { return answer_; }
 
+    // Enter answers no.
+    void preferNo();
+
   private:
     QPushButton* addAnswer(const char* name, std::string_view caption, int answer);
 

@@ -7,6 +7,7 @@
 #include "editor/panes/RomanBox.h"
 #include "library/AddLibrary.h"
 #include "platform/encoding/Deva.h"
+#include "runtime/DataFiles.h"
 #include "runtime/frmExec.h"
 #include "translator/Translator.h"
 
@@ -49,6 +50,7 @@ void frmEditor::CompileAndExecute(StyledView program) {
     console().show();
     console().raise();
     console().activateWindow();
+    console().setFiles(dataFilesOf(document_.path()));
     console().execute(module, moduleLines());
     if (state_.run.hasDelayed(*this)) close();
 }

@@ -5,6 +5,7 @@
 #include "dialogs/frmAbout.h"
 #include "platform/encoding/Deva.h"
 #include "platform/transliteration/MarkRoman.h"
+#include "runtime/DataFiles.h"
 #include "runtime/InputBox.h"
 #include "runtime/MessageStrip.h"
 #include "runtime/ProgramMarker.h"
@@ -134,6 +135,11 @@ bool frmExec::CheckForEvents() {
 
 void frmExec::StopExecution() {
     run_.stop();
+}
+
+bool frmExec::MayReachFile(const std::string& path, bool writing) {
+    const StopKeysInDialogs stopKeys(run_);
+    return AskConsent(fileQuestion(path, writing)) && run_.IsRunning();
 }
 
 // Where the program is to stop it fails here, so that it stops in this statement and not before the next.

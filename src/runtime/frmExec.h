@@ -45,6 +45,9 @@ class frmExec : public QWidget, public ConsoleOperations {
     void setTrace(ConsoleObject::Trace trace) { parentForm_.setTrace(std::move(trace)); }
     LibraryObject& library() { return parentForm_.library(); }
 
+    // The data files that the program reaches without a question; see dataFilesOf.
+    void setFiles(ReachableFiles files) { parentForm_.setFiles(std::move(files)); }
+
     void PrintString(std::string_view text) override;
     std::optional<std::string> InputString() override;
     void ClearScreen() override;
@@ -58,6 +61,7 @@ class frmExec : public QWidget, public ConsoleOperations {
     void DrawCircle(Point centre, float radius, std::optional<Colour> colour, Fill fill) override;
     float DisplayWidth() const override;
     float DisplayHeight() const override;
+    bool MayReachFile(const std::string& path, bool writing) override;
     void FileOpenFailed(int number) override;
 
     // Commands of the system menu, called by these names.

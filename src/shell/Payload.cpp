@@ -2,13 +2,12 @@
 
 #include "platform/encoding/Ascii.h"
 #include "shell/Scrambling.h"
+#include "translator/ModuleForm.h"
 
 namespace tolvan {
 namespace {
 
 constexpr std::string_view marker = "Checksum OK. Continue with execution.";
-constexpr std::string_view moduleBegin = "Sub Main()";
-constexpr std::string_view mainEnd = "\r\nEnd Sub";
 
 // The text up to the first line end, which is taken away with it; nothing if there is none.
 std::optional<std::string_view> takeCrLfLine(std::string_view& text) {
@@ -19,8 +18,14 @@ std::optional<std::string_view> takeCrLfLine(std::string_view& text) {
     return line;
 }
 
+// Whether the main routine is as the translator writes it, up to its end. Functions may follow; they have no such form.
 bool isWholeModule(std::string_view module) {
-    return module.starts_with(moduleBegin) && module.find(mainEnd) != std::string_view::npos;
+    if (takeCrLfLine(module) != module_form::mainBegin) return false;
+    for (;;) {
+        const auto line = takeCrLfLine(module);
+        if (line == module_form::mainEnd) return module.empty() || module.starts_with(lineEnd);
+        if (line != module_form::pollLine || !takeCrLfLine(module)) return false;
+    }
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include "platform/richtext/InternalText.h"
 #include "translator/Blanks.h"
 #include "translator/Keywords.h"
+#include "translator/ModuleForm.h"
 #include "translator/Scanner.h"
 #include "translator/Statements.h"
 
@@ -15,7 +16,6 @@
 namespace tolvan {
 namespace {
 
-constexpr std::string_view pollLine = "if not parentform.checkforevents then err.raise 1001";
 constexpr char quote = '"';
 
 bool isOperator(StyledView text) {
@@ -48,7 +48,7 @@ class Translator::ModuleBuilder {
 
     explicit ModuleBuilder(ModuleLines& lines) : lines_(lines) {
         lines_ = {};
-        append("Sub Main()", Kind::Frame);
+        append(module_form::mainBegin, Kind::Frame);
     }
 
     // What follows comes from this line of the program.
@@ -88,7 +88,8 @@ std::string Translator::Compile(StyledView program, const Progress& progress) {
             appendStatement(line, module);
         } else {
             module.startProgramLine(static_cast<int>(done.lines));
-            module.append(lineEnd, Kind::Poll).append(pollLine, Kind::Poll).append(lineEnd, Kind::Statement);
+            module.append(lineEnd, Kind::Poll).append(module_form::pollLine, Kind::Poll);
+            module.append(lineEnd, Kind::Statement);
             appendStatement(line, module);
         }
         if (progress) progress(done);

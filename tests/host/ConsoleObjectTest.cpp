@@ -117,6 +117,7 @@ TEST_F(ConsoleObjectTest, FailsInTheSameWayWithATraceAndWithout) {
 class DataFileTest : public ConsoleObjectTest {
   protected:
     TemporaryFolder folder;
+    void SetUp() override { object.setFiles(ReachableFiles(folder.path())); }
     std::string open(const std::string& name, const std::string& mode) const {
         return "parentform.FileOPEN  \"{" + (folder / name) + "}\"," + mode + " \r\n";
     }
@@ -151,6 +152,14 @@ TEST_F(DataFileTest, ReportsAFileThatDoesNotOpenAndGoesOn) {
         EXPECT_THAT(console.calls, ElementsAre("file " + row[1], "print 1")) << row;
     }
     EXPECT_FALSE(std::filesystem::exists(folder / "f"));
+}
+
+TEST_F(DataFileTest, AsksTheConsoleAboutFilesElsewhere) {
+    const std::string opening = "parentform.FileOpen \"{/dev/full}\",3\r\nparentform.FileWrite 1";
+    EXPECT_EQ(run(opening), 52);
+    EXPECT_THAT(console.calls, ElementsAre("may write /dev/full", "file 70"));
+    console.allowsFiles = true;
+    EXPECT_EQ(run(opening), 61) << "asked anew in the next run";
 }
 
 TEST_F(DataFileTest, RaisesErrorsOfReadingAndWriting) {

@@ -18,6 +18,7 @@ class RecordingConsole : public ConsoleOperations {
     int eventChecks = 0;
     bool running = true;
     bool stopWhenFileFails = false;
+    bool allowsFiles = false;
 
     void PrintString(std::string_view text) override { calls.push_back("print " + std::string(text)); }
     std::optional<std::string> InputString() override {
@@ -58,6 +59,10 @@ class RecordingConsole : public ConsoleOperations {
     float DisplayWidth() const override { return 640; }
     float DisplayHeight() const override { return 480.5F; }
 
+    bool MayReachFile(const std::string& path, bool writing) override {
+        calls.push_back((writing ? "may write " : "may read ") + path);
+        return allowsFiles;
+    }
     void FileOpenFailed(int number) override {
         calls.push_back("file " + std::to_string(number));
         if (stopWhenFileFails) running = false;

@@ -50,10 +50,13 @@ TEST(Payload, ReadsWhatWasBuilt) {
 }
 
 // The main routine ends the module, so every cut is seen.
-TEST(Payload, RefusesEveryCut) {
+TEST(Payload, RefusesEveryCutAndChangedPolls) {
     const std::string bytes = buildPayload({"nAv", moduleOf("dAkhav 1\r\ndAkhav 2")});
     for (std::size_t size = 0; size + 2 < bytes.size(); ++size)
         EXPECT_FALSE(readPayload(bytes.substr(0, size))) << size;
+    std::string unpolled = unscramble(bytes);
+    unpolled.replace(unpolled.rfind("err.raise"), 1, "E");
+    EXPECT_FALSE(readPayload(scramble(unpolled)));
     EXPECT_FALSE(readPayload(bytes.substr(1)));
     EXPECT_FALSE(readPayload("x" + bytes));
 }

@@ -43,12 +43,12 @@ TEST_P(ExampleAsExecutable, PrintsDrawsAndReadsAsOnATextConsole) {
     const std::string input = contentOf(expectedOfExample(GetParam(), ".in"));
     DrivenProcess process;
     process.folder().write("answers", input);
+    fs::copy_file(exampleProgram(GetParam()), process.folder() / "program.tvp");
     std::string tvp = "cd " + process.folder().path() + " && " + programFolder() + "/tvp";
     for (const std::string& argument : runWithoutKeys(GetParam())) tvp.append(" ").append(argument);
     tvp.append(" <" + (process.folder() / "answers") + " 2>" + (process.folder() / "expected") + " >/dev/null");
     ASSERT_EQ(std::system(tvp.c_str()), 0);
 
-    fs::copy_file(exampleProgram(GetParam()), process.folder() / "program.tvp");
     const DrivenResult made =
         process.run(programFolder() + "/tolbasic", {"program.tvp", "-compile"}, {"frmSplash leave"});
     ASSERT_EQ(made.status, 0) << made.errors;

@@ -33,8 +33,9 @@ inline std::filesystem::path pictureOfExample(const std::string& name) {
 }
 
 // tvp's arguments for a run that is the same every time: chance and clock begin alike, and ".keys" are pressed.
+// Its files are in the working folder.
 inline std::vector<std::string> runWithoutKeys(const std::string& name) {
-    return {"run", "--trace", "--seed=1", "--no-wait", exampleProgram(name).string()};
+    return {"run", "--trace", "--seed=1", "--no-wait", "--files=.", exampleProgram(name).string()};
 }
 inline std::vector<std::string> runOfExample(const std::string& name) {
     std::vector<std::string> arguments = runWithoutKeys(name);

@@ -24,6 +24,7 @@ class ScriptedUser : public DialogAnswers {
         told.emplace_back(text);
         return next(answers, -1);
     }
+    bool AskConsent(std::string_view text) override { return AskQuestion(text) == 1; }
     bool ShowError(std::int32_t number, int errorLine) override {
         errors.emplace_back(number, errorLine);
         return next(errorAnswers, false);

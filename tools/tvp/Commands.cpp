@@ -4,6 +4,7 @@
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Deva.h"
 #include "platform/encoding/Unicode.h"
+#include "platform/files/PathLookup.h"
 #include "platform/richtext/InternalText.h"
 #include "platform/richtext/RtfReader.h"
 #include "platform/richtext/RtfWriter.h"
@@ -19,6 +20,7 @@
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
 #include "tvp/Input.h"
+#include "tvp/Limits.h"
 #include "tvp/Output.h"
 #include "tvp/TextConsole.h"
 
@@ -28,7 +30,9 @@
 #include <cstring>
 #include <ctime>
 #include <deque>
+#include <filesystem>
 #include <new>
+#include <optional>
 #include <unistd.h>
 
 namespace tolvan {
@@ -45,6 +49,7 @@ struct Invocation {
     std::string keyFile = {};  // empty: no keys are pressed
     std::optional<std::uint32_t> seed = {};
     std::optional<std::time_t> simulatedStart = {};
+    Limits limits{};
     Output& output;
     Output& messages;
 };
@@ -158,6 +163,12 @@ void tellInMarathi(const script::ErrorReport& report, Output& messages) {
     messages.writeLine(unicodeOf(text));
 }
 
+ReachableFiles filesOf(const Invocation& invocation) {
+    ReachableFiles files = invocation.limits.filesOf(findPath(forwardSlashes(invocation.file)));
+    files.setSpace(invocation.limits.outputBytes);
+    return files;
+}
+
 int runOnTextConsole(const std::string& module, const Invocation& invocation, TellError tellError) {
     TextConsole console(invocation.unicode ? TextConsole::Lines::Unicode : TextConsole::Lines::FontCodes,
                         invocation.output, invocation.messages);
@@ -166,8 +177,16 @@ int runOnTextConsole(const std::string& module, const Invocation& invocation, Te
     if (!invocation.keyFile.empty()) console.setKeys(readKeys(invocation.keyFile));
     if (invocation.seed) object.library().setSeed(*invocation.seed);
     if (invocation.simulatedStart) object.library().simulateTime(*invocation.simulatedStart);
+    object.setFiles(filesOf(invocation));
+    console.setMostOutput(invocation.limits.outputBytes);
     script::Executor executor;
+    if (invocation.limits.memoryBytes != Limits::none) executor.setMemoryLimit(invocation.limits.memoryBytes);
+    if (invocation.limits.milliseconds != Limits::none) endAfter(invocation.limits.milliseconds);
     const script::ErrorReport report = runModule(executor, object, module);
+    if (console.hasPrintedTooMuch()) {
+        invocation.messages.writeLine("tvp: stopped, it printed too much");
+        return limitReached;
+    }
     if (report.number == 0 || console.isStopped()) return succeeded;
     tellError(report, invocation.messages);
     return scriptFailed;
@@ -206,6 +225,19 @@ struct Option {
     void (*set)(Invocation&, std::string_view value);
 };
 
+template <class Value>
+Value required(std::optional<Value> value, std::string_view option, std::string_view text) {
+    if (!value) throw UsageFailure{std::string(option) + " cannot be " + std::string(text)};
+    return *value;
+}
+
+void setFiles(Invocation& invocation, std::string_view value) {
+    const bool isWord = value == "own" || value == "none" || value == "all";
+    if (!isWord && !std::filesystem::is_directory(value))
+        throw UsageFailure{"there is no folder " + std::string(value)};
+    invocation.limits.files = value;
+}
+
 constexpr Option options[] = {
     {traceOption, "--trace", "also writes each console call to standard error",
      [](Invocation& invocation, std::string_view) { invocation.trace = true; }},
@@ -217,6 +249,20 @@ constexpr Option options[] = {
      [](Invocation& invocation, std::string_view value) { invocation.keyFile = value; }},
     {runOption, "--no-wait", "waiting takes no time; the program's clock starts at 10:08:30 on 26 January 2026",
      [](Invocation& invocation, std::string_view) { invocation.simulatedStart = simulatedStart(); }},
+    {runOption, "--seconds=", "stops the program after so many seconds",
+     [](Invocation& invocation, std::string_view value) {
+         invocation.limits.milliseconds = required(readMilliseconds(value), "--seconds", value);
+     }},
+    {runOption, "--output=", "how many bytes it may print, and write into files; 64K, 10M, 1G",
+     [](Invocation& invocation, std::string_view value) {
+         invocation.limits.outputBytes = required(readBytes(value), "--output", value);
+     }},
+    {runOption, "--memory=", "how many bytes its texts, arrays and objects may take",
+     [](Invocation& invocation, std::string_view value) {
+         invocation.limits.memoryBytes = required(readBytes(value), "--memory", value);
+     }},
+    {runOption, "--files=", "the files it reaches: own (its folder and below, the default), none, all, or a folder",
+     setFiles},
 };
 
 enum class NoFile : std::uint8_t { IsWrong, IsStandardInput };
@@ -264,8 +310,12 @@ std::string usage() {
         text.append("  ").append(option.name).append("  ").append(option.usage).append(" (").append(takers(option)) +=
             ")\n";
     return text +
-           "\nFILE is \"-\" for standard input, which [FILE] stands for when it is left out.\n"
-           "Exit status: 0 ended or stopped itself, 1 script error, 2 bad usage or unreadable file.\n";
+           "\nFILE is \"-\" for standard input, which [FILE] stands for when it is left out; otherwise an ordinary "
+           "file of\n"
+           "up to 64 MiB.\n"
+           "Exit status: 0 ended or stopped itself, 1 script error, 2 bad usage or unreadable file, 3 stopped at a "
+           "limit of\n"
+           "time or output.\n";
 }
 
 const Command& findCommand(const std::string& name) {

@@ -15,10 +15,12 @@ namespace tolvan {
 
 void TextConsole::PrintString(std::string_view text) {
     text = trimBlanks(text);
-    if (lines_ == Lines::Unicode)
-        output_.writeLine(unicodeOfInternalText(text));
-    else
-        output_.writeLine(text);
+    const std::string unicode = lines_ == Lines::Unicode ? unicodeOfInternalText(text) : std::string();
+    const std::string_view line = lines_ == Lines::Unicode ? unicode : text;
+    if (line.size() >= space_) printedTooMuch_ = true;
+    if (printedTooMuch_) return StopExecution();
+    space_ -= line.size() + 1;
+    output_.writeLine(line);
 }
 
 std::optional<std::string> TextConsole::InputString() {

@@ -8,6 +8,7 @@
 
 #include <cstdint>
 #include <deque>
+#include <limits>
 #include <string>
 #include <utility>
 
@@ -23,7 +24,11 @@ class TextConsole : public ConsoleOperations {
     // `messages` is only kept up to date with what is printed.
     TextConsole(Lines lines, Output& output, Output& messages) : lines_(lines), output_(output), messages_(messages) {}
 
-    // The program stopped itself, or nobody reads what it prints any more.
+    // How many bytes the program may print; it is stopped at the line that is too much.
+    void setMostOutput(std::uint64_t bytes) { space_ = bytes; }
+    bool hasPrintedTooMuch() const { return printedTooMuch_; }
+
+    // The program stopped itself, or nobody reads what it prints any more, or it printed too much.
     bool isStopped() const { return stopped_; }
 
     // What ReadKey gives, key by key, in the form of ConsoleOperations::ReadKey. None before.
@@ -48,6 +53,7 @@ class TextConsole : public ConsoleOperations {
     float DisplayWidth() const override { return 800; }
     float DisplayHeight() const override { return 600; }
 
+    bool MayReachFile(const std::string&, bool) override { return false; }
     // Throws ScriptError with this number: nobody is there to be asked whether to go on.
     void FileOpenFailed(int number) override;
 
@@ -59,6 +65,8 @@ class TextConsole : public ConsoleOperations {
     Output& messages_;
     LineReader input_;
     std::deque<std::string> keys_;
+    std::uint64_t space_ = std::numeric_limits<std::uint64_t>::max();
+    bool printedTooMuch_ = false;
     bool stopped_ = false;
 };
 

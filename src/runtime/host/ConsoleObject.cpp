@@ -109,8 +109,18 @@ const ConsoleObject::Member ConsoleObject::members[] = {
     {"EndOfFile", 0, 0, After::Nothing, &ConsoleObject::endOfFile},
 };
 
+ConsoleObject::ConsoleObject(ConsoleOperations& console) : console_(console), throttle_(console) {
+    setFiles({});
+}
+
+void ConsoleObject::setFiles(ReachableFiles files) {
+    files_ = std::move(files);
+    files_.setConsent([this](const std::string& path, bool writing) { return console_.MayReachFile(path, writing); });
+}
+
 void ConsoleObject::reset() {
     file_.close();
+    files_.forgetAnswers();
     throttle_.reset();
     library_.reset();
 }
@@ -235,7 +245,7 @@ FileError ConsoleObject::openDataFile(Arguments& arguments) {
     }
     if (mode < static_cast<int>(ProgramDataFile::Mode::Read) || mode > static_cast<int>(ProgramDataFile::Mode::Append))
         return FileError::BadMode;
-    return file_.open(arguments.text(0), static_cast<ProgramDataFile::Mode>(mode));
+    return file_.open(files_, arguments.text(0), static_cast<ProgramDataFile::Mode>(mode));
 }
 
 Value ConsoleObject::fileClose(Arguments&) {
@@ -252,7 +262,9 @@ Value ConsoleObject::fileInput(Arguments& arguments) {
 }
 
 Value ConsoleObject::fileWrite(Arguments& arguments) {
-    check(file_.writeLine(arguments.text(0)));
+    const std::string text = arguments.text(0);
+    if (file_.isOpen() && !files_.takeSpace(text.size())) throw ScriptError(static_cast<int>(FileError::DiskFull));
+    check(file_.writeLine(text));
     return {};
 }
 

@@ -19,12 +19,16 @@ namespace tolvan {
 
 class ConsoleObject : public script::HostObject {
   public:
-    explicit ConsoleObject(ConsoleOperations& console) : console_(console), throttle_(console) {}
+    explicit ConsoleObject(ConsoleOperations& console);
 
     // Each call but the polls, before it is made: "DrawLine 30,40,,,255". A missing argument is empty, numbers are
     // plain, text is in internal text form.
     using Trace = std::function<void(std::string_view call)>;
     void setTrace(Trace trace) { trace_ = std::move(trace); }
+
+    // What the program reaches from the next file on; before, it is the working folder. The console is asked about
+    // other files.
+    void setFiles(ReachableFiles files);
 
     // Before a run: closes the file that an earlier run left open.
     void reset();
@@ -66,6 +70,7 @@ class ConsoleObject : public script::HostObject {
     ConsoleOperations& console_;
     PollThrottle throttle_;
     LibraryObject library_{console_, throttle_};
+    ReachableFiles files_;
     ProgramDataFile file_;
     Trace trace_;
 };

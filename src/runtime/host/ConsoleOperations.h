@@ -48,6 +48,9 @@ class ConsoleOperations {
     virtual float DisplayWidth() const = 0;
     virtual float DisplayHeight() const = 0;
 
+    // The program wants to read or write a file that it does not reach without consent (see ReachableFiles): whether it
+    // may.
+    virtual bool MayReachFile(const std::string& path, bool writing) = 0;
     // A data file could not be opened, for the reason with this error number. Returns when the program is to go on.
     virtual void FileOpenFailed(int number) = 0;
 };

@@ -2,29 +2,13 @@
 
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Windows1252.h"
-#include "platform/files/PathLookup.h"
 #include "platform/richtext/InternalText.h"
 #include "translator/Blanks.h"
-
-#include <cerrno>
-#include <fcntl.h>
-#include <sys/stat.h>
 
 namespace tolvan {
 namespace {
 
 constexpr std::size_t readAhead = std::size_t{64} << 10;
-
-// A pipe without another end would hang or end the process; a folder has no lines.
-bool isOtherThanFile(const std::string& path) {
-    struct stat entry {};
-    return ::stat(path.c_str(), &entry) == 0 && !S_ISREG(entry.st_mode) && !S_ISCHR(entry.st_mode);
-}
-
-int openFlags(ProgramDataFile::Mode mode) {
-    if (mode == ProgramDataFile::Mode::Read) return O_RDONLY;
-    return O_WRONLY | O_CREAT | (mode == ProgramDataFile::Mode::Append ? O_APPEND : O_TRUNC);
-}
 
 void appendUtf8(std::string& text, char16_t character) {
     if (character < 0x80) {
@@ -48,17 +32,12 @@ std::string plainFileName(std::string_view internalText) {
     return name;
 }
 
-FileError ProgramDataFile::open(std::string_view name, Mode mode) {
+FileError ProgramDataFile::open(ReachableFiles& files, std::string_view name, Mode mode) {
     if (isOpen()) return FileError::AlreadyOpen;
     const std::string plain = plainFileName(trimBlanks(name));
     if (plain.empty() || plain.find('\0') != std::string::npos) return FileError::BadNameOrNumber;
-    const std::string path = findPath(forwardSlashes(plain));
-    if (isOtherThanFile(path)) return FileError::PathAccess;
-    // Never waiting: a program that hangs here, on a terminal say, could not be stopped.
-    file_ = Descriptor(::open(path.c_str(), openFlags(mode) | O_CLOEXEC | O_NOCTTY | O_NONBLOCK, 0666));
-    if (!isOpen()) return openFileError(errno, path);
     mode_ = mode;
-    return FileError::None;
+    return files.open(plain, mode, file_);
 }
 
 FileError ProgramDataFile::close() {

@@ -6,6 +6,7 @@
 
 #include "platform/files/Descriptor.h"
 #include "runtime/host/FileError.h"
+#include "runtime/host/ReachableFiles.h"
 
 #include <cstdint>
 #include <string>
@@ -15,13 +16,12 @@ namespace tolvan {
 
 class ProgramDataFile {
   public:
-    enum class Mode : std::uint8_t { Read = 1, Write = 2, Append = 3 };
+    using Mode = DataFileMode;
     // Bytes; a line of a device or a damaged file may never end.
     static constexpr std::size_t longestLine = std::size_t{256} << 20;
 
-    // `name` is a path as PathLookup describes. Write empties a file that exists, Append goes on at its end; both
-    // create one that does not.
-    FileError open(std::string_view name, Mode mode);
+    // Of the files that the program reaches, the one with this name.
+    FileError open(ReachableFiles& files, std::string_view name, Mode mode);
     // Harmless when nothing is open.
     FileError close();
     // The next line without its line end, CR LF or LF; the last one may have none.

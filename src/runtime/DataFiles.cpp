@@ -1,0 +1,41 @@
+#include "runtime/DataFiles.h"
+
+#include "platform/encoding/Deva.h"
+#include "platform/richtext/RtfWriter.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QStandardPaths>
+
+namespace tolvan {
+namespace {
+
+constexpr std::string_view wantsToRead = "\\f1he àayaejn hI )a$l vacU paht Aahe\\f0: "_deva;
+constexpr std::string_view wantsToWrite = "\\f1he àayaejn hI )a$l bdlU paht Aahe\\f0: "_deva;
+constexpr std::string_view mayRead = "{\\line}\\f1tI vacU *aycI ka\\f0?"_deva;
+constexpr std::string_view mayWrite = "{\\line}\\f1tI bdlU *aycI ka\\f0?"_deva;
+
+QString documentsFolder() {
+    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
+    QDir().mkpath(folder);
+    return folder;
+}
+
+}  // namespace
+
+ReachableFiles dataFilesOf(const QString& programFile) {
+    const QFileInfo folder(QFileInfo(programFile).absolutePath());
+    const bool isUsable = !programFile.isEmpty() && folder.isWritable();
+    const QString chosen = isUsable ? folder.absoluteFilePath() : documentsFolder();
+    return ReachableFiles(QFile::encodeName(chosen).toStdString());
+}
+
+std::string fileQuestion(const std::string& path, bool writing) {
+    const QString name = QFile::decodeName(path.c_str());
+    return std::string(writing ? wantsToWrite : wantsToRead)
+        .append(RtfEscape(std::u16string_view(QStringView(name).utf16(), static_cast<std::size_t>(name.size()))))
+        .append(writing ? mayWrite : mayRead);
+}
+
+}  // namespace tolvan
