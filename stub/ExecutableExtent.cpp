@@ -41,19 +41,40 @@ bool includeTable(std::istream& file, std::uint64_t offset, unsigned count, std:
     return true;
 }
 
+bool readHeader(std::istream& file, Header& header) {
+    if (!readAt(file, 0, header)) return false;
+    return std::memcmp(header.e_ident, ELFMAG, SELFMAG) == 0 && header.e_ident[EI_CLASS] == ownClass &&
+           (header.e_phnum == 0 || header.e_phentsize == sizeof(Segment)) &&
+           (header.e_shnum == 0 || header.e_shentsize == sizeof(Section));
+}
+
 }  // namespace
 
 std::optional<std::uint64_t> executableExtent(std::istream& file) {
     Header header;
-    if (!readAt(file, 0, header)) return std::nullopt;
-    const bool isOwnKind = std::memcmp(header.e_ident, ELFMAG, SELFMAG) == 0 && header.e_ident[EI_CLASS] == ownClass &&
-                           (header.e_phnum == 0 || header.e_phentsize == sizeof(Segment)) &&
-                           (header.e_shnum == 0 || header.e_shentsize == sizeof(Section));
-    if (!isOwnKind) return std::nullopt;
+    if (!readHeader(file, header)) return std::nullopt;
     std::uint64_t extent = sizeof header;
     if (!includeTable<Segment>(file, header.e_phoff, header.e_phnum, extent)) return std::nullopt;
     if (!includeTable<Section>(file, header.e_shoff, header.e_shnum, extent)) return std::nullopt;
     return extent;
+}
+
+std::optional<std::vector<FilePart>> loadedParts(std::istream& file) {
+    Header header;
+    if (!readHeader(file, header)) return std::nullopt;
+    file.seekg(0, std::ios::end);
+    const auto fileSize = static_cast<std::uint64_t>(file.tellg());
+    std::vector<FilePart> parts;
+    for (unsigned i = 0; i < header.e_phnum; ++i) {
+        Segment segment;
+        if (!readAt(file, header.e_phoff + i * sizeof segment, segment)) return std::nullopt;
+        if (segment.p_type != PT_LOAD) continue;
+        const std::uint64_t start = std::max<std::uint64_t>(segment.p_offset, sizeof header);
+        const std::uint64_t end = extentOf(segment);
+        if (end < start || end > fileSize) return std::nullopt;
+        parts.push_back({start, end - start});
+    }
+    return parts;
 }
 
 }  // namespace tolvan

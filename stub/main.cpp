@@ -1,12 +1,14 @@
 // The runtime of stand-alone executables: a program of its own, which runs what stands behind it in its file.
 #include "dialogs/Dialogs.h"
 #include "dialogs/Look.h"
+#include "dialogs/NoDisplay.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/Fonts.h"
 #include "runtime/DataFiles.h"
 #include "runtime/ProgramRun.h"
 #include "runtime/frmExec.h"
 #include "stub/OwnPayload.h"
+#include "stub/RuntimeSeal.h"
 #include "translator/ModuleLines.h"
 
 #include <QApplication>
@@ -21,6 +23,18 @@
 namespace {
 
 using tolvan::operator""_deva;
+
+// Written by the build behind the linker; volatile, since the compiler is not to know the checksum.
+const volatile tolvan::RuntimeSeal seal = {TOLVAN_SEAL_MARK, 0};
+
+bool isWhole(const char* path) {
+    std::string mark;
+    for (const volatile char& c : seal.mark)
+        if (c != '\0') mark += c;
+    std::ifstream file(path, std::ios::binary);
+    const auto check = tolvan::checkRuntime(file, mark);
+    return check && check->checksum == seal.checksum;
+}
 
 constexpr std::string_view damaged = "\\f1hI )a#l ib\"flelI Aahe\\f0. \\f1te àayaejn calvta yet nahI\\f0."_deva;
 
@@ -45,14 +59,17 @@ void traceIfWanted(tolvan::frmExec& console) {
 
 int main(int, char** arguments) {
     int one = 1;  // the program's name; what follows it is not for Qt to read
+    tolvan::NoDisplayMessage noDisplay(arguments[0]);
     QApplication application(one, arguments);
+    noDisplay.end();
     QApplication::setOrganizationName(QStringLiteral("Tolbasic"));
     QApplication::setApplicationName(QStringLiteral("Tolbasic"));
     tolvan::loadStandIns();
     tolvan::look::apply(application);
 
-    auto payload = tolvan::payloadOf("/proc/self/exe");
-    if (!payload) {
+    constexpr const char* ownFile = "/proc/self/exe";
+    auto payload = tolvan::payloadOf(ownFile);
+    if (!payload || !isWhole(ownFile)) {
         tolvan::ShowMessage(damaged);
         return EXIT_FAILURE;
     }

@@ -3,6 +3,8 @@
 #include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/RtfWriter.h"
 
+#include <algorithm>
+
 namespace tolvan::messages {
 namespace {
 
@@ -32,10 +34,17 @@ std::string otherKind(const QString& path) {
         .append("fta yet nahI\\f0."_deva);
 }
 
-std::string takeUpUnsaved(const QString& title) {
-    return std::string("\\f0"_deva)
-        .append(nameFragment(title))
-        .append("\\f1  he àayaejn saQvlele nahI\\f0.\\f1  te prt Aa[ayce ka\\f0?"_deva);
+std::string takeUpUnsaved(const QStringList& titles) {
+    if (titles.size() == 1)
+        return std::string("\\f0"_deva)
+            .append(nameFragment(titles.first()))
+            .append("\\f1  he àayaejn saQvlele nahI\\f0.\\f1  te prt Aa[ayce ka\\f0?"_deva);
+    constexpr qsizetype mostShown = 8;
+    std::string text("\\f1hI àayaejne saQvlelI nahIt\\f0:"_deva);
+    for (const QString& title : titles.first(std::min(mostShown, titles.size())))
+        text.append("{\\line}").append(nameFragment(title));
+    if (titles.size() > mostShown) text.append("{\\line}... ").append(std::to_string(titles.size()));
+    return text.append("{\\line}\\f1pihle Aata prt Aa[ayce ka\\f0?\\f1 bakIcI puFCya ve¦I yetIl\\f0."_deva);
 }
 
 std::string characterRefused(char32_t character) {

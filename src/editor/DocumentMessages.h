@@ -5,6 +5,7 @@
 #include "platform/encoding/Deva.h"
 
 #include <QString>
+#include <QStringList>
 
 #include <string>
 #include <string_view>
@@ -27,8 +28,9 @@ std::string notSaved(const QString& path);
 std::string notReadable(const QString& path);
 // A dropped file of another kind.
 std::string otherKind(const QString& path);
-// Asks whether to take up the unsaved text of a file; of a document without file, `title` is its title.
-std::string takeUpUnsaved(const QString& title);
+// Asks whether to take up the unsaved text of files, given by their paths or titles; at least one. Of several, the
+// first is meant, and the others come at the next start.
+std::string takeUpUnsaved(const QStringList& titles);
 // A character that has no 8-bit code.
 std::string characterRefused(char32_t character);
 std::string helpFailed();

@@ -4,6 +4,7 @@
 #include "platform/encoding/Ascii.h"
 #include "translator/ProgramFile.h"
 
+#include <QDateTime>
 #include <QDir>
 #include <QFile>
 #include <QFileInfo>
@@ -14,6 +15,8 @@ namespace tolvan {
 namespace {
 
 constexpr char signature[] = "Tolvan Basic unsaved program 1";
+// So long a damaged copy stays, in case somebody can still make something of it.
+constexpr int mostDaysUnreadable = 30;
 constexpr int mostCopies = 1000;  // of all windows together; a thousand unsaved texts are no accident any more
 
 QByteArray takeLine(QByteArray& text) {
@@ -74,8 +77,8 @@ bool RecoveryFiles::keep(const UnsavedText& unsaved) {
         setAside();
         return true;
     }
-    return makePresent() && replaceFile(present_->file, writeRecovery(unsaved)) &&
-           QFile::setPermissions(present_->file, QFile::ReadOwner | QFile::WriteOwner);
+    constexpr unsigned ownerOnly = 0600;
+    return makePresent() && replaceFile(present_->file, writeRecovery(unsaved), ownerOnly);
 }
 
 void RecoveryFiles::setAside() {
@@ -100,29 +103,35 @@ void RecoveryFiles::removeAll() {
     aside_.clear();
 }
 
-std::optional<UnsavedText> RecoveryFiles::nextLeft() {
-    const QStringList names = QDir(folder_).entryList({QStringLiteral("unsaved-*.tvp")}, QDir::Files, QDir::Time);
-    for (const QString& name : names) {
-        const QString file = folder_ + QLatin1Char('/') + name;
-        const bool own = std::any_of(aside_.begin(), aside_.end(), [&](const Copy& copy) { return copy.file == file; });
-        if (own || (present_ && present_->file == file)) continue;
-        std::optional<Copy> copy = lockedCopy(file);
+std::vector<UnsavedText> RecoveryFiles::takeLeft() {
+    std::vector<UnsavedText> texts;
+    const QFileInfoList files = QDir(folder_).entryInfoList({QStringLiteral("unsaved-*.tvp")}, QDir::Files, QDir::Time);
+    for (const QFileInfo& file : files) {
+        const auto isThis = [&](const Copy& copy) { return copy.file == file.filePath(); };
+        if (std::any_of(aside_.begin(), aside_.end(), isThis) || (present_ && isThis(*present_))) continue;
+        std::optional<Copy> copy = lockedCopy(file.filePath());
         if (!copy) continue;
-        const std::optional<QByteArray> content = readWholeFile(file);
-        std::optional<UnsavedText> unsaved = content ? readRecovery(*content) : std::nullopt;
-        if (!unsaved) continue;
-        aside_.push_back(std::move(*copy));
-        return unsaved;
+        const std::optional<QByteArray> content = readWholeFile(copy->file);
+        if (std::optional<UnsavedText> unsaved = content ? readRecovery(*content) : std::nullopt) {
+            texts.push_back(*std::move(unsaved));
+            left_.push_back(*std::move(copy));
+        } else if (file.lastModified().daysTo(QDateTime::currentDateTime()) > mostDaysUnreadable) {
+            QFile::remove(copy->file);
+        }
     }
-    return std::nullopt;
+    return texts;
 }
 
-void RecoveryFiles::takeUpLast() {
-    if (aside_.empty()) return;
-    Copy copy = std::move(aside_.back());
-    aside_.pop_back();
+void RecoveryFiles::takeUpFirst() {
+    if (left_.empty()) return;
     setAside();
-    present_ = std::move(copy);
+    present_ = std::move(left_.front());
+    left_.clear();
+}
+
+void RecoveryFiles::removeLeft() {
+    for (const Copy& copy : left_) QFile::remove(copy.file);
+    left_.clear();
 }
 
 }  // namespace tolvan

@@ -34,11 +34,14 @@ class RecoveryFiles {
     // No copy of this window is needed any more.
     void removeAll();
 
-    // A copy that another window left, newest first, each only once; nothing when there is none any more. It is set
-    // aside.
-    std::optional<UnsavedText> nextLeft();
-    // The copy that nextLeft gave last is the present document from now on.
-    void takeUpLast();
+    // The copies that windows left which ended without their user's will, newest first. They are kept from other
+    // windows until one of the next two calls or the end of this object, which gives back those that are left. Copies
+    // that cannot be read are passed over, and removed when they are old.
+    std::vector<UnsavedText> takeLeft();
+    // The first of them is the present document from now on; the others stay for the next start.
+    void takeUpFirst();
+    // None of them is needed any more.
+    void removeLeft();
 
   private:
     struct Copy {
@@ -52,6 +55,7 @@ class RecoveryFiles {
     QString folder_;
     std::optional<Copy> present_;
     std::vector<Copy> aside_;
+    std::vector<Copy> left_;
 };
 
 // The content of a copy, and back; nothing for what is none.

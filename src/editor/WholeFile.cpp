@@ -1,8 +1,9 @@
 #include "editor/WholeFile.h"
 
+#include "platform/files/ReplaceFile.h"
+
 #include <QFile>
 #include <QFileInfo>
-#include <QSaveFile>
 
 namespace tolvan {
 
@@ -14,10 +15,10 @@ std::optional<QByteArray> readWholeFile(const QString& path) {
     return content;
 }
 
-bool replaceFile(const QString& path, const QByteArray& content) {
-    QSaveFile file(path);
-    // commit() does not notice that what was still buffered found no room; flush() does.
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() && file.commit();
+bool replaceFile(const QString& path, const QByteArray& content, unsigned permissions) {
+    const auto name = [](const QString& file) { return QFile::encodeName(file).toStdString(); };
+    sweepUnfinishedSavings(name(QFileInfo(path).absolutePath()));
+    return replaceFile(name(path), {content.constData(), static_cast<std::size_t>(content.size())}, permissions) == 0;
 }
 
 }  // namespace tolvan

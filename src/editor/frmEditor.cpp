@@ -44,6 +44,7 @@ constexpr auto timer1Interval = 1500ms;
 constexpr auto recoveryInterval = 2s;
 
 constexpr std::string_view readyText = "tolvn beisk tyar Aahe"_deva;
+constexpr std::string_view notKeptText = "n sQvleLya bdla<cI àt Qevta AalI nahI"_deva;
 constexpr std::string_view workingText = "q<k leon sué Aahe"_deva;
 
 }  // namespace
@@ -127,6 +128,7 @@ void frmEditor::connectDocument() {
     connect(&document_, &EditorDocument::saved, this, keepVersion);
     connect(&document_, &EditorDocument::saved, this, [this] {
         recoveryTimer_.stop();
+        isUnkept_ = false;
         recovery_.removeAll();
     });
     recoveryTimer_.setInterval(recoveryInterval);
@@ -152,12 +154,15 @@ void frmEditor::textChanged() {
 }
 
 void frmEditor::Timer1_Tick() {
-    statusBar_->showMessage(readyText);
+    statusBar_->showMessage(isUnkept_ ? notKeptText : readyText);
 }
 
-// A copy that cannot be written is tried again with the next change.
+// A copy that cannot be written is tried again, and the status bar says so meanwhile.
 void frmEditor::keepUnsaved() {
-    if (document_.isDirty()) recovery_.keep(document_.unsaved());
+    const bool wasUnkept = isUnkept_;
+    isUnkept_ = document_.isDirty() && !recovery_.keep(document_.unsaved());
+    if (isUnkept_) recoveryTimer_.start();
+    if (isUnkept_ || wasUnkept) Timer1_Tick();
 }
 
 // The text that goes, and what was set aside before it, becomes old versions; the next start need not ask for it.
@@ -170,13 +175,20 @@ void frmEditor::keepDiscarded() {
     recovery_.setAside();
 }
 
+// "No" discards like everywhere: old versions. After a cancel the next start asks again.
 void frmEditor::offerRecovery() {
-    while (const std::optional<UnsavedText> left = recovery_.nextLeft()) {
-        const QString title = left->path.isEmpty() ? EditorDocument::newTitle : left->path;
-        if (AskQuestion(messages::takeUpUnsaved(title)) != 1) continue;
-        recovery_.takeUpLast();
-        document_.takeUp(*left);
-        return;
+    const std::vector<UnsavedText> left = recovery_.takeLeft();
+    if (left.empty()) return;
+    QStringList titles;
+    for (const UnsavedText& text : left) titles.append(text.path.isEmpty() ? EditorDocument::newTitle : text.path);
+    const int answer = AskQuestion(messages::takeUpUnsaved(titles));
+    if (answer == 1) {
+        recovery_.takeUpFirst();
+        document_.takeUp(left.front());
+    } else if (answer == 0) {
+        bool kept = true;
+        for (auto text = left.rbegin(); text != left.rend(); ++text) kept = oldVersions_.keepDiscarded(*text) && kept;
+        if (kept) recovery_.removeLeft();
     }
 }
 

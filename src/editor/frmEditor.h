@@ -82,7 +82,9 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     // The help command's file; empty: the command is not available.
     void setHelpFile(const QString& path);
 
-    // Asks whether to open the unsaved text of a window that crashed. For start-up, after show().
+    // Writes the recovery copy now.
+    void keepUnsaved();
+    // Asks whether to open the unsaved text of windows that crashed. For start-up, after show().
     void offerRecovery();
 
     // Does what a menu item or a toolbar button stands for. False if there is no command of that name.
@@ -150,7 +152,6 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void refreshCaption();
     void textChanged();
     void Timer1_Tick();
-    void keepUnsaved();
     void keepDiscarded();
     void openDropped(const QStringList& paths);
     void openRecent(int slot);
@@ -175,8 +176,9 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     RecentFiles recentFiles_;
     RecoveryFiles recovery_;
     OldVersions oldVersions_;
-    QTimer timer1_;         // puts the ready text back
-    QTimer recoveryTimer_;  // runs while there is unsaved text that is not kept yet
+    QTimer timer1_;          // puts the ready text back
+    bool isUnkept_ = false;  // the last recovery copy could not be written
+    QTimer recoveryTimer_;   // runs while there is unsaved text that is not kept yet
     QString helpFile_;
     frmFindReplace* findReplace_ = nullptr;
     Translator translator_;

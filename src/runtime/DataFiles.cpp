@@ -3,7 +3,6 @@
 #include "platform/encoding/Deva.h"
 #include "platform/richtext/RtfWriter.h"
 
-#include <QDir>
 #include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
@@ -16,18 +15,13 @@ constexpr std::string_view wantsToWrite = "\\f1he àayaejn hI )a$l bdlU paht Aah
 constexpr std::string_view mayRead = "{\\line}\\f1tI vacU *aycI ka\\f0?"_deva;
 constexpr std::string_view mayWrite = "{\\line}\\f1tI bdlU *aycI ka\\f0?"_deva;
 
-QString documentsFolder() {
-    const QString folder = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    QDir().mkpath(folder);
-    return folder;
-}
-
 }  // namespace
 
 ReachableFiles dataFilesOf(const QString& programFile) {
     const QFileInfo folder(QFileInfo(programFile).absolutePath());
     const bool isUsable = !programFile.isEmpty() && folder.isWritable();
-    const QString chosen = isUsable ? folder.absoluteFilePath() : documentsFolder();
+    const QString chosen =
+        isUsable ? folder.absoluteFilePath() : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return ReachableFiles(QFile::encodeName(chosen).toStdString());
 }
 

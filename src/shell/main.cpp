@@ -1,5 +1,6 @@
 #include "dialogs/Look.h"
 #include "dialogs/MarathiTexts.h"
+#include "dialogs/NoDisplay.h"
 #include "platform/fonts/Fonts.h"
 #include "platform/settings/Settings.h"
 #include "shell/mdlMain.h"
@@ -13,7 +14,9 @@
 
 int main(int argumentCount, char** arguments) {
     int one = 1;  // the program's name; what follows it is not for Qt to read
+    tolvan::NoDisplayMessage noDisplay("tolbasic");
     QApplication application(one, arguments);
+    noDisplay.end();
     QApplication::setOrganizationName(QStringLiteral("Tolbasic"));
     QApplication::setApplicationName(QStringLiteral("Tolbasic"));
     QApplication::setDesktopFileName(QStringLiteral("tolbasic"));

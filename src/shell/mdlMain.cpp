@@ -39,6 +39,10 @@ mdlMain::mdlMain(Settings& settings) : settings_(settings) {
     // Boxes come and go while no other window is up; that is no end.
     QApplication::setQuitOnLastWindowClosed(false);
     connect(qApp, &QGuiApplication::lastWindowClosed, this, &mdlMain::endIfNothingIsLeft, Qt::QueuedConnection);
+    connect(&terminationSignals_, &TerminationSignals::received, this, [this] {
+        if (editor_) editor_->keepUnsaved();
+        shutDown();
+    });
 }
 
 mdlMain::~mdlMain() = default;

@@ -3,6 +3,7 @@
 
 #include "editor/EditorState.h"
 #include "shell/CommandLine.h"
+#include "shell/TerminationSignals.h"
 #include "shell/frmSplash.h"
 
 #include <QObject>
@@ -54,6 +55,7 @@ class mdlMain : public QObject {
     EditorState state_;
     QString helpFile_;  // empty: there is none
     std::unique_ptr<frmEditor> editor_;
+    TerminationSignals terminationSignals_;
     bool starting_ = true;
 };
 

@@ -2,6 +2,7 @@
 #include "EditorFixture.h"
 #include "editor/RecoveryFiles.h"
 
+#include <QDateTime>
 #include <QDir>
 
 namespace tolvan {
@@ -15,6 +16,18 @@ TEST_F(EditorTest, TheUnsavedTextOfALivingWindowIsNotOffered) {
     second.offerRecovery();
     EXPECT_THAT(user.told, testing::IsEmpty());
     EXPECT_EQ(second.txtRoman().text(), "");
+}
+
+TEST(Recovery, UnreadableCopiesGoWhenTheyAreOld) {
+    const QTemporaryDir folder;
+    for (const char* name : {"/unsaved-1.tvp", "/unsaved-2.tvp"}) {
+        QFile file(folder.path() + QLatin1String(name));
+        ASSERT_TRUE(file.open(QIODevice::WriteOnly));
+        const int days = name[9] == '1' ? 29 : 32;
+        EXPECT_TRUE(file.setFileTime(QDateTime::currentDateTime().addDays(-days), QFileDevice::FileModificationTime));
+    }
+    EXPECT_TRUE(RecoveryFiles(folder.path()).takeLeft().empty());
+    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("unsaved-1.tvp")});
 }
 
 TEST(Recovery, ACopyHoldsAnyText) {

@@ -9,6 +9,9 @@
 #include <QScrollBar>
 #include <QTimer>
 
+#include <csignal>
+#include <sys/resource.h>
+
 namespace tolvan {
 namespace {
 
@@ -170,13 +173,30 @@ TEST_F(RunTest, SavesAndFormatsBeforeARunIfThePreferencesSaySo) {
     EXPECT_TRUE(QFile::exists(path("again.tvp")));
 }
 
+// As long as it lives, no file can be written.
+class FullDisk {
+  public:
+    FullDisk() {
+        std::signal(SIGXFSZ, SIG_IGN);
+        ::getrlimit(RLIMIT_FSIZE, &before_);
+        const rlimit none{0, before_.rlim_max};
+        ::setrlimit(RLIMIT_FSIZE, &none);
+    }
+    FullDisk(const FullDisk&) = delete;
+    FullDisk& operator=(const FullDisk&) = delete;
+    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
+
+  private:
+    rlimit before_{};
+};
+
 // An example of the system cannot be saved, nor need it be as long as it is unchanged.
 TEST_F(RunTest, WhatCannotBeSavedIsToldOnlyWhenItIsChanged) {
     state.SaveBeforeExecute = true;
     const QByteArray content = "caption\r\na = 1\r\n";
-    // So long a name leaves no room for the one of the file that is written beside it.
-    const QString example = writeFile(std::string(252, 'x').c_str(), content);
+    const QString example = writeFile("example.tvp", content);
     editor->OpenFile(example);
+    const FullDisk fullDisk;
     press(Qt::Key_F5);
     EXPECT_TRUE(console()->isVisible());
     EXPECT_THAT(user.takeTold(), testing::IsEmpty());

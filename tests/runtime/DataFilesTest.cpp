@@ -43,15 +43,15 @@ TEST_F(ConsoleTest, TheQuestionAboutAFilePrefersNo) {
         EXPECT_FALSE(console->MayReachFile("/etc/passwd", false));
     }
     onceDialogIsUp([](QDialog& box) { click(box, "cmdYes"); });
-    state.IsRunning = true;
+    ASSERT_TRUE(state.begin());
     EXPECT_TRUE(console->MayReachFile("/etc/passwd", false));
-    state.IsRunning = false;
+    state.end();
 }
 
 TEST(DataFiles, AProgramWithoutAFolderToWriteHasTheDocumentsFolder) {
     const TemporaryFolder home;
     ::setenv("HOME", home.path().c_str(), 1);
-    for (const char* file : {"", "/proc/program.tvp"}) {
+    for (const char* file : {"", "/no/such/program.tvp"}) {
         ReachableFiles files = dataFilesOf(QLatin1String(file));
         Descriptor opened;
         EXPECT_EQ(files.open("marks.txt", DataFileMode::Write, opened), FileError::None) << file;

@@ -5,6 +5,7 @@
 
 #include <gmock/gmock.h>
 #include <random>
+#include <sys/stat.h>
 
 namespace tolvan {
 namespace {
@@ -54,6 +55,20 @@ TEST_F(StartTest, SplashGoesByItself) {
     const DrivenResult result = process_.run(programFolder() + "/tolbasic", {}, {"frmEditor close"});
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), StartsWith(editorWindow)));
+}
+
+TEST_F(StartTest, KeepsTheTextWhenTheSystemEndsIt) {
+    EXPECT_EQ(start({}, {"frmEditor logout dAkhav"}).status, 0);
+    EXPECT_THAT(process_.folder().read("home/config/Tolbasic/unsaved-1.tvp"), HasSubstr("dAkhav"));
+    const DrivenResult next = start({}, {"frmMQuestionBox click cmdYes", "frmEditor logout x"});
+    EXPECT_EQ(next.status, 0) << next.errors;
+    EXPECT_THAT(next.windows.back(), HasSubstr("Default.tvp"));
+}
+
+TEST_F(StartTest, SettingsThatAreAPipeDelayNothing) {
+    fs::create_directories(process_.folder() / "home/config/Tolbasic");
+    ASSERT_EQ(::mkfifo((process_.folder() / "home/config/Tolbasic/Tolbasic.conf").c_str(), 0600), 0);
+    EXPECT_EQ(start({}, {"frmEditor close"}).status, 0);
 }
 
 // On this platform of Qt no font can be loaded.

@@ -102,6 +102,44 @@ TEST(StandAlone, DamageIsToldInDevanagariAndIsAnExitStatus) {
     }
 }
 
+TEST(StandAlone, ADamagedRuntimeIsTold) {
+    const std::string behind = payloadOf("nAv", "dAkhav 1");
+    DrivenProcess process;
+    const std::string path = writeExecutable(process.folder(), behind);
+    // A text of the runtime, which no code depends on.
+    std::string bytes = process.folder().read("program.exe");
+    const std::size_t place = bytes.find("TOLVAN_TRACE");
+    ASSERT_NE(place, std::string::npos);
+    bytes[place + 3] = 'x';
+    process.folder().write("program.exe", bytes);
+    const DrivenResult result = process.run(path, {}, {"frmMMsgbox click cmdOK"});
+    EXPECT_EQ(result.status, 1) << result.errors;
+    EXPECT_THAT(result.windows, ElementsAre(HasSubstr("ib\"flelI Aahe")));
+}
+
+// Tools that remove symbols leave the checksum true.
+TEST(StandAlone, AStrippedRuntimeIsWhole) {
+    DrivenProcess process;
+    const std::string path = writeExecutable(process.folder(), "");
+    if (std::system(("strip " + path).c_str()) != 0) GTEST_SKIP() << "no strip here";
+    std::ofstream(path, std::ios::binary | std::ios::app) << payloadOf("nAv", "dAkhav 1");
+    const DrivenResult result = process.run(path, {}, {"frmExec leave"});
+    EXPECT_EQ(result.status, 0) << result.errors;
+    EXPECT_THAT(result.windows, ElementsAre(StartsWith("frmExec|")));
+}
+
+TEST(StandAlone, WithoutADisplayALineOfTextSaysSo) {
+    const TemporaryFolder folder;
+    for (const std::string& program : {programFolder() + "/tolbasic", programFolder() + "/engine.dat"}) {
+        const std::string command = "env -u DISPLAY -u WAYLAND_DISPLAY -u QT_QPA_PLATFORM " + program + " 2>" +
+                                    (folder / "errors") + "; echo $? >" + (folder / "status");
+        EXPECT_EQ(std::system(command.c_str()), 0);
+        EXPECT_EQ(folder.read("status"), "1\n");
+        EXPECT_THAT(folder.read("errors"), testing::EndsWith("there is no display\n"));
+        EXPECT_EQ(linesOf(folder.read("errors")).size(), 1U) << folder.read("errors");
+    }
+}
+
 // Damage that cannot be seen is run; either way the executable ends in order when its windows are closed.
 TEST(StandAlone, AnyDamageIsToldOrRuns) {
     const std::string whole = payloadOf("nAv",

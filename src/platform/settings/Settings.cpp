@@ -1,6 +1,7 @@
 #include "platform/settings/Settings.h"
 
 #include <QFileInfo>
+#include <QStandardPaths>
 
 namespace tolvan {
 namespace {
@@ -11,12 +12,19 @@ QString path(const QString& section, const QString& key) {
     return section + QLatin1Char('/') + key;
 }
 
+// Reading a pipe would wait for ever; something that is no file is left alone, with another one beside it.
+QString usableFile(const QString& file) {
+    const QFileInfo entry(file);
+    return !entry.exists() || entry.isFile() ? file : file + QStringLiteral(".2");
+}
+
 }  // namespace
 
-Settings::Settings(const QString& file) : store_(file, QSettings::IniFormat) {}
+Settings::Settings(const QString& file) : store_(usableFile(file), QSettings::IniFormat) {}
 
 QString Settings::userFile() {
-    return QSettings(QSettings::NativeFormat, QSettings::UserScope, applicationName, applicationName).fileName();
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QStringLiteral("/%1/%1.conf").arg(applicationName);
 }
 
 QString Settings::GetSetting(const QString& section, const QString& key, const QString& absent) const {

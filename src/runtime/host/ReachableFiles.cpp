@@ -8,6 +8,7 @@
 #include <fcntl.h>
 #include <filesystem>
 #include <sys/stat.h>
+#include <system_error>
 #include <unistd.h>
 #include <utility>
 
@@ -79,6 +80,8 @@ FileError ReachableFiles::open(const std::string& name, DataFileMode mode, Descr
 }
 
 FileError ReachableFiles::openOwn(const std::string& path, DataFileMode mode, Descriptor& file) {
+    std::error_code ignored;
+    if (mode != DataFileMode::Read) fs::create_directories(folder_, ignored);
     file = openBeneath(folder_, path.substr(folder_.size()), openFlags(mode));
     if (!file.isOpen())
         return errno == ELOOP || errno == EXDEV ? openOther(path, mode, file) : openFileError(errno, path);

@@ -27,8 +27,8 @@ class ReachableFiles {
     // links led there.
     using Consent = std::function<bool(const std::string& path, bool writing)>;
 
-    // Names start from `folder`, whatever is reached; at first from the working folder. Without `consent` there is
-    // none.
+    // Names start from `folder`, whatever is reached; at first from the working folder. It is made when the first file
+    // is written, if it is not there. Without `consent` there is none.
     ReachableFiles() : ReachableFiles(".") {}
     explicit ReachableFiles(const std::string& folder, Reach reach = Reach::Folder);
 

@@ -10,6 +10,7 @@
 //     CLASS type TEXT        types it into the widget with the keyboard, and Enter
 //     CLASS close            closes the window
 //     CLASS leave            presses the blank until the window is gone
+//     CLASS logout TEXT      types it into the widget with the keyboard; then the system asks the program to end
 //     CLASS remove FILE      removes a file meanwhile
 // With "*" as CLASS a deed is for any window, and is done again and again until the program ends.
 #include <QAbstractButton>
@@ -21,6 +22,8 @@
 #include <QPointer>
 #include <QTest>
 #include <QTimer>
+
+#include <csignal>
 
 namespace tolvan {
 namespace {
@@ -110,6 +113,10 @@ class User : public QObject {
             for (const QChar letter : deed.object)
                 QTest::sendKeyEvent(QTest::Click, window.windowHandle(), Qt::Key_unknown, letter, {});
             QTest::keyClick(window.windowHandle(), Qt::Key_Return);
+        } else if (deed.verb == QLatin1String("logout")) {
+            for (const QChar letter : deed.object)
+                QTest::sendKeyEvent(QTest::Click, window.windowHandle(), Qt::Key_unknown, letter, {});
+            std::raise(SIGTERM);
         } else if (deed.verb == QLatin1String("close")) {
             window.close();
         } else if (deed.verb == QLatin1String("remove")) {

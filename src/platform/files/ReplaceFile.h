@@ -1,0 +1,21 @@
+// Saving without ever losing what was there: the new content is written beside the old file, brought to the disk, and
+// then put in its place.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <sys/types.h>
+
+namespace tolvan {
+
+// Puts `content` in the place of the file at `path`, or of none. Returns 0, or the system's error number (errno); then
+// the old content is still there, unless only bringing the change of the folder to the disk failed. Permissions stay,
+// those of a new file are `permissions` less the user's mask; a link stays a link. What is no ordinary file, or may not
+// be written, is left alone.
+int replaceFile(const std::string& path, std::string_view content, mode_t permissions = 0666);
+
+// Removes what savings into this folder left that did not come to their end, as when the power failed. Savings that are
+// under way keep theirs.
+void sweepUnfinishedSavings(const std::string& folder);
+
+}  // namespace tolvan

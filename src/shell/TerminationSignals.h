@@ -1,0 +1,28 @@
+// The signals by which the system asks a process to end: at logout, at shutdown, from a terminal. They are turned into
+// an event, so that unsaved text can be kept.
+#pragma once
+
+#include <QObject>
+
+#include <array>
+
+class QSocketNotifier;
+
+namespace tolvan {
+
+class TerminationSignals : public QObject {
+    Q_OBJECT
+  public:
+    // One at a time in a process. Without effect where the system has no pipe left.
+    explicit TerminationSignals(QObject* parent = nullptr);
+    ~TerminationSignals() override;
+
+  signals:
+    void received();
+
+  private:
+    std::array<int, 2> pipe_{-1, -1};
+    QSocketNotifier* notifier_ = nullptr;
+};
+
+}  // namespace tolvan
