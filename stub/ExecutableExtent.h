@@ -1,4 +1,4 @@
-// How long a program is, whatever stands behind it in its file.
+// How long a program is, whatever follows it in its file.
 #pragma once
 
 #include <cstdint>

@@ -1,4 +1,4 @@
-// The program that a stand-alone executable carries behind its runtime.
+// The program that a stand-alone executable carries after its runtime.
 #pragma once
 
 #include "shell/Payload.h"

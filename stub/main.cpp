@@ -1,4 +1,4 @@
-// The runtime of stand-alone executables: a program of its own, which runs what stands behind it in its file.
+// The runtime of stand-alone executables: a program of its own, which runs the program that follows it in its file.
 #include "dialogs/Dialogs.h"
 #include "dialogs/Look.h"
 #include "dialogs/NoDisplay.h"
@@ -24,7 +24,7 @@ namespace {
 
 using tolvan::operator""_deva;
 
-// Written by the build behind the linker; volatile, since the compiler is not to know the checksum.
+// Written by the build after linking; volatile, since the compiler is not to know the checksum.
 const volatile tolvan::RuntimeSeal seal = {TOLVAN_SEAL_MARK, 0};
 
 bool isWhole(const char* path) {

@@ -32,7 +32,7 @@ class ModuleLines {
     // program does not have.
     int scriptLine(int programLine) const;
 
-    // For the translator: `text` is put behind the module; each line end in it begins a line of this kind.
+    // For the translator: `text` is appended to the module; each line end in it begins a line of this kind.
     void append(std::string_view text, Kind kind, int programLine);
 
   private:

@@ -15,14 +15,14 @@ struct ProgramFile {
     };
 
     std::string caption;
-    std::string roman;  // lines parted by CR LF
+    std::string roman;  // lines separated by CR LF
     Problem problem = Problem::None;
 };
 
 // A bare LF is read as CR LF; every other character is kept.
 ProgramFile readProgramFile(std::string_view bytes);
 
-// The bytes of a file. The text gets one CR LF more behind it, which comes back with it when the file is read.
+// The bytes of a file. The text gets one CR LF more after it, which comes back with it when the file is read.
 std::string writeProgramFile(std::string_view caption, std::string_view roman);
 
 }  // namespace tolvan

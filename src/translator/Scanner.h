@@ -21,7 +21,7 @@ struct Token {
         Word,       // up to the next separator; empty between two separators
         Separator,  // one character; a double quote opens or closes a literal
         Literal,    // what stands between two double quotes
-        Lost,       // behind the last separator, or behind a quote that nothing closes: not part of the program
+        Lost,       // after the last separator, or after a quote that nothing closes: not part of the program
     };
     Kind kind;
     StyledView text;  // a slice of the statement
@@ -40,7 +40,7 @@ class Scanner {
     Token take(Token::Kind kind, std::size_t end);
 
     StyledView statement_;
-    std::size_t position_ = 0;  // behind the tokens given so far
+    std::size_t position_ = 0;  // after the tokens given so far
     bool inLiteral_ = false;
     bool atSeparator_ = false;  // the word or literal before the separator at position_ has been given
 };

@@ -40,7 +40,7 @@ class WorkingLine {
     }
     bool contains(std::string_view word) const { return pos(word) > 0; }
 
-    // From position `start` to the one before `end`; nothing if `end` is not behind it.
+    // From position `start` to the one before `end`; nothing if `end` is not after it.
     StyledView between(Position start, Position end) const {
         if (end <= start) return {};
         return text_.substr(static_cast<std::size_t>(start - 1), static_cast<std::size_t>(end - start));

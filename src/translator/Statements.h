@@ -31,7 +31,7 @@ StatementKind statementKind(std::string_view line);
 // Whether a line begins a function: it names one and holds no end, wherever the words stand.
 bool isFunctionHead(std::string_view line);
 
-// Lines are translated with a blank before them. A statement, and an argument cut out of one, gets a blank behind it
+// Lines are translated with a blank before them. A statement, and an argument cut out of one, gets a blank after it
 // too: a word counts only if a separator follows it.
 StyledText workingLine(StyledView line);
 StyledText workingStatement(StyledView line);

@@ -14,7 +14,7 @@ namespace tolvan {
 
 struct CompileProgress {
     std::size_t lines;       // done so far, empty ones included
-    std::size_t characters;  // of the whole program, with the one blank that is put behind it
+    std::size_t characters;  // of the whole program, with the one blank that is added at its end
 };
 
 // Any text at all is translated, in time that grows with its length; what is no program fails when the script is
@@ -23,7 +23,7 @@ class Translator {
   public:
     using Progress = std::function<void(const CompileProgress&)>;
 
-    // The module of a program: lines are separated by CR LF in both. Every statement has a line of its own, behind a
+    // The module of a program: lines are separated by CR LF in both. Every statement has a line of its own, after a
     // line that polls the console, so that a running program can be stopped; lines that are empty or blank give
     // nothing. The main program comes first, then the functions, the first of which ends it. `progress` is called after
     // each line.

@@ -1,7 +1,9 @@
 #include "platform/encoding/Deva.h"
+#include "platform/files/Descriptor.h"
 #include "support/Cases.h"
 #include "tvp/TvpProcess.h"
 
+#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 #include <iterator>
@@ -166,6 +168,17 @@ TEST(CommandLine, SaysWhenItsOutputCannotBeWritten) {
     const TvpResult result = tvp.runProgram({"run"}, "jovar 1 = 1 tovar\r\ndAkhav 1\r\nkar");
     EXPECT_EQ(result.status, 2) << "an endless program ends when nobody can read it";
     EXPECT_THAT(result.errors, HasSubstr("cannot write the output: No space left on device"));
+}
+
+TEST(CommandLine, SendsNoControlCodesToATerminal) {
+    const Descriptor terminal(::posix_openpt(O_RDWR | O_NOCTTY));
+    ASSERT_TRUE(terminal.isOpen() && ::grantpt(terminal.number()) == 0 && ::unlockpt(terminal.number()) == 0);
+    TvpProcess tvp;
+    tvp.sendOutputTo(::ptsname(terminal.number()));
+    tvp.runProgram({"run"}, "dAkhav #\"\x1B]0;\x07 \x9B \xC2\x9B \xE0\xA4\x95\"#");
+    std::string shown;
+    EXPECT_EQ(terminal.read(shown, 1000), 0);
+    EXPECT_EQ(shown, "{?]0;? ? ? \xE0\xA4\x95}\r\n");
 }
 
 TEST(CommandLine, EndsAtCtrlC) {

@@ -54,7 +54,7 @@ struct Invocation {
     Output& messages;
 };
 
-// Calls `line(text, end)` for each line and its own line end: LF, CR LF, or none behind the last.
+// Calls `line(text, end)` for each line and its own line end: LF, CR LF, or none after the last.
 template <class LineCall>
 void forEachLine(std::string_view text, const LineCall& line) {
     while (!text.empty()) {
@@ -219,7 +219,7 @@ enum OptionBit : unsigned { noOption = 0, traceOption = 1U << 0U, runOption = 1U
 
 struct Option {
     OptionBit bit;
-    std::string_view name;  // one that ends in "=" has a value behind it
+    std::string_view name;  // one that ends in "=" has a value after it
     std::string_view usage;
     // Throws UsageFailure where the value is not one.
     void (*set)(Invocation&, std::string_view value);

@@ -1,5 +1,6 @@
 // Bytes on their way to a file descriptor, written in large pieces. After a failure all further bytes are dropped, so
-// that a caller need ask only now and then.
+// that a caller need ask only now and then. On a terminal a control code is shown as "?": a program could change the
+// terminal with it, or what it seems to have printed.
 #pragma once
 
 #include "platform/files/Descriptor.h"
@@ -11,7 +12,7 @@ namespace tolvan {
 
 class Output {
   public:
-    explicit Output(int descriptor) : descriptor_(Descriptor::standard(descriptor)) {}
+    explicit Output(int descriptor);
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
     ~Output() { flush(); }
@@ -27,6 +28,7 @@ class Output {
     void writeThrough(std::string_view bytes);
 
     Descriptor descriptor_;
+    bool isTerminal_;
     int failure_ = 0;
     std::string waiting_;
 };

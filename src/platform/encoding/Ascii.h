@@ -55,7 +55,7 @@ inline constexpr std::string_view lineEnd = "\r\n";
 
 struct Line {
     std::string_view text;
-    std::string_view end;  // CR LF, LF, or empty behind the last line
+    std::string_view end;  // CR LF, LF, or empty after the last line
 };
 
 // Takes the first line, with its end, away from the front of `text`.

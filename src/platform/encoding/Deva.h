@@ -18,7 +18,7 @@ struct Utf8Literal {
     }
 };
 
-// One character of valid UTF-8 at `position`, which moves behind it.
+// One character of valid UTF-8 at `position`, which moves on to the next one.
 constexpr char32_t nextCharacter(const char* bytes, std::size_t& position) {
     const auto lead = static_cast<unsigned char>(bytes[position++]);
     if (lead < 0x80) return lead;

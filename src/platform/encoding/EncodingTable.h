@@ -13,8 +13,8 @@ enum class GlyphKind : std::uint8_t {
     Consonant,
     Conjunct,
     Syllable,  // a consonant with its vowel sign
-    Half,      // joins the letter behind it
-    Form,      // ya or ra behind a letter without a half form
+    Half,      // joins the letter after it
+    Form,      // ya or ra after a letter without a half form
     Reph,
     Sign,
     SignBefore,  // the short i, which stands before its consonants

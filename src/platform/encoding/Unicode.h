@@ -15,7 +15,7 @@ namespace tolvan {
 // non-joiner keeps them apart.
 std::string unicodeOfCodes(std::string_view codes);
 
-// The same, behind what `utf8` holds already.
+// The same, appended to what `utf8` holds already.
 void appendUnicodeOfCodes(std::string_view codes, std::string& utf8);
 
 // Text in windows-1252, as that of the Latin font.

@@ -39,7 +39,7 @@ std::string forwardSlashes(std::string_view path) {
 }
 
 std::string findPath(std::string_view path) {
-    std::string found;  // what is known to exist so far, with the slashes behind it
+    std::string found;  // what is known to exist so far, with the slashes after it
     for (std::size_t start = 0; start < path.size();) {
         const std::size_t end = std::min(path.find('/', start), path.size());
         const std::size_t next = std::min(path.find_first_not_of('/', end), path.size());

@@ -35,7 +35,7 @@ constexpr Letter ha{Sound::Ha};
 
 // The next glyph of a cluster.
 struct Step {
-    std::uint32_t cost;   // of this glyph and all behind it
+    std::uint32_t cost;   // of this glyph and all after it
     std::uint8_t row;     // of consonantGlyphs
     std::uint8_t length;  // letters
     bool half;

@@ -14,7 +14,7 @@ inline constexpr std::size_t maxConvertLength = 200;  // characters a call
 // Letters are converted, a tab becomes a blank, any other character is copied.
 std::string convert(std::string_view roman);
 
-// The same, behind what `encoded` holds already.
+// The same, appended to what `encoded` holds already.
 void convert(std::string_view roman, std::string& encoded);
 
 }  // namespace tolvan

@@ -17,7 +17,7 @@ enum class SignPlace : std::uint8_t {
 };
 
 // A letter or conjunct: the consonants in Roman spelling, the full glyph, and the half form that joins the letter
-// behind it, where the font has one.
+// after it, where the font has one.
 struct ConsonantGlyph {
     std::string_view consonants;
     std::string_view full;
@@ -189,7 +189,7 @@ inline constexpr auto syllableGlyphs = std::to_array<SyllableGlyph>({
 });
 
 namespace glyph {
-inline constexpr std::string_view yaForm = "("_deva;  // ya behind what has no half form
+inline constexpr std::string_view yaForm = "("_deva;  // ya after what has no half form
 inline constexpr std::string_view raForm = "+"_deva;  // ra under what has no conjunct with it
 inline constexpr std::string_view reph = "R"_deva;
 inline constexpr std::string_view rephAnusvara = "¡"_deva;

@@ -6,7 +6,7 @@
 
 namespace tolvan {
 
-// Text of any number of lines, parted by CR LF.
+// Text of any number of lines, separated by CR LF.
 std::string ReplaceRomanChars(std::string_view text);
 
 // One line. It is cut at its blanks into pieces, or, where none is near enough, in the middle of a word.

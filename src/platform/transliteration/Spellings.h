@@ -60,12 +60,12 @@ enum class Sound : std::uint8_t {
     Au,
     CandraE,
     CandraO,  // the last vowel
-    // What stands behind a syllable or a consonant.
+    // What follows a syllable or a consonant.
     Anusvara,
     Candrabindu,
     Visarga,
     Virama,
-    NuktaOrParting,  // behind a consonant the nukta; behind a vowel it only parts two spellings
+    NuktaOrParting,  // after a consonant the nukta; after a vowel it only separates two spellings
 };
 
 constexpr bool isConsonant(Sound sound) {

@@ -31,7 +31,7 @@ class Trie {
         if (values_.at(node) == noWord) values_.at(node) = value;
     }
 
-    // The node behind `node`, or the root when no word goes on that way.
+    // The node after `node`, or the root when no word goes on that way.
     constexpr Node step(Node node, std::size_t symbol) const { return symbol < Symbols ? next_[node][symbol] : root; }
     constexpr std::uint8_t value(Node node) const { return values_[node]; }
 

@@ -41,7 +41,7 @@ class Letters {
     std::size_t size_ = 0;
 };
 
-// Whether the spellings of sounds, one behind the other, would be read as another sound in the place of the first.
+// Whether the spellings of sounds, one after the other, would be read as another sound in the place of the first.
 constexpr bool misread(Sound first, Sound second, Sound third = noSound) {
     Letters letters;
     for (const Sound sound : {first, second, third})
@@ -51,8 +51,8 @@ constexpr bool misread(Sound first, Sound second, Sound third = noSound) {
 
 enum class Neighbours : std::uint8_t {
     Apart,     // each is read as it is meant
-    Misread,   // something has to part them
-    Doubtful,  // it depends on what comes behind them
+    Misread,   // something has to separate them
+    Doubtful,  // it depends on what comes after them
 };
 
 constexpr bool beginsSpelling(std::string_view letters) {
@@ -225,7 +225,7 @@ class RomanWriter {
     enum class State : std::uint8_t {
         Start,      // nothing to which a mark could be added
         Consonant,  // its vowel has not been written
-        Virama,     // behind a consonant; nothing has been written for it
+        Virama,     // after a consonant; nothing has been written for it
         Vowel,
     };
     static constexpr std::size_t characterSize = 3;  // bytes of each character of the block and of each joiner
@@ -435,7 +435,7 @@ class RomanWriter {
                misread(beforeLast_, last_, next);
     }
 
-    // Consonants are parted by a virama; behind anything else, and behind the eyelash ra, the nukta's letter means
+    // Consonants are separated by a virama; after anything else, and after the eyelash ra, the nukta's letter means
     // nothing else.
     void part(Sound next) {
         const bool inCluster = isConsonant(last_) && isConsonant(next) && last_ != Sound::EyelashRa;
@@ -461,7 +461,7 @@ class RomanWriter {
     SoundsBefore before_;
     bool afterDevanagari_ = false;
     bool loneRa_ = false;       // the consonant written last is a ra at the head of its cluster
-    bool joinerWaits_ = false;  // behind the virama
+    bool joinerWaits_ = false;  // after the virama
 };
 
 }  // namespace

@@ -1,4 +1,4 @@
-// "Library": the object behind those library words whose functions need more than the script language has.
+// "Library": the object that serves those library words whose functions need more than the script language has.
 //
 // Texts are in internal text form. Errors raised in the script: 5 for an argument that is out of range, 13 and 6 where
 // a value does not convert, 450 for a wrong number of arguments.
