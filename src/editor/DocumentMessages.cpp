@@ -44,7 +44,7 @@ std::string takeUpUnsaved(const QStringList& titles) {
     for (const QString& title : titles.first(std::min(mostShown, titles.size())))
         text.append("{\\line}").append(nameFragment(title));
     if (titles.size() > mostShown) text.append("{\\line}... ").append(std::to_string(titles.size()));
-    return text.append("{\\line}\\f1pihle Aata prt Aa[ayce ka\\f0?\\f1 bakIcI puFCya ve¦I yetIl\\f0."_deva);
+    return text.append("{\\line}\\f1pihle Aata prt Aa[ayce ka\\f0? \\f1bakIcI puFCya ve¦I yetIl\\f0."_deva);
 }
 
 std::string characterRefused(char32_t character) {
