@@ -18,12 +18,13 @@ std::optional<std::string_view> takeCrLfLine(std::string_view& text) {
     return line;
 }
 
-// Whether the main routine is as the translator writes it, up to its end. Functions may follow; they have no such form.
+// Whether the main routine is as the translator writes it, up to its end. Functions may follow, those of the
+// program and of the library; they have no such form.
 bool isWholeModule(std::string_view module) {
     if (takeCrLfLine(module) != module_form::mainBegin) return false;
     for (;;) {
         const auto line = takeCrLfLine(module);
-        if (line == module_form::mainEnd) return module.empty() || module.starts_with(lineEnd);
+        if (line == module_form::mainEnd) return true;
         if (line != module_form::pollLine || !takeCrLfLine(module)) return false;
     }
 }
