@@ -45,6 +45,9 @@ constexpr MenuItem editItems[] = {
     {"mnuSeperator7", separator},
     {"EditFormat", "sjv"_deva, Greyed},
     {"EditSuggest", "zBd sucv"_deva, Greyed},
+    {"mnuSeperator11", separator},
+    {"EditNextProblem", "puFcI Afc["_deva},
+    {"EditMend", "ÊéSt kr"_deva, Greyed},
 };
 
 constexpr MenuItem viewItems[] = {
@@ -112,6 +115,9 @@ constexpr Shortcut shortcutTable[] = {
     {"EditFind", "Ctrl+F"},
     {"EditReplace", "Ctrl+H"},
     {"EditFindNext", "F3"},
+    {"EditNextProblem", "F8"},
+    {"EditMend", "Alt+Return"},
+    {"EditMend", "Alt+Enter"},
     {"EditFormat", "Ctrl+Shift+F"},
     {"EditSuggest", "Ctrl+Space"},
     {"ViewNextPane", "F6"},

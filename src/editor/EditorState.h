@@ -12,6 +12,8 @@ struct EditorState {
     bool FormatBeforeExecute = true;
     bool SuggestWords = true;  // the completion list comes by itself
     bool PairQuotes = true;    // a quote that is typed brings its partner and its span
+    bool ShowProblems = true;  // the guide looks at the program while it is typed
+    bool MendWords = true;     // a word typed with another vowel length or nasal is put right
     // The application is shutting down: windows close without asking.
     bool Closing = false;
 };

@@ -1,12 +1,15 @@
 #include "editor/EditorStatusBar.h"
 
 #include "dialogs/Look.h"
+#include "dialogs/StyledLine.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
+#include "platform/richtext/UnicodeText.h"
 #include "translator/Translator.h"
 
 #include <QLabel>
 #include <QLayout>
+#include <QPainter>
 
 #include <cmath>
 #include <utility>
@@ -20,6 +23,29 @@ constexpr double wholeWidth = 211;  // of a program with as many lines as charac
 
 }  // namespace
 
+// One line in the fonts of its text.
+class StyledPanel : public QWidget {
+  public:
+    explicit StyledPanel(QWidget* parent) : QWidget(parent) { setMinimumWidth(1); }
+
+    void setText(const StyledText& text) {
+        text_ = controlText(text);
+        setToolTip(QString::fromStdString(unicodeOf(text)));
+        setAccessibleName(toolTip());
+        setVisible(!text.empty());
+        update();
+    }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        drawStyledLine(painter, QRectF(rect()).adjusted(look::em(0.5), 0, 0, 0), text_, look::text);
+    }
+
+  private:
+    ControlText text_;
+};
+
 double progressWidth(const CompileProgress& progress) {
     const double step = wholeWidth / static_cast<double>(progress.characters);
     return 1 + step * static_cast<double>(progress.lines);
@@ -30,13 +56,17 @@ EditorStatusBar::EditorStatusBar(QWidget* parent)
       line_(addPanel("panel1", 0)),
       message_(addPanel("panel2", 1)),
       description_(addPanel("panel3", 2)),
-      progress_(addPanel("panel4", 0)) {
+      progress_(addPanel("panel4", 0)),
+      text_(new StyledPanel(this)) {
     setObjectName(QStringLiteral("StatusBar1"));
     setSizeGripEnabled(false);
     line_->setMinimumWidth(look::em(6));
     progress_->setAutoFillBackground(true);
     progress_->setPalette(look::accent);
     hideProgress();
+    text_->setObjectName(QStringLiteral("panelText"));
+    insertWidget(3, text_, 4);
+    text_->hide();
 }
 
 QLabel* EditorStatusBar::addPanel(const char* name, int stretch) {
@@ -70,6 +100,11 @@ void EditorStatusBar::showLeftOut(const std::string& word) {
     description_->setText(QStringLiteral("<span style='font-family: \"%1\"'>%2</span> %3")
                               .arg(look::controlFont(Font::Latin).families().join(QLatin1String("\",\"")),
                                    QString::fromStdString(word), toQString(readsAsNothing).toHtmlEscaped()));
+}
+
+void EditorStatusBar::showText(const StyledText& text) {
+    description_->setVisible(text.empty());
+    text_->setText(text);
 }
 
 void EditorStatusBar::showProgress(double width) {

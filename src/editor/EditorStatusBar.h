@@ -2,6 +2,8 @@
 // translation has come. Its panels are named panel1 to panel4.
 #pragma once
 
+#include "platform/richtext/StyledText.h"
+
 #include <QStatusBar>
 
 #include <cstddef>
@@ -11,6 +13,8 @@
 class QLabel;
 
 namespace tolvan {
+
+class StyledPanel;
 
 struct CompileProgress;
 
@@ -30,6 +34,9 @@ class EditorStatusBar : public QStatusBar {
     // away.
     void showLeftOut(const std::string& word);
 
+    // In the place of descriptions, as long as it is not empty.
+    void showText(const StyledText& text);
+
     // Drawn at once, since a translation lets no events run.
     void showProgress(double width);
     void hideProgress();
@@ -42,6 +49,7 @@ class EditorStatusBar : public QStatusBar {
     QLabel* description_;
     QLabel* progress_;
     std::string leftOut_;
+    StyledPanel* text_;  // stands where the description does
 };
 
 }  // namespace tolvan

@@ -13,6 +13,8 @@
 #include "editor/WindowPlace.h"
 #include "editor/frmExamples.h"
 #include "editor/frmFindReplace.h"
+#include "editor/guide/EditorGuide.h"
+#include "editor/guide/ProblemPanel.h"
 #include "editor/panes/PaneAids.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
@@ -59,6 +61,7 @@ frmEditor::frmEditor(EditorState& state, Settings& settings, EditorServices serv
       txtRoman_(new RomanBox(splitter_)),
       txtProgram_(new ProgramBox(splitter_)),
       statusBar_(new EditorStatusBar(this)),
+      problems_(new ProblemPanel(this)),
       document_(*this, state.run.ProgramCaption),
       recentFiles_(settings),
       recovery_(settings.folder()),
@@ -94,6 +97,7 @@ void frmEditor::setUpLayout() {
     layout->addWidget(bars_->menuBar());
     layout->addWidget(bars_->toolBar());
     layout->addWidget(splitter_, 1);
+    layout->addWidget(problems_);
     layout->addWidget(statusBar_);
 }
 
@@ -104,6 +108,8 @@ void frmEditor::connectPanes() {
     connect(input, &RomanInput::programChanged, statusBar_,
             [this, input] { statusBar_->showLeftOut(input->leftOut()); });
     aids_ = std::make_unique<PaneAids>(*txtRoman_, *txtProgram_, *input);
+    guide_ = std::make_unique<EditorGuide>(*txtRoman_, *txtProgram_, *input, *problems_);
+    connect(guide_.get(), &EditorGuide::saidAtCaret, statusBar_, &EditorStatusBar::showText);
     addPaneMenus(*txtRoman_, *txtProgram_, *bars_);
     aids_->zoom().setZoom(rememberedZoom(settings_));
     connect(&aids_->zoom(), &ZoomTogether::zoomChanged, this,
@@ -139,6 +145,7 @@ void frmEditor::connectDocument() {
 void frmEditor::applyPreferences() {
     aids_->completion().setAutomatic(state_.SuggestWords);
     aids_->quoteSpans().setEnabled(state_.PairQuotes);
+    guide_->setEnabled(state_.ShowProblems);
 }
 
 void frmEditor::refreshCaption() {
@@ -348,6 +355,13 @@ void frmEditor::EditFormat() {
 
 void frmEditor::EditSuggest() {
     aids_->completion().open();
+}
+
+void frmEditor::EditNextProblem() {
+    guide_->goToNext();
+}
+void frmEditor::EditMend() {
+    guide_->mend();
 }
 
 void frmEditor::ViewNextPane() {

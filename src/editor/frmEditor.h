@@ -23,8 +23,10 @@ class QSplitter;
 namespace tolvan {
 
 class CommandBars;
+class EditorGuide;
 class EditorStatusBar;
 class PaneAids;
+class ProblemPanel;
 class ProgramBox;
 class RomanBox;
 class Settings;
@@ -55,6 +57,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     EditorDocument& document() { return document_; }
     RomanBox& txtRoman() const { return *txtRoman_; }
     ProgramBox& txtProgram() const { return *txtProgram_; }
+    ProblemPanel& problems() const { return *problems_; }
     EditorState& state() { return state_; }
     Settings& settings() { return settings_; }
 
@@ -123,6 +126,8 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void EditFindNext();
     void EditFormat();
     void EditSuggest();
+    void EditNextProblem();
+    void EditMend();
 
     void RunStart();
     void RunEnd();
@@ -171,7 +176,9 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     RomanBox* txtRoman_;
     ProgramBox* txtProgram_;
     EditorStatusBar* statusBar_;
+    ProblemPanel* problems_;
     std::unique_ptr<PaneAids> aids_;
+    std::unique_ptr<EditorGuide> guide_;
     EditorDocument document_;
     RecentFiles recentFiles_;
     RecoveryFiles recovery_;

@@ -3,6 +3,7 @@
 #include "editor/CommandBars.h"
 #include "editor/EditorStatusBar.h"
 #include "editor/frmEditor.h"
+#include "editor/guide/EditorGuide.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
 #include "library/AddLibrary.h"
@@ -28,6 +29,7 @@ void frmEditor::RunStart() {
     if (isRunning()) return;
     if (state_.SaveBeforeExecute) document_.saveBeforeRun();
     if (state_.FormatBeforeExecute) EditFormat();
+    guide_->checkNow();
     CompileAndExecute(txtProgram_->text());
 }
 

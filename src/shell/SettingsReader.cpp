@@ -14,6 +14,8 @@ constexpr Preference table[] = {
     {"FormatBeforeExecute", "àayaejn caliv{ya Agaedr sjv"_deva, &EditorState::FormatBeforeExecute},
     {"SuggestWords", "zBd sucv"_deva, &EditorState::SuggestWords},
     {"PairQuotes", "Avtr[ icNha<cI jaefI ilhI"_deva, &EditorState::PairQuotes},
+    {"ShowProblems", "Afc[I daov"_deva, &EditorState::ShowProblems},
+    {"MendWords", "cuklele zBd AapaeAap ÊéSt kr"_deva, &EditorState::MendWords},
 };
 
 }  // namespace

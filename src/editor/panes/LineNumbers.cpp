@@ -1,6 +1,7 @@
 #include "editor/panes/LineNumbers.h"
 
 #include "dialogs/Look.h"
+#include "editor/panes/LineMarkShape.h"
 #include "editor/panes/PaneColours.h"
 #include "editor/panes/TextPane.h"
 #include "platform/fonts/Fonts.h"
@@ -24,6 +25,7 @@ LineNumbers::LineNumbers(TextPane& pane) : QWidget(&pane), pane_(pane) {
     connect(&pane, &TextPane::zoomChanged, this, &LineNumbers::fit);
     connect(&pane, &TextPane::updateRequest, this, &LineNumbers::follow);
     connect(&pane, &TextPane::markedLineChanged, this, qOverload<>(&QWidget::update));
+    connect(&pane, &TextPane::lineMarksChanged, this, qOverload<>(&QWidget::update));
     fit();
 }
 
@@ -31,7 +33,7 @@ void LineNumbers::fit() {
     font_ = qtFont(Font::Devanagari, pane_.paneFonts().devanagari.pointSizeF() * smaller);
     const QFontMetrics metrics(font_);
     const qsizetype digits = std::max(leastDigits, QString::number(pane_.lineCount()).size());
-    const int width = metrics.horizontalAdvance(QString(digits, u'0')) + look::em(0.8);
+    const int width = metrics.horizontalAdvance(QString(digits, u'0')) + look::em(1.2);
     pane_.setLeftMargin(width);
     setGeometry(0, 0, width, pane_.height());
     update();
@@ -60,6 +62,9 @@ void LineNumbers::paintEvent(QPaintEvent* event) {
         painter.setPen(line == pane_.markedLine() ? look::text : look::dimText);
         painter.drawText(QPointF(right - painter.fontMetrics().horizontalAdvance(number), top + pane_.baseLine()),
                          number);
+        if (const auto mark = pane_.lineMarks().find(line); mark != pane_.lineMarks().end())
+            drawLineMark(painter, QRectF(0, top, look::em(0.8), pane_.lineHeight()),
+                         mark->second == TextPane::LineMark::Error);
         top += pane_.lineHeight();
     }
 }

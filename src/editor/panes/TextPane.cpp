@@ -118,6 +118,12 @@ void TextPane::setMarkedLine(int line) {
     emit markedLineChanged();
 }
 
+void TextPane::setLineMarks(std::map<int, LineMark> marks) {
+    if (marks == lineMarks_) return;
+    lineMarks_ = std::move(marks);
+    emit lineMarksChanged();
+}
+
 void TextPane::setLeftMargin(int width) {
     setViewportMargins(width, 0, 0, 0);
 }

@@ -9,6 +9,7 @@
 #include <QPlainTextEdit>
 
 #include <cstddef>
+#include <map>
 
 namespace tolvan {
 
@@ -45,6 +46,11 @@ class TextPane : public QPlainTextEdit {
     void setMarkedLine(int line);
     int markedLine() const { return markedLine_; }
 
+    // Marks beside lines (from 1), for whatever stands there.
+    enum class LineMark { Advice, Error };
+    void setLineMarks(std::map<int, LineMark> marks);
+    const std::map<int, LineMark>& lineMarks() const { return lineMarks_; }
+
     // Room left of the text for something that is drawn there, and where the lines are that stand beside it: the first
     // visible one (from 1), its top, and the height and base line of each. Logical pixels of the viewport.
     void setLeftMargin(int width);
@@ -58,6 +64,7 @@ class TextPane : public QPlainTextEdit {
     void caretMoved();
     void zoomChanged();
     void markedLineChanged();
+    void lineMarksChanged();
 
   protected:
     virtual void applyFonts(const PaneFonts& fonts) = 0;
@@ -73,6 +80,7 @@ class TextPane : public QPlainTextEdit {
     EvenLines* lines_;  // owned by the document
     PaneFonts fonts_;
     int markedLine_ = 0;
+    std::map<int, LineMark> lineMarks_;
 };
 
 }  // namespace tolvan

@@ -1,0 +1,63 @@
+#include "editor/guide/EditorGuide.h"
+
+#include "editor/guide/ProblemPanel.h"
+#include "editor/panes/RomanBox.h"
+
+#include <QTextBlock>
+
+namespace tolvan {
+
+EditorGuide::EditorGuide(RomanBox& roman, ProgramBox& program, const RomanInput& input, ProblemPanel& panel)
+    : roman_(roman), panel_(panel), watch_(roman, input), marks_(roman, program, input) {
+    connect(&watch_, &FindingWatch::findingsChanged, this, &EditorGuide::show);
+    connect(&roman, &RomanBox::caretMoved, this, &EditorGuide::followCaret);
+    connect(&panel, &ProblemPanel::chosen, this, &EditorGuide::goTo);
+    connect(&panel, &ProblemPanel::correctionWanted, this, &EditorGuide::mend);
+}
+
+void EditorGuide::show() {
+    marks_.setFindings(watch_.findings());
+    panel_.setFindings(watch_.findings());
+    followCaret();
+}
+
+void EditorGuide::followCaret() {
+    const guide::Finding* finding = marks_.atCaret();
+    if (finding != nullptr) panel_.chooseLine(finding->line);
+    emit saidAtCaret(finding == nullptr ? StyledText() : finding->text);
+}
+
+void EditorGuide::goTo(std::size_t line, guide::Columns place) {
+    const QTextBlock block = roman_.document()->findBlockByNumber(static_cast<int>(line) - 1);
+    if (!block.isValid()) return;
+    QTextCursor caret(block);
+    caret.setPosition(block.position() + std::min(static_cast<int>(place.from), block.length() - 1));
+    roman_.setTextCursor(caret);
+    roman_.ensureCursorVisible();
+    roman_.setFocus();
+}
+
+void EditorGuide::goToNext() {
+    watch_.checkNow();
+    panel_.chooseNext();
+}
+
+// The text may have changed since the last check; a correction is for the text that was checked.
+void EditorGuide::mend() {
+    if (roman_.isLocked()) return;
+    watch_.checkNow();
+    const guide::Finding* finding = marks_.atCaret();
+    const bool here = finding != nullptr && !finding->corrections.empty();
+    const guide::Correction* correction = here ? &finding->corrections[0] : panel_.correction();
+    if (correction == nullptr) return;
+    const guide::Correction made = *correction;
+    roman_.replaceText(guide::corrected(roman_.text(), made));
+    watch_.checkNow();
+}
+
+std::string_view EditorGuide::kindAtCaret() const {
+    const guide::Finding* finding = marks_.atCaret();
+    return finding == nullptr ? std::string_view() : finding->kind;
+}
+
+}  // namespace tolvan

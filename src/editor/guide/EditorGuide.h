@@ -1,0 +1,51 @@
+// The guide in the editor: what it finds while the user types is marked in the panes and listed in the panel, and can
+// be mended from there.
+#pragma once
+
+#include "editor/guide/FindingMarks.h"
+#include "editor/guide/FindingWatch.h"
+
+#include <QObject>
+
+#include <string_view>
+
+namespace tolvan {
+
+class ProblemPanel;
+
+class EditorGuide : public QObject {
+    Q_OBJECT
+  public:
+    // All must outlive it.
+    EditorGuide(RomanBox& roman, ProgramBox& program, const RomanInput& input, ProblemPanel& panel);
+
+    void setEnabled(bool enabled) { watch_.setEnabled(enabled); }
+
+    // For the start of a run: nothing is held back any more.
+    void checkNow() { watch_.checkNow(); }
+
+    // Goes to the next place of the list.
+    void goToNext();
+
+    // Makes the correction of the finding at the caret, else of the one chosen in the panel, as one step of undo.
+    void mend();
+
+    // The kind of the finding at the caret; empty if there is none.
+    std::string_view kindAtCaret() const;
+
+  signals:
+    // What is said at the caret, for the status bar; empty where nothing is.
+    void saidAtCaret(const StyledText& text);
+
+  private:
+    void show();
+    void followCaret();
+    void goTo(std::size_t line, guide::Columns place);
+
+    RomanBox& roman_;
+    ProblemPanel& panel_;
+    FindingWatch watch_;
+    FindingMarks marks_;
+};
+
+}  // namespace tolvan

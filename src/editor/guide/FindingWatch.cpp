@@ -1,0 +1,80 @@
+#include "editor/guide/FindingWatch.h"
+
+#include "editor/panes/RomanBox.h"
+#include "editor/panes/RomanInput.h"
+
+#include <algorithm>
+#include <chrono>
+
+namespace tolvan {
+namespace {
+
+using namespace std::chrono_literals;
+
+constexpr auto pause = 300ms;  // behind the last key
+
+}  // namespace
+
+FindingWatch::FindingWatch(RomanBox& roman, const RomanInput& input) : roman_(roman) {
+    timer_.setInterval(pause);
+    timer_.setSingleShot(true);
+    connect(&timer_, &QTimer::timeout, this, &FindingWatch::check);
+    connect(&input, &RomanInput::programChanged, this, &FindingWatch::textChanged);
+    connect(&roman, &RomanBox::caretMoved, this, &FindingWatch::caretMoved);
+    lines_ = roman.lineCount();
+}
+
+void FindingWatch::setEnabled(bool enabled) {
+    if (enabled_ == enabled) return;
+    enabled_ = enabled;
+    all_.clear();
+    show();
+    if (enabled_) timer_.start();
+}
+
+// What was said about the changed line goes at once; what stands behind it moves with its lines.
+void FindingWatch::textChanged() {
+    const int more = roman_.lineCount() - std::exchange(lines_, roman_.lineCount());
+    typedLine_ = roman_.currentLine();
+    if (!enabled_) return;
+    timer_.start();
+    if (all_.empty()) return;
+    const int changed = more > 0 ? typedLine_ - more : typedLine_;
+    std::erase_if(all_, [&](const guide::Finding& finding) {
+        const int line = static_cast<int>(finding.line);
+        return line >= changed && line <= changed + std::max(0, -more);
+    });
+    for (guide::Finding& finding : all_) {
+        if (static_cast<int>(finding.line) <= changed) continue;
+        finding.line = static_cast<std::size_t>(std::max(1, static_cast<int>(finding.line) + more));
+        finding.corrections.clear();  // until the next check
+    }
+    show();
+}
+
+void FindingWatch::caretMoved() {
+    if (typedLine_ == 0 || roman_.currentLine() == typedLine_ || lines_ != roman_.lineCount()) return;
+    typedLine_ = 0;
+    if (!timer_.isActive()) show();
+}
+
+void FindingWatch::checkNow() {
+    typedLine_ = 0;
+    if (enabled_) check();
+}
+
+void FindingWatch::check() {
+    timer_.stop();
+    all_ = guide_.check(roman_.text());
+    show();
+}
+
+void FindingWatch::show() {
+    std::vector<guide::Finding> shown = all_;
+    std::erase_if(shown, [&](const guide::Finding& one) { return static_cast<int>(one.line) == typedLine_; });
+    if (shown.empty() && shown_.empty()) return;
+    shown_ = std::move(shown);
+    emit findingsChanged();
+}
+
+}  // namespace tolvan
