@@ -15,13 +15,16 @@
 #include "editor/frmFindReplace.h"
 #include "editor/guide/EditorGuide.h"
 #include "editor/guide/ProblemPanel.h"
+#include "editor/guide/WordCorrection.h"
 #include "editor/panes/PaneAids.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
 #include "editor/panes/RomanInput.h"
+#include "guide/HelpTopics.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/settings/Settings.h"
+#include "platform/transliteration/ReplaceRomanChars.h"
 #include "runtime/frmExec.h"
 #include "translator/Formatter.h"
 
@@ -108,6 +111,7 @@ void frmEditor::connectPanes() {
     connect(input, &RomanInput::programChanged, statusBar_,
             [this, input] { statusBar_->showLeftOut(input->leftOut()); });
     aids_ = std::make_unique<PaneAids>(*txtRoman_, *txtProgram_, *input);
+    wordCorrection_ = std::make_unique<WordCorrection>(*txtRoman_);
     guide_ = std::make_unique<EditorGuide>(*txtRoman_, *txtProgram_, *input, *problems_);
     connect(guide_.get(), &EditorGuide::saidAtCaret, statusBar_, &EditorStatusBar::showText);
     addPaneMenus(*txtRoman_, *txtProgram_, *bars_);
@@ -146,6 +150,7 @@ void frmEditor::applyPreferences() {
     aids_->completion().setAutomatic(state_.SuggestWords);
     aids_->quoteSpans().setEnabled(state_.PairQuotes);
     guide_->setEnabled(state_.ShowProblems);
+    wordCorrection_->setEnabled(state_.MendWords);
 }
 
 void frmEditor::refreshCaption() {
@@ -385,7 +390,8 @@ void frmEditor::setHelpFile(const QString& path) {
 
 void frmEditor::HelpHelp() {
     if (helpFile_.isEmpty()) return;
-    if (!services_.showHelp || !services_.showHelp(helpFile_)) ShowMessage(messages::helpFailed());
+    const QString topic = toQString(LineConvert(guide::helpTopic(guide_->kindAtCaret())));
+    if (!services_.showHelp || !services_.showHelp(helpFile_, topic)) ShowMessage(messages::helpFailed());
 }
 
 void frmEditor::HelpAbout() {

@@ -31,6 +31,7 @@ class ProgramBox;
 class RomanBox;
 class Settings;
 class WindowFrame;
+class WordCorrection;
 class frmEditor;
 class frmExec;
 class frmFindReplace;
@@ -39,8 +40,8 @@ class frmFindReplace;
 struct EditorServices {
     std::function<void(frmEditor&)> filePreferences;
     std::function<void(frmEditor&)> fileMakeExe;
-    // Shows the help file; false if that is not possible.
-    std::function<bool(const QString& path)> showHelp;
+    // Shows the help file, opened at the topic of this title if it has one; false if that is not possible.
+    std::function<bool(const QString& path, const QString& topic)> showHelp;
     // The window was closed by the user, who has been asked.
     std::function<void()> shutDown;
 };
@@ -179,6 +180,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     ProblemPanel* problems_;
     std::unique_ptr<PaneAids> aids_;
     std::unique_ptr<EditorGuide> guide_;
+    std::unique_ptr<WordCorrection> wordCorrection_;
     EditorDocument document_;
     RecentFiles recentFiles_;
     RecoveryFiles recovery_;

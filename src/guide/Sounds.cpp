@@ -252,4 +252,16 @@ double soundDistance(const Sounds& a, const Sounds& b, double limit) {
     return Table(a, b).distance(limit);
 }
 
+double distanceToBeginning(std::string_view typed, const Sounds& word, double limit) {
+    Sounds start = soundsOf(typed);
+    if (!typed.ends_with('a') && start.size() > 1 && start.back() == code(Sound::A)) start.pop_back();
+    double least = limit + 1;
+    const std::size_t longest = std::min(word.size(), start.size() + 1);
+    for (std::size_t length = start.size() > 1 ? start.size() - 1 : 1; length <= longest; ++length) {
+        const Sounds beginning(word.begin(), word.begin() + static_cast<std::ptrdiff_t>(length));
+        least = std::min(least, soundDistance(start, beginning, limit));
+    }
+    return least;
+}
+
 }  // namespace tolvan::guide

@@ -21,6 +21,9 @@ inline constexpr unsigned char firstOtherCharacter = 128;
 // apart: the answer is then any number above it.
 double soundDistance(const Sounds& a, const Sounds& b, double limit);
 
+// The same between the beginning of a word and what was typed of it.
+double distanceToBeginning(std::string_view typed, const Sounds& word, double limit);
+
 // Pairs of sounds that are taken for one another, with their cost; for whoever makes mistakes to measure with.
 struct SoundPair {
     Sound one;

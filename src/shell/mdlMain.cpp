@@ -123,7 +123,7 @@ frmEditor& mdlMain::editor() {
     EditorServices services;
     services.filePreferences = showPreferences;
     services.shutDown = [this] { shutDown(); };
-    services.showHelp = [](const QString& file) { return showHelp(file); };
+    services.showHelp = showHelp;
     services.fileMakeExe = [this](frmEditor&) { FileMakeEXE(*this); };
     editor_ = std::make_unique<frmEditor>(state_, settings_, std::move(services));
     editor_->setHelpFile(helpFile_);

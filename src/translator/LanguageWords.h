@@ -8,9 +8,10 @@
 namespace tolvan {
 
 struct LanguageWord {
-    std::string_view roman;    // as it is typed
-    std::string_view meaning;  // in Marathi, in Roman spelling; letters and blanks only
-    std::string_view english;  // for the page
+    std::string_view roman;          // as it is typed
+    std::string_view meaning;        // in Marathi, in Roman spelling; letters and blanks only
+    std::string_view english;        // for the page
+    std::string_view standard = {};  // as school books spell it, in Roman spelling, where that differs
 };
 
 // Every keyword, and the words of the drawing statements, counted loops and comments. In the order in which one learns

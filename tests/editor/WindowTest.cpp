@@ -181,7 +181,7 @@ TEST_F(WindowTest, SizeAndSplitterAreRemembered) {
 
 TEST_F(WindowTest, HelpIsThereIfItsFileIs) {
     QString shown;
-    services.showHelp = [&shown](const QString& file) {
+    services.showHelp = [&shown](const QString& file, const QString&) {
         shown = file;
         return true;
     };

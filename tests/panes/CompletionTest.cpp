@@ -23,6 +23,10 @@ TEST(Completion, findsWordsByTheirFirstLetters) {
     EXPECT_THAT(spellings("vA"), ElementsAre("vAchaNyAsAThI", "vAch", "vajA", "vartuL", "var"));
     EXPECT_THAT(spellings("lihee"), ElementsAre("lihiNyAsAThI", "lihI"));
     for (const char* none : {"zzz", "kk", "nn"}) EXPECT_THAT(spellings(none), ElementsAre()) << none;
+    // And by their sound.
+    EXPECT_THAT(spellings("rang"), ElementsAre("raMg", "raMgAchI", "raMgAche", "raMgAchA"));
+    EXPECT_THAT(spellings("bindu"), ElementsAre("biMdU"));
+    EXPECT_THAT(spellings("sampav"), ElementsAre("saMpav"));
     EXPECT_EQ(spellings("").size(), languageWords().size());
 }
 

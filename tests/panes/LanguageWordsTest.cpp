@@ -21,10 +21,11 @@ std::string page() {
     page << "# The words of the language\n\n"
             "<!-- Written by the tests of the panes from the table in src/translator/LanguageWords.cpp; a change here "
             "is lost. -->\n\n"
-            "| typed | shown | what it does | in English |\n|---|---|---|---|\n";
+            "| typed | shown | what it does | in English | standard spelling, where it differs "
+            "|\n|---|---|---|---|---|\n";
     for (const LanguageWord& word : languageWords())
         page << "| `" << word.roman << "` | " << devanagari(word.roman) << " | " << devanagari(word.meaning) << " | "
-             << word.english << " |\n";
+             << word.english << " | " << devanagari(word.standard) << " |\n";
     return page.str();
 }
 

@@ -90,7 +90,7 @@ TEST(Help, ListsTheErrorMessagesWhole) {
 }
 
 TEST(Help, ShowsTheTopicsAndCopiesTheirExamples) {
-    ASSERT_TRUE(showHelp(QString::fromStdString(helpPath)));
+    ASSERT_TRUE(showHelp(QString::fromStdString(helpPath), {}));
     ASSERT_TRUE(QTest::qWaitFor([] { return QApplication::activeWindow() != nullptr; }));
     QWidget* const window = QApplication::activeWindow();
     auto* const topics = window->findChild<QListWidget*>(QStringLiteral("lstTopics"));
@@ -117,8 +117,8 @@ TEST(Help, ShowsTheTopicsAndCopiesTheirExamples) {
 TEST(Help, AFileWithoutHelpIsRefused) {
     const TemporaryFolder folder;
     folder.write("empty.hlp", "no title here\r\n");
-    EXPECT_FALSE(showHelp(QString::fromStdString(folder / "empty.hlp")));
-    EXPECT_FALSE(showHelp(QString::fromStdString(folder / "none.hlp")));
+    EXPECT_FALSE(showHelp(QString::fromStdString(folder / "empty.hlp"), {}));
+    EXPECT_FALSE(showHelp(QString::fromStdString(folder / "none.hlp"), {}));
 }
 
 TEST(Help, TheEditorsCommandShowsItWhereTheFileIs) {

@@ -53,6 +53,15 @@ TEST(CommandLine, FindsFilesInTheSpellingOfOtherSystems) {
         EXPECT_EQ(tvp.run({"module", name}).status, 0) << name;
 }
 
+TEST(CommandLine, LintsAProgram) {
+    TvpProcess tvp;
+    const TvpResult wrong = tvp.runProgram({"lint"}, "korA\r\nvay = 5\r\n  dakhav vay");
+    EXPECT_EQ(wrong.output, "3:3-8 spelling दखव हा शब्द माहीत नाही. दाखव असे लिहा.\n");
+    EXPECT_EQ(wrong.status, 1);
+    EXPECT_EQ(tvp.runProgram({"lint"}, "korA").output, "");
+    EXPECT_EQ(tvp.runProgram({"lint"}, "korA").status, 0);
+}
+
 TEST(CommandLine, ShowsEveryStageOfAProgram) {
     TvpProcess tvp;
     const std::string roman = "jar A > 5 tar\r\ndAkhav #\"#ho {#}-#5\"#\r\nsaMpav jar";

@@ -1,6 +1,7 @@
 #include "tvp/Commands.h"
 
 #include "library/AddLibrary.h"
+#include "guide/Guide.h"
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Deva.h"
 #include "platform/encoding/Unicode.h"
@@ -128,6 +129,18 @@ int showProgram(const Invocation& invocation) {
 int showModule(const Invocation& invocation) {
     invocation.output.write(moduleOf(readProgram(invocation)));
     return succeeded;
+}
+
+// Errors first, each part by lines.
+int lintFile(const Invocation& invocation) {
+    std::vector<guide::Finding> findings = guide::Guide().check(readProgram(invocation).roman);
+    std::stable_partition(findings.begin(), findings.end(),
+                          [](const guide::Finding& finding) { return finding.weight == guide::Weight::Error; });
+    for (const guide::Finding& finding : findings)
+        invocation.output.writeLine(std::to_string(finding.line) + ':' + std::to_string(finding.roman.from + 1) + '-' +
+                                    std::to_string(std::max(finding.roman.to, finding.roman.from + 1)) + ' ' +
+                                    std::string(finding.kind) + ' ' + unicodeOf(finding.text));
+    return findings.empty() ? succeeded : scriptFailed;
 }
 
 int formatFile(const Invocation& invocation) {
@@ -291,6 +304,7 @@ constexpr Command commands[] = {
      traceOption | runOption | unicodeOption},
     {"script", "script FILE         runs a script module", runScript, NoFile::IsWrong,
      traceOption | runOption | unicodeOption},
+    {"lint", "lint FILE.tvp       what is wrong with the program, in Marathi: LINE:FROM-TO KIND text", lintFile},
     {"format", "format FILE.tvp     the program file, indented", formatFile, NoFile::IsWrong, unicodeOption},
 };
 
@@ -313,7 +327,7 @@ std::string usage() {
            "\nFILE is \"-\" for standard input, which [FILE] stands for when it is left out; otherwise an ordinary "
            "file of\n"
            "up to 64 MiB.\n"
-           "Exit status: 0 ended or stopped itself, 1 script error, 2 bad usage or unreadable file, 3 stopped at a "
+           "Exit status: 0 ended or stopped itself, 1 script error or finding, 2 bad usage or unreadable file, 3 stopped at a "
            "limit of\n"
            "time or output.\n";
 }

@@ -3,7 +3,10 @@
 #include "editor/panes/CompletionList.h"
 #include "editor/panes/RomanBox.h"
 #include "editor/panes/RomanInput.h"
+#include "guide/Sounds.h"
+#include "guide/WordMending.h"
 #include "platform/encoding/Ascii.h"
+#include "platform/transliteration/ReplaceRomanChars.h"
 
 #include <QKeyEvent>
 #include <QScrollBar>
@@ -32,13 +35,23 @@ std::string loosely(std::string_view spelling) {
     return letters;
 }
 
+// One letter or two sound like the beginning of too many words.
+constexpr std::size_t lettersToHear = 3;
+constexpr double heardAlike = 0.35;
+constexpr double heardTheSame = 0.15;
+
+bool soundsLike(std::string_view start, std::string_view word) {
+    return start.size() >= lettersToHear &&
+           guide::distanceToBeginning(start, guide::soundsOf(word), heardAlike) <= heardAlike;
+}
+
 }  // namespace
 
 std::vector<const LanguageWord*> wordsBeginning(std::string_view start) {
     std::vector<const LanguageWord*> words;
     const std::string loose = loosely(start);
     for (const LanguageWord& word : languageWords())
-        if (loosely(word.roman).starts_with(loose)) words.push_back(&word);
+        if (loosely(word.roman).starts_with(loose) || soundsLike(start, word.roman)) words.push_back(&word);
     std::stable_partition(words.begin(), words.end(), [&](const auto* word) { return word->roman.starts_with(start); });
     return words;
 }
@@ -104,6 +117,15 @@ void Completion::putIn(int row) {
     roman_.replaceSelection(word);
 }
 
+// Whether the first word of the list was typed whole, but for what sounds the same. A name of the program stays.
+bool Completion::isTypedToItsEnd() const {
+    const std::string typed = typedStart();
+    if (typed.size() < lettersToHear || isLanguageWord(LineConvert(typed))) return false;
+    const guide::Sounds word = guide::soundsOf(list_->word(0).roman);
+    if (guide::soundDistance(guide::soundsOf(typed), word, heardTheSame) > heardTheSame) return false;
+    return !guide::isNameOf(roman_.text(), typed, static_cast<std::size_t>(roman_.currentLine() - 1));
+}
+
 bool Completion::takeKey(int key) {
     constexpr int page = 7;
     const int chosen = list_->chosen();
@@ -128,8 +150,8 @@ bool Completion::takeKey(int key) {
             return true;
         case Qt::Key_Return:
         case Qt::Key_Enter:
-            if (chosen < 0) break;
-            putIn(chosen);
+            if (chosen < 0 && !isTypedToItsEnd()) break;
+            putIn(std::max(0, chosen));
             return true;
         default:
             return false;

@@ -1,7 +1,7 @@
 // Offers the words of the language while the Roman text is typed: on demand, and after two letters of a word.
 //
 // Up and Down choose, Enter or Tab or a click puts the word in, Escape closes the list. A list that came by itself has
-// no word chosen yet, so that Enter still ends the line.
+// no word chosen yet, so that Enter still ends the line, unless the first word was typed whole in another spelling.
 #pragma once
 
 #include "translator/LanguageWords.h"
@@ -18,7 +18,8 @@ class RomanBox;
 class RomanInput;
 
 // The words whose spelling begins like `start`, those in the very letters first. Large and small letters, and single
-// and double vowels, are not told apart. All words if it is empty.
+// and double vowels, are not told apart, and from the third letter on neither is what sounds alike. All words if it is
+// empty.
 std::vector<const LanguageWord*> wordsBeginning(std::string_view start);
 
 class Completion : public QObject {
@@ -39,6 +40,7 @@ class Completion : public QObject {
 
   private:
     bool takeKey(int key);
+    bool isTypedToItsEnd() const;
     std::string typedStart() const;
     void follow();
     bool offer(const std::string& start);

@@ -1,6 +1,8 @@
 #include "editor/panes/CompletionList.h"
 
 #include "dialogs/Look.h"
+#include "dialogs/StyledLine.h"
+#include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 
@@ -17,6 +19,7 @@ namespace tolvan {
 namespace {
 
 constexpr int mostRows = 8;
+constexpr std::string_view keysText = "zBd \"etat"_deva;
 
 // The three columns are in three fonts; their letters stand on one line.
 class OnBaseLine : public QStyledItemDelegate {
@@ -38,6 +41,27 @@ class OnBaseLine : public QStyledItemDelegate {
     int baseLine_;
 };
 
+// The keys that take a word, below the list.
+class KeysLine : public QWidget {
+  public:
+    explicit KeysLine(QWidget* list) : QWidget(list), text_("Tab, ", Font::Latin) {
+        text_.append("Enter: ", Font::Latin);
+        text_.append(keysText, Font::Devanagari);
+    }
+    static int lineHeight() { return look::em(1.6); }
+    int textWidth() const { return static_cast<int>(styledLineSize(controlText(text_)).width()) + look::em(1); }
+
+  protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        painter.fillRect(rect(), look::footer);
+        drawStyledLine(painter, QRectF(rect()).adjusted(look::em(0.4), 0, 0, 0), controlText(text_), look::dimText);
+    }
+
+  private:
+    StyledText text_;
+};
+
 QTableWidgetItem* cell(const QString& text, const QFont& font, QColor colour) {
     auto* item = new QTableWidgetItem(text);  // the table owns it
     item->setFont(font);
@@ -48,7 +72,9 @@ QTableWidgetItem* cell(const QString& text, const QFont& font, QColor colour) {
 
 }  // namespace
 
-CompletionList::CompletionList(QWidget* owner) : QTableWidget(0, 3, owner), fonts_(PaneFonts::ofZoom(90)) {
+CompletionList::CompletionList(QWidget* owner)
+    : QTableWidget(0, 3, owner), fonts_(PaneFonts::ofZoom(90)), keys_(new KeysLine(this)) {
+    setViewportMargins(0, 0, 0, KeysLine::lineHeight());
     setItemDelegate(new OnBaseLine(this, static_cast<int>(fonts_.baseLine)));
     setWindowFlags(Qt::ToolTip);
     setAttribute(Qt::WA_ShowWithoutActivating);
@@ -91,7 +117,10 @@ void CompletionList::fit() {
         width += columnWidth(column);
     }
     if (rowCount() > mostRows) width += verticalScrollBar()->sizeHint().width();
-    resize(width, std::min(rowCount(), mostRows) * (rowCount() > 0 ? rowHeight(0) : 0) + 2 * frameWidth());
+    width = std::max(width, static_cast<KeysLine*>(keys_)->textWidth());
+    const int rows = std::min(rowCount(), mostRows) * (rowCount() > 0 ? rowHeight(0) : 0);
+    resize(width, rows + KeysLine::lineHeight() + 2 * frameWidth());
+    keys_->setGeometry(frameWidth(), frameWidth() + rows, width - 2 * frameWidth(), KeysLine::lineHeight());
 }
 
 void CompletionList::openAt(const QRect& place) {

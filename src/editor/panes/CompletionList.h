@@ -33,6 +33,7 @@ class CompletionList : public QTableWidget {
     void fit();
 
     PaneFonts fonts_;
+    QWidget* keys_;  // says which keys take a word
     std::vector<const LanguageWord*> words_;
 };
 

@@ -16,6 +16,8 @@ inline constexpr QColor number{0x8A, 0x4B, 0x08};
 inline constexpr QColor literal{0x1B, 0x6E, 0x3C};
 inline constexpr QColor comment = look::dimText;
 
+inline constexpr QColor flash{0xFF, 0xE3, 0x8A};
+
 inline constexpr QColor error{0xC9, 0x3A, 0x32};
 inline constexpr QColor advice{0x5B, 0x7D, 0xB1};
 

@@ -8,13 +8,17 @@
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextBlock>
+#include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <utility>
 
 namespace tolvan {
 namespace {
+
+constexpr std::chrono::milliseconds flashTime{600};
 
 // A line end is one character of the document and two of the text.
 std::size_t startOf(const QTextBlock& line) {
@@ -118,6 +122,25 @@ void TextPane::setMarkedLine(int line) {
     emit markedLineChanged();
 }
 
+void TextPane::flash(std::size_t length) {
+    flashed_ = textCursor();
+    flashed_.setPosition(std::max(0, flashed_.position() - static_cast<int>(length)), QTextCursor::KeepAnchor);
+    viewport()->update();
+    QTimer::singleShot(flashTime, this, [this] {
+        flashed_ = {};
+        viewport()->update();
+    });
+}
+
+void TextPane::paintFlash() {
+    if (flashed_.isNull()) return;
+    QTextCursor end(document());
+    end.setPosition(flashed_.selectionEnd());
+    QTextCursor start(document());
+    start.setPosition(flashed_.selectionStart());
+    QPainter(viewport()).fillRect(cursorRect(start).united(cursorRect(end)), pane_colours::flash);
+}
+
 void TextPane::setLineMarks(std::map<int, LineMark> marks) {
     if (marks == lineMarks_) return;
     lineMarks_ = std::move(marks);
@@ -172,6 +195,7 @@ bool TextPane::viewportEvent(QEvent* event) {
 
 void TextPane::paintEvent(QPaintEvent* event) {
     if (markedLine_ > 0) QPainter(viewport()).fillRect(lineBand(markedLine_), pane_colours::caretLine);
+    paintFlash();
     QPlainTextEdit::paintEvent(event);
 }
 

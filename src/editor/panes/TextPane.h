@@ -7,6 +7,7 @@
 #include "editor/panes/PaneFonts.h"
 
 #include <QPlainTextEdit>
+#include <QTextCursor>
 
 #include <cstddef>
 #include <map>
@@ -46,6 +47,9 @@ class TextPane : public QPlainTextEdit {
     void setMarkedLine(int line);
     int markedLine() const { return markedLine_; }
 
+    // Lights up so many characters before the caret for a moment.
+    void flash(std::size_t length);
+
     // Marks beside lines (from 1), for whatever stands there.
     enum class LineMark { Advice, Error };
     void setLineMarks(std::map<int, LineMark> marks);
@@ -76,11 +80,13 @@ class TextPane : public QPlainTextEdit {
     int documentPosition(std::size_t bytePosition) const;
     QPointF onLetters(QPointF place) const;
     QRect lineBand(int line) const;
+    void paintFlash();
 
     EvenLines* lines_;  // owned by the document
     PaneFonts fonts_;
     int markedLine_ = 0;
     std::map<int, LineMark> lineMarks_;
+    QTextCursor flashed_;  // its selection; none: nothing is lit
 };
 
 }  // namespace tolvan

@@ -103,6 +103,11 @@ void frmHelp::keyPressEvent(QKeyEvent* event) {
         QWidget::keyPressEvent(event);
 }
 
+void frmHelp::showTopic(const QString& title) {
+    const QList<QListWidgetItem*> found = lstTopics_->findItems(title, Qt::MatchExactly | Qt::MatchCaseSensitive);
+    if (!title.isEmpty() && !found.isEmpty()) lstTopics_->setCurrentItem(found.constFirst());
+}
+
 const HelpTopic& frmHelp::current() const {
     return topics_.at(static_cast<std::size_t>(std::max(0, lstTopics_->currentRow())));
 }
@@ -118,7 +123,7 @@ void frmHelp::copyExample() {
     QGuiApplication::clipboard()->setText(text);
 }
 
-bool showHelp(const QString& file) {
+bool showHelp(const QString& file, const QString& topic) {
     static QPointer<frmHelp> window;
     if (!window) {
         const std::optional<QByteArray> bytes = readWholeFile(file);
@@ -126,6 +131,7 @@ bool showHelp(const QString& file) {
         if (topics.empty()) return false;
         window = new frmHelp(std::move(topics));
     }
+    window->showTopic(topic);
     window->show();
     window->raise();
     window->activateWindow();

@@ -18,6 +18,9 @@ class frmHelp : public QWidget {
   public:
     explicit frmHelp(std::vector<HelpTopic> topics);
 
+    // Shows the topic of this title, as the list has it; nothing changes if there is none.
+    void showTopic(const QString& title);
+
   protected:
     void keyPressEvent(QKeyEvent* event) override;
 
@@ -32,7 +35,8 @@ class frmHelp : public QWidget {
     QPushButton* cmdCopy_;
 };
 
-// Shows the help of a file, in the one window for it. False if the file cannot be read or holds no help.
-bool showHelp(const QString& file);
+// Shows the help of a file, in the one window for it, at the topic of this title if there is one. False if the file
+// cannot be read or holds no help.
+bool showHelp(const QString& file, const QString& topic);
 
 }  // namespace tolvan
