@@ -9,12 +9,17 @@
 namespace tolvan::guide {
 namespace {
 
+std::string keyOf(std::string_view word) {
+    const Sounds sounds = plainKey(word);
+    return {sounds.begin(), sounds.end()};
+}
+
 // The words by their key; none for a key that two words share.
-const std::map<Sounds, std::string_view>& wordsByKey() {
+const std::map<std::string, std::string_view>& wordsByKey() {
     static const auto all = [] {
-        std::map<Sounds, std::string_view> words;
+        std::map<std::string, std::string_view> words;
         for (const LanguageWord& word : languageWords())
-            if (const auto [at, isNew] = words.emplace(plainKey(word.roman), word.roman); !isNew) at->second = {};
+            if (const auto [at, isNew] = words.emplace(keyOf(word.roman), word.roman); !isNew) at->second = {};
         return words;
     }();
     return all;
@@ -23,7 +28,7 @@ const std::map<Sounds, std::string_view>& wordsByKey() {
 }  // namespace
 
 std::string_view wordToPut(std::string_view typed) {
-    const auto found = wordsByKey().find(plainKey(typed));
+    const auto found = wordsByKey().find(keyOf(typed));
     if (found == wordsByKey().end() || findLanguageWord(LineConvert(typed)) != nullptr) return {};
     return found->second;
 }
