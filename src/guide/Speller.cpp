@@ -71,11 +71,12 @@ Sounds plainKey(std::string_view roman) {
     const Sounds sounds = soundsOf(roman);
     Sounds key;
     for (std::size_t i = 0; i < sounds.size(); ++i) {
-        const bool beforeConsonant = i + 1 < sounds.size() && sounds[i + 1] < firstOtherCharacter &&
-                                     isConsonant(static_cast<Sound>(sounds[i + 1]));
+        const bool isLast = i + 1 == sounds.size();
+        if (!isLast && sounds[i + 1] == sounds[i]) continue;  // a doubled letter is one
+        const bool beforeConsonant =
+            !isLast && sounds[i + 1] < firstOtherCharacter && isConsonant(static_cast<Sound>(sounds[i + 1]));
         unsigned char sound = plain(sounds[i]);
-        if (isNasal(sound) && beforeConsonant && sounds[i + 1] != sounds[i])
-            sound = static_cast<unsigned char>(Sound::Anusvara);
+        if (isNasal(sound) && beforeConsonant) sound = static_cast<unsigned char>(Sound::Anusvara);
         if (key.empty() || key.back() != sound) key.push_back(sound);
     }
     return key;
