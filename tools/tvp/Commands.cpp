@@ -1,7 +1,7 @@
 #include "tvp/Commands.h"
 
-#include "library/AddLibrary.h"
 #include "guide/Guide.h"
+#include "library/AddLibrary.h"
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Deva.h"
 #include "platform/encoding/Unicode.h"

@@ -35,11 +35,12 @@ void FindingWatch::setEnabled(bool enabled) {
 // What was said about the changed line goes at once; what stands behind it moves with its lines.
 void FindingWatch::textChanged() {
     const int more = roman_.lineCount() - std::exchange(lines_, roman_.lineCount());
-    typedLine_ = roman_.currentLine();
+    const bool isTyped = roman_.document()->isUndoAvailable();  // and not a text that was opened
+    typedLine_ = isTyped ? roman_.currentLine() : 0;
     if (!enabled_) return;
     timer_.start();
     if (all_.empty()) return;
-    const int changed = more > 0 ? typedLine_ - more : typedLine_;
+    const int changed = roman_.currentLine() - std::max(0, more);
     std::erase_if(all_, [&](const guide::Finding& finding) {
         const int line = static_cast<int>(finding.line);
         return line >= changed && line <= changed + std::max(0, -more);
