@@ -327,7 +327,8 @@ std::string usage() {
            "\nFILE is \"-\" for standard input, which [FILE] stands for when it is left out; otherwise an ordinary "
            "file of\n"
            "up to 64 MiB.\n"
-           "Exit status: 0 ended or stopped itself, 1 script error or finding, 2 bad usage or unreadable file, 3 stopped at a "
+           "Exit status: 0 ended or stopped itself, 1 script error or finding, 2 bad usage or unreadable file, 3 "
+           "stopped at a "
            "limit of\n"
            "time or output.\n";
 }
