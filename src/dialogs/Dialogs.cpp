@@ -10,17 +10,18 @@
 namespace tolvan {
 namespace {
 
-// Shows a box until it is closed. `read` takes the answer from it, unless it went with its parent.
-template <class Box, class Answer>
-Answer ask(std::string_view message, Answer (*read)(const Box&), Answer closed, void (Box::*prepare)() = nullptr) {
-    const QPointer<Box> box = new Box(QApplication::activeWindow());
+// Shows a box until it is closed. `read` takes the result from it, unless it went with its parent.
+template <class Box, class Result>
+Result ask(std::string_view message, QWidget* parent, Result (*read)(const Box&), Result closed,
+           void (Box::*prepare)() = nullptr) {
+    const QPointer<Box> box = new Box(parent);
     box->setMessage(message);
     if (prepare != nullptr) (box->*prepare)();
     box->exec();
     if (!box) return closed;
-    const Answer answer = read(*box);
+    const Result result = read(*box);
     delete box;
-    return answer;
+    return result;
 }
 
 }  // namespace
@@ -28,36 +29,37 @@ Answer ask(std::string_view message, Answer (*read)(const Box&), Answer closed, 
 void ShowMessage(std::string_view text) {
     ReplacedDialogs::current().ShowMessage(text);
 }
-int AskQuestion(std::string_view text) {
+Answer AskQuestion(std::string_view text) {
     return ReplacedDialogs::current().AskQuestion(text);
 }
 bool AskConsent(std::string_view text) {
     return ReplacedDialogs::current().AskConsent(text);
 }
-bool ShowError(std::int32_t number, int errorLine) {
-    return ReplacedDialogs::current().ShowError(number, errorLine);
+bool ShowError(std::int32_t number, int errorLine, QWidget* window) {
+    return ReplacedDialogs::current().ShowError(number, errorLine, window);
 }
 
 void DialogAnswers::ShowMessage(std::string_view text) {
     ask<frmMMsgbox, int>(
-        text, [](const frmMMsgbox& box) { return box.result(); }, 0);
+        text, QApplication::activeWindow(), [](const frmMMsgbox& box) { return box.result(); }, 0);
 }
 
-int DialogAnswers::AskQuestion(std::string_view text) {
-    return ask<frmMQuestionBox, int>(
-        text, [](const frmMQuestionBox& box) { return box.answer(); }, 0);
+Answer DialogAnswers::AskQuestion(std::string_view text) {
+    return ask<frmMQuestionBox, Answer>(
+        text, QApplication::activeWindow(), [](const frmMQuestionBox& box) { return box.answer(); }, Answer::No);
 }
 
 bool DialogAnswers::AskConsent(std::string_view text) {
-    constexpr int yes = 1;
-    const int answer = ask<frmMQuestionBox, int>(
-        text, [](const frmMQuestionBox& box) { return box.answer(); }, 0, &frmMQuestionBox::preferNo);
-    return answer == yes;
+    const Answer answer = ask<frmMQuestionBox, Answer>(
+        text, QApplication::activeWindow(), [](const frmMQuestionBox& box) { return box.answer(); }, Answer::No,
+        &frmMQuestionBox::preferNo);
+    return answer == Answer::Yes;
 }
 
-bool DialogAnswers::ShowError(std::int32_t number, int errorLine) {
+bool DialogAnswers::ShowError(std::int32_t number, int errorLine, QWidget* window) {
     return ask<frmErrorBox, bool>(
-        errorMessage(number, errorLine), [](const frmErrorBox& box) { return box.decision(); }, false);
+        errorMessage(number, errorLine), window != nullptr ? window : QApplication::activeWindow(),
+        [](const frmErrorBox& box) { return box.decision(); }, false);
 }
 
 }  // namespace tolvan

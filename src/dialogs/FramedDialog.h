@@ -1,5 +1,6 @@
 // A dialog in the look of the system: caption bar, body, and under it a row of buttons. Its size is what they need.
-// Enter takes the button with the focus, at first the first one; Escape closes the dialog, as its caption bar does.
+// Enter takes the button with the focus, at first the first one unless the dialog says otherwise; Escape closes the
+// dialog, as its caption bar does.
 #pragma once
 
 #include "platform/richtext/StyledText.h"

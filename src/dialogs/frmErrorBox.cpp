@@ -20,7 +20,10 @@ frmErrorBox::frmErrorBox(QWidget* parent) : MessageDialog("gfbf"_deva, MessageSi
         decision_ = true;
         accept();
     });
-    connect(addButton("cmdStop", "wa<bv"_deva), &QPushButton::clicked, this, &QDialog::reject);
+    QPushButton* const stop = addButton("cmdStop", "wa<bv"_deva);
+    connect(stop, &QPushButton::clicked, this, &QDialog::reject);
+    stop->setDefault(true);
+    stop->setFocus();
 }
 
 }  // namespace tolvan

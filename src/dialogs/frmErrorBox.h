@@ -1,5 +1,5 @@
 // Tells what went wrong in a running program and asks whether to go on with it. Its controls are txtError, cmdRun and
-// cmdStop.
+// cmdStop, which Enter takes.
 #pragma once
 
 #include "dialogs/MessageDialog.h"

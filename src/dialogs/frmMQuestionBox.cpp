@@ -8,10 +8,10 @@ namespace tolvan {
 
 frmMQuestionBox::frmMQuestionBox(QWidget* parent)
     : MessageDialog("àZn"_deva, MessageSign::Kind::Question, "txtQuestion", parent) {
-    addAnswer("cmdYes", "hae"_deva, 1);
-    addAnswer("cmdNo", "nahI"_deva, 0);
+    addAnswer("cmdYes", "hae"_deva, Answer::Yes);
+    addAnswer("cmdNo", "nahI"_deva, Answer::No);
     // Not "no", which throws an unsaved text away.
-    addAnswer("cmdCancel", "rÎ"_deva, -1)->setShortcut(Qt::Key_Escape);
+    addAnswer("cmdCancel", "rÎ"_deva, Answer::Cancel)->setShortcut(Qt::Key_Escape);
 }
 
 void frmMQuestionBox::preferNo() {
@@ -20,7 +20,7 @@ void frmMQuestionBox::preferNo() {
     no->setFocus();
 }
 
-QPushButton* frmMQuestionBox::addAnswer(const char* name, std::string_view caption, int answer) {
+QPushButton* frmMQuestionBox::addAnswer(const char* name, std::string_view caption, Answer answer) {
     QPushButton* button = addButton(name, caption);
     connect(button, &QPushButton::clicked, this, [this, answer] {
         answer_ = answer;

@@ -2,6 +2,7 @@
 // cmdCancel.
 #pragma once
 
+#include "dialogs/Answer.h"
 #include "dialogs/MessageDialog.h"
 
 class QPushButton;
@@ -13,16 +14,16 @@ class frmMQuestionBox : public MessageDialog {
   public:
     explicit frmMQuestionBox(QWidget* parent = nullptr);
 
-    // 1: yes, 0: no, or closed without a button; -1: cancel.
-    int answer() const { return answer_; }
+    // No, if the box was closed without a button.
+    Answer answer() const { return answer_; }
 
     // Enter answers no.
     void preferNo();
 
   private:
-    QPushButton* addAnswer(const char* name, std::string_view caption, int answer);
+    QPushButton* addAnswer(const char* name, std::string_view caption, Answer answer);
 
-    int answer_ = 0;
+    Answer answer_ = Answer::No;
 };
 
 }  // namespace tolvan

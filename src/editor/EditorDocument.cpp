@@ -59,13 +59,14 @@ void EditorDocument::setState(const QString& name, bool textChanged) {
 bool EditorDocument::mayGo(std::string_view question) {
     if (!isDirty()) return true;
     switch (AskQuestion(question)) {
-        case 1:
+        case Answer::Yes:
             return FileSave();
-        case 0:
+        case Answer::No:
             return true;
-        default:
-            return false;
+        case Answer::Cancel:
+            break;
     }
+    return false;
 }
 
 bool EditorDocument::mayClose() {
@@ -200,17 +201,17 @@ bool EditorDocument::changedOnDisk(const QString& path) const {
     return content && fingerprintOf(*content) != fingerprint_;
 }
 
-void EditorDocument::saveBeforeRun() {
-    if (path_.isEmpty() || !QFileInfo::exists(path_))
-        FileSaveAs();
-    else if (isDirty() || changedOnDisk(path_))
+bool EditorDocument::saveBeforeRun() {
+    if (path_.isEmpty() || !QFileInfo::exists(path_)) return FileSaveAs();
+    if (isDirty() || changedOnDisk(path_))
         saveTo(path_);
     else
         write(path_);
+    return true;
 }
 
 bool EditorDocument::saveTo(const QString& path) {
-    if (changedOnDisk(path) && AskQuestion(messages::changedOnDisk) != 1) return false;
+    if (changedOnDisk(path) && AskQuestion(messages::changedOnDisk) != Answer::Yes) return false;
     if (write(path)) return true;
     ShowMessage(messages::notSaved(path));
     return false;

@@ -82,9 +82,9 @@ class EditorDocument : public QObject {
     bool FileSave();
     bool FileSaveAs();
     bool saveTo(const QString& path);
-    // A program without unsaved changes that cannot be saved, such as an example in a folder of the system, is no
-    // failure: nothing is lost, and nothing is told.
-    void saveBeforeRun();
+    // False if the program has no file and did not get one: it is not to run then. One that cannot be saved to its file
+    // runs; without unsaved changes, as an example in a folder of the system, nothing is told either.
+    bool saveBeforeRun();
     // Before the window closes: whether it may.
     bool mayClose();
 

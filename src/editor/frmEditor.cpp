@@ -34,6 +34,7 @@
 #include <QFileInfo>
 #include <QMenuBar>
 #include <QMimeData>
+#include <QScrollBar>
 #include <QSplitter>
 #include <QToolBar>
 #include <QUrl>
@@ -51,6 +52,7 @@ constexpr auto recoveryInterval = 2s;
 constexpr std::string_view readyText = "tolvn beisk tyar Aahe"_deva;
 constexpr std::string_view notKeptText = "n sQvleLya bdla<cI àt Qevta AalI nahI"_deva;
 constexpr std::string_view workingText = "q<k leon sué Aahe"_deva;
+constexpr std::string_view runningText = "àayaejn suê Astana bdl krta yet nahI"_deva;
 
 }  // namespace
 
@@ -122,6 +124,10 @@ void frmEditor::connectPanes() {
     connect(txtRoman_, &TextPane::caretMoved, this, [this] { statusBar_->showLine(txtRoman_->currentLine()); });
     connect(txtRoman_, &RomanBox::characterRefused, this,
             [](char32_t character) { ShowMessage(messages::characterRefused(character)); });
+    connect(txtRoman_, &RomanBox::typedWhileLocked, this, [this] {
+        statusBar_->showMessage(runningText);
+        timer1_.start();
+    });
     for (const auto available : {&QPlainTextEdit::undoAvailable, &QPlainTextEdit::redoAvailable})
         connect(txtRoman_, available, this, &frmEditor::enableCommands);
     timer1_.setInterval(timer1Interval);
@@ -193,11 +199,11 @@ void frmEditor::offerRecovery() {
     if (left.empty()) return;
     QStringList titles;
     for (const UnsavedText& text : left) titles.append(text.path.isEmpty() ? EditorDocument::newTitle : text.path);
-    const int answer = AskQuestion(messages::takeUpUnsaved(titles));
-    if (answer == 1) {
+    const Answer answer = AskQuestion(messages::takeUpUnsaved(titles));
+    if (answer == Answer::Yes) {
         recovery_.takeUpFirst();
         document_.takeUp(left.front());
-    } else if (answer == 0) {
+    } else if (answer == Answer::No) {
         bool kept = true;
         for (auto text = left.rbegin(); text != left.rend(); ++text) kept = oldVersions_.keepDiscarded(*text) && kept;
         if (kept) recovery_.removeLeft();
@@ -228,8 +234,12 @@ void frmEditor::selectProgram(std::size_t start, std::size_t length) {
     txtProgram_->select(start, length);
 }
 
+// The caret is at the end of the line; of a long one the start is to be seen. A window that was never shown has panes
+// of no width, and would open with all its text out of sight.
 void frmEditor::selectRoman(std::size_t start, std::size_t length) {
-    txtRoman_->select(start, length);
+    txtRoman_->mark(start, length);
+    for (const TextPane* pane : {static_cast<TextPane*>(txtRoman_), static_cast<TextPane*>(txtProgram_)})
+        pane->horizontalScrollBar()->setValue(0);
 }
 
 void frmEditor::bringBack() {

@@ -27,7 +27,7 @@ void frmEditor::unloadConsole() {
 
 void frmEditor::RunStart() {
     if (isRunning()) return;
-    if (state_.SaveBeforeExecute) document_.saveBeforeRun();
+    if (state_.SaveBeforeExecute && !document_.saveBeforeRun()) return;
     if (state_.FormatBeforeExecute) EditFormat();
     guide_->checkNow();
     CompileAndExecute(txtProgram_->text());

@@ -18,7 +18,8 @@ class ProgramMarker {
     virtual std::string programText() const = 0;
     virtual std::string romanText() const = 0;
     // Selects characters of one of these texts, from a 0-based position; CR and LF count as one each, and a selection
-    // may end between them. A length that reaches beyond the text selects up to its end.
+    // may end between them. A length that reaches beyond the text selects up to its end. What is typed does not replace
+    // the selection.
     virtual void selectProgram(std::size_t start, std::size_t length) = 0;
     virtual void selectRoman(std::size_t start, std::size_t length) = 0;
     // Visible, in front, with the keyboard.

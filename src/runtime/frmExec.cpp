@@ -149,9 +149,13 @@ void frmExec::FileOpenFailed(int number) {
     throw script::ScriptError(number);
 }
 
+// The console has the keyboard again afterwards, also where it was about to get it when the box came up.
 bool frmExec::askToGoOn(int number, int line) {
     const StopKeysInDialogs stopKeys(run_);
-    return ShowError(number, line) && run_.IsRunning();
+    const bool goesOn = ShowError(number, line, this);
+    raise();
+    activateWindow();
+    return goesOn && run_.IsRunning();
 }
 
 bool frmExec::eventFilter(QObject* watched, QEvent* event) {

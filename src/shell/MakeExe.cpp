@@ -37,8 +37,6 @@ constexpr std::string_view isProgramFile =
     "\\f1 hI àayaejnacI )a#l Aahe\\f0.\\f1 itCyavr ilihta yet nahI\\f0.\\f1 Êsre nav *a\\f0."_deva;
 constexpr std::string_view made = "\\f1Svt<Ç cal[are àayaejn tyar Hale\\f0: "_deva;
 
-constexpr int yes = 1;
-
 // The runtime in the installation folder; empty when it is not there.
 QString engineFile(const Settings& settings) {
     const QString folder = settings.GetSetting(QStringLiteral("Installation"), QStringLiteral("Directory"),
@@ -60,7 +58,7 @@ bool isSameFile(const QString& one, const QString& other) {
 }
 
 bool mayBeReplaced(const QString& path) {
-    return AskQuestion(aboutFile(path, alreadyThere)) == yes;
+    return AskQuestion(aboutFile(path, alreadyThere)) == Answer::Yes;
 }
 
 // The number of the failure, or nothing.
@@ -86,7 +84,7 @@ bool isUnsaved(const EditorDocument& document) {
 
 void FileMakeEXE(mdlMain& application) {
     EditorDocument& document = application.editor().document();
-    if (isUnsaved(document) && (AskQuestion(saveFirst) != yes || !document.FileSave())) return;
+    if (isUnsaved(document) && (AskQuestion(saveFirst) != Answer::Yes || !document.FileSave())) return;
     FileRequest request;
     request.title = QStringLiteral("Make EXE as...");
     request.kind = QStringLiteral("Executable");

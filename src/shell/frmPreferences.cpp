@@ -112,7 +112,7 @@ void frmPreferences::applyCaption() {
 }
 
 void frmPreferences::cmdClearMRU() {
-    if (AskQuestion(clearQuestion) == 1) RecentFiles(editor_.settings()).clear();
+    if (AskQuestion(clearQuestion) == Answer::Yes) RecentFiles(editor_.settings()).clear();
     editor_.MruManage({});
 }
 

@@ -45,7 +45,7 @@ void act(QDialog& box, const std::string& deed) {
 }
 
 std::string answerOf(const std::string& box) {
-    if (box == "AskQuestion") return std::to_string(AskQuestion("\\f1te saQvayce kay"));
+    if (box == "AskQuestion") return std::to_string(static_cast<int>(AskQuestion("\\f1te saQvayce kay")));
     if (box == "ShowError") return ShowError(11, 3) ? "1" : "0";
     ShowMessage("Latin");
     return "put away";
@@ -179,11 +179,11 @@ TEST(Boxes, TheMessageCanBeCopied) {
 }
 
 TEST(Boxes, CloseWhenTheApplicationQuits) {
-    int answer = 7;
+    Answer answer = Answer::Yes;
     BoxUser user([](QDialog&) { QApplication::quit(); });
     QTimer::singleShot(0, [&] { answer = AskQuestion("x"); });
     QApplication::exec();
-    EXPECT_EQ(answer, 0);
+    EXPECT_EQ(answer, Answer::No);
     EXPECT_TRUE(user.acted());
 }
 
@@ -196,31 +196,31 @@ TEST(Boxes, GoWithTheirParent) {
         EXPECT_EQ(box.parentWidget(), parent);
         delete parent;
     });
-    EXPECT_EQ(AskQuestion("x"), 0);
+    EXPECT_EQ(AskQuestion("x"), Answer::No);
     EXPECT_TRUE(user.acted());
 }
 
 TEST(Boxes, OneOverTheOther) {
     BoxUser user([](QDialog& outer) {
         BoxUser inner(click("cmdCancel"));
-        EXPECT_EQ(AskQuestion("x"), -1);
+        EXPECT_EQ(AskQuestion("x"), Answer::Cancel);
         EXPECT_TRUE(inner.acted());
         clickOn(control(outer, "cmdNo"));
     });
-    EXPECT_EQ(AskQuestion("x"), 0);
+    EXPECT_EQ(AskQuestion("x"), Answer::No);
     EXPECT_TRUE(user.acted());
 }
 
 TEST(Boxes, AreReplacedForAWhile) {
     struct : DialogAnswers {
-        int AskQuestion(std::string_view text) override { return text == "-"_deva ? -1 : 1; }
+        Answer AskQuestion(std::string_view text) override { return text == "-"_deva ? Answer::Cancel : Answer::Yes; }
     } canned;
     {
         const ReplacedDialogs replaced(canned);
-        EXPECT_EQ(AskQuestion("-"), -1);
+        EXPECT_EQ(AskQuestion("-"), Answer::Cancel);
     }
     BoxUser user(click("cmdNo"));
-    EXPECT_EQ(AskQuestion("-"), 0);
+    EXPECT_EQ(AskQuestion("-"), Answer::No);
     EXPECT_TRUE(user.acted());
 }
 

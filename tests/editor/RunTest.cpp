@@ -6,6 +6,7 @@
 #include "runtime/frmExec.h"
 
 #include <QApplication>
+#include <QClipboard>
 #include <QScrollBar>
 #include <QTimer>
 
@@ -85,7 +86,10 @@ TEST_F(RunTest, TheEditorIsLockedButScrollsWhileAProgramRuns) {
                                 "RunStart", "FileMakeEXE"})
             EXPECT_FALSE(editor->commandBars().isEnabled(key)) << key;
         EXPECT_TRUE(editor->commandBars().isEnabled("RunEnd"));
+        toFront();
+        EXPECT_EQ(panel("panel2"), toQString("tolvn beisk tyar Aahe"_deva));
         type("x");
+        EXPECT_EQ(panel("panel2"), toQString("àayaejn suê Astana bdl krta yet nahI"_deva));
         editor->RunStart();  // by a caller that does not ask: nothing
         editor->txtRoman().verticalScrollBar()->setValue(50);
         EXPECT_EQ(editor->txtRoman().verticalScrollBar()->value(), 50);
@@ -130,13 +134,76 @@ TEST_F(RunTest, AStopSelectsTheLineInBothPanes) {
     }
 }
 
-TEST_F(RunTest, AnErrorSelectsItsLineIfTheUserStopsThere) {
-    setProgram("a = 1\nb = 1 / 0\nc = 1\n");
+// Lines are counted with the blank ones.
+TEST_F(RunTest, TheLineThatFailedIsNamedAndSelectedWhateverTheAnswer) {
+    const struct {
+        const char* what;
+        const char* program;
+        int line;
+    } cases[] = {
+        {"the first", "a = 1 / 0\nb = 1\n", 1},
+        {"an even one", "a = 1\nb = 1 / 0\nc = 1\n", 2},
+        {"after blank ones", "\n\na = 1\n\n  \nb = 1 / 0\nc = 1\n", 6},
+        {"in a function", "dAkhav q(1)\n\nupaprAyojan q(a)\nb = 1\n\nq = a / 0\nupaprAyojan saMpav\n", 6},
+        {"the last, without an end", "a = 1\n\na = 1 / 0", 3},
+        {"that cannot be read", "a = 1\n\nb = (1\nc = 1\n", 3},
+        {"before the end that is missing", "jar 1 lahAn 2 tar\n\na = 1\n\n\n", 3},
+    };
+    for (const auto& [what, program, line] : cases)
+        for (const bool goesOn : {true, false}) {
+            setProgram(program);
+            user.errorAnswers = {goesOn};
+            user.errors.clear();
+            toFront();
+            press(Qt::Key_F5);
+            ASSERT_EQ(user.errors.size(), 1U) << what;
+            EXPECT_EQ(user.errors[0].second, line) << what;
+            EXPECT_EQ(console()->isVisible(), goesOn) << what;
+            EXPECT_EQ(editor->txtRoman().currentLine(), line) << what;
+            EXPECT_EQ(editor->txtProgram().currentLine(), line) << what;
+            EXPECT_EQ(selected(editor->txtRoman(), roman()),
+                      editor->txtRoman().line(static_cast<std::size_t>(line - 1)))
+                << what;
+        }
+}
+
+TEST_F(RunTest, WhatIsTypedNeverReplacesTheMarkedLine) {
+    const struct {
+        Qt::Key key;
+        const char* second;  // line of the text afterwards
+    } cases[] = {{Qt::Key_X, "b = 1 / 0x"},
+                 {Qt::Key_Return, "b = 1 / 0"},
+                 {Qt::Key_Backspace, "b = 1 / 0"},
+                 {Qt::Key_Delete, "b = 1 / 0"},
+                 {Qt::Key_V, "b = 1 / 0pasted"}};
+    QApplication::clipboard()->setText(QStringLiteral("pasted"));
+    for (const auto& [key, second] : cases) {
+        setProgram("a = 1\nb = 1 / 0\nc = 1\n");
+        user.errorAnswers = {false};
+        toFront();
+        press(Qt::Key_F5);
+        toFront();
+        press(key, key == Qt::Key_V ? Qt::ControlModifier : Qt::NoModifier);
+        EXPECT_EQ(editor->txtRoman().line(1), second);
+        EXPECT_EQ(editor->txtRoman().lineCount(), key == Qt::Key_Return ? 5 : 4);
+        EXPECT_EQ(editor->txtRoman().selectionLength(), 0U);
+        editor->txtRoman().select(0, 5);  // the user's own selection is replaced
+        press(Qt::Key_Y);
+        EXPECT_EQ(editor->txtRoman().line(0), "y");
+    }
+}
+
+// As after "-run": the panes have no size before the window is shown.
+TEST_F(RunTest, AMarkBeforeTheWindowIsShownLeavesTheTextInSight) {
+    setProgram("a = 1\n" + QByteArray("dAkhav 12345 + ").repeated(6) + "1 / 0\n");
     user.errorAnswers = {false};
-    press(Qt::Key_F5);
-    EXPECT_THAT(user.errorAnswers, IsEmpty());
-    EXPECT_FALSE(console()->isVisible());
-    EXPECT_GT(editor->txtRoman().selectionLength(), 0U);
+    editor->hide();
+    editor->resize(1, 1);
+    editor->CompileAndExecute(editor->txtProgram().text());
+    EXPECT_TRUE(editor->isVisible());
+    for (const TextPane* pane :
+         {static_cast<TextPane*>(&editor->txtRoman()), static_cast<TextPane*>(&editor->txtProgram())})
+        EXPECT_EQ(pane->horizontalScrollBar()->value(), 0);
 }
 
 TEST_F(RunTest, ClosingTheEditorStopsTheProgramFirst) {
@@ -159,10 +226,15 @@ TEST_F(RunTest, SavesAndFormatsBeforeARunIfThePreferencesSaySo) {
     type("a = 1");
     press(Qt::Key_Return);
     type("kar");
-    user.files = {QString(), path("new.tvp")};  // cancelled: it runs all the same
+    const std::string typed = roman();
+    user.files = {QString(), path("new.tvp")};
+    press(Qt::Key_F5);
+    EXPECT_EQ(console(), nullptr) << "cancelled";
+    EXPECT_EQ(roman(), typed);
+    EXPECT_EQ(title(), QStringLiteral("Default.tvp*"));
     press(Qt::Key_F5);
     EXPECT_EQ(roman(), "jovar 1 lahAn 1 tovar\r\n      a = 1\r\nkar");
-    EXPECT_EQ(title(), QStringLiteral("Default.tvp*"));
+    EXPECT_EQ(contentOf(path("new.tvp")), QByteArray("\r\njovar 1 lahAn 1 tovar\r\na = 1\r\nkar\r\n"));
     toFront();
     press(Qt::Key_F5);
     EXPECT_EQ(contentOf(path("new.tvp")), QByteArray("\r\njovar 1 lahAn 1 tovar\r\n      a = 1\r\nkar\r\n"));

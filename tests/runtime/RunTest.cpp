@@ -123,9 +123,17 @@ TEST_F(RunTest, WithoutAnEditorTheLineIsComputedAndTheConsoleCloses) {
 
 // The real error box.
 TEST_F(RunTest, TheErrorBoxIsAnsweredByItsButtons) {
-    onceDialogIsUp([](QDialog& box) { click(box, "cmdRun"); });
+    QWidget other;  // in front, as the editor while the console is still coming up
+    other.show();
+    QApplication::setActiveWindow(&other);
+    onceDialogIsUp([this](QDialog& box) {
+        EXPECT_EQ(box.parentWidget(), console.get());
+        click(box, "cmdRun");
+    });
     run({"PrintString \"k\"", "a = 1 / 0"});
     expectEnded({"k"});
+    EXPECT_TRUE(QTest::qWaitForWindowActive(console.get()));
+    EXPECT_TRUE(display().hasFocus());
     onceDialogIsUp([](QDialog& box) { click(box, "cmdStop"); });
     run({"PrintString \"k\"", "a = 1 / 0"});
     EXPECT_EQ(editor.programSelections, (std::vector<Span>{{3, 3}, {3, 3}})) << "both answers mark the line";

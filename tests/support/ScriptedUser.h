@@ -20,12 +20,12 @@ class ScriptedUser : public DialogAnswers {
     std::vector<std::pair<int, int>> errors;  // their numbers and lines
 
     void ShowMessage(std::string_view text) override { told.emplace_back(text); }
-    int AskQuestion(std::string_view text) override {
+    Answer AskQuestion(std::string_view text) override {
         told.emplace_back(text);
-        return next(answers, -1);
+        return static_cast<Answer>(next(answers, -1));
     }
-    bool AskConsent(std::string_view text) override { return AskQuestion(text) == 1; }
-    bool ShowError(std::int32_t number, int errorLine) override {
+    bool AskConsent(std::string_view text) override { return AskQuestion(text) == Answer::Yes; }
+    bool ShowError(std::int32_t number, int errorLine, QWidget*) override {
         errors.emplace_back(number, errorLine);
         return next(errorAnswers, false);
     }
@@ -33,13 +33,13 @@ class ScriptedUser : public DialogAnswers {
     std::vector<std::string> takeTold() { return std::exchange(told, {}); }
 
   protected:
-    template <class Answer>
-    static Answer next(std::deque<Answer>& prepared, Answer otherwise) {
+    template <class Prepared>
+    static Prepared next(std::deque<Prepared>& prepared, Prepared otherwise) {
         if (prepared.empty()) {
             ADD_FAILURE() << "an unexpected question";
             return otherwise;
         }
-        const Answer answer = prepared.front();
+        const Prepared answer = prepared.front();
         prepared.pop_front();
         return answer;
     }

@@ -16,6 +16,7 @@
 
 #include <algorithm>
 #include <array>
+#include <utility>
 
 namespace tolvan {
 namespace {
@@ -96,6 +97,15 @@ bool isTyped(const QString& keyText) {
     return !keyText.isEmpty() && (keyText[0].isPrint() || keyText[0].isSurrogate());
 }
 
+bool isDeletion(const QKeyEvent& key) {
+    return key.key() == Qt::Key_Backspace || key.key() == Qt::Key_Delete;
+}
+
+bool changesText(const QKeyEvent& key) {
+    return isTyped(key.text()) || isDeletion(key) || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter ||
+           (key.key() == Qt::Key_Tab && key.modifiers() == Qt::NoModifier) || key.matches(QKeySequence::Paste);
+}
+
 // Replaces tabs by blanks, in a text that begins in column `column` (from 0).
 QString withoutTabs(const QString& shown, qsizetype column) {
     QString text;
@@ -117,6 +127,19 @@ QString withoutTabs(const QString& shown, qsizetype column) {
 
 RomanBox::RomanBox(QWidget* parent) : TextPane(parent) {
     setZoom(100);
+    connect(this, &QPlainTextEdit::selectionChanged, this, [this] { marked_ = false; });
+}
+
+void RomanBox::mark(std::size_t start, std::size_t length) {
+    select(start, length);
+    marked_ = true;
+}
+
+void RomanBox::leaveMark() {
+    if (!std::exchange(marked_, false)) return;
+    QTextCursor caret = textCursor();
+    caret.setPosition(caret.selectionEnd());
+    setTextCursor(caret);
 }
 
 std::string RomanBox::text() const {
@@ -239,7 +262,14 @@ bool RomanBox::event(QEvent* event) {
 void RomanBox::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy)) return textCursor().hasSelection() ? copy() : void();
     if (event->matches(QKeySequence::Cut)) return cut();
-    if (isLocked()) return TextPane::keyPressEvent(event);
+    if (isLocked()) {
+        if (changesText(*event)) emit typedWhileLocked();
+        return TextPane::keyPressEvent(event);
+    }
+    if (marked_ && changesText(*event)) {
+        leaveMark();
+        if (isDeletion(*event)) return;
+    }
     if (event->key() == Qt::Key_Tab && event->modifiers() == Qt::NoModifier)
         return selectsLines() ? indentLines() : replaceSelection("\t");
     if (event->key() == Qt::Key_Backtab && selectsLines()) return unindentLines();
@@ -303,6 +333,7 @@ void RomanBox::applyFonts(const PaneFonts& fonts) {
 void RomanBox::inputMethodEvent(QInputMethodEvent* event) {
     const QString text = withKeyboardMarks(event->commitString());
     event->setCommitString(refuses(text) ? QString() : text);
+    if (!event->commitString().isEmpty() || !event->preeditString().isEmpty()) leaveMark();
     TextPane::inputMethodEvent(event);
 }
 
@@ -322,6 +353,7 @@ void RomanBox::insertFromMimeData(const QMimeData* source) {
     const QString text =
         withLineFeeds(own ? toQString(source->data(ownFormat).toStdString()) : withKeyboardMarks(plainText(*source)));
     if (isLocked() || text.isEmpty() || refuses(text)) return;
+    leaveMark();
     QStringList lines = text.split(u'\n');
     for (QString& line : lines) line = toShown(toFontEncoded(line));
     insertShown(lines.join(u'\n'));

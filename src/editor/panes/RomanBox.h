@@ -35,6 +35,10 @@ class RomanBox : public TextPane {
     // Replaces the selection. Tabs in the new text become blanks up to the next multiple of six.
     void replaceSelection(std::string_view bytes);
 
+    // Selects what the user is to look at, as `select` does. It is not the user's selection: typing and pasting put the
+    // caret at its end instead of replacing it, and Backspace and Delete do nothing but that.
+    void mark(std::size_t start, std::size_t length);
+
     // The commands of the same names; `cut` and `copy` put the selected text on the clipboard, an empty one too.
     void cut();
     void copy();
@@ -49,6 +53,8 @@ class RomanBox : public TextPane {
   signals:
     // A character that has no 8-bit code was typed, pasted or dropped. Nothing of that text has been taken.
     void characterRefused(char32_t character);
+    // The text would have been changed by a key.
+    void typedWhileLocked();
 
   protected:
     bool event(QEvent* event) override;
@@ -69,6 +75,9 @@ class RomanBox : public TextPane {
     void indentLines();
     void unindentLines();
     void insertShown(const QString& shown);
+    void leaveMark();
+
+    bool marked_ = false;  // what is selected
 };
 
 }  // namespace tolvan

@@ -55,6 +55,7 @@ class User : public QObject {
     User() : log_(qEnvironmentVariable("TOLVAN_USER_LOG")) {
         if (!log_.open(QIODevice::WriteOnly)) return;
         readDeeds(qEnvironmentVariable("TOLVAN_USER_DEEDS"));
+        qApp->installEventFilter(this);
         connect(&timer_, &QTimer::timeout, this, &User::look);
         timer_.start(15);
     }
@@ -67,9 +68,16 @@ class User : public QObject {
             deeds_.append({line.section(u' ', 0, 0), line.section(u' ', 1, 1), line.section(u' ', 2)});
     }
 
+    // Windows are written down in the order in which they came up; several may since the last look.
+    bool eventFilter(QObject* watched, QEvent* event) override {
+        auto* const window = qobject_cast<QWidget*>(watched);
+        if (event->type() == QEvent::Show && window != nullptr && window->isWindow()) shown_.append(window);
+        return QObject::eventFilter(watched, event);
+    }
+
     void look() {
-        for (QWidget* window : QApplication::topLevelWidgets())
-            if (window->isVisible() && !seen_.contains(window)) note(*window);
+        for (QWidget* window : std::exchange(shown_, {}))
+            if (window != nullptr && window->isVisible() && !seen_.contains(window)) note(*window);
         seen_.removeAll(nullptr);
         QWidget* const modal = QApplication::activeModalWidget();
         for (QWidget* window : QApplication::topLevelWidgets()) {
@@ -126,6 +134,7 @@ class User : public QObject {
 
     QFile log_;
     QList<Deed> deeds_;
+    QList<QPointer<QWidget>> shown_;
     QList<QPointer<QWidget>> seen_;
     QTimer timer_;
     bool leaving_ = false;
