@@ -1,6 +1,9 @@
 #include "guide/Explanations.h"
 
 #include "guide/Texts.h"
+#include "platform/richtext/InternalText.h"
+#include "platform/script/ErrorReport.h"
+#include "platform/script/Errors.h"
 
 #include <algorithm>
 #include <array>
@@ -204,6 +207,12 @@ constexpr auto table = std::to_array<Explanation>({
 static_assert(std::ranges::adjacent_find(table, std::ranges::greater_equal(), &Explanation::number) == table.end(),
               "by number, each once");
 
+constexpr std::string_view values = "{0} yA nAvAchI kiMmat {1} Ahe.";
+constexpr std::string_view isText = "{0} yA nAvAt {1} hA majakUr Ahe, saMkhyA nAhI.";
+constexpr std::string_view plainText = "{0} hA majakUr Ahe, saMkhyA nAhI.";
+constexpr std::string_view isEmpty = "{0} yA nAvAlA kiMmat dilelI nAhI.";
+constexpr std::string_view isArray = "{0} hI mitI Ahe. gharAchA kramAMk kaMsAt lihA.";
+constexpr std::string_view notFound = "{0} he nAv sApaDale nAhI.";
 constexpr std::string_view wrongExample = "chukIche:";
 constexpr std::string_view rightExample = "barobar:";
 
@@ -211,9 +220,38 @@ StyledText latin(std::string_view text) {
     return {text, Font::Latin};
 }
 
+// A value in internal text form.
+StyledText shownValue(const script::ErrorOperand& operand) {
+    StyledText value;
+    for (const InternalTextRun& run : InternalTextRuns(operand.value)) value.append(run.text, run.font);
+    if (operand.kind != "String") return value;
+    StyledText quoted = latin("\"");
+    quoted.append(value);
+    quoted.append(latin("\""));
+    return quoted;
+}
+
+// The word of a variable, or of the array whose element "name(3)" is; empty for what is not the program's.
+StyledText shownName(const std::string& scriptName, const WordOfName& wordOf) {
+    if (!wordOf || scriptName.empty()) return {};
+    return {wordOf(std::string_view(scriptName).substr(0, scriptName.find('('))), Font::Devanagari};
+}
+
+StyledText describe(const script::ErrorOperand& operand, int number, const WordOfName& wordOf) {
+    const StyledText word = shownName(operand.name, wordOf);
+    const bool wantsNumber = number == script::errors::typeMismatch;
+    if (operand.kind == "String" && wantsNumber)
+        return word.empty() ? sentence(plainText, {shownValue(operand)})
+                            : sentence(isText, {word, shownValue(operand)});
+    if (word.empty()) return {};
+    if (operand.kind == "Empty") return sentence(isEmpty, {word});
+    if (operand.kind == "Variant()" && wantsNumber) return sentence(isArray, {word});
+    return operand.value.empty() ? StyledText() : sentence(values, {word, shownValue(operand)});
+}
+
 void appendSentence(StyledText& text, const StyledText& added) {
     if (added.empty()) return;
-    if (!text.empty()) text.append(latin(" "));
+    if (!text.empty()) text.append(" ", Font::Devanagari);
     text.append(added);
 }
 
@@ -236,10 +274,19 @@ StyledText errorMessageText(std::int32_t number) {
     return text;
 }
 
-StyledText explain(std::int32_t number) {
-    const Explanation* const explanation = findExplanation(number);
-    if (explanation == nullptr) return {};
-    StyledText text = shown(explanation->meaning);
+StyledText explain(const script::ErrorReport& error, const WordOfName& wordOf) {
+    const StyledText called = shownName(error.called, wordOf);
+    // A word that is called like a function and is none fails as a type mismatch.
+    const bool callsUnknown = error.number == script::errors::typeMismatch && !called.empty();
+    const Explanation* const explanation =
+        findExplanation(callsUnknown ? script::errors::undefinedProcedure : error.number);
+    StyledText text;
+    if (callsUnknown) text = sentence(notFound, {called});
+    if (!callsUnknown)
+        for (const script::ErrorOperand& operand : error.operands)
+            appendSentence(text, describe(operand, error.number, wordOf));
+    if (explanation == nullptr) return text;
+    appendSentence(text, shown(explanation->meaning));
     appendSentence(text, shown(wrongExample));
     appendSentence(text, shown(explanation->wrong));
     text.append(latin(";"));

@@ -5,8 +5,14 @@
 #include "platform/richtext/StyledText.h"
 
 #include <cstdint>
+#include <functional>
 #include <span>
+#include <string>
 #include <string_view>
+
+namespace tolvan::script {
+struct ErrorReport;
+}
 
 namespace tolvan::guide {
 
@@ -26,7 +32,10 @@ const Explanation* findExplanation(std::int32_t number);
 // The message of an error as it is told, or a general one that has the number.
 StyledText errorMessageText(std::int32_t number);
 
-// What the error usually means, with the example; empty for a number without a row.
-StyledText explain(std::int32_t number);
+// The word of the program, in font codes, that a name of the script stands for; empty if there is none.
+using WordOfName = std::function<std::string(std::string_view)>;
+
+// The names and values that took part, where they are known, what the error usually means, and the example.
+StyledText explain(const script::ErrorReport& error, const WordOfName& wordOf);
 
 }  // namespace tolvan::guide

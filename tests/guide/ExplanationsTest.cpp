@@ -1,7 +1,11 @@
 // The explanations of errors.
 #include "guide/Explanations.h"
+#include "platform/richtext/InternalText.h"
+#include "platform/script/ErrorReport.h"
 #include "platform/script/Errors.h"
+#include "runtime/host/ModuleRunner.h"
 #include "translator/MessageTable.h"
+#include "translator/ProgramText.h"
 
 #include <algorithm>
 #include <gtest/gtest.h>
@@ -19,7 +23,57 @@ TEST(Explanations, ThereIsOneForEveryErrorAndNoOther) {
     for (const int number : numbers) EXPECT_NE(findExplanation(number), nullptr) << number;
     for (const Explanation& row : explanations()) EXPECT_TRUE(numbers.contains(row.number)) << row.number;
     EXPECT_EQ(findExplanation(12), nullptr);
-    EXPECT_TRUE(explain(12).empty());
+    script::ErrorReport unknown;
+    unknown.number = 12;
+    EXPECT_TRUE(explain(unknown, {}).empty());
+}
+
+// The variable "vay" is "aaaaaaaaab" in the script.
+TEST(Explanations, NameWhatTookPart) {
+    const struct {
+        int number;
+        const char* called;
+        std::vector<script::ErrorOperand> operands;
+        const char* begin;
+    } cases[] = {
+        {13,
+         "",
+         {{"aaaaaaaaab", "bara", "String"}, {"", "1", "Integer"}},
+         "vay yA nAvAt #\"#bArA#\"# hA majakUr Ahe, saMkhyA nAhI. jithe"},
+        {13, "CDbl", {{"", "bara", "String"}}, "#\"#bArA#\"# hA majakUr Ahe, saMkhyA nAhI. jithe"},
+        {13, "aaaaaaaaab", {{"", "2", "Integer"}}, "vay he nAv sApaDale nAhI. yA nAvAche upaprAyojan"},
+        {13, "", {{"aaaaaaaaab", "", "Variant()"}}, "vay hI mitI Ahe."},
+        {9,
+         "",
+         {{"aaaaaaaaab", "", "Variant()"}, {"aaaaaaaaab(0)", "{-}7", "Integer"}},
+         "vay yA nAvAchI kiMmat -7 Ahe. gharAchA"},
+        {11, "", {{"", "1", "Integer"}, {"aaaaaaaaab", "", "Empty"}}, "vay yA nAvAlA kiMmat dilelI nAhI. bhAgAkArAt"},
+        {5, "Sqr", {{"n", "{-}4", "Integer"}}, "dilelI kiMmat"},
+    };
+    const auto wordOf = [](std::string_view name) { return std::string(name == "aaaaaaaaab" ? "vy" : ""); };
+    for (const auto& [number, called, operands, begin] : cases) {
+        script::ErrorReport error;
+        error.number = number;
+        error.called = called;
+        error.operands = operands;
+        const std::string begins = RomanMark(Transliterate(begin));
+        EXPECT_EQ(RomanMark(explain(error, wordOf)).substr(0, begins.size()), begins);
+    }
+}
+
+// The statement in line 5 of the script calls a function of the library, which stands after the program.
+TEST(FailedLine, IsThatOfTheCallIntoTheLibrary) {
+    ModuleLines lines;
+    lines.append("Sub Main()", ModuleLines::Kind::Frame, 0);
+    lines.append("\r\n\r\n", ModuleLines::Kind::Statement, 2);
+    lines.append("\r\n\r\n", ModuleLines::Kind::Statement, 7);
+    script::ErrorReport error;
+    error.line = 9;
+    EXPECT_EQ(failedLine(error, lines), 0);
+    error.stack = {{"root", 9}, {"Main", 5}, {"", 2}};
+    EXPECT_EQ(failedLine(error, lines), 7);
+    error.line = 3;
+    EXPECT_EQ(failedLine(error, lines), 2);
 }
 
 // Two sentences, of some fifteen words at most; marks of quotes and Latin text are closed.
@@ -28,7 +82,9 @@ TEST(Explanations, AreShort) {
         EXPECT_EQ(std::count(row.meaning.begin(), row.meaning.end(), '.'), 2) << row.meaning;
         EXPECT_LE(std::count(row.meaning.begin(), row.meaning.end(), ' '), 16) << row.meaning;
         EXPECT_EQ(std::count(row.right.begin(), row.right.end(), '#') % 2, 0) << row.right;
-        EXPECT_FALSE(explain(row.number).empty());
+        script::ErrorReport error;
+        error.number = row.number;
+        EXPECT_FALSE(explain(error, {}).empty());
         EXPECT_FALSE(errorMessageText(row.number).empty());
     }
 }

@@ -3,6 +3,7 @@
 
 #include "platform/script/Executor.h"
 #include "runtime/host/ConsoleObject.h"
+#include "translator/ModuleLines.h"
 
 #include <string_view>
 
@@ -14,5 +15,9 @@ namespace tolvan {
 // The result has number 0 if the program came to its end. Whether a program with an error was stopped (its poll raises
 // an error then) is the console's knowledge.
 script::ErrorReport runModule(script::Executor& executor, ConsoleObject& console, std::string_view module);
+
+// The line of the program, from 1, at which a run failed. What failed in a function after the program's own lines, as
+// those of the library stand there, failed in the line that called it. 0 if the lines do not tell.
+int failedLine(const script::ErrorReport& error, const ModuleLines& lines);
 
 }  // namespace tolvan
