@@ -93,8 +93,7 @@ TEST_P(DrawingTest, LooksAsKept) {
         FAIL() << file << " shows another picture than " << seen;
     }
 }
-INSTANTIATE_TEST_SUITE_P(, DrawingTest, testing::ValuesIn(exampleNames()),
-                         [](const auto& test) { return test.param; });
+INSTANTIATE_TEST_SUITE_P(, DrawingTest, testing::ValuesIn(exampleNames()), [](const auto& test) { return test.param; });
 
 INSTANTIATE_TEST_SUITE_P(, ExamplesTest, testing::ValuesIn(exampleNames()),
                          [](const auto& test) { return test.param; });
