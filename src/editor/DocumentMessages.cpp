@@ -47,12 +47,6 @@ std::string takeUpUnsaved(const QStringList& titles) {
     return text.append("{\\line}\\f1pihle Aata prt Aa[ayce ka\\f0? \\f1bakIcI puFCya ve¦I yetIl\\f0."_deva);
 }
 
-std::string characterRefused(char32_t character) {
-    return std::string("\\f1he A]r #we ilihta yet nahI\\f0: "_deva)
-        .append("U+")
-        .append(QString::number(character, 16).toUpper().rightJustified(4, QLatin1Char('0')).toStdString());
-}
-
 std::string helpFailed() {
     return std::string("\\f1mdt daovta AalI nahI\\f0."_deva);
 }

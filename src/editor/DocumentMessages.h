@@ -31,8 +31,6 @@ std::string otherKind(const QString& path);
 // Asks whether to take up the unsaved text of files, given by their paths or titles; at least one. Of several, the
 // first is meant, and the others come at the next start.
 std::string takeUpUnsaved(const QStringList& titles);
-// A character that has no 8-bit code.
-std::string characterRefused(char32_t character);
 std::string helpFailed();
 
 // The name of a file, in any script, as a piece of a message that is shown in the Latin font.

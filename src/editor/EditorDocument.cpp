@@ -4,8 +4,10 @@
 #include "editor/DocumentMessages.h"
 #include "editor/FileDialogs.h"
 #include "editor/WholeFile.h"
+#include "platform/encoding/Unicode.h"
 #include "platform/fonts/FontEncoding.h"
 #include "translator/ProgramFile.h"
+#include "translator/UnicodeProgram.h"
 
 #include <QCryptographicHash>
 #include <QFileInfo>
@@ -153,11 +155,14 @@ bool EditorDocument::load(const QString& path) {
     if (!content) return false;
     const QFileInfo file(path);
     emit discarding();
-    replaceBy(file.absoluteFilePath(), content->program.roman);
-    caption_ = content->program.caption;
-    fingerprint_ = content->fingerprint;
-    setState(file.fileName(), false);
-    emit filed(path_);
+    const ProgramFile& program = content->program;
+    // What is in Unicode is taken in; it is not written over by what it became.
+    replaceBy(program.isUnicode ? QString() : file.absoluteFilePath(), program.roman);
+    caption_ = program.caption;
+    fingerprint_ = program.isUnicode ? QByteArray() : content->fingerprint;
+    setState(file.fileName(), program.isUnicode);
+    if (!program.leftOut.empty()) emit charactersLeftOut(program.leftOut);
+    emit filed(file.absoluteFilePath());
     return true;
 }
 
@@ -192,6 +197,23 @@ bool EditorDocument::FileSaveAs() {
     path_ = file.absoluteFilePath();
     setState(file.fileName(), false);
     return true;
+}
+
+bool EditorDocument::FileSaveUnicode() {
+    const QString folder = path_.isEmpty() ? saveFolder_ : QFileInfo(path_).absolutePath();
+    FileRequest request = programFileRequest(QStringLiteral("Save Unicode Text As..."), folder);
+    request.kind = QStringLiteral("Unicode Text");
+    request.suffix = QStringLiteral("txt");
+    request.name = toQString(caption_);
+    const QString chosen = askSaveFile(request);
+    if (chosen.isEmpty()) return false;
+    std::string text;
+    appendUnicodeOfLatin(caption_, text);
+    text += '\n';
+    text += unicodeOfProgram(text_.romanText());
+    if (replaceFile(chosen, QByteArray::fromStdString(text + '\n'))) return true;
+    ShowMessage(messages::notSaved(chosen));
+    return false;
 }
 
 // The fingerprint is of the whole content, since two savings within the clock's resolution differ in nothing else.

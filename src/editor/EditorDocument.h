@@ -81,6 +81,8 @@ class EditorDocument : public QObject {
     bool OpenCopy(const QString& path);
     bool FileSave();
     bool FileSaveAs();
+    // A copy of the program in Unicode, as it is shown: caption and lines in UTF-8. The document stays what it is.
+    bool FileSaveUnicode();
     bool saveTo(const QString& path);
     // False if the program has no file and did not get one: it is not to run then. One that cannot be saved to its file
     // runs; without unsaved changes, as an example in a folder of the system, nothing is told either.
@@ -102,6 +104,8 @@ class EditorDocument : public QObject {
     void saved(const QString& path);
     // The file is about to be written with another content.
     void replacing(const QString& path);
+    // The program that was opened is in Unicode and held characters that have no place in a program.
+    void charactersLeftOut(const std::u32string& characters);
     // The document is about to go, by the user's wish; it may be dirty.
     void discarding();
 

@@ -85,7 +85,18 @@ void EditorStatusBar::showLine(int line) {
 }
 
 void EditorStatusBar::showMessage(std::string_view text) {
+    message_->setTextFormat(Qt::PlainText);
     message_->setText(toQString(text));
+}
+
+void EditorStatusBar::showRefused(std::u32string_view characters) {
+    constexpr std::size_t most = 20;
+    const QString shown =
+        QString::fromUcs4(characters.data(), static_cast<qsizetype>(std::min(characters.size(), most)));
+    message_->setTextFormat(Qt::RichText);
+    message_->setText(QStringLiteral("%1 <span style=\"font-family: '%2'\">%3</span>")
+                          .arg(toQString("he #we ilihta yet nahI"_deva).toHtmlEscaped(),
+                               look::controlFont(Font::Latin).family(), shown.toHtmlEscaped()));
 }
 
 void EditorStatusBar::showDescription(const QString& text) {

@@ -33,6 +33,8 @@ class EditorStatusBar : public QStatusBar {
     // A Roman word that stands for nothing, in the panel of the description; empty: none, which takes the last one
     // away.
     void showLeftOut(const std::string& word);
+    // Characters that cannot be written into a program, shown as themselves in the place of the message.
+    void showRefused(std::u32string_view characters);
 
     // In the place of descriptions, as long as it is not empty.
     void showText(const StyledText& text);

@@ -10,8 +10,8 @@
 namespace tolvan {
 namespace {
 
-constexpr const char* romanItems[] = {"EditUndo", "EditRedo",  "mnuSeperator5", "EditCut",
-                                      "EditCopy", "EditPaste", "EditSelectAll"};
+constexpr const char* romanItems[] = {"EditUndo", "EditRedo",           "mnuSeperator5", "EditCut",
+                                      "EditCopy", "EditCopyDevanagari", "EditPaste",     "EditSelectAll"};
 
 EditorMenu& addMenu(TextPane& pane) {
     auto* menu = new EditorMenu(&pane);

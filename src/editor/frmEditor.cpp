@@ -16,6 +16,7 @@
 #include "editor/guide/EditorGuide.h"
 #include "editor/guide/ProblemPanel.h"
 #include "editor/guide/WordCorrection.h"
+#include "editor/panes/DevanagariTyping.h"
 #include "editor/panes/PaneAids.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
@@ -27,8 +28,11 @@
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "runtime/frmExec.h"
 #include "translator/Formatter.h"
+#include "translator/UnicodeProgram.h"
 
+#include <QApplication>
 #include <QBoxLayout>
+#include <QClipboard>
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
@@ -53,6 +57,12 @@ constexpr std::string_view readyText = "tolvn beisk tyar Aahe"_deva;
 constexpr std::string_view notKeptText = "n sQvleLya bdla<cI àt Qevta AalI nahI"_deva;
 constexpr std::string_view workingText = "q<k leon sué Aahe"_deva;
 constexpr std::string_view runningText = "àayaejn suê Astana bdl krta yet nahI"_deva;
+
+// A program in Unicode may also be a plain text file.
+bool isProgramFile(const QString& path) {
+    return path.endsWith(QLatin1String(".tvp"), Qt::CaseInsensitive) ||
+           path.endsWith(QLatin1String(".txt"), Qt::CaseInsensitive);
+}
 
 }  // namespace
 
@@ -122,8 +132,14 @@ void frmEditor::connectPanes() {
             [this](int percent) { rememberZoom(settings_, percent); });
     applyPreferences();
     connect(txtRoman_, &TextPane::caretMoved, this, [this] { statusBar_->showLine(txtRoman_->currentLine()); });
+    const auto showRefused = [this](const std::u32string& characters) {
+        statusBar_->showRefused(characters);
+        timer1_.start();
+    };
     connect(txtRoman_, &RomanBox::characterRefused, this,
-            [](char32_t character) { ShowMessage(messages::characterRefused(character)); });
+            [showRefused](char32_t character) { showRefused(std::u32string(1, character)); });
+    connect(txtRoman_, &RomanBox::charactersLeftOut, this, showRefused);
+    connect(&document_, &EditorDocument::charactersLeftOut, this, showRefused);
     connect(txtRoman_, &RomanBox::typedWhileLocked, this, [this] {
         statusBar_->showMessage(runningText);
         timer1_.start();
@@ -255,6 +271,7 @@ bool frmEditor::TopMenu_UserCommand(const QByteArray& key) {
         toggleToolBar(key);
         return true;
     }
+    aids_->devanagari().finish();
     return QMetaObject::invokeMethod(this, key.constData());
 }
 
@@ -300,6 +317,9 @@ void frmEditor::FileOldVersions() {
     const QString own = oldVersions_.folderOf(document_.path());
     document_.OpenOldVersion(QFileInfo(own).isDir() ? own : all, own);
 }
+void frmEditor::FileSaveUnicode() {
+    document_.FileSaveUnicode();
+}
 void frmEditor::FilePreferences() {
     if (services_.filePreferences) services_.filePreferences(*this);
 }
@@ -337,6 +357,11 @@ void frmEditor::EditCut() {
 }
 void frmEditor::EditCopy() {
     txtRoman_->copy();
+}
+void frmEditor::EditCopyDevanagari() {
+    const std::string selected = txtRoman_->selectedText();
+    QApplication::clipboard()->setText(
+        QString::fromStdString(unicodeOfProgram(selected.empty() ? txtRoman_->text() : selected)));
 }
 void frmEditor::EditPaste() {
     txtRoman_->paste();
@@ -437,7 +462,7 @@ void frmEditor::dropEvent(QDropEvent* event) {
 void frmEditor::openDropped(const QStringList& paths) {
     if (paths.size() > 1)
         ShowMessage(messages::tooManyFiles);
-    else if (!paths.constFirst().endsWith(QLatin1String(".tvp"), Qt::CaseInsensitive))
+    else if (!isProgramFile(paths.constFirst()))
         ShowMessage(messages::otherKind(paths.constFirst()));
     else
         OpenFile(paths.constFirst());

@@ -108,6 +108,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void FileSave();
     void FileSaveAs();
     void FileOldVersions();
+    void FileSaveUnicode();
     void FilePreferences();
     void FileMakeEXE();
     void FileExit();
@@ -120,6 +121,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void EditRedo();
     void EditCut();
     void EditCopy();
+    void EditCopyDevanagari();
     void EditPaste();
     void EditSelectAll();
     void EditFind();

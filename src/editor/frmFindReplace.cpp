@@ -5,6 +5,7 @@
 #include "editor/FindText.h"
 #include "editor/RomanPreview.h"
 #include "editor/panes/RomanBox.h"
+#include "platform/devanagariinput/LineEditText.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
 
@@ -60,6 +61,7 @@ void frmFindReplace::addTextRow(QGridLayout& grid, const char* name, std::string
     box->setObjectName(QLatin1String(name));
     box->setFont(look::controlFont(Font::Latin));
     box->setMinimumWidth(look::em(22));
+    new DevanagariInput(*box, std::make_unique<LineEditText>(*box, box->maxLength()));  // the box owns it
     auto* shown = new RomanPreview(*box);
     shown->setObjectName(QLatin1String(name) + QLatin1String("Devnag"));
     auto* caption = addDevanagari<QLabel>(label, {}, this);

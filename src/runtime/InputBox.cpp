@@ -1,5 +1,6 @@
 #include "runtime/InputBox.h"
 
+#include "platform/devanagariinput/LineEditText.h"
 #include "platform/encoding/Windows1252.h"
 #include "platform/fonts/FontEncoding.h"
 #include "runtime/ConsoleFonts.h"
@@ -59,6 +60,7 @@ InputBox::InputBox(QWidget* parent) : QLineEdit(parent) {
     setFont(consoleFont(Font::Latin));
     setValidator(new Text(*this));
     setContextMenuPolicy(Qt::NoContextMenu);
+    new DevanagariInput(*this, std::make_unique<LineEditText>(*this, mostCharacters));  // this box owns it
 }
 
 std::string InputBox::roman() const {

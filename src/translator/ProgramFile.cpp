@@ -1,6 +1,9 @@
 #include "translator/ProgramFile.h"
 
 #include "platform/encoding/Ascii.h"
+#include "translator/UnicodeProgram.h"
+
+#include <utility>
 
 namespace tolvan {
 namespace {
@@ -15,9 +18,26 @@ std::string withCrLf(std::string_view text) {
     return lines;
 }
 
+// Written elsewhere, such a file may lack the caption.
+ProgramFile readUnicode(std::string_view utf8) {
+    RomanProgram program = romanOfUnicodeProgram(utf8);
+    std::string_view rest = program.roman;
+    auto [caption, end] = takeLine(rest);
+    ProgramFile file;
+    if (isStatement(caption))
+        rest = program.roman;
+    else
+        file.caption = caption;
+    file.roman = rest;
+    file.isUnicode = true;
+    file.leftOut = std::move(program.leftOut);
+    return file;
+}
+
 }  // namespace
 
 ProgramFile readProgramFile(std::string_view bytes) {
+    if (const auto unicode = unicodeFileText(bytes)) return readUnicode(*unicode);
     const auto [caption, end] = takeLine(bytes);
     if (end.empty()) return {std::string(caption), {}, ProgramFile::Problem::FirstLineWithoutEnd};
     return {std::string(caption), withCrLf(bytes), ProgramFile::Problem::None};

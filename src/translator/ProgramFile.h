@@ -17,9 +17,12 @@ struct ProgramFile {
     std::string caption;
     std::string roman;  // lines separated by CR LF
     Problem problem = Problem::None;
+    bool isUnicode = false;       // and not 8-bit: the text was spelled in Roman letters
+    std::u32string leftOut = {};  // characters of Unicode that have no place in a program
 };
 
-// A bare LF is read as CR LF; every other character is kept.
+// A bare LF is read as CR LF; every other character is kept. A file in Unicode is taken in as romanOfUnicodeProgram
+// says; its first line is the caption, unless it is a statement.
 ProgramFile readProgramFile(std::string_view bytes);
 
 // The bytes of a file. The text gets one CR LF more after it, which comes back with it when the file is read.

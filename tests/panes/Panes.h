@@ -25,6 +25,7 @@ class Panes : public ::testing::Test {
         window.show();
         roman.setFocus();
         QObject::connect(&roman, &RomanBox::characterRefused, [this](char32_t c) { refused += c; });
+        QObject::connect(&roman, &RomanBox::charactersLeftOut, [this](const std::u32string& c) { refused += c; });
     }
 
     void type(const char* letters) { QTest::keyClicks(&roman, QString::fromLatin1(letters)); }

@@ -6,6 +6,7 @@
 #include "guide/Sounds.h"
 #include "guide/WordMending.h"
 #include "platform/encoding/Ascii.h"
+#include "platform/encoding/Unicode.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 
 #include <QKeyEvent>
@@ -167,7 +168,8 @@ bool Completion::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::KeyPress) {
         const auto* key = static_cast<QKeyEvent*>(event);
         if (isOpen() && key->modifiers() == Qt::NoModifier && takeKey(key->key())) return true;
-        typed_ = !roman_.isLocked() && key->text().size() == 1 && isLetter(key->text()[0].toLatin1());
+        typed_ = !roman_.isLocked() && key->text().size() == 1 &&
+                 (isLetter(key->text()[0].toLatin1()) || isDevanagari(key->text()[0].unicode()));
     }
     if (event->type() == QEvent::FocusOut || event->type() == QEvent::Hide) close();
     return QObject::eventFilter(watched, event);

@@ -1,5 +1,6 @@
 #include "editor/panes/PaneAids.h"
 
+#include "editor/panes/DevanagariTyping.h"
 #include "editor/panes/EmptyHint.h"
 #include "editor/panes/LineNumbers.h"
 #include "editor/panes/ProgramBox.h"
@@ -13,6 +14,7 @@ PaneAids::PaneAids(RomanBox& roman, ProgramBox& program, const RomanInput& input
       scrolling_(roman, program),
       caret_(roman, program, input),
       zoom_(roman, program),
+      devanagari_(std::make_unique<DevanagariTyping>(roman, input)),
       quoteSpans_(roman, input),
       completion_(roman, input) {
     new LineNumbers(roman);  // the panes own them
@@ -20,5 +22,7 @@ PaneAids::PaneAids(RomanBox& roman, ProgramBox& program, const RomanInput& input
     new EmptyHint(roman);
     program.setColouring(wordColours);
 }
+
+PaneAids::~PaneAids() = default;
 
 }  // namespace tolvan

@@ -8,8 +8,11 @@
 #include "editor/panes/ScrollTogether.h"
 #include "editor/panes/ZoomTogether.h"
 
+#include <memory>
+
 namespace tolvan {
 
+class DevanagariTyping;
 class ProgramBox;
 class RomanBox;
 class RomanInput;
@@ -18,16 +21,19 @@ class PaneAids {
   public:
     // All must outlive it.
     PaneAids(RomanBox& roman, ProgramBox& program, const RomanInput& input);
+    ~PaneAids();
 
     QuoteSpans& quoteSpans() { return quoteSpans_; }
     Completion& completion() { return completion_; }
     ZoomTogether& zoom() { return zoom_; }
+    DevanagariTyping& devanagari() { return *devanagari_; }
 
   private:
     CaretLine caretLine_;
     ScrollTogether scrolling_;
     CaretTogether caret_;
     ZoomTogether zoom_;
+    std::unique_ptr<DevanagariTyping> devanagari_;  // sees the keys that quotes and completion leave
     QuoteSpans quoteSpans_;
     Completion completion_;
 };

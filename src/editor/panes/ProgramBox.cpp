@@ -3,12 +3,14 @@
 #include "editor/panes/ShownText.h"
 #include "platform/encoding/Ascii.h"
 #include "platform/fonts/FontEncoding.h"
+#include "platform/richtext/UnicodeText.h"
 
 #include <QKeyEvent>
 #include <QMimeData>
 #include <QMouseEvent>
 #include <QTextBlock>
 
+#include <algorithm>
 #include <utility>
 
 namespace tolvan {
@@ -142,8 +144,43 @@ void ProgramBox::mouseReleaseEvent(QMouseEvent* event) {
 
 QMimeData* ProgramBox::createMimeDataFromSelection() const {
     auto* selection = new QMimeData;  // goes to who asked
-    selection->setText(toQString(text().text().substr(selectionStart(), selectionLength())));
+    QString plain;
+    QString html = QStringLiteral("<pre>");
+    const int end = textCursor().selectionEnd();
+    for (QTextBlock block = document()->findBlock(textCursor().selectionStart());
+         block.isValid() && block.position() <= end; block = block.next()) {
+        if (!plain.isNull()) plain += u'\n', html += u'\n';
+        const ProgramLine* line = lineOf(block);
+        if (!line) continue;
+        const auto from = static_cast<std::size_t>(std::max(textCursor().selectionStart() - block.position(), 0));
+        const auto to = static_cast<std::size_t>(std::min(end - block.position(), block.length() - 1));
+        addUnicode(line->text, from, to, plain, html);
+    }
+    selection->setText(plain);
+    selection->setHtml(html + QStringLiteral("</pre>"));
     return selection;
+}
+
+// The part of a line, with its colours.
+void ProgramBox::addUnicode(StyledView line, std::size_t from, std::size_t to, QString& plain, QString& html) const {
+    std::vector<ColourRun> runs = colouring_ ? colouring_(line) : std::vector<ColourRun>();
+    runs.push_back({to, 0, {}});
+    const auto add = [&](std::size_t start, std::size_t end, QColor colour) {
+        start = std::max(start, from);
+        end = std::min(end, to);
+        if (start >= end) return;
+        const QString text = QString::fromStdString(unicodeOf(line.substr(start, end - start)));
+        plain += text;
+        html += colour.isValid()
+                    ? QStringLiteral("<span style=\"color:%1\">%2</span>").arg(colour.name(), text.toHtmlEscaped())
+                    : text.toHtmlEscaped();
+    };
+    std::size_t done = from;
+    for (const ColourRun& run : runs) {
+        add(done, run.start, {});
+        add(run.start, run.start + run.length, run.colour);
+        done = std::max(done, run.start + run.length);
+    }
 }
 
 }  // namespace tolvan

@@ -1,5 +1,5 @@
 // Shows a program text: Devanagari words in "Sanskrit 1.2", Latin text in "Times New Roman". It is only read: text can
-// be selected and copied, by keys of its own, not by the commands of its window.
+// be selected and copied, as Unicode and with its colours, by keys of its own, not by the commands of its window.
 #pragma once
 
 #include "editor/panes/ProgramLines.h"
@@ -49,6 +49,7 @@ class ProgramBox : public TextPane {
     QMimeData* createMimeDataFromSelection() const override;
 
   private:
+    void addUnicode(StyledView line, std::size_t from, std::size_t to, QString& plain, QString& html) const;
     void format(const QTextBlock& block);
     void formatAll();
 

@@ -2,8 +2,10 @@
 
 #include "editor/panes/ShownText.h"
 #include "platform/encoding/Ascii.h"
+#include "platform/encoding/Unicode.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/RtfReader.h"
+#include "translator/UnicodeProgram.h"
 
 #include <QClipboard>
 #include <QFontMetricsF>
@@ -45,6 +47,10 @@ QString withLineFeeds(QString text) {
     for (const QChar other : {QChar(u'\r'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
         text.replace(other, u'\n');
     return text;
+}
+
+bool hasDevanagari(const QString& text) {
+    return std::any_of(text.begin(), text.end(), [](QChar character) { return isDevanagari(character.unicode()); });
 }
 
 QString plainText(const QMimeData& source) {
@@ -349,14 +355,18 @@ bool RomanBox::canInsertFromMimeData(const QMimeData* source) const {
 }
 
 void RomanBox::insertFromMimeData(const QMimeData* source) {
-    const bool own = source->hasFormat(ownFormat);
-    const QString text =
-        withLineFeeds(own ? toQString(source->data(ownFormat).toStdString()) : withKeyboardMarks(plainText(*source)));
-    if (isLocked() || text.isEmpty() || refuses(text)) return;
+    if (isLocked()) return;
     leaveMark();
-    QStringList lines = text.split(u'\n');
-    for (QString& line : lines) line = toShown(toFontEncoded(line));
-    insertShown(lines.join(u'\n'));
+    if (source->hasFormat(ownFormat)) {
+        QStringList lines = withLineFeeds(toQString(source->data(ownFormat).toStdString())).split(u'\n');
+        for (QString& line : lines) line = toShown(toFontEncoded(line));
+        return insertShown(lines.join(u'\n'));
+    }
+    const QString text = plainText(*source);
+    const RomanProgram program =
+        romanOfUnicodeProgram((hasDevanagari(text) ? text : withKeyboardMarks(text)).toStdString());
+    if (!program.roman.empty()) insertShown(documentText(program.roman));
+    if (!program.leftOut.empty()) emit charactersLeftOut(program.leftOut);
 }
 
 }  // namespace tolvan

@@ -1,6 +1,8 @@
 // The Roman program text as the user types it: 8-bit characters, lines separated by CR LF. Any bytes can be set and
 // come back as they were.
 //
+// Text in Unicode that is pasted or dropped becomes Roman text.
+//
 // The box leaves the keys of the edit commands to shortcuts of its window, and acts on them where there are none; but
 // the key to copy does nothing without a selection. Tab indents the selected lines, Shift+Tab takes that back. Dropped
 // files are not taken: they go on to the window.
@@ -45,16 +47,21 @@ class RomanBox : public TextPane {
     void undo();
     void redo();
 
+    // Where a mark is selected, the caret goes to its end: typing does not replace it.
+    void leaveMark();
+
     // While a program runs: nothing can be typed, pasted, cut or undone, but the box scrolls, and text can be selected
     // and copied. setText works all the same.
     void setLocked(bool locked);
     bool isLocked() const { return isReadOnly(); }
 
   signals:
-    // A character that has no 8-bit code was typed, pasted or dropped. Nothing of that text has been taken.
+    // A character that has no 8-bit code was typed.
     void characterRefused(char32_t character);
     // The text would have been changed by a key.
     void typedWhileLocked();
+    // What was pasted or dropped has been taken without these characters.
+    void charactersLeftOut(const std::u32string& characters);
 
   protected:
     bool event(QEvent* event) override;
@@ -75,7 +82,6 @@ class RomanBox : public TextPane {
     void indentLines();
     void unindentLines();
     void insertShown(const QString& shown);
-    void leaveMark();
 
     bool marked_ = false;  // what is selected
 };
