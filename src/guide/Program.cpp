@@ -85,7 +85,7 @@ void Program::addLibrary(LineStore& store) {
         candidates_.emplace_back(word.roman, place::inner);
         if (use.isSet() || use.function != mainProgram) continue;
         use.scopes = {mainProgram};
-        use.maybeSet = use.library = true;
+        use.maybeSet = use.fromLibrary = true;
         use.command = word.kind == LibraryWord::Kind::Command;
         use.parameters = parameterCount(word);
     }

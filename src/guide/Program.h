@@ -42,7 +42,7 @@ struct NameUse {
     bool array = false;          // declared
     bool maybeSet = false;       // by a function that it is given to, or in a line that is not understood
     int function = mainProgram;  // the line of the function of this name
-    bool library = false;        // known though nothing sets it
+    bool fromLibrary = false;    // known though nothing sets it
     bool command = false;        // of the library, and begins a statement
     std::size_t parameters = 0;  // of that function
 };

@@ -111,7 +111,7 @@ void checkArguments(const Program& program, std::size_t number, Report& report) 
     if (line.statement.role == Role::FunctionHead) return;
     for (std::size_t i = 0; i + 1 < line.words.size(); ++i) {
         const NameUse* use = line.words[i].kind == Word::Kind::Name ? program.use(line.words[i].glyphs) : nullptr;
-        if (use == nullptr || (use->function == mainProgram && !use->library) || !line.words[i + 1].isMark('('))
+        if (use == nullptr || (use->function == mainProgram && !use->fromLibrary) || !line.words[i + 1].isMark('('))
             continue;
         std::size_t end = i + 2;
         for (int depth = 1; end < line.words.size(); ++end) {

@@ -120,10 +120,14 @@ int ownLines(std::string_view module) {
     return static_cast<int>(std::count(own.begin(), own.end(), '\n')) + 1;
 }
 
-std::string runnableModule(StyledView program) {
+RunnableProgram runnableProgram(StyledView program) {
     Translator translator;
     std::string module = translator.Compile(program);
-    return addLibrary(std::move(module), translator.variables());
+    return {addLibrary(std::move(module), translator.variables()), translator.moduleLines()};
+}
+
+std::string runnableModule(StyledView program) {
+    return runnableProgram(program).module;
 }
 
 }  // namespace tolvan

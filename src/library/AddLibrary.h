@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/richtext/StyledText.h"
+#include "translator/ModuleLines.h"
 
 #include <string>
 #include <string_view>
@@ -20,7 +21,13 @@ std::string addLibrary(std::string module, const VariableTable& names);
 // library functions, all.
 int ownLines(std::string_view module);
 
-// The module of a program together with the library's functions: what is run.
+struct RunnableProgram {
+    std::string module;  // with the library's functions
+    ModuleLines lines;   // of the program's own part
+};
+RunnableProgram runnableProgram(StyledView program);
+
+// The module alone.
 std::string runnableModule(StyledView program);
 
 }  // namespace tolvan

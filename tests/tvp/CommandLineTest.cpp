@@ -82,12 +82,12 @@ TEST(CommandLine, SpeaksUnicode) {
     EXPECT_EQ(tvp.run({"convert", "--unicode"}, "namaskAr").output, "नमस्कार");
     EXPECT_EQ(tvp.run({"mark", "--unicode"}, "A(\xE9)").output, "A#(#é#)#");
     const std::string roman =
-        "ghe nAv\r\ndAkhav #\"#namaskAr, #\xE9 \"# + nAv\r\ndAkhav nAv + #\"\\\"#\r\nA = 1 bhAgile 0";
+        "ghe nAv\r\ndAkhav #\"#namaskAr, #\xE9 \"# + nAv\r\ndAkhav nAv + #\"\\\"#\r\n\r\nA = 1 bhAgile 0";
     EXPECT_EQ(tvp.runProgram({"program", "--unicode"}, roman).output,
-              "घे नाव\nदाखव \"नमस्कार, é \" + नाव\nदाखव नाव + \"\\\"\nआ = १ भागिले ०\n");
+              "घे नाव\nदाखव \"नमस्कार, é \" + नाव\nदाखव नाव + \"\\\"\n\nआ = १ भागिले ०\n");
     const TvpResult result = tvp.runProgram({"run", "--unicode"}, roman, "ऋषी-५\n");
     EXPECT_EQ(result.output, "नमस्कार, é ऋषी-५\nऋषी-५\\\n");
-    EXPECT_THAT(result.errors, StartsWith("ओळ 4: शुन्यने भगाकार"));
+    EXPECT_THAT(result.errors, StartsWith("ओळ 5: शुन्यने भगाकार"));
     EXPECT_EQ(result.status, 1);
 }
 

@@ -156,15 +156,15 @@ std::deque<std::string> readKeys(const std::string& file) {
     return keys;
 }
 
-using TellError = void (*)(const script::ErrorReport&, Output& messages);
+using TellError = void (*)(const script::ErrorReport&, const ModuleLines&, Output& messages);
 
-void tellNumberAndLine(const script::ErrorReport& report, Output& messages) {
+void tellNumberAndLine(const script::ErrorReport& report, const ModuleLines&, Output& messages) {
     messages.writeLine("error " + std::to_string(report.number) + " line " + std::to_string(report.line));
 }
 
 // In Marathi, with the line of the program; a number without a message is told itself.
-void tellInMarathi(const script::ErrorReport& report, Output& messages) {
-    const int line = report.line / 2;  // two lines of the module for each line of the program, behind its first one
+void tellInMarathi(const script::ErrorReport& report, const ModuleLines& lines, Output& messages) {
+    const int line = lines.programLine(report.line);
     StyledText text("Aae¦ "_deva, Font::Devanagari);
     text.append(std::to_string(line) + ": ", Font::Latin);
     if (const auto message = messageFragment(report.number)) {
@@ -182,36 +182,36 @@ ReachableFiles filesOf(const Invocation& invocation) {
     return files;
 }
 
-int runOnTextConsole(const std::string& module, const Invocation& invocation, TellError tellError) {
+int runOnTextConsole(const RunnableProgram& program, const Invocation& invocation, TellError tellError) {
     TextConsole console(invocation.unicode ? TextConsole::Lines::Unicode : TextConsole::Lines::FontCodes,
                         invocation.output, invocation.messages);
     ConsoleObject object(console);
     if (invocation.trace) object.setTrace([&](std::string_view call) { invocation.messages.writeLine(call); });
     if (!invocation.keyFile.empty()) console.setKeys(readKeys(invocation.keyFile));
-    if (invocation.seed) object.library().setSeed(*invocation.seed);
-    if (invocation.simulatedStart) object.library().simulateTime(*invocation.simulatedStart);
+    if (invocation.seed) object.libraryObject().setSeed(*invocation.seed);
+    if (invocation.simulatedStart) object.libraryObject().simulateTime(*invocation.simulatedStart);
     object.setFiles(filesOf(invocation));
     console.setMostOutput(invocation.limits.outputBytes);
     script::Executor executor;
     if (invocation.limits.memoryBytes != Limits::none) executor.setMemoryLimit(invocation.limits.memoryBytes);
     if (invocation.limits.milliseconds != Limits::none) endAfter(invocation.limits.milliseconds);
-    const script::ErrorReport report = runModule(executor, object, module);
+    const script::ErrorReport report = runModule(executor, object, program.module);
     if (console.hasPrintedTooMuch()) {
         invocation.messages.writeLine("tvp: stopped, it printed too much");
         return limitReached;
     }
     if (report.number == 0 || console.isStopped()) return succeeded;
-    tellError(report, invocation.messages);
+    tellError(report, program.lines, invocation.messages);
     return scriptFailed;
 }
 
 int runProgram(const Invocation& invocation) {
-    return runOnTextConsole(runnableModule(ProgramText(readProgram(invocation).roman)), invocation,
+    return runOnTextConsole(runnableProgram(ProgramText(readProgram(invocation).roman)), invocation,
                             invocation.unicode ? tellInMarathi : tellNumberAndLine);
 }
 
 int runScript(const Invocation& invocation) {
-    return runOnTextConsole(readInput(invocation.file), invocation, tellNumberAndLine);
+    return runOnTextConsole({readInput(invocation.file), {}}, invocation, tellNumberAndLine);
 }
 
 // What is wrong with the use of the command line; for the user, in English.

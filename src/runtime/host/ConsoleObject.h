@@ -34,7 +34,7 @@ class ConsoleObject : public script::HostObject {
     void reset();
 
     // What the library's functions call besides.
-    LibraryObject& library() { return library_; }
+    LibraryObject& libraryObject() { return library_; }
 
     std::string_view typeName() const override { return "ParentForm"; }
     int findMember(std::string_view name) const override;

@@ -28,7 +28,7 @@ script::ErrorReport runModule(script::Executor& executor, ConsoleObject& console
     executor.reset();
     executor.setTextForm(&numberText);
     executor.addObject("ParentForm", console, script::Executor::Members::AlsoGlobal);
-    executor.addObject("Library", console.library());
+    executor.addObject("Library", console.libraryObject());
     script::ErrorReport report;
     if (!executor.addCode(module) || (executor.hasProcedure("Main") && !executor.run("Main")))
         report = executor.error();
