@@ -225,7 +225,8 @@ TEST_F(RunTest, KeysDoNothingToARunningProgram) {
 TEST_F(RunTest, ResizedInTheMiddle) {
     soon([this] {
         console->resize(900, 700);
-        once([] { return true; }, [this] { console->resize(500, 400); });
+        once([this] { return picture().pixel(display().width() - 1, 600) == 0xFFFF0000; },
+             [this] { console->resize(500, 400); });
     });
     run({"PrintString \"kml\"", "Do While DisplayWidth < 850", "Loop", "DrawPoint DisplayWidth - 1, 600, 255",
          "DrawPoint 3, 100, 0", "Do While DisplayWidth > 500", "Loop", "PrintString \"kml\""});
