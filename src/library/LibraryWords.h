@@ -2,20 +2,19 @@
 // nothing of them; a program that uses one gets its script function put after its module.
 #pragma once
 
+#include "translator/LanguageWords.h"
+
 #include <cstdint>
 #include <span>
 #include <string_view>
 
 namespace tolvan {
 
-struct LibraryWord {
-    std::string_view roman;       // as it is typed
+struct LibraryWord : LanguageWord {
     std::string_view parameters;  // of its script function: names, separated by commas; empty: none
     // The lines of its script function, separated by "\n", in which "%" stands for its name.
     std::string_view body;
-    std::string_view usage;    // how it stands in a program, in Roman spelling
-    std::string_view meaning;  // in Marathi, in Roman spelling; letters and blanks only
-    std::string_view english;  // for the page of all words
+    std::string_view usage;  // how it stands in a program, in Roman spelling
     enum class Kind : std::uint8_t { Value, Command };
     Kind kind = Kind::Value;  // a command begins a statement and has no value
 };

@@ -1,5 +1,5 @@
 // The words of the language as a beginner learns them: how each is typed, and what it does. The completion list, the
-// guide's spelling and the page docs/words.md are made from this table.
+// guide's spelling and the page docs/words.md are made from this table and that of the library's words.
 #pragma once
 
 #include <span>

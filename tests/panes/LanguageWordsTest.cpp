@@ -1,3 +1,4 @@
+#include "library/LibraryWords.h"
 #include "platform/encoding/Unicode.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "support/Folders.h"
@@ -19,13 +20,21 @@ std::string page() {
     const auto devanagari = [](std::string_view roman) { return unicodeOfCodes(LineConvert(roman)); };
     std::ostringstream page;
     page << "# The words of the language\n\n"
-            "<!-- Written by the tests of the panes from the table in src/translator/LanguageWords.cpp; a change here "
-            "is lost. -->\n\n"
+            "<!-- Written by the tests of the panes from the tables in src/translator/LanguageWords.cpp and "
+            "src/library/LibraryWords.cpp; a change here is lost. -->\n\n"
             "| typed | shown | what it does | in English | standard spelling, where it differs "
             "|\n|---|---|---|---|---|\n";
     for (const LanguageWord& word : languageWords())
         page << "| `" << word.roman << "` | " << devanagari(word.roman) << " | " << devanagari(word.meaning) << " | "
              << word.english << " | " << devanagari(word.standard) << " |\n";
+    page << "\n# The words of the library\n\n"
+            "A program may use them as names of its own: one that it sets, declares, reads into, counts with or "
+            "defines is "
+            "an ordinary name in all of the program.\n\n"
+            "| typed | shown | what it does | in English | for example |\n|---|---|---|---|---|\n";
+    for (const LibraryWord& word : libraryWords())
+        page << "| `" << word.roman << "` | " << devanagari(word.roman) << " | " << devanagari(word.meaning) << " | "
+             << word.english << " | `" << word.usage << "` |\n";
     return page.str();
 }
 

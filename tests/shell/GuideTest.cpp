@@ -1,4 +1,5 @@
 // The guide for teachers: its examples run, and what it says of the spelling is so.
+#include "library/LibraryWords.h"
 #include "platform/transliteration/Spellings.h"
 #include "shell/Examples.h"
 #include "support/Folders.h"
@@ -45,6 +46,7 @@ TEST(Guide, EveryExampleRunsAndDoesSomething) {
 
 TEST(Guide, HasEveryWordInAnExampleOrATable) {
     for (const LanguageWord& word : languageWords()) EXPECT_TRUE(hasWord(guideLines(), word.roman)) << word.roman;
+    for (const LibraryWord& word : libraryWords()) EXPECT_TRUE(hasWord(guideLines(), word.roman)) << word.roman;
 }
 
 // Wherever Devanagari follows what is typed for it, they are the same: `ch`, `c` च, or | `te` | ते |.

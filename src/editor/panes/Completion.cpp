@@ -5,6 +5,7 @@
 #include "editor/panes/RomanInput.h"
 #include "guide/Sounds.h"
 #include "guide/WordMending.h"
+#include "library/LibraryWords.h"
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Unicode.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
@@ -51,8 +52,12 @@ bool soundsLike(std::string_view start, std::string_view word) {
 std::vector<const LanguageWord*> wordsBeginning(std::string_view start) {
     std::vector<const LanguageWord*> words;
     const std::string loose = loosely(start);
-    for (const LanguageWord& word : languageWords())
+    const auto add = [&](const LanguageWord& word) {
         if (loosely(word.roman).starts_with(loose) || soundsLike(start, word.roman)) words.push_back(&word);
+    };
+    for (const LanguageWord& word : languageWords()) add(word);
+    if (!isLanguageWord(LineConvert(start)))
+        for (const LibraryWord& word : libraryWords()) add(word);
     std::stable_partition(words.begin(), words.end(), [&](const auto* word) { return word->roman.starts_with(start); });
     return words;
 }
@@ -118,10 +123,12 @@ void Completion::putIn(int row) {
     roman_.replaceSelection(word);
 }
 
-// Whether the first word of the list was typed whole, but for what sounds the same. A name of the program stays.
+// Whether the first word of the list was typed whole, but for what sounds the same. A name of the program stays, and so
+// does what only sounds like a word of the library: any name may.
 bool Completion::isTypedToItsEnd() const {
     const std::string typed = typedStart();
     if (typed.size() < lettersToHear || isLanguageWord(LineConvert(typed))) return false;
+    if (!isLanguageWord(LineConvert(list_->word(0).roman))) return false;
     const guide::Sounds word = guide::soundsOf(list_->word(0).roman);
     if (guide::soundDistance(guide::soundsOf(typed), word, heardTheSame) > heardTheSame) return false;
     return !guide::isNameOf(roman_.text(), typed, static_cast<std::size_t>(roman_.currentLine() - 1));

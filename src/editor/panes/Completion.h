@@ -1,4 +1,5 @@
-// Offers the words of the language while the Roman text is typed: on demand, and after two letters of a word.
+// Offers the words of the language and the library while the Roman text is typed: on demand, and after two letters of a
+// word.
 //
 // Up and Down choose, Enter or Tab or a click puts the word in, Escape closes the list. A list that came by itself has
 // no word chosen yet, so that Enter still ends the line, unless the first word was typed whole in another spelling.
@@ -17,9 +18,9 @@ class CompletionList;
 class RomanBox;
 class RomanInput;
 
-// The words whose spelling begins like `start`, those in the very letters first. Large and small letters, and single
-// and double vowels, are not told apart, and from the third letter on neither is what sounds alike. All words if it is
-// empty.
+// The words whose spelling begins like `start`, those in the very letters first, of these the language's before the
+// library's. Large and small letters, and single and double vowels, are not told apart, and from the third letter on
+// neither is what sounds alike. All words if it is empty; none of the library if it is a word of the language already.
 std::vector<const LanguageWord*> wordsBeginning(std::string_view start);
 
 class Completion : public QObject {

@@ -2,25 +2,25 @@
 
 #include "editor/panes/DevanagariTyping.h"
 #include "editor/panes/EmptyHint.h"
+#include "editor/panes/LibraryWordColours.h"
 #include "editor/panes/LineNumbers.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
-#include "editor/panes/WordColours.h"
 
 namespace tolvan {
 
-PaneAids::PaneAids(RomanBox& roman, ProgramBox& program, const RomanInput& input)
+PaneAids::PaneAids(RomanBox& roman, ProgramBox& program, RomanInput& input)
     : caretLine_(roman, program),
       scrolling_(roman, program),
       caret_(roman, program, input),
       zoom_(roman, program),
+      colours_(std::make_unique<LibraryWordColours>(input, program)),
       devanagari_(std::make_unique<DevanagariTyping>(roman, input)),
       quoteSpans_(roman, input),
       completion_(roman, input) {
     new LineNumbers(roman);  // the panes own them
     new LineNumbers(program);
     new EmptyHint(roman);
-    program.setColouring(wordColours);
 }
 
 PaneAids::~PaneAids() = default;

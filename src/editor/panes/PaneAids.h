@@ -13,6 +13,7 @@
 namespace tolvan {
 
 class DevanagariTyping;
+class LibraryWordColours;
 class ProgramBox;
 class RomanBox;
 class RomanInput;
@@ -20,7 +21,7 @@ class RomanInput;
 class PaneAids {
   public:
     // All must outlive it.
-    PaneAids(RomanBox& roman, ProgramBox& program, const RomanInput& input);
+    PaneAids(RomanBox& roman, ProgramBox& program, RomanInput& input);
     ~PaneAids();
 
     QuoteSpans& quoteSpans() { return quoteSpans_; }
@@ -33,6 +34,7 @@ class PaneAids {
     ScrollTogether scrolling_;
     CaretTogether caret_;
     ZoomTogether zoom_;
+    std::unique_ptr<LibraryWordColours> colours_;
     std::unique_ptr<DevanagariTyping> devanagari_;  // sees the keys that quotes and completion leave
     QuoteSpans quoteSpans_;
     Completion completion_;

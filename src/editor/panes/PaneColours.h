@@ -12,6 +12,7 @@ inline constexpr QColor caretLine{0xF1, 0xF5, 0xFB};
 inline constexpr QColor numbersBackground{0xF7, 0xF6, 0xF3};
 
 inline constexpr QColor keyword{0x1F, 0x4E, 0x9E};
+inline constexpr QColor libraryWord{0x6A, 0x3D, 0x9A};
 inline constexpr QColor number{0x8A, 0x4B, 0x08};
 inline constexpr QColor literal{0x1B, 0x6E, 0x3C};
 inline constexpr QColor comment = look::dimText;

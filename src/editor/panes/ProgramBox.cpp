@@ -119,6 +119,15 @@ void ProgramBox::setColouring(Colouring colouring) {
     formatAll();
 }
 
+void ProgramBox::colourLinesWith(std::string_view text) {
+    QTextCursor cursor(document());
+    cursor.beginEditBlock();
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next())
+        if (const ProgramLine* line = lineOf(block); line && line->text.text().find(text) != std::string::npos)
+            format(block);
+    cursor.endEditBlock();
+}
+
 void ProgramBox::applyFonts(const PaneFonts& fonts) {
     latin_.setFontFamilies(fonts.latin.families());
     latin_.setFontPointSize(fonts.latin.pointSizeF());

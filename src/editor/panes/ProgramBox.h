@@ -37,6 +37,8 @@ class ProgramBox : public TextPane {
     void replaceLines(const ProgramLinesUpdate& update);
 
     void setColouring(Colouring colouring);
+    // Colours the lines anew that hold this font-encoded text; the colouring may tell otherwise now.
+    void colourLinesWith(std::string_view text);
 
   signals:
     // With the left button of the mouse, without selecting anything; the caret is where that was.

@@ -39,6 +39,7 @@ void RomanInput::update(int position, int, int added) {
     for (std::size_t line = first; line < end; ++line) roman.push_back(roman_.line(line));
     for (const ProgramLinesUpdate& change : lines_.replace(first, removed, std::move(roman)))
         program_.replaceLines(change);
+    emit linesReplaced(first, removed, end - first);
 }
 
 std::string RomanInput::leftOut() const {

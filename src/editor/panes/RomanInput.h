@@ -27,6 +27,8 @@ class RomanInput : public QObject {
     const ProgramLines& lines() const { return lines_; }
 
   signals:
+    // The lines of the program are up to date: these took the place of so many.
+    void linesReplaced(std::size_t first, std::size_t removed, std::size_t added);
     // After every change of the Roman text; the Devanagari pane shows it already.
     void programChanged();
 

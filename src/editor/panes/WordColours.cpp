@@ -1,6 +1,7 @@
 #include "editor/panes/WordColours.h"
 
 #include "editor/panes/PaneColours.h"
+#include "library/LibraryWords.h"
 #include "translator/Keywords.h"
 #include "translator/LanguageWords.h"
 #include "translator/Scanner.h"
@@ -25,16 +26,18 @@ class Colours {
     std::vector<ColourRun> runs_;
 };
 
-void addWord(Colours& colours, std::size_t start, std::string_view word) {
+void addWord(Colours& colours, std::size_t start, std::string_view word, const IsOwnWord& isOwn) {
     if (IsNumber(word))
         colours.add(start, word.size(), pane_colours::number);
     else if (isLanguageWord(word))
         colours.add(start, word.size(), pane_colours::keyword);
+    else if (const LibraryWord* ready = findLibraryWord(word); ready != nullptr && !isOwn(*ready))
+        colours.add(start, word.size(), pane_colours::libraryWord);
 }
 
 }  // namespace
 
-std::vector<ColourRun> wordColours(StyledView line) {
+std::vector<ColourRun> wordColours(StyledView line, const IsOwnWord& isOwn) {
     const std::size_t comment = std::min(line.text().find(words::comment), line.size());
     StyledText statement(line.substr(0, comment));
     statement.append(" ", Font::Latin);  // a word counts only if a separator follows it
@@ -48,7 +51,7 @@ std::vector<ColourRun> wordColours(StyledView line) {
         const bool isQuote = token->kind == Token::Kind::Separator && token->text[0] == '"';
         if (isQuote) inLiteral = !inLiteral;
         if (token->kind == Token::Kind::Word)
-            addWord(colours, start, token->text.text());
+            addWord(colours, start, token->text.text(), isOwn);
         else if (isQuote || token->kind == Token::Kind::Literal || (token->kind == Token::Kind::Lost && inLiteral))
             colours.add(start, length, pane_colours::literal);
         start += token->text.size();

@@ -4,9 +4,15 @@
 
 #include "editor/panes/ProgramBox.h"
 
+#include <functional>
+
 namespace tolvan {
 
-// Keywords, numbers, texts with their quotes, and comments, of one line.
-std::vector<ColourRun> wordColours(StyledView line);
+struct LibraryWord;
+
+// Keywords, words of the library, numbers, texts with their quotes, and comments, of one line. A word of the library is
+// left out if it is the program's own.
+using IsOwnWord = std::function<bool(const LibraryWord&)>;
+std::vector<ColourRun> wordColours(StyledView line, const IsOwnWord& isOwn);
 
 }  // namespace tolvan
