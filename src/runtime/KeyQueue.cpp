@@ -1,8 +1,11 @@
 #include "runtime/KeyQueue.h"
 
 #include "platform/encoding/Deva.h"
+#include "platform/encoding/Unicode.h"
 #include "platform/encoding/Windows1252.h"
 #include "platform/richtext/InternalText.h"
+#include "platform/transliteration/UnicodeToRoman.h"
+#include "translator/ProgramText.h"
 
 #include <QKeyEvent>
 
@@ -29,12 +32,25 @@ bool isCommand(const QKeyEvent& key) {
     return (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
 }
 
+bool hasDevanagari(const QString& text) {
+    return std::any_of(text.begin(), text.end(), [](QChar character) { return isDevanagari(character.unicode()); });
+}
+
+// What a Devanagari key types, as a program that spells it in Roman letters has it; a vowel's sign is its vowel. ""
+// for a sign that is no letter without another one.
+std::string lettersOf(const QString& text) {
+    std::u32string unspelled;
+    const std::string roman = romanOfUnicode(text.toStdString(), RomanUse::Program, &unspelled);
+    return unspelled.empty() ? RomanMark(Transliterate(roman)) : std::string();
+}
+
 }  // namespace
 
 std::string KeyQueue::nameOf(const QKeyEvent& key) {
     const auto* const named = std::find_if(std::begin(namedKeys), std::end(namedKeys),
                                            [&](const NamedKey& candidate) { return candidate.key == key.key(); });
     if (named != std::end(namedKeys)) return std::string(named->name);
+    if (hasDevanagari(key.text()) && !isCommand(key)) return lettersOf(key.text());
     if (key.text().size() != 1 || !key.text().front().isPrint() || isCommand(key)) return {};
     const std::optional<std::uint8_t> code = unicodeToWindows1252(key.text().front().unicode());
     if (!code) return {};

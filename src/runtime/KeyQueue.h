@@ -11,7 +11,8 @@ namespace tolvan {
 class KeyQueue {
   public:
     // What a program reads for this key, in internal text form: the character that it types, Latin letters and signs as
-    // a Latin run ("5", "{a}"); the Marathi names of the arrows, Enter and the space bar; "" for any other key.
+    // a Latin run ("5", "{a}"), Devanagari letters in font codes; the Marathi names of the arrows, Enter and the space
+    // bar; "" for any other key.
     static std::string nameOf(const QKeyEvent& key);
 
     // Whether the key is one to be read. Keys without a name are none, nor are repetitions of a key that was held down

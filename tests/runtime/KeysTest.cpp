@@ -35,6 +35,17 @@ TEST_F(KeysTest, AreReadInTheirOrder) {
     EXPECT_EQ(read, "PrintString {a} 5 {+} {\\{} vr oalI favI %jvI @<qr jaga  "_deva);
 }
 
+// A conjunct may be on one key. A sign of a consonant's vowel is that vowel; other signs are no letters.
+TEST_F(KeysTest, OfADevanagariKeyboardAreItsLetters) {
+    const std::string read = keysRead([this] {
+        for (const char* text : {"क", "ळ", "श्र", "ा", "५", "्", "ं"}) {
+            QKeyEvent event(QEvent::KeyPress, 0, {}, QString::fromUtf8(text));
+            QApplication::sendEvent(&display(), &event);
+        }
+    });
+    EXPECT_EQ(read, "PrintString k ¦ ï Aa 5  "_deva);
+}
+
 TEST_F(KeysTest, AHeldKeyCountsIfItWasPressedForTheProgram) {
     EXPECT_EQ(keysRead([this] {
                   press(Qt::Key_X, "x", true);
