@@ -48,6 +48,11 @@ bool readHeader(std::istream& file, Header& header) {
            (header.e_shnum == 0 || header.e_shentsize == sizeof(Section));
 }
 
+// Where the table stands in its usual place, directly after the header.
+std::uint64_t endOfSegmentTable(const Header& header) {
+    return header.e_phoff == sizeof header ? header.e_phoff + header.e_phnum * sizeof(Segment) : 0;
+}
+
 }  // namespace
 
 std::optional<std::uint64_t> executableExtent(std::istream& file) {
@@ -64,12 +69,13 @@ std::optional<std::vector<FilePart>> loadedParts(std::istream& file) {
     if (!readHeader(file, header)) return std::nullopt;
     file.seekg(0, std::ios::end);
     const auto fileSize = static_cast<std::uint64_t>(file.tellg());
+    const std::uint64_t headersEnd = std::max<std::uint64_t>(sizeof header, endOfSegmentTable(header));
     std::vector<FilePart> parts;
     for (unsigned i = 0; i < header.e_phnum; ++i) {
         Segment segment;
         if (!readAt(file, header.e_phoff + i * sizeof segment, segment)) return std::nullopt;
         if (segment.p_type != PT_LOAD) continue;
-        const std::uint64_t start = std::max<std::uint64_t>(segment.p_offset, sizeof header);
+        const std::uint64_t start = std::max<std::uint64_t>(segment.p_offset, headersEnd);
         const std::uint64_t end = extentOf(segment);
         if (end < start || end > fileSize) return std::nullopt;
         parts.push_back({start, end - start});

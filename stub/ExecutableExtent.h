@@ -17,8 +17,8 @@ struct FilePart {
     std::uint64_t size;
 };
 
-// What the system loads of that program, without its ELF header. Nothing as above, or if a part lies beyond the end of
-// the file.
+// What the system loads of that program, without the headers at its start, which "strip" may write anew. Nothing as
+// above, or if a part lies beyond the end of the file.
 std::optional<std::vector<FilePart>> loadedParts(std::istream& file);
 
 }  // namespace tolvan
