@@ -1,6 +1,6 @@
 #include "guide/Line.h"
 
-#include "guide/readStatement.h"
+#include "guide/ReadStatement.h"
 #include "platform/transliteration/MarkRoman.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "translator/Keywords.h"

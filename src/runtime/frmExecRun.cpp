@@ -6,7 +6,7 @@
 #include "runtime/ProgramRun.h"
 #include "runtime/ScrollBack.h"
 #include "runtime/frmExec.h"
-#include "runtime/host/ModuleRunner.h"
+#include "runtime/host/RunModule.h"
 #include "translator/ModuleLines.h"
 
 #include <algorithm>

@@ -3,7 +3,7 @@
 #include "platform/richtext/InternalText.h"
 #include "platform/script/ErrorReport.h"
 #include "platform/script/Errors.h"
-#include "runtime/host/ModuleRunner.h"
+#include "runtime/host/RunModule.h"
 #include "translator/MessageTable.h"
 #include "translator/ProgramText.h"
 

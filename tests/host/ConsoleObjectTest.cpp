@@ -2,7 +2,7 @@
 #include "host/RecordingConsole.h"
 #include "host/TemporaryFolder.h"
 #include "runtime/host/ConsoleObject.h"
-#include "runtime/host/ModuleRunner.h"
+#include "runtime/host/RunModule.h"
 #include "support/Cases.h"
 
 #include <gmock/gmock.h>

@@ -5,7 +5,7 @@
 #include "library/LibraryWords.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "runtime/host/ConsoleObject.h"
-#include "runtime/host/ModuleRunner.h"
+#include "runtime/host/RunModule.h"
 #include "support/Cases.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"

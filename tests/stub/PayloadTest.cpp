@@ -1,6 +1,6 @@
 #include "host/RecordingConsole.h"
 #include "runtime/host/ConsoleObject.h"
-#include "runtime/host/ModuleRunner.h"
+#include "runtime/host/RunModule.h"
 #include "shell/Payload.h"
 #include "shell/Scrambling.h"
 #include "translator/ProgramText.h"

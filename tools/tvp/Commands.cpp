@@ -14,7 +14,7 @@
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "platform/transliteration/UnicodeToRoman.h"
 #include "runtime/host/InputValue.h"
-#include "runtime/host/ModuleRunner.h"
+#include "runtime/host/RunModule.h"
 #include "translator/Formatter.h"
 #include "translator/MessageTable.h"
 #include "translator/ProgramFile.h"

@@ -1,6 +1,6 @@
 // The operators of the language in one list. The parser's levels, the compiler's choice of instructions and the
-// instructions themselves are made from it; the machine's loop (Dispatch.cpp) does not compile while an operator of the
-// list has no meaning there.
+// instructions themselves are made from it; the machine's loop (MachineDispatch.cpp) does not compile while an operator
+// of the list has no meaning there.
 #pragma once
 
 #include <cstdint>

@@ -1,7 +1,7 @@
 // Writes the instructions of one procedure: registers, constants, jumps and lines.
 #pragma once
 
-#include "platform/script/compiler/Program.h"
+#include "platform/script/compiler/Procedure.h"
 
 #include <cstdint>
 #include <map>

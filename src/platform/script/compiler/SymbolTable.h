@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/script/Builtin.h"
-#include "platform/script/compiler/Program.h"
+#include "platform/script/compiler/LoadedModule.h"
 
 #include <deque>
 #include <memory>

@@ -2,7 +2,7 @@
 #pragma once
 
 #include "platform/script/Object.h"
-#include "platform/script/compiler/Program.h"
+#include "platform/script/compiler/LoadedModule.h"
 
 #include <string_view>
 #include <vector>

@@ -1,7 +1,7 @@
 #include "platform/script/machine/FailedOperation.h"
 
 #include "platform/script/Conversions.h"
-#include "platform/script/machine/Frames.h"
+#include "platform/script/machine/MachineFrames.h"
 
 #include <map>
 

@@ -110,7 +110,7 @@ class Machine : public Context {
     static constexpr int deepestNesting = 100;
 
   private:
-    // Being looked at (Inspection.cpp).
+    // Being looked at (MachineInspection.cpp).
     friend class Inspection;
     int lineOf(const Frame& frame) const;
     std::vector<InspectedVariable> variablesOf(const Frame& frame);
@@ -120,7 +120,7 @@ class Machine : public Context {
     bool assignVariable(std::size_t level, std::string_view name, std::span<const std::uint32_t> indexes,
                         const Value& value);
 
-    // Running (Dispatch.cpp, Frames.cpp).
+    // Running (MachineDispatch.cpp, MachineFrames.cpp).
     void run();
     void execute();
     bool recover(const ScriptError& error);
@@ -134,7 +134,7 @@ class Machine : public Context {
     void slowTick();
     void checkClock();
 
-    // Meanings of instructions: assignments (Operations.cpp).
+    // Meanings of instructions: assignments (MachineOperations.cpp).
     void letValue(Value& target, Value&& value);
     void setValue(Value& target, Value&& value);
     void let(Value& target, const Value& value);
@@ -159,7 +159,7 @@ class Machine : public Context {
     bool prepareFor(Value& counter, std::span<Value, 3> header);
     bool slowForNext(Value& counter, const Value& limit, const Value& step);
 
-    // Arrays (Elements.cpp).
+    // Arrays (MachineElements.cpp).
     Value& element(Value& array, std::span<const Value> indexes);
     std::size_t elementNumber(const ArrayCell& cell, std::span<const Value> indexes);
     void index(Value& target, Value& array, std::span<const Value> indexes);
@@ -174,7 +174,7 @@ class Machine : public Context {
     void prepareEach(Value* state, Value& group);
     bool nextOfEach(Value* state, Value& target);
 
-    // Calls and objects (MemberCalls.cpp). Those that return bool tell whether a procedure was entered.
+    // Calls and objects (MachineMemberCalls.cpp). Those that return bool tell whether a procedure was entered.
     void callBuiltin(const Builtin& builtin, Value* base, std::uint32_t count);
     void callHost(const HostMember& member, Value* base, std::uint32_t count);
     void putHost(const HostMember& member, Value* base, std::uint32_t count);
@@ -190,7 +190,7 @@ class Machine : public Context {
     Frame& enclosingFrame();
     ModuleCompiler::EnclosingScope enclosingScope();
 
-    // Late binding (LateNames.cpp).
+    // Late binding (MachineLateNames.cpp).
     const Symbol* meaningOf(NameId name);
     Value* lateVariable(Value& own, const LateUse& use, const Symbol*& meaning);
     void findVariable(Value& own, const LateUse& use);

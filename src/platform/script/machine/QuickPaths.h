@@ -3,7 +3,7 @@
 #pragma once
 
 #include "platform/script/ArrayCell.h"
-#include "platform/script/machine/Frames.h"
+#include "platform/script/machine/MachineFrames.h"
 
 #include <cmath>
 #include <cstdint>

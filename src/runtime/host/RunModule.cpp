@@ -1,4 +1,4 @@
-#include "runtime/host/ModuleRunner.h"
+#include "runtime/host/RunModule.h"
 
 #include "library/AddLibrary.h"
 #include "runtime/host/NumberText.h"

@@ -1,4 +1,4 @@
-#include "platform/script/compiler/Program.h"
+#include "platform/script/compiler/Procedure.h"
 
 #include <algorithm>
 
@@ -6,7 +6,7 @@ namespace tolvan::script {
 
 namespace {
 
-auto markBehind(const std::vector<LineMark>& lines, std::uint32_t pc) {
+auto markAfter(const std::vector<LineMark>& lines, std::uint32_t pc) {
     return std::upper_bound(lines.begin(), lines.end(), pc,
                             [](std::uint32_t at, const LineMark& mark) { return at < mark.pc; });
 }
@@ -14,13 +14,13 @@ auto markBehind(const std::vector<LineMark>& lines, std::uint32_t pc) {
 }  // namespace
 
 std::uint32_t Procedure::lineAt(std::uint32_t pc) const {
-    const auto behind = markBehind(lines, pc);
-    return behind == lines.begin() ? 0 : (behind - 1)->line;
+    const auto after = markAfter(lines, pc);
+    return after == lines.begin() ? 0 : (after - 1)->line;
 }
 
 std::uint32_t Procedure::statementAfter(std::uint32_t pc) const {
-    const auto behind = markBehind(lines, pc);
-    return behind == lines.end() ? static_cast<std::uint32_t>(code.size() - 1) : behind->pc;
+    const auto after = markAfter(lines, pc);
+    return after == lines.end() ? static_cast<std::uint32_t>(code.size() - 1) : after->pc;
 }
 
 void Procedure::countIn(Heap& heap) {

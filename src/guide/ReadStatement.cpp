@@ -1,4 +1,4 @@
-#include "guide/readStatement.h"
+#include "guide/ReadStatement.h"
 
 #include "guide/Line.h"
 

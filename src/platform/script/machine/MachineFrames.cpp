@@ -1,4 +1,4 @@
-#include "platform/script/machine/Frames.h"
+#include "platform/script/machine/MachineFrames.h"
 
 #include <algorithm>
 #include <exception>

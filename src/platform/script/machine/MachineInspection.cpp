@@ -1,7 +1,6 @@
-#include "platform/script/Inspection.h"
-
 #include "platform/script/Conversions.h"
-#include "platform/script/machine/Frames.h"
+#include "platform/script/Inspection.h"
+#include "platform/script/machine/MachineFrames.h"
 
 #include <algorithm>
 

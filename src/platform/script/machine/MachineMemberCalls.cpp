@@ -5,7 +5,7 @@
 
 #include "platform/script/ArrayCell.h"
 #include "platform/script/Conversions.h"
-#include "platform/script/machine/Frames.h"
+#include "platform/script/machine/MachineFrames.h"
 #include "platform/script/machine/ProcedureReference.h"
 #include "platform/script/syntax/Lexer.h"
 

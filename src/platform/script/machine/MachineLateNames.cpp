@@ -3,7 +3,7 @@
 // found, a reference to the variable outside.
 
 #include "platform/script/Conversions.h"
-#include "platform/script/machine/Frames.h"
+#include "platform/script/machine/MachineFrames.h"
 
 namespace tolvan::script {
 
