@@ -1,8 +1,7 @@
 #include "platform/richtext/Letters.h"
 
-#include "platform/encoding/Deva.h"
+#include "platform/encoding/EncodingTable.h"
 #include "platform/richtext/InternalText.h"
-#include "platform/transliteration/Glyphs.h"
 
 #include <algorithm>
 #include <array>
@@ -21,44 +20,44 @@ enum class Role : std::uint8_t {
     Virama,    // the same, and joins a consonant that follows
 };
 
-using Roles = std::array<Role, 256>;
-
-constexpr void setRole(Roles& roles, std::string_view codes, Role role) {
-    for (const char code : codes) roles[static_cast<unsigned char>(code)] = role;
+Role roleOf(const EncodingRow& row) {
+    switch (row.kind) {
+        case GlyphKind::Consonant:
+        case GlyphKind::Conjunct:
+        case GlyphKind::Syllable:
+        case GlyphKind::Vowel:
+            return Role::Base;
+        case GlyphKind::Half:
+            return Role::Joining;
+        case GlyphKind::SignBefore:
+            return Role::Before;
+        case GlyphKind::Form:
+        case GlyphKind::Reph:
+        case GlyphKind::Sign:
+            return Role::Attached;
+        case GlyphKind::Mark:
+            if (row.draws == "्") return Role::Virama;
+            return row.draws == "़" ? Role::Joining : Role::Attached;
+        case GlyphKind::Other:  // the accents stand on a letter
+            return row.draws == "॒" || row.draws == "॑" ? Role::Attached : Role::Alone;
+        case GlyphKind::Unused:
+        case GlyphKind::Blank:
+        case GlyphKind::Digit:
+            break;
+    }
+    return Role::Alone;
 }
 
-constexpr Roles makeRoles() {
-    Roles roles{};
-    for (const VowelGlyphs& vowel : vowelGlyphs) {
-        setRole(roles, vowel.sign, Role::Attached);
-        setRole(roles, vowel.signRight, Role::Attached);
-        setRole(roles, vowel.signLow, Role::Attached);
-        setRole(roles, vowel.independent.substr(0, 1), Role::Base);  // what follows it is a sign
-    }
-    for (const ConsonantGlyph& consonant : consonantGlyphs) {
-        setRole(roles, consonant.full, Role::Base);
-        setRole(roles, consonant.half, Role::Joining);
-    }
-    for (const SyllableGlyph& syllable : syllableGlyphs) setRole(roles, syllable.glyph, Role::Base);
-    for (const std::string_view mark : {glyph::yaForm, glyph::raForm, glyph::reph, glyph::rephAnusvara, glyph::anusvara,
-                                        glyph::anusvaraBehindIi, glyph::candrabindu, glyph::visarga})
-        setRole(roles, mark, Role::Attached);
-    setRole(roles, glyphsOf(Sound::I).sign, Role::Before);
-    setRole(roles, glyph::nukta, Role::Joining);
-    setRole(roles, glyph::nuktaBeforeDda, Role::Joining);
-    setRole(roles, glyph::virama, Role::Virama);
-    // Glyphs that the font has and the Roman spelling does not write.
-    setRole(roles, "„É`¤¥§"_deva, Role::Base);
-    setRole(roles, "¨©°/?"_deva, Role::Attached);
-    setRole(roles, "œ"_deva, Role::Virama);
+std::array<Role, 256> makeRoles() {
+    std::array<Role, 256> roles;
+    std::transform(encodingTable().begin(), encodingTable().end(), roles.begin(), roleOf);
     return roles;
 }
 
-constexpr Roles roleOfCode = makeRoles();
-
 Role roleAt(StyledView text, std::size_t position) {
     if (text.font(position) != Font::Devanagari) return Role::Alone;
-    return roleOfCode[static_cast<unsigned char>(text[position])];
+    static const std::array<Role, 256> roles = makeRoles();
+    return roles[static_cast<unsigned char>(text[position])];
 }
 
 // Whether the glyph goes on the letter whose last glyph is given.
