@@ -11,15 +11,9 @@ const struct {
     const char* program;
     const char* argument;
 } tools[] = {
-#if defined(Q_OS_WIN)
-    {"msinfo32", nullptr},
-#elif defined(Q_OS_MACOS)
-    {"open", "/System/Applications/Utilities/System Information.app"},
-#else
     {"kinfocenter", nullptr},      {"gnome-control-center", "info-overview"},
     {"cinnamon-settings", "info"}, {"hardinfo2", nullptr},
     {"hardinfo", nullptr},         {"lshw-gtk", nullptr},
-#endif
 };
 
 }  // namespace

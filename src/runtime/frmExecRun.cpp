@@ -38,7 +38,7 @@ void frmExec::prepareDisplay() {
 // from one that failed by the state of the run.
 bool frmExec::goesOnAfter(const script::ErrorReport& error, const ModuleLines& lines) {
     run_.ErrorLine = errorLineOf(error.line);
-    const int known = failedLine(error, lines);
+    const int known = lines.programLine(error.line);
     const int line = known > 0 ? known : run_.ErrorLine + 1;
     const bool goesOn = run_.IsRunning() && askToGoOn(error.number, line);
     if (editor_ != nullptr) markFailingLine(*editor_, line - 1);

@@ -3,7 +3,6 @@
 #include "platform/richtext/InternalText.h"
 #include "platform/script/ErrorReport.h"
 #include "platform/script/Errors.h"
-#include "runtime/host/RunModule.h"
 #include "translator/MessageTable.h"
 #include "translator/ProgramText.h"
 
@@ -59,21 +58,6 @@ TEST(Explanations, NameWhatTookPart) {
         const std::string begins = RomanMark(Transliterate(begin));
         EXPECT_EQ(RomanMark(explain(error, wordOf)).substr(0, begins.size()), begins);
     }
-}
-
-// The statement in line 5 of the script calls a function of the library, which stands after the program.
-TEST(FailedLine, IsThatOfTheCallIntoTheLibrary) {
-    ModuleLines lines;
-    lines.append("Sub Main()", ModuleLines::Kind::Frame, 0);
-    lines.append("\r\n\r\n", ModuleLines::Kind::Statement, 2);
-    lines.append("\r\n\r\n", ModuleLines::Kind::Statement, 7);
-    script::ErrorReport error;
-    error.line = 9;
-    EXPECT_EQ(failedLine(error, lines), 0);
-    error.stack = {{"root", 9}, {"Main", 5}, {"", 2}};
-    EXPECT_EQ(failedLine(error, lines), 7);
-    error.line = 3;
-    EXPECT_EQ(failedLine(error, lines), 2);
 }
 
 // Two sentences, of some fifteen words at most; marks of quotes and Latin text are closed.

@@ -37,11 +37,4 @@ script::ErrorReport runModule(script::Executor& executor, ConsoleObject& console
     return report;
 }
 
-int failedLine(const script::ErrorReport& error, const ModuleLines& lines) {
-    int line = lines.programLine(error.line);
-    for (const script::ErrorCall& call : error.stack)
-        if (line == 0) line = lines.programLine(call.line);
-    return line;
-}
-
 }  // namespace tolvan

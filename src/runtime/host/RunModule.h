@@ -3,7 +3,6 @@
 
 #include "platform/script/Executor.h"
 #include "runtime/host/ConsoleObject.h"
-#include "translator/ModuleLines.h"
 
 #include <string_view>
 
@@ -12,12 +11,9 @@ namespace tolvan {
 // Loads the module, with the console's members as names of their own beside "ParentForm", and runs its Main, if it has
 // one. Data files of an earlier run are closed before, and the engine is empty afterwards.
 //
-// The result has number 0 if the program came to its end. Whether a program with an error was stopped (its poll raises
-// an error then) is the console's knowledge.
+// The result has number 0 if the program came to its end. Its line is one of the program: what failed in a function of
+// the library, after the program's own lines, failed in the line that called it. Whether a program with an error was
+// stopped (its poll raises an error then) is the console's knowledge.
 script::ErrorReport runModule(script::Executor& executor, ConsoleObject& console, std::string_view module);
-
-// The line of the program, from 1, at which a run failed. What failed in a function after the program's own lines, as
-// those of the library stand there, failed in the line that called it. 0 if the lines do not tell.
-int failedLine(const script::ErrorReport& error, const ModuleLines& lines);
 
 }  // namespace tolvan
