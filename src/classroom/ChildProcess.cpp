@@ -1,0 +1,112 @@
+#include "classroom/ChildProcess.h"
+
+#include <algorithm>
+#include <cerrno>
+#include <csignal>
+#include <ctime>
+#include <fcntl.h>
+#include <sys/prctl.h>
+#include <sys/resource.h>
+#include <sys/syscall.h>
+#include <sys/wait.h>
+#include <unistd.h>
+#include <utility>
+
+namespace tolvan::classroom {
+namespace {
+
+constexpr int resultNumber = 3;  // the first after the standard ones
+constexpr std::size_t pieceSize = std::size_t{64} << 10;
+
+void closeAllFrom(unsigned first) {
+    if (::syscall(SYS_close_range, first, ~0U, 0) == 0) return;
+    const long most = ::sysconf(_SC_OPEN_MAX);
+    for (long number = static_cast<long>(first); number < most; ++number) ::close(static_cast<int>(number));
+}
+
+// Nothing of the parent but the pipe, which becomes `resultNumber`.
+void leaveParentsFiles(int result) {
+    if (result != resultNumber) ::dup2(result, resultNumber);
+    ::fcntl(resultNumber, F_SETFD, 0);
+    closeAllFrom(resultNumber + 1);
+    const int nothing = ::open("/dev/null", O_RDWR | O_NOCTTY);
+    for (int standard = STDIN_FILENO; standard <= STDERR_FILENO; ++standard) ::dup2(nothing, standard);
+    ::close(nothing);
+}
+
+void dieWithParent(pid_t parent) {
+    ::prctl(PR_SET_PDEATHSIG, SIGKILL);
+    if (::getppid() != parent) ::_exit(0);
+}
+
+[[noreturn]] void runChild(const ChildProcess::Work& work, int result, pid_t parent, const std::string& folder,
+                           const ProcessLimits& limits) {
+    dieWithParent(parent);
+    ::setsid();
+    for (const int number : {SIGINT, SIGTERM, SIGPIPE, SIGHUP, SIGALRM}) std::signal(number, SIG_DFL);
+    leaveParentsFiles(result);
+    ::tzset();  // reads a file
+    if (::chdir(folder.c_str()) != 0) ::_exit(1);
+    limitProcess(limits);
+    confineProcess(folder);
+    work(Descriptor::standard(resultNumber));
+    ::_exit(0);
+}
+
+double secondsOf(const timeval& time) {
+    return static_cast<double>(time.tv_sec) + static_cast<double>(time.tv_usec) / 1e6;
+}
+
+}  // namespace
+
+ChildProcess ChildProcess::start(const Work& work, const std::string& folder, const ProcessLimits& limits) {
+    ChildProcess child;
+    int ends[2] = {-1, -1};
+    if (::pipe2(ends, O_CLOEXEC) != 0) return child;
+    child.pipe_ = Descriptor(ends[0]);
+    const Descriptor result(ends[1]);
+    const pid_t parent = ::getpid();
+    child.process_ = ::fork();
+    if (child.process_ == 0) runChild(work, ends[1], parent, folder, limits);
+    // By the clock it may take longer: other processes run, too.
+    const auto patience = std::chrono::duration<double>(limits.seconds * 5 + 5);
+    child.latest_ = std::chrono::steady_clock::now() + std::chrono::duration_cast<std::chrono::milliseconds>(patience);
+    return child;
+}
+
+ChildProcess::ChildProcess(ChildProcess&& other) noexcept {
+    *this = std::move(other);
+}
+
+ChildProcess& ChildProcess::operator=(ChildProcess&& other) noexcept {
+    if (this == &other) return *this;
+    end();
+    process_ = std::exchange(other.process_, 0);
+    pipe_ = std::move(other.pipe_);
+    result_ = std::move(other.result_);
+    latest_ = other.latest_;
+    processorSeconds_ = other.processorSeconds_;
+    signal_ = other.signal_;
+    return *this;
+}
+
+bool ChildProcess::read() {
+    const std::size_t before = result_.size();
+    return pipe_.read(result_, pieceSize) == 0 && result_.size() > before;
+}
+
+void ChildProcess::end() {
+    const pid_t process = std::exchange(process_, 0);
+    if (process <= 0) return;
+    ::kill(-process, SIGKILL);
+    ::kill(process, SIGKILL);
+    int status = 0;
+    rusage used{};
+    while (::wait4(process, &status, 0, &used) < 0 && errno == EINTR) {
+    }
+    processorSeconds_ = secondsOf(used.ru_utime) + secondsOf(used.ru_stime);
+    signal_ = WIFSIGNALED(status) ? WTERMSIG(status) : 0;
+    pipe_.close();
+}
+
+}  // namespace tolvan::classroom

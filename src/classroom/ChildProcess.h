@@ -1,0 +1,55 @@
+// A piece of work in a process of its own, which tells its result through a pipe: it has a session of its own, no
+// terminal and no open file of its parent, and ends with it.
+#pragma once
+
+#include "classroom/Sandbox.h"
+#include "platform/files/Descriptor.h"
+
+#include <chrono>
+#include <functional>
+#include <string>
+#include <string_view>
+#include <sys/types.h>
+
+namespace tolvan::classroom {
+
+class ChildProcess {
+  public:
+    using Work = std::function<void(const Descriptor& result)>;
+
+    // Starts `work`, confined to `folder`, which is its working folder. errno says why where it does not start.
+    static ChildProcess start(const Work& work, const std::string& folder, const ProcessLimits& limits);
+
+    ChildProcess() = default;
+    ChildProcess(ChildProcess&& other) noexcept;
+    ChildProcess& operator=(ChildProcess&& other) noexcept;
+    // Ends it if it has not ended.
+    ~ChildProcess() { end(); }
+
+    bool isStarted() const { return process_ > 0; }
+
+    // Where its result comes from, to be waited for.
+    int descriptor() const { return pipe_.number(); }
+    // Takes what is there; false when there will be no more.
+    bool read();
+    const std::string& result() const { return result_; }
+
+    bool isLate() const { return std::chrono::steady_clock::now() > latest_; }
+    // Ends it with all that it started, if it has not ended.
+    void end();
+
+    // After its end.
+    double processorSeconds() const { return processorSeconds_; }
+    // The signal that ended it; 0: none.
+    int signal() const { return signal_; }
+
+  private:
+    pid_t process_ = 0;
+    Descriptor pipe_;
+    std::string result_;
+    std::chrono::steady_clock::time_point latest_;
+    double processorSeconds_ = 0;
+    int signal_ = 0;
+};
+
+}  // namespace tolvan::classroom

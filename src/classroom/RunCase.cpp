@@ -1,0 +1,166 @@
+#include "classroom/RunCase.h"
+
+#include "classroom/CaseConsole.h"
+#include "guide/Explanations.h"
+#include "library/AddLibrary.h"
+#include "platform/encoding/Ascii.h"
+#include "platform/richtext/UnicodeText.h"
+#include "runtime/host/RunModule.h"
+#include "translator/ProgramFile.h"
+#include "translator/ProgramText.h"
+#include "translator/Translator.h"
+
+#include <csignal>
+#include <new>
+
+namespace tolvan::classroom {
+namespace {
+
+constexpr std::size_t mostPicture = std::size_t{12} << 20;  // bytes of a packed picture at its worst
+
+// A program's text as it can run, and what its script's names stand for.
+struct Loaded {
+    explicit Loaded(std::string_view file) {
+        program = ProgramText(readProgramFile(file).roman);
+        const std::string own = translator.Compile(program);
+        module = addLibrary(own, translator.variables());
+    }
+
+    std::string wordOf(std::string_view scriptName) const {
+        for (const auto& [word, name] : translator.variables())
+            if (name == scriptName) return word;
+        return {};
+    }
+
+    StyledText program;
+    Translator translator;
+    std::string module;
+};
+
+// The text of a line of the module that does nothing but print it; nothing for any other line.
+std::optional<std::string> printedByLine(std::string_view line) {
+    constexpr std::string_view print = "parentform.PrintString \"";
+    if (!line.starts_with(print) || !line.ends_with('"') || line.size() == print.size()) return std::nullopt;
+    std::string text;
+    const std::string_view literal = line.substr(print.size(), line.size() - print.size() - 1);
+    for (std::size_t i = 0; i < literal.size(); ++i) {
+        text += literal[i];
+        if (literal[i] != '"') continue;
+        if (i + 1 == literal.size() || literal[i + 1] != '"') return std::nullopt;
+        ++i;
+    }
+    return text;
+}
+
+// The texts that are printed as they stand in the line before an input.
+std::set<std::string> questionsOf(std::string_view module) {
+    std::set<std::string> questions;
+    std::optional<std::string> before;  // printed two lines before: between them is the poll
+    std::optional<std::string> last;
+    while (!module.empty()) {
+        const std::string_view line = takeLine(module).text;
+        if (before && line.starts_with("parentform.InputString")) questions.insert(*before);
+        before = std::exchange(last, printedByLine(line));
+    }
+    return questions;
+}
+
+CaseRun::End endOf(const script::ErrorReport& report, const CaseConsole& console) {
+    if (console.hasPrintedTooMuch()) return CaseRun::End::Output;
+    if (console.isLate()) return CaseRun::End::Time;
+    if (report.number == 0 || console.isStopped()) return CaseRun::End::Ended;
+    if (report.number == script::errors::outOfMemory) return CaseRun::End::Memory;
+    if (report.number == script::errors::diskFull) return CaseRun::End::Files;
+    return CaseRun::End::Error;
+}
+
+void tellEnd(const script::ErrorReport& report, const Loaded& loaded, CaseConsole& console) {
+    const CaseRun::End end = endOf(report, console);
+    PackWriter pack;
+    pack.number(static_cast<std::int64_t>(end));
+    pack.number(report.number);
+    pack.number(loaded.translator.moduleLines().programLine(report.line));
+    const bool failed = end != CaseRun::End::Ended;
+    pack.text(failed ? unicodeOf(guide::errorMessageText(report.number)) : "");
+    const auto wordOf = [&](std::string_view name) { return loaded.wordOf(name); };
+    pack.text(end == CaseRun::End::Error ? unicodeOf(guide::explain(report, wordOf)) : "");
+    pack.text(failed ? report.description : "");
+    console.picture().write(pack);
+    console.tell(Told::End, pack.bytes());
+    console.flush();
+}
+
+script::ErrorReport run(const Loaded& loaded, const CaseInput& input, const CaseLimits& limits,
+                        const std::string& folder, CaseConsole& console) {
+    ConsoleObject object(console);
+    object.libraryObject().setSeed(input.seed);
+    object.libraryObject().simulateTime(simulatedStart());
+    ReachableFiles files(folder);
+    files.setSpace(limits.fileBytes);
+    object.setFiles(std::move(files));
+    script::Executor executor;
+    executor.setMemoryLimit(limits.memoryBytes);
+    return runModule(executor, object, loaded.module);
+}
+
+void readEnd(PackReader pack, CaseRun& run) {
+    run.end = static_cast<CaseRun::End>(pack.number());
+    run.number = static_cast<int>(pack.number());
+    run.line = static_cast<int>(pack.number());
+    run.message = pack.text();
+    run.explanation = pack.text();
+    run.english = pack.text();
+    run.picture = Picture::read(pack);
+    if (!pack.isWhole() || run.end > CaseRun::End::Crashed) run.end = CaseRun::End::Crashed;
+}
+
+CaseRun::End endBySignal(int signal) {
+    if (signal == SIGPROF || signal == SIGXCPU || signal == SIGKILL) return CaseRun::End::Time;
+    return CaseRun::End::Crashed;
+}
+
+}  // namespace
+
+void runCase(std::string_view program, const CaseInput& input, const CaseLimits& limits, const std::string& folder,
+             const Descriptor& result) {
+    try {
+        const Loaded loaded(program);
+        CaseConsole console(input, limits.outputBytes, questionsOf(loaded.module), result);
+        tellEnd(run(loaded, input, limits, folder, console), loaded, console);
+    } catch (const std::bad_alloc&) {
+        PackWriter end;
+        end.number(static_cast<std::int64_t>(CaseRun::End::Memory));
+        PackWriter piece;
+        piece.number(static_cast<std::int64_t>(Told::End));
+        for (int empty = 0; empty < 2; ++empty) end.number(0);
+        for (int empty = 0; empty < 3; ++empty) end.text({});
+        Picture().write(end);
+        piece.text(end.bytes());
+        static_cast<void>(result.write(piece.bytes()));
+    }
+}
+
+CaseRun readCaseRun(std::string_view result, int signal) {
+    CaseRun run;
+    run.end = endBySignal(signal);
+    PackReader pieces(result);
+    while (!pieces.rest().empty()) {
+        const auto what = static_cast<Told>(pieces.number());
+        const std::string text = pieces.text();
+        if (!pieces.isWhole()) break;
+        if (what == Told::Line) run.printed.push_back({text});
+        if (what == Told::Cleared) run.shown = run.printed.size();
+        if (what == Told::End) readEnd(PackReader(text), run);
+        if (run.printed.empty()) continue;
+        if (what == Told::Asked) run.printed.back().kind = PrintedLine::Kind::Asked;
+        if (what == Told::AlwaysAsked) run.printed.back().kind = PrintedLine::Kind::AlwaysAsked;
+    }
+    return run;
+}
+
+std::size_t mostResult(const CaseLimits& limits) {
+    // A letter of the font is three bytes of Unicode at least, and a line's frame has sixteen bytes.
+    return mostPicture + static_cast<std::size_t>(limits.outputBytes) * 20;
+}
+
+}  // namespace tolvan::classroom

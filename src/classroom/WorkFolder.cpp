@@ -1,0 +1,56 @@
+#include "classroom/WorkFolder.h"
+
+#include "platform/files/Descriptor.h"
+
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
+#include <fcntl.h>
+#include <filesystem>
+
+namespace tolvan::classroom {
+namespace {
+
+namespace fs = std::filesystem;
+
+Problem cannotWrite(const std::string& path, int error) {
+    const std::string reason = path + ": " + std::strerror(error);
+    return {"तात्पुरत्या फायली लिहिता आल्या नाहीत: " + reason, "cannot write temporary files: " + reason};
+}
+
+void writeFile(const fs::path& path, std::string_view content) {
+    std::error_code ignored;
+    fs::create_directories(path.parent_path(), ignored);
+    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    if (!file.isOpen()) throw cannotWrite(path.string(), errno);
+    if (const int error = file.write(content); error != 0) throw cannotWrite(path.string(), error);
+}
+
+}  // namespace
+
+WorkFolder::WorkFolder() {
+    std::error_code failure;
+    const fs::path place = fs::temp_directory_path(failure);
+    path_ = ((failure ? fs::path("/tmp") : place) / "tolvan-check-XXXXXX").string();
+    if (::mkdtemp(path_.data()) == nullptr) throw cannotWrite(path_, errno);
+}
+
+WorkFolder::~WorkFolder() {
+    removeFolder(path_);
+}
+
+std::string WorkFolder::makeFolder(const std::vector<NamedFile>& files) {
+    const fs::path folder = fs::path(path_) / std::to_string(++made_);
+    std::error_code failure;
+    fs::create_directory(folder, failure);
+    if (failure) throw cannotWrite(folder.string(), failure.value());
+    for (const NamedFile& file : files) writeFile(folder / file.name, file.content);
+    return folder.string();
+}
+
+void WorkFolder::removeFolder(const std::string& folder) {
+    std::error_code ignored;
+    fs::remove_all(folder, ignored);
+}
+
+}  // namespace tolvan::classroom
