@@ -1,5 +1,6 @@
 #include "tvp/Commands.h"
 
+#include "classroom/Problem.h"
 #include "guide/Guide.h"
 #include "library/AddLibrary.h"
 #include "platform/encoding/Ascii.h"
@@ -20,6 +21,7 @@
 #include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
+#include "tvp/CheckClass.h"
 #include "tvp/Input.h"
 #include "tvp/Limits.h"
 #include "tvp/Output.h"
@@ -51,6 +53,7 @@ struct Invocation {
     std::optional<std::uint32_t> seed = {};
     std::optional<std::time_t> simulatedStart = {};
     Limits limits{};
+    CheckRequest check{};
     Output& output;
     Output& messages;
 };
@@ -227,8 +230,23 @@ std::uint32_t wholeNumber(std::string_view value) {
     return number;
 }
 
+int checkHandIns(const Invocation& invocation) {
+    if (invocation.check.task.empty()) throw UsageFailure{"check needs --task"};
+    return checkClass(invocation.file, invocation.check, invocation.output, invocation.messages);
+}
+
+int packTask(const Invocation& invocation) {
+    return makeTaskFile(invocation.file, invocation.output);
+}
+
 // Each option, as a bit that the commands name which take it.
-enum OptionBit : unsigned { noOption = 0, traceOption = 1U << 0U, runOption = 1U << 1U, unicodeOption = 1U << 2U };
+enum OptionBit : unsigned {
+    noOption = 0,
+    traceOption = 1U << 0U,
+    runOption = 1U << 1U,
+    unicodeOption = 1U << 2U,
+    checkOption = 1U << 3U
+};
 
 struct Option {
     OptionBit bit;
@@ -276,6 +294,21 @@ constexpr Option options[] = {
      }},
     {runOption, "--files=", "the files it reaches: own (its folder and below, the default), none, all, or a folder",
      setFiles},
+    {checkOption, "--task=", "the task: a folder with *.in, *.out or solution.tvp, or a .task file",
+     [](Invocation& invocation, std::string_view value) { invocation.check.task = value; }},
+    {checkOption, "--html=", "FILE: a page with all that is to be said of each program",
+     [](Invocation& invocation, std::string_view value) { invocation.check.html = value; }},
+    {checkOption, "--csv=", "FILE: a table for a spreadsheet",
+     [](Invocation& invocation, std::string_view value) { invocation.check.csv = value; }},
+    {checkOption, "--jobs=", "N: how many programs run at a time",
+     [](Invocation& invocation, std::string_view value) {
+         invocation.check.jobs = wholeNumber(value);
+         if (invocation.check.jobs == 0 || invocation.check.jobs > 64) throw UsageFailure{"--jobs is 1 to 64"};
+     }},
+    {checkOption, "--english", "the table and the page in English",
+     [](Invocation& invocation, std::string_view) { invocation.check.english = true; }},
+    {checkOption, "--no-cache", "checks again what was checked before",
+     [](Invocation& invocation, std::string_view) { invocation.check.useCache = false; }},
 };
 
 enum class NoFile : std::uint8_t { IsWrong, IsStandardInput };
@@ -305,6 +338,8 @@ constexpr Command commands[] = {
     {"script", "script FILE         runs a script module", runScript, NoFile::IsWrong,
      traceOption | runOption | unicodeOption},
     {"lint", "lint FILE.tvp       what is wrong with the program, in Marathi: LINE:FROM-TO KIND text", lintFile},
+    {"check", "check FOLDER        checks every program of a class", checkHandIns, NoFile::IsWrong, checkOption},
+    {"task", "task FOLDER         makes FOLDER.task, for pupils, of the task in the folder", packTask},
     {"format", "format FILE.tvp     the program file, indented", formatFile, NoFile::IsWrong, unicodeOption},
 };
 
@@ -344,9 +379,20 @@ bool isOption(const std::string& argument) {
     return argument.size() > 1 && argument[0] == '-';
 }
 
+bool takesValue(const Option& option) {
+    return option.name.ends_with('=');
+}
+
+// "--task" alone: its value is the next argument.
+bool wantsNextArgument(std::string_view argument) {
+    return std::any_of(std::begin(options), std::end(options), [&](const Option& option) {
+        return takesValue(option) && option.name.substr(0, option.name.size() - 1) == argument;
+    });
+}
+
 void setOption(const Command& command, std::string_view argument, Invocation& invocation) {
     for (const Option& option : options) {
-        const bool named = option.name.ends_with('=') ? argument.starts_with(option.name) : argument == option.name;
+        const bool named = takesValue(option) ? argument.starts_with(option.name) : argument == option.name;
         if (named && (command.options & option.bit) != 0)
             return option.set(invocation, argument.substr(option.name.size()));
     }
@@ -356,7 +402,11 @@ void setOption(const Command& command, std::string_view argument, Invocation& in
 // Reads what follows the command's name.
 void parseArguments(const Command& command, const std::vector<std::string>& arguments, Invocation& invocation) {
     for (std::size_t i = 1; i < arguments.size(); ++i) {
-        if (isOption(arguments[i]))
+        if (wantsNextArgument(arguments[i]) && i + 1 < arguments.size()) {
+            const std::string option = arguments[i] + '=' + arguments[i + 1];
+            setOption(command, option, invocation);
+            ++i;
+        } else if (isOption(arguments[i]))
             setOption(command, arguments[i], invocation);
         else if (!invocation.file.empty())
             throw UsageFailure{arguments[0] + " takes one file, not also " + arguments[i]};
@@ -380,6 +430,12 @@ int runCommand(const std::vector<std::string>& arguments, Output& output, Output
     return command.run(invocation);
 }
 
+// Problems are told in Marathi unless English is asked for, wherever that stands.
+classroom::Language languageOf(const std::vector<std::string>& arguments) {
+    const bool english = std::find(arguments.begin(), arguments.end(), "--english") != arguments.end();
+    return english ? classroom::Language::English : classroom::Language::Marathi;
+}
+
 }  // namespace
 
 int runCommandLine(const std::vector<std::string>& arguments) {
@@ -392,6 +448,8 @@ int runCommandLine(const std::vector<std::string>& arguments) {
         messages.write("tvp: " + failure.message + "\n\n" + usage());
     } catch (const InputFailure& failure) {
         messages.writeLine("tvp: " + failure.message);
+    } catch (const classroom::Problem& problem) {
+        messages.writeLine("tvp: " + problem.in(languageOf(arguments)));
     } catch (const std::bad_alloc&) {
         messages.writeLine("tvp: the text is too large for the memory of this machine");
     }
