@@ -10,7 +10,7 @@
 namespace tolvan {
 namespace {
 
-// Shows a box until it is closed. `read` takes the result from it, unless it went with its parent.
+// Shows a box until it is closed. `read` takes the result from it, unless the box was deleted with its parent.
 template <class Box, class Result>
 Result ask(std::string_view message, QWidget* parent, Result (*read)(const Box&), Result closed,
            void (Box::*prepare)() = nullptr) {

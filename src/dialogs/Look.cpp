@@ -86,7 +86,7 @@ QString styleSheet() {
         const char* name;
         QColor colour;
     } names[] = {
-        // A name with which another begins stands after that one.
+        // A name that is the beginning of another one comes after it.
         {"@background", background},
         {"@paper", paper},
         {"@textOnAccent", textOnAccent},

@@ -57,7 +57,7 @@ constexpr Text texts[] = {
     {"Select All", "सर्व निवड"},
 };
 
-// Names of keys, by which shortcuts are also looked up; some read like texts of the file dialog.
+// Left untranslated: shortcuts are looked up by the names of their keys, some of which equal texts of the file dialog.
 constexpr std::string_view keyNames = "QShortcut";
 
 }  // namespace

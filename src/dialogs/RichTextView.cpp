@@ -27,7 +27,7 @@ QColor colourOf(const RichFormat& format) {
 }
 
 QTextCharFormat charFormat(const RichFormat& format, const RichDocument& document) {
-    // A size of nothing or of a wall would only be damage.
+    // Sizes out of this range can only come from a damaged document.
     constexpr double least = 6, most = 72;
     const std::string& name = document.fontNames.at(format.fontName);
     const Font kind = fontOfName(name);
@@ -149,7 +149,7 @@ int RichTextView::naturalWidth() const {
     return static_cast<int>(std::ceil(width)) + overhang;
 }
 
-// So that the last line is not a single word: lines as even as they can be.
+// Makes lines as even as possible, so that the last one is not a single word.
 int RichTextView::narrowestOfHeight(int height, int width) const {
     int tooNarrow = 0;
     while (width - tooNarrow > 1) {

@@ -137,7 +137,7 @@ bool EditorDocument::OpenCopy(const QString& path) {
     return true;
 }
 
-// What cannot be read has been told.
+// Nothing if it cannot be read; the user has been told.
 std::optional<EditorDocument::ProgramContent> EditorDocument::read(const QString& path) {
     if (!QFileInfo(path).isFile()) {
         ShowMessage(messages::noSuchFile);
@@ -156,7 +156,7 @@ bool EditorDocument::load(const QString& path) {
     const QFileInfo file(path);
     emit discarding();
     const ProgramFile& program = content->program;
-    // What is in Unicode is taken in; it is not written over by what it became.
+    // A program in Unicode becomes a document without a file, so that saving does not write Roman text over it.
     replaceBy(program.isUnicode ? QString() : file.absoluteFilePath(), program.roman);
     caption_ = program.caption;
     fingerprint_ = program.isUnicode ? QByteArray() : content->fingerprint;

@@ -31,7 +31,7 @@ class DocumentText {
     virtual void setRomanText(std::string_view text) = 0;
     // A change of the text that can be undone.
     virtual void replaceRomanText(std::string_view text) = 0;
-    // The text as it is now is that of the file, or is not and cannot become so by undoing.
+    // False: the present text is that of the file. True: it is not, and undoing cannot bring the file's text back.
     virtual void setChanged(bool changed) = 0;
 };
 
@@ -71,7 +71,7 @@ class EditorDocument : public QObject {
     bool FileNew();
     bool FileOpen();
     bool OpenFile(const QString& path);
-    // Where the questions for a path begin as long as the document has no folder of its own.
+    // The folders in which the file dialogs start as long as the document has none of its own.
     void setFolders(const QString& forOpening, const QString& forSaving);
     bool OpenRecent(const QString& path);
     // Asks for one of the old versions in a folder. One from `own`, the folder of the present program's versions, takes
@@ -99,14 +99,14 @@ class EditorDocument : public QObject {
 
   signals:
     void titleChanged();
-    // Was opened from or saved to its path.
+    // The document was opened from this path or saved to it.
     void filed(const QString& path);
     void saved(const QString& path);
     // The file is about to be written with another content.
     void replacing(const QString& path);
     // The program that was opened is in Unicode and held characters that have no place in a program.
     void charactersLeftOut(const std::u32string& characters);
-    // The document is about to go, by the user's wish; it may be dirty.
+    // The user discards the document, which may have unsaved changes.
     void discarding();
 
   private:

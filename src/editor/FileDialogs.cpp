@@ -33,7 +33,7 @@ QString ask(const FileRequest& request, QFileDialog::AcceptMode mode) {
     if (auto* list = dialog->findChild<QTreeView*>())
         list->header()->setSectionResizeMode(QHeaderView::ResizeToContents);
     const bool accepted = dialog->exec() == QDialog::Accepted;
-    if (!dialog) return {};  // it went with its parent
+    if (!dialog) return {};  // deleted together with its parent
     const QString path = accepted ? dialog->selectedFiles().value(0) : QString();
     delete dialog;
     return path;

@@ -25,7 +25,7 @@ class OldVersions {
     // Keeps a file as it is now. Nothing happens if there is no such file, or if the last version is the same.
     void keepSaved(const QString& path);
 
-    // False if it could not be written. Text of blanks alone is not worth a copy.
+    // False if it could not be written. Text of nothing but blanks is not kept.
     bool keepDiscarded(const UnsavedText& unsaved);
 
   private:

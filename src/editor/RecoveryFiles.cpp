@@ -15,9 +15,9 @@ namespace tolvan {
 namespace {
 
 constexpr char signature[] = "Tolvan Basic unsaved program 1";
-// So long a damaged copy stays, in case somebody can still make something of it.
+// Days that a damaged copy stays, in case somebody can still make something of it.
 constexpr int mostDaysUnreadable = 30;
-constexpr int mostCopies = 1000;  // of all windows together; a thousand unsaved texts are no accident any more
+constexpr int mostCopies = 1000;  // of all windows together, so that they cannot fill the disk
 
 QByteArray takeLine(QByteArray& text) {
     const qsizetype end = text.indexOf('\n');
@@ -67,7 +67,7 @@ bool RecoveryFiles::makePresent() {
         const QString file = QStringLiteral("%1/unsaved-%2.tvp").arg(folder_).arg(number);
         if (QFile::exists(file)) continue;
         present_ = lockedCopy(file);
-        if (present_ && QFile::exists(file)) present_.reset();  // it came between the two looks
+        if (present_ && QFile::exists(file)) present_.reset();  // another window made it between the two checks
     }
     return present_.has_value();
 }

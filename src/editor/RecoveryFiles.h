@@ -25,7 +25,7 @@ class RecoveryFiles {
     // aside then. False if it could not be written.
     bool keep(const UnsavedText& unsaved);
 
-    // The present copy is of text that goes.
+    // The text of the present copy is being removed from the window: keeps the copy apart from the next text.
     void setAside();
 
     // What the copies of this window hold, the present one last.
@@ -34,11 +34,11 @@ class RecoveryFiles {
     // No copy of this window is needed any more.
     void removeAll();
 
-    // The copies that windows left which ended without their user's will, newest first. They are kept from other
-    // windows until one of the next two calls or the end of this object, which gives back those that are left. Copies
-    // that cannot be read are passed over, and removed when they are old.
+    // The copies that crashed windows left, newest first. They are locked against other windows until one of the next
+    // two calls, or the end of this object, which unlocks those that were not taken. Copies that cannot be read are
+    // passed over, and removed when they are old.
     std::vector<UnsavedText> takeLeft();
-    // The first of them is the present document from now on; the others stay for the next start.
+    // The first of them becomes the copy of the present document; the others stay for the next start.
     void takeUpFirst();
     // None of them is needed any more.
     void removeLeft();

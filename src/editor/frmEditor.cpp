@@ -199,7 +199,7 @@ void frmEditor::keepUnsaved() {
     if (isUnkept_ || wasUnkept) Timer1_Tick();
 }
 
-// The text that goes, and what was set aside before it, becomes old versions; the next start need not ask for it.
+// Keeps the discarded text, and what was set aside before it, as old versions; the next start need not offer it.
 void frmEditor::keepDiscarded() {
     recoveryTimer_.stop();
     bool kept = !document_.isDirty() || oldVersions_.keepDiscarded(document_.unsaved());
@@ -209,7 +209,7 @@ void frmEditor::keepDiscarded() {
     recovery_.setAside();
 }
 
-// "No" discards like everywhere: old versions. After a cancel the next start asks again.
+// "No" discards the texts: they become old versions. After a cancel the next start asks again.
 void frmEditor::offerRecovery() {
     const std::vector<UnsavedText> left = recovery_.takeLeft();
     if (left.empty()) return;
@@ -448,7 +448,7 @@ void frmEditor::dragEnterEvent(QDragEnterEvent* event) {
     if (event->mimeData()->hasUrls() && !isRunning()) event->acceptProposedAction();
 }
 
-// What follows may ask the user; the application that files are dragged from is not to wait for that.
+// Opening may ask the user: done later, so that the application from which the file was dragged need not wait.
 void frmEditor::dropEvent(QDropEvent* event) {
     QStringList paths;
     for (const QUrl& url : event->mimeData()->urls())

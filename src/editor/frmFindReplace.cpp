@@ -168,7 +168,7 @@ void frmFindReplace::find(FindWhere where, bool afterSelection) {
     uncoverSelection();
 }
 
-// What is found under this window would look like nothing found.
+// Moves this window away from what was found, which would not be seen below it.
 void frmFindReplace::uncoverSelection() {
     QTextCursor start = roman_.textCursor();
     start.setPosition(start.selectionStart());

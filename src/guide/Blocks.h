@@ -18,7 +18,7 @@ struct BlockFault {
     Kind kind;
     std::size_t line;
     std::size_t opener = 0;  // of WrongEnd
-    std::size_t limit = 0;   // of Unclosed: the line in front of which the end is missing at the latest
+    std::size_t limit = 0;   // of Unclosed: the line before which the end is missing at the latest
 };
 
 // In the order of the lines; a missing end is one fault, at its opening.

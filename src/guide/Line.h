@@ -82,8 +82,8 @@ struct Line {
 
     std::string roman;
     StyledText program;
-    std::vector<Word> words;               // in front of a comment
-    std::optional<Columns> comment;        // the comment's word and all behind it, in the Roman text
+    std::vector<Word> words;               // before a comment
+    std::optional<Columns> comment;        // the comment's word and all after it, in the Roman text
     bool isHead = false;                   // Compile takes the line for a function's head
     std::optional<std::size_t> openLatin;  // the "#" that the line does not close
     std::optional<std::size_t> openQuote;  // the quote that the line does not close

@@ -121,7 +121,7 @@ void Program::addNames(const Line& line, std::size_t number, bool sure) {
     }
 }
 
-// A function can give a value to what stands in the brackets behind its name.
+// A function can give a value to what stands in the brackets after its name.
 void Program::addArguments(const Line& line) {
     int depth = 0;  // of brackets since such a name
     for (std::size_t i = 0; i < line.words.size(); ++i) {

@@ -166,7 +166,7 @@ class Table {
     Table(const Sounds& a, const Sounds& b) : a_(a), b_(b), width_(b.size() + 1), cells_((a.size() + 1) * width_) {}
 
     double distance(double limit) {
-        std::size_t hopeless = 0;  // rows above the limit, one behind the other; no edit leaps over three
+        std::size_t hopeless = 0;  // rows above the limit, one after the other; no edit leaps over three
         for (std::size_t i = 0; i <= a_.size() && hopeless < 3; ++i) {
             double least = limit + 1;
             for (std::size_t j = 0; j <= b_.size(); ++j) least = std::min(least, at(i, j) = cheapest(i, j));

@@ -11,7 +11,7 @@
 namespace tolvan::guide {
 
 // The sounds of a word in Roman spelling. The last consonant has its a, typed or not; the mark that only parts
-// spellings is left out. A character that spells nothing stands for itself, behind all sounds.
+// spellings is left out. A character that spells nothing stands for itself, after all sounds.
 using Sounds = std::vector<unsigned char>;
 Sounds soundsOf(std::string_view roman);
 

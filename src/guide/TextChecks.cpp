@@ -59,7 +59,7 @@ bool isUnknownName(const Program& program, const Line& line, const Word& word) {
     return word.kind == Word::Kind::Name && program.use(word.glyphs) == nullptr && line.roman[word.roman.from] != '"';
 }
 
-// Words behind an output that are no names: two of them, one behind the other.
+// Words after an output that are no names: two of them, one after the other.
 void checkBareText(const Program& program, std::size_t number, Report& report) {
     const Line& line = program.line(number);
     if (line.words.size() < 3 || !(line.words[0].is("dAkhav") || line.words[0].is("lihI"))) return;

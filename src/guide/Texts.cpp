@@ -21,7 +21,7 @@ StyledText shown(std::string_view roman) {
     return Transliterate(roman);
 }
 
-// "\f1" switches to the Devanagari font, "\f0" to the Latin one, each with a blank behind it.
+// "\f1" switches to the Devanagari font, "\f0" to the Latin one, each with a blank after it.
 StyledText messageText(int number) {
     StyledText text;
     std::string_view rest = findMessage(number).value_or(std::string_view());

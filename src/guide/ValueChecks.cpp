@@ -18,7 +18,7 @@ StyledText latin(std::string_view text) {
     return {text, Font::Latin};
 }
 
-// The words of a simple statement behind its first one.
+// The words of a simple statement after its first one.
 struct Rest {
     std::size_t from;
     std::size_t to;
@@ -169,7 +169,7 @@ bool beginsOperand(const Word& word) {
            word.is("uMchI") || word.is("lAMbI") || word.is("phAilaMt") || word.is("vajA") || word.is("adhik");
 }
 
-// An operator without a value behind it or in front.
+// An operator without a value after it or before.
 const Word* findLonely(const Line& line) {
     for (std::size_t i = 0; i < line.words.size(); ++i) {
         if (!isOperator(line.words[i])) continue;

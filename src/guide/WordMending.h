@@ -13,7 +13,7 @@ std::string_view wordToPut(std::string_view typed);
 // Whether a text gives a value to a word, or has a function of its name, in another line than `line` (from 0).
 bool isNameOf(std::string_view roman, std::string_view word, std::size_t line);
 
-// Whether what is typed behind the beginning of a line stands in a text or a comment.
+// Whether what is typed after the beginning of a line stands in a text or a comment.
 bool isInTextOrComment(std::string_view beginning);
 
 }  // namespace tolvan::guide

@@ -23,7 +23,7 @@ class InputBox : public QLineEdit {
 
   signals:
     void entered();
-    // What was pasted did not fit; the text is as it is now.
+    // What was pasted did not fit and has been cut.
     void wasCut();
     void focusLost();
 

@@ -15,7 +15,7 @@
 namespace tolvan {
 namespace {
 
-// A program that never reads its keys does not fill the memory, and nobody is that far ahead of one that does.
+// So that a program which never reads its keys cannot fill the memory. Nobody types this far ahead.
 constexpr std::size_t mostKeys = 1000;
 
 struct NamedKey {
@@ -36,8 +36,8 @@ bool hasDevanagari(const QString& text) {
     return std::any_of(text.begin(), text.end(), [](QChar character) { return isDevanagari(character.unicode()); });
 }
 
-// What a Devanagari key types, as a program that spells it in Roman letters has it; a vowel's sign is its vowel. ""
-// for a sign that is no letter without another one.
+// The font codes of a Devanagari key, the same as a program gets that spells the letter; a vowel sign counts as its
+// vowel. "" for a sign that is no letter by itself.
 std::string lettersOf(const QString& text) {
     std::u32string unspelled;
     const std::string roman = romanOfUnicode(text.toStdString(), RomanUse::Program, &unspelled);

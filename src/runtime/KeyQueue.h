@@ -15,8 +15,8 @@ class KeyQueue {
     // bar; "" for any other key.
     static std::string nameOf(const QKeyEvent& key);
 
-    // Whether the key is one to be read. Keys without a name are none, nor are repetitions of a key that was held down
-    // before it could be meant for the program.
+    // Adds a key; false if it is not for the program: it has no name, or it repeats a key that was already held down
+    // when the program could not read it yet.
     bool add(const QKeyEvent& key);
     // The oldest key, which goes; "" when there is none.
     std::string take();

@@ -20,7 +20,7 @@ class MessageStrip : public PictureBox {
     // Shows sentences of internal text form beside each other, or below each other where they are too wide together.
     void tell(std::vector<std::string> sentences);
     bool isTelling() const { return !isHidden(); }
-    // Along the lower edge of the display, as long as it shows something; again when the display has another size.
+    // Moves it to the lower edge of the display. To be called again when the display changes its size.
     void placeAtBottom();
 
   private:

@@ -14,7 +14,7 @@ class PrintedLines {
     // Of all lines together, in bytes; at least the last line stays, however long it is.
     static constexpr std::size_t mostBytes = std::size_t{16} << 20;
 
-    // A line of internal text form. The oldest ones go where it is too much.
+    // A line of internal text form. Drops the oldest lines where there are too many bytes.
     void add(std::string_view line);
     void clear();
 

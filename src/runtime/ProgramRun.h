@@ -42,7 +42,7 @@ class ProgramRun : public QObject {
 
     // First line of the program file, in Roman letters; may be empty.
     std::string ProgramCaption;
-    // 0-based line of the program in which the last run failed or was stopped; see errorLineOf for what it is worth.
+    // 0-based line of the program in which the last run failed or was stopped, as estimated by errorLineOf.
     std::int32_t ErrorLine = 0;
 
   signals:

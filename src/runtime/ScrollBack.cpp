@@ -45,7 +45,7 @@ ScrollBack::ScrollBack(PictureBox& display, ConsoleText& text) : PictureBox(&dis
     hide();
 }
 
-// At this top line the lines stand where the display shows them.
+// The first line (may be negative) with which the lines stand exactly where the display shows them.
 std::ptrdiff_t ScrollBack::topWhenLive() const {
     const auto above = static_cast<std::ptrdiff_t>(std::floor(text_.lastLineTop() / text_.LineHeight()));
     return static_cast<std::ptrdiff_t>(text_.lines().end()) - 1 - above;
@@ -107,7 +107,7 @@ bool ScrollBack::keyPressed(const QKeyEvent& key) {
     return isModifier;
 }
 
-// A page keeps a line of the one before.
+// Scrolling by a page keeps one line of the page before in view.
 bool ScrollBack::scrollByKey(int key) {
     switch (key) {
         case Qt::Key_PageUp:
@@ -293,7 +293,7 @@ void ScrollBack::drawSelection(std::size_t line, float y) {
     if (right >= left) Box(left, y, right, y + text_.LineHeight() - 1, look::accent, FillStyle::Solid);
 }
 
-// Which part of all lines is seen: also the sign that this is not the display itself.
+// Shows which part of all lines is in view, and that this is not the display itself.
 void ScrollBack::drawScrollBar() {
     const PrintedLines& lines = text_.lines();
     const auto count = static_cast<float>(lines.end() - lines.begin());

@@ -20,7 +20,7 @@ class ScrollBack : public PictureBox {
     // Hidden, over `display`, which owns it and on which `text` prints; both must outlive it.
     ScrollBack(PictureBox& display, ConsoleText& text);
 
-    // To the display again.
+    // Hides it: back to the display.
     void leave();
     bool isShown() const { return !isHidden(); }
 

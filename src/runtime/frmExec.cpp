@@ -142,14 +142,14 @@ bool frmExec::MayReachFile(const std::string& path, bool writing) {
     return AskConsent(fileQuestion(path, writing)) && run_.IsRunning();
 }
 
-// Where the program is to stop it fails here, so that it stops in this statement and not before the next.
+// If the program is to stop, an error is raised here, so that it stops in this statement and not before the next one.
 void frmExec::FileOpenFailed(int number) {
     if (askToGoOn(number, run_.ErrorLine)) return;
     run_.stop();
     throw script::ScriptError(number);
 }
 
-// The console has the keyboard again afterwards, also where it was about to get it when the box came up.
+// Gives the keyboard back to the console, even if that had not received it yet when the box came up.
 bool frmExec::askToGoOn(int number, int line) {
     const StopKeysInDialogs stopKeys(run_);
     const bool goesOn = ShowError(number, line, this);
@@ -204,7 +204,7 @@ bool frmExec::keyPressed(QObject* control, const QKeyEvent& key) {
         return isCtrlC(key);
     }
     if (run_.IsRunning() && control != inputBox_ && keys_.add(key)) return true;
-    // The repetitions of a key that is held down do not count: Enter after the last answer would close the console.
+    // Repetitions of a held key do not count: Enter held a little too long for the last answer would close the console.
     const bool isTyped = !key.text().isEmpty() && !key.isAutoRepeat();
     if (control == display_ && isTyped && !run_.IsRunning() && !wasScrolledBack) CloseForm();
     return false;

@@ -66,15 +66,15 @@ void frmExec::endInput() {
     display_->setFocus();
 }
 
-// Also when the display got another size meanwhile: what is asked, typed and told about it can be seen, and so can what
-// was printed before.
+// Places the tip and the input box below what was printed, scrolling where there is too little room. Called again when
+// the display gets another size.
 void frmExec::placeInput() {
     const int line = qRound(std::ceil(text_.LineHeight()));
     const int note = inputNote_->isHidden() ? 0 : line;
     inputBox_->fitText(display_->width() - qRound(ConsoleText::leftMargin));
     text_.makeRoom(static_cast<float>(line + inputBox_->height() + note));
     inputBoxTip_->move(qRound(ConsoleText::leftMargin), qRound(display_->CurrentY));
-    // A display that is lower than all of it still shows the box.
+    // On a display that is too low for both, the box still shows.
     inputBox_->move(inputBoxTip_->x(), std::min(inputBoxTip_->y() + line, display_->height() - inputBox_->height()));
     inputNote_->move(inputBoxTip_->x(), inputBox_->geometry().bottom() + 1);
     inputChanged();
@@ -95,7 +95,7 @@ void frmExec::inputWasCut() {
     tellInNote(")´ 200 A]re mavtat{.} bakIcI \"etlI nahIt{.}"_deva);
 }
 
-// Why the keys do nothing any more, and which one does.
+// Says that the input has reached its length, and which key still works.
 void frmExec::tellAboutLength() {
     if (inputBox_->text().size() > InputBox::mostCharacters)
         tellInNote("Aae¦ oUp la<b Aahe{.} {Delete} dabUn kahI A]re pusa{.}"_deva);

@@ -33,9 +33,9 @@ void frmExec::prepareDisplay() {
     hasDrawn_ = false;
 }
 
-// After an error, whose line is marked in the editor: true when the end messages are to be printed, false when the
-// console is to close. A program that was stopped comes here, too, with the error that its poll raises then; it is told
-// from one that failed by the state of the run.
+// Marks the line of an error in the editor. Returns true when the end messages are to be printed, false when the
+// console is to close. A program that was stopped comes here, too, since its poll raises an error; the state of the run
+// tells it from one that failed, and only that is asked about.
 bool frmExec::goesOnAfter(const script::ErrorReport& error, const ModuleLines& lines) {
     run_.ErrorLine = errorLineOf(error.line);
     const int known = lines.programLine(error.line);
@@ -45,7 +45,7 @@ bool frmExec::goesOnAfter(const script::ErrorReport& error, const ModuleLines& l
     return goesOn;
 }
 
-// A picture is not to be harmed by them.
+// What the program has drawn must stay: then the messages are shown in a strip below.
 void frmExec::printEnd() {
     constexpr std::string_view messages[] = {"he àayaejn wa<blele Aahe"_deva, "b<d kr\\{yasaQI kae[tehI bq[ daba"_deva};
     if (hasDrawn_) return strip_->tell({std::string(messages[0]), std::string(messages[1])});

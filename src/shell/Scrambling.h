@@ -1,4 +1,4 @@
-// The veil over the program inside a stand-alone executable: it keeps the text from being read or changed by accident.
+// Obfuscates the program inside a stand-alone executable, so that its text is not read or changed by accident.
 // It is no protection against anyone who wants to read it.
 #pragma once
 

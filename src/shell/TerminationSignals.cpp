@@ -14,7 +14,7 @@ constexpr std::array signalsToEnd = {SIGTERM, SIGHUP, SIGINT};
 
 int wakeUp = -1;  // the end of the pipe that the handler writes to
 
-// May run in the middle of anything: no more than a byte goes into the pipe, which is never waited for.
+// Only async-signal-safe calls are allowed here: it writes one byte into the pipe, which never blocks.
 void handle(int) {
     const int before = errno;
     static_cast<void>(!::write(wakeUp, "", 1));

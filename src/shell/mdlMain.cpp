@@ -36,7 +36,7 @@ QString fileName(const std::string& bytes) {
 }  // namespace
 
 mdlMain::mdlMain(Settings& settings) : settings_(settings) {
-    // Boxes come and go while no other window is up; that is no end.
+    // A box may be the only window for a while; closing it must not end the application.
     QApplication::setQuitOnLastWindowClosed(false);
     connect(qApp, &QGuiApplication::lastWindowClosed, this, &mdlMain::endIfNothingIsLeft, Qt::QueuedConnection);
     connect(&terminationSignals_, &TerminationSignals::received, this, [this] {

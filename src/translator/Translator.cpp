@@ -23,7 +23,7 @@ bool isOperator(StyledView text) {
            std::string_view("+-*/<>=").find(text[0]) != std::string_view::npos;
 }
 
-// A quote alone is the letter gha.
+// A single quote glyph is no literal: it is the letter gha.
 bool isQuoted(std::string_view text) {
     return text.size() > 1 && text.front() == quote && text.back() == quote;
 }

@@ -55,8 +55,8 @@ class Translator {
     VariableTable variables_;
     ModuleLines moduleLines_;
     std::size_t argumentsLeft_ = 0;  // characters of arguments that may still be cut out
-    StyledText workingLine_;         // of the line that is compiled; kept for its memory, as is:
-    std::string statement_;          // its script
+    StyledText workingLine_;  // of the line that is compiled; a member so that its memory is reused, like the next:
+    std::string statement_;   // its script
 };
 
 }  // namespace tolvan

@@ -147,7 +147,7 @@ class ProgramReader {
         line.endSpan();
     }
 
-    // The word at the front of `from`; `rest` is left behind it.
+    // The word at the front of `from`; `rest` is left after it.
     std::string spellWord(std::string_view from, std::string_view& rest) {
         while (!rest.empty()) {
             std::string_view behind = rest;

@@ -21,7 +21,7 @@ class EditorGuide : public QObject {
 
     void setEnabled(bool enabled) { watch_.setEnabled(enabled); }
 
-    // For the start of a run: nothing is held back any more.
+    // For the start of a run: shows findings in the line that is being typed, too.
     void checkNow() { watch_.checkNow(); }
 
     // Goes to the next place of the list.

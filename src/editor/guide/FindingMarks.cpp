@@ -15,7 +15,7 @@
 namespace tolvan {
 namespace {
 
-// A line under nothing is not seen.
+// An empty place gets one column, so that its underline can be seen.
 guide::Columns seen(guide::Columns place, std::size_t length) {
     place.to = std::min(std::max(place.to, place.from + 1), length);
     place.from = std::min(place.from, place.to > 0 ? place.to - 1 : 0);

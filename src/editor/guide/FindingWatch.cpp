@@ -32,7 +32,7 @@ void FindingWatch::setEnabled(bool enabled) {
     if (enabled_) timer_.start();
 }
 
-// What was said about the changed line goes at once; what stands behind it moves with its lines.
+// Findings of the changed line are removed at once; those after it move with their lines.
 void FindingWatch::textChanged() {
     const int more = roman_.lineCount() - std::exchange(lines_, roman_.lineCount());
     const bool isTyped = roman_.document()->isUndoAvailable();  // and not a text that was opened

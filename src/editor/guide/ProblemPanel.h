@@ -31,7 +31,7 @@ class ProblemPanel : public QWidget {
 
     void setFindings(const std::vector<guide::Finding>& findings);
 
-    // Stays until the next run or change; nothing takes it away.
+    // Shown until it is set again; nothing: removes it.
     void setRunFailure(const std::optional<RunFailure>& failure);
 
     // Chooses the next one behind the one chosen, the first again behind the last. False if there is none.

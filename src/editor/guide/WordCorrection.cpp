@@ -44,18 +44,18 @@ void WordCorrection::correct() {
     roman_.flash(put.size());
 }
 
-// The caret stands behind the character that finished the word.
+// The caret stands after the character that finished the word.
 bool WordCorrection::takeBack() {
     if (typed_.empty()) return false;
     const std::string typed = std::exchange(typed_, {});
-    const std::size_t behind = roman_.caret();
+    const std::size_t caret = roman_.caret();
     const std::size_t end = place_ + put_.size();
-    if (roman_.selectionLength() > 0 || behind < end || behind > end + 2) return false;
+    if (roman_.selectionLength() > 0 || caret < end || caret > end + 2) return false;
     if (roman_.text().substr(place_, put_.size()) != put_) return false;
     kept_ = typed;
     roman_.select(place_, put_.size());
     roman_.replaceSelection(typed);
-    roman_.select(behind - put_.size() + typed.size(), 0);
+    roman_.select(caret - put_.size() + typed.size(), 0);
     return true;
 }
 

@@ -1,5 +1,5 @@
 // Puts a word right that has just been finished with a blank or Enter, where nothing but a vowel's length, a nasal or a
-// doubled letter was wrong: as a step of undo, with a short flash. Backspace right behind it brings back what was
+// doubled letter was wrong: as a step of undo, with a short flash. Backspace right after it brings back what was
 // typed.
 #pragma once
 
@@ -31,7 +31,7 @@ class WordCorrection : public QObject {
     std::size_t place_ = 0;  // of the word put right last
     std::string typed_;      // as it was typed; empty: there is nothing to bring back
     std::string put_;
-    std::string kept_;  // what was brought back, and is left as it is
+    std::string kept_;  // a word that the user brought back, which is not corrected again
 };
 
 }  // namespace tolvan

@@ -1,5 +1,5 @@
-// The colours of the two panes that the windows' own look does not know. All are readable on white paper and on the
-// band behind the caret's line.
+// The colours of the two panes, beside those of dialogs/Look.h. All are readable on white paper and on the band of the
+// caret's line.
 #pragma once
 
 #include "dialogs/Look.h"

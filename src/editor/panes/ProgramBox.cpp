@@ -152,7 +152,7 @@ void ProgramBox::mouseReleaseEvent(QMouseEvent* event) {
 }
 
 QMimeData* ProgramBox::createMimeDataFromSelection() const {
-    auto* selection = new QMimeData;  // goes to who asked
+    auto* selection = new QMimeData;  // owned by the caller
     QString plain;
     QString html = QStringLiteral("<pre>");
     const int end = textCursor().selectionEnd();

@@ -37,7 +37,7 @@ class ProgramBox : public TextPane {
     void replaceLines(const ProgramLinesUpdate& update);
 
     void setColouring(Colouring colouring);
-    // Colours the lines anew that hold this font-encoded text; the colouring may tell otherwise now.
+    // Colours again the lines that hold this font-encoded text, for which the colouring may give another answer now.
     void colourLinesWith(std::string_view text);
 
   signals:

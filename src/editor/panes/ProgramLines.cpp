@@ -22,7 +22,7 @@ bool ProgramLines::endsInSpan(const Line& line) {
     return line.state.startsInSpan != (marks % 2 == 1);
 }
 
-// A line whose spans are opened and closed on it can be transliterated alone.
+// A line on which every "#" span is both opened and closed can be transliterated alone.
 ProgramLine ProgramLines::program(const Line& line) {
     std::string alone;
     alone.reserve(line.roman.size() + 4);
@@ -34,7 +34,7 @@ ProgramLine ProgramLines::program(const Line& line) {
     return {Transliterate(alone), endsInSpan(line) ? Font::Latin : Font::Devanagari};
 }
 
-// The line of the "#" that is never closed; count() if each one is.
+// The line of the "#" that is never closed; count() if there is none.
 std::size_t ProgramLines::lineWithoutPartner() const {
     std::size_t marks = 0;
     std::size_t last = count();
@@ -92,7 +92,7 @@ std::vector<ProgramLinesUpdate> ProgramLines::replace(std::size_t first, std::si
     return updates;
 }
 
-// The program text of the part before the place, translated alone, is as long as the column.
+// The column is the length of the program text of what stands before the place.
 std::size_t ProgramLines::programColumn(std::size_t line, std::size_t romanColumn) const {
     const Line& whole = lines_[line];
     Line before{whole.roman.substr(0, romanColumn), 0, whole.state, true};
@@ -110,8 +110,8 @@ std::size_t ProgramLines::romanColumn(std::size_t line, std::size_t programColum
         const std::size_t middle = column + (end - column) / 2;
         (this->programColumn(line, middle) <= programColumn ? column : end) = middle;
     }
-    const bool isBehindOpeningMark = column > 0 && roman[column - 1] == mark && isInSpan(line, column);
-    return isBehindOpeningMark ? column - 1 : column;
+    const bool isAfterOpeningMark = column > 0 && roman[column - 1] == mark && isInSpan(line, column);
+    return isAfterOpeningMark ? column - 1 : column;
 }
 
 bool ProgramLines::isInSpan(std::size_t line, std::size_t column) const {

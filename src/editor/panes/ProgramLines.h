@@ -1,8 +1,8 @@
-// Translates the Roman text to the program text line by line. After a change only those lines are made again whose
-// result can differ; the lines together always equal the ProgramText of the whole Roman text.
+// Transliterates the Roman text to the program text line by line. After a change only lines whose result can differ are
+// transliterated again; the lines together always equal the ProgramText of the whole Roman text.
 //
-// A "#" span can reach over several lines, and a "#" that is never closed is dropped. So a single "#" can change every
-// line after it.
+// A "#" span can reach over several lines, and a "#" that is never closed is dropped. So one "#" can change every line
+// after it.
 #pragma once
 
 #include "platform/richtext/StyledText.h"

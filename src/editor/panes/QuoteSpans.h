@@ -1,5 +1,5 @@
-// A double quote typed into Devanagari text would be a letter there. The quotes of a text stand in "#" spans, so that
-// is what typing one puts in; inside a span it is a plain quote.
+// In the Devanagari font the double quote is a letter. So a quote that is typed outside a "#" span is put in with a
+// span around it; inside a span it is a plain quote.
 #pragma once
 
 #include <QObject>

@@ -24,7 +24,7 @@ namespace tolvan {
 namespace {
 
 constexpr qsizetype tabWidth = 6;
-const QString ownFormat = QStringLiteral("application/x-tolvan-roman");  // the bytes, which come back as they were
+const QString ownFormat = QStringLiteral("application/x-tolvan-roman");  // the exact bytes of a copied text
 constexpr std::array editKeys = {QKeySequence::Undo, QKeySequence::Redo,  QKeySequence::Cut,
                                  QKeySequence::Copy, QKeySequence::Paste, QKeySequence::SelectAll};
 
@@ -61,7 +61,7 @@ QString plainText(const QMimeData& source) {
     return {};
 }
 
-// What other applications write in place of the marks of the keyboard.
+// Typographic quotes, which other applications write for the plain one.
 constexpr QStringView otherQuotes = u"\u201C\u201D\u201E";
 constexpr QStringView otherApostrophes = u"\u2018\u2019";
 constexpr QStringView otherDashes = u"\u2013\u2014\u2212";
@@ -224,7 +224,7 @@ void RomanBox::setLocked(bool locked) {
     if (locked) setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
 }
 
-// A quote gets its "#" span where the text does not go into one, as a quote that is typed does.
+// Outside a span, a quote in pasted text gets a "#" span around it, as a typed quote does.
 QString RomanBox::withKeyboardMarks(const QString& text) const {
     if (std::none_of(text.begin(), text.end(), isOtherMark)) return text;
     bool inSpan = toPlainText().left(textCursor().selectionStart()).count(u'#') % 2 == 1;
@@ -295,8 +295,8 @@ bool RomanBox::selectsLines() const {
            (first.length() > 1 && cursor.selectedText().size() == first.length() - 1);
 }
 
-// Calls `change(cursor)` at the start of each line with selected characters, as one step of undo. The lines are
-// selected then.
+// Calls `change(cursor)` at the start of each line with selected characters, as one step of undo. Afterwards whole
+// lines are selected.
 template <class Change>
 void RomanBox::changeSelectedLines(Change change) {
     QTextCursor cursor = textCursor();
@@ -344,7 +344,7 @@ void RomanBox::inputMethodEvent(QInputMethodEvent* event) {
 }
 
 QMimeData* RomanBox::createMimeDataFromSelection() const {
-    auto* selection = new QMimeData;  // goes to who asked
+    auto* selection = new QMimeData;  // owned by the caller
     selection->setText(toQString(selectedText()));
     selection->setData(ownFormat, QByteArray::fromStdString(selectedText()));
     return selection;

@@ -1,5 +1,5 @@
-// The colours of the words of a program. The translator's own scanner and words decide, so that what is coloured is
-// what the translator takes for it.
+// The colours of the words of a program. The translator's own scanner and word table decide, so that a word has the
+// colour of what the translator takes it for.
 #pragma once
 
 #include "editor/panes/ProgramBox.h"

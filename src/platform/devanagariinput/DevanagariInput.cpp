@@ -70,7 +70,7 @@ DevanagariInput::DevanagariInput(QWidget& widget, std::unique_ptr<RomanTextAtCar
 
 DevanagariInput::~DevanagariInput() = default;
 
-// An input method that is not asked to give its text, or does not, forgets it.
+// Asks the input method to commit its text. What it does not commit, and so would lose, is typed from here.
 void DevanagariInput::finish() {
     if (preedit_.isEmpty()) return;
     QGuiApplication::inputMethod()->commit();
@@ -122,7 +122,7 @@ bool DevanagariInput::takeKey(QKeyEvent& event) {
     return false;
 }
 
-// Devanagari into a line; other text is pasted as ever.
+// Pastes Devanagari as Roman text; any other text is left to the box.
 bool DevanagariInput::paste() {
     const QString pasted = QGuiApplication::clipboard()->text();
     if (!hasLetters(pasted)) return false;
@@ -198,7 +198,7 @@ void DevanagariInput::typeOther(const QString& text) {
         text_->replace(0, text, RomanTextAtCaret::UndoStep::New);
 }
 
-// A Roman word that is at the caret already goes on.
+// Begins with the Roman word that stands before the caret already, if there is one.
 void DevanagariInput::open() {
     close();
     isNew_ = true;

@@ -160,8 +160,8 @@ class UnicodeWriter {
         utf8_.append(glyph.text, end);
     }
 
-    // Whether the letters on both sides of a virama that is seen are written with another glyph where none is asked
-    // for.
+    // Whether the letters on both sides of a visible virama would be drawn as a conjunct without a non-joiner between
+    // them.
     bool wouldJoin(const Glyph& next) const {
         if (last_->letter == U'र' && last_->kind == GlyphKind::Consonant)
             return !lastHasNukta_ || next.letter == U'य' || next.letter == U'ह';

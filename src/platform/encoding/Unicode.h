@@ -11,7 +11,7 @@ namespace tolvan {
 
 // Text in codes of the Devanagari font. It is in normal form C; what the font puts together of several glyphs is one
 // character where Unicode has one; the logotype is the name that it reads. A code that draws nothing stands for its
-// windows-1252 character. Behind a virama that is seen although the font could join the letters, a zero-width
+// windows-1252 character. After a virama that is seen although the font could join the letters, a zero-width
 // non-joiner keeps them apart.
 std::string unicodeOfCodes(std::string_view codes);
 

@@ -33,7 +33,7 @@ fs::path linkTarget(fs::path path) {
 // The file beside the target that is written first. Gone at the end, unless it was put in its place.
 class Unfinished {
   public:
-    // Locked, so that nobody sweeps it away. Without lock where the file system knows none.
+    // Locked against sweepUnfinishedSavings, where the file system has locks.
     int create(const fs::path& folder, mode_t permissions) {
         for (int number = 1;; ++number) {
             path_ =
@@ -62,7 +62,7 @@ class Unfinished {
         return file_.close();
     }
 
-    // A file system that cannot do it is no failure.
+    // A file system that has no fsync is no failure.
     static int sync(const Descriptor& file) {
         if (::fsync(file.number()) == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP) return 0;
         return errno;

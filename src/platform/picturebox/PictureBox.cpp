@@ -12,7 +12,7 @@ namespace tolvan {
 namespace {
 
 constexpr int frameMilliseconds = 16;
-// Programs compute between wiping a picture and drawing the next one; this much is not noticed as a delay.
+// How long a finished picture may stay while the program computes the next one; not noticed as a delay.
 constexpr int unfinishedMilliseconds = 100;
 constexpr Pixel background = 0xFF000000U;
 // The narrowest letters of this many reach beyond any screen.

@@ -60,7 +60,7 @@ Role roleAt(StyledView text, std::size_t position) {
     return roles[static_cast<unsigned char>(text[position])];
 }
 
-// Whether the glyph goes on the letter whose last glyph is given.
+// Whether a glyph of role `next` belongs to the letter whose last glyph has role `last`.
 bool continues(Role last, Role next) {
     switch (last) {
         case Role::Alone:

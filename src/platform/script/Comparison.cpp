@@ -45,7 +45,7 @@ Order orderOfNumbers(Context& context, const Operands& operands) {
     return order(leftNumber, rightNumber);
 }
 
-// A text beside a number, Boolean or date that the script's line has as a literal.
+// The number of a text that is compared with a literal number, Boolean or date.
 double readLike(Context& context, const Value& literal, const Value& text) {
     if (literal.is(Type::Date)) return toDate(context, text);
     if (literal.is(Type::Boolean)) {

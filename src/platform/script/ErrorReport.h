@@ -22,7 +22,7 @@ struct ErrorOperand {
 // A procedure that was running.
 struct ErrorCall {
     std::string procedure;  // empty: the statements outside procedures, or the source of Execute or Eval
-    int line = 0;           // of its statement that failed or called; 1-based, of the module or source that it is in
+    int line = 0;           // of the statement that failed or called, 1-based in its module or source
 };
 
 struct ErrorReport {

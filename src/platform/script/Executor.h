@@ -66,8 +66,8 @@ class Executor {
     // The value of an expression, in the scope of the modules.
     bool evaluate(std::string_view expression, Value& result);
 
-    // Prepares the modules that are loaded from now on for being looked at (see Inspection.h): each poll asks the host
-    // if its budget is 0, and the state of a run that failed is kept until the next. Start value: off.
+    // Compiles the modules that are loaded from now on for inspection (see Inspection.h): no poll is optimised away,
+    // and the state of a run that failed is kept until the next run. Start value: off.
     void setWatched(bool on);
     // For a host object that is being called, and after a run.
     Inspection inspect();

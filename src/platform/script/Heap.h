@@ -15,7 +15,7 @@ class Heap {
 
     // Throws ScriptError 7 where the limit would be passed or the system has no more.
     void* allocate(std::size_t bytes);
-    // `moved` has the first min(oldBytes, newBytes) bytes of the old block, which is gone.
+    // The first min(oldBytes, newBytes) bytes move to the new block; the old one is released.
     void* reallocate(void* block, std::size_t oldBytes, std::size_t newBytes);
     void release(void* block, std::size_t bytes) noexcept;
 

@@ -9,7 +9,7 @@ namespace tolvan::script {
 
 namespace {
 
-// The type of a result from the types of the operands; Null has no say.
+// The type of a result from the types of the operands; Null does not count.
 Type bitType(std::uint32_t types) {
     types &= ~bits(Type::Null);
     if (types == bits(Type::Boolean)) return Type::Boolean;

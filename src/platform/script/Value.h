@@ -119,7 +119,7 @@ class Value {
         Cell* cell;
         Value* ref;
     };
-    // Open to the engine, which works on them in place; hosts have no need of them.
+    // Public for the engine, which works on them in place; hosts have no need of them.
     std::uint32_t tag;
     Payload as;
 

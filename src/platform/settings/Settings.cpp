@@ -12,7 +12,7 @@ QString path(const QString& section, const QString& key) {
     return section + QLatin1Char('/') + key;
 }
 
-// Reading a pipe would wait for ever; something that is no file is left alone, with another one beside it.
+// Reading a pipe would wait for ever: in place of something that is no file, another one beside it is used.
 QString usableFile(const QString& file) {
     const QFileInfo entry(file);
     return !entry.exists() || entry.isFile() ? file : file + QStringLiteral(".2");

@@ -46,7 +46,7 @@ struct Step {
 class ClusterPlan {
   public:
     explicit ClusterPlan(Letters letters) : letters_(letters) {
-        behindFull_[letters.size()] = 0;
+        afterFull_[letters.size()] = 0;
         for (std::size_t position = letters.size(); position-- > 0;) plan(position);
     }
 
@@ -63,8 +63,8 @@ class ClusterPlan {
         steps_[position].cost = impossible;
         // A full ra can only begin a cluster.
         if (position == 0 || letter != ra) offerGlyphs(position);
-        behindFull_[position] =
-            letter == ya || letter == ra ? formCost + behindFull_[position + 1] : viramaCost + steps_[position].cost;
+        afterFull_[position] =
+            letter == ya || letter == ra ? formCost + afterFull_[position + 1] : viramaCost + steps_[position].cost;
     }
 
     void offerGlyphs(std::size_t position) {
@@ -79,7 +79,7 @@ class ClusterPlan {
     }
 
     void offer(std::size_t position, std::size_t end, std::uint8_t row) {
-        Step step{glyphCost + behindFull_[end], row, static_cast<std::uint8_t>(end - position), false};
+        Step step{glyphCost + afterFull_[end], row, static_cast<std::uint8_t>(end - position), false};
         if (canBeHalf(position, end, row) && glyphCost + steps_[end].cost <= step.cost) {
             step.cost = glyphCost + steps_[end].cost;
             step.half = true;
@@ -94,7 +94,7 @@ class ClusterPlan {
 
     Letters letters_;
     std::array<Step, Cluster::maxLetters> steps_;
-    std::array<std::uint32_t, Cluster::maxLetters + 1> behindFull_;  // what follows a full glyph that ends here
+    std::array<std::uint32_t, Cluster::maxLetters + 1> afterFull_;  // what follows a full glyph that ends here
 };
 
 void writeNukta(Letter letter, std::string& encoded) {
@@ -110,7 +110,7 @@ struct ClusterEnd {
 };
 
 // Writes the forms of ya and ra, or a virama, that part a full glyph from the next one at `position`.
-std::size_t writeBehindFull(Letters letters, std::size_t position, ClusterEnd& end, std::string& encoded) {
+std::size_t writeAfterFull(Letters letters, std::size_t position, ClusterEnd& end, std::string& encoded) {
     for (; position < letters.size() && (letters[position] == ya || letters[position] == ra); ++position) {
         const bool isYa = letters[position] == ya;
         encoded += isYa ? glyph::yaForm : glyph::raForm;
@@ -131,7 +131,7 @@ ClusterEnd writeLetters(Letters letters, std::string& encoded) {
         end.place = glyph.place;
         end.bareConsonant = step.length == 1 ? std::optional(letters[position].consonant) : std::nullopt;
         position += step.length;
-        if (!step.half) position = writeBehindFull(letters, position, end, encoded);
+        if (!step.half) position = writeAfterFull(letters, position, end, encoded);
     }
     return end;
 }

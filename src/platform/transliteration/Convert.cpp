@@ -101,7 +101,7 @@ class SyllableWriter {
     std::string_view markGlyph(Sound mark) const {
         if (mark == Sound::Visarga) return glyph::visarga;
         if (mark == Sound::Candrabindu) return glyph::candrabindu;
-        return state_ == State::SignIi ? glyph::anusvaraBehindIi : glyph::anusvara;
+        return state_ == State::SignIi ? glyph::anusvaraAfterIi : glyph::anusvara;
     }
 
     // Consonants without a vowel have their own a.

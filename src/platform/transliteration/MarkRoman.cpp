@@ -13,7 +13,7 @@ constexpr auto punctuationCodes = [] {
     return codes;
 }();
 
-// Marks in the result alternate between opening and closing, so two that touch say nothing and fall away.
+// Marks in the result alternate between opening and closing, so two that touch are an empty pair and are dropped.
 class Marking {
   public:
     explicit Marking(std::size_t expectedSize) { text_.reserve(expectedSize); }

@@ -6,7 +6,7 @@
 namespace tolvan {
 namespace {
 
-// Behind each line, so that its last syllable ends like every other.
+// After each line, so that its last syllable ends like every other.
 constexpr std::string_view padding = "   ";
 
 // The length of the piece to cut from the front of `line`.

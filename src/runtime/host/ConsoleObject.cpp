@@ -60,7 +60,7 @@ void check(FileError error) {
     if (error != FileError::None) throw ScriptError(static_cast<int>(error));
 }
 
-// Must not fail where the call itself would not.
+// Must not raise an error where the call itself would not.
 std::string traceText(const Arguments& arguments, std::size_t index) {
     if (arguments.isMissing(index)) return {};
     const Value& value = arguments[index];
@@ -72,7 +72,7 @@ std::string traceText(const Arguments& arguments, std::size_t index) {
 
 }  // namespace
 
-// What a call may have done to the poll.
+// What the next poll has to do after a call.
 enum class After : std::uint8_t {
     Nothing,        // it took no time
     LookSoon,       // it took time

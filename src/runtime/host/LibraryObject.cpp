@@ -32,7 +32,7 @@ std::size_t letterNumber(const Arguments& arguments, std::size_t index, std::int
     return static_cast<std::size_t>(number);
 }
 
-// As long as a program may wait at once: a day.
+// The longest single wait, in seconds: a day.
 constexpr double longestWait = 86400;
 
 // Numbers as a reader writes them, with a Latin mark in between.

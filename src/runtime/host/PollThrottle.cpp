@@ -28,8 +28,8 @@ void PollThrottle::mustAsk() {
     mustAsk_ = true;
 }
 
-// As many polls as take a quarter of a millisecond at the pace of the last ones, but growing by steps: at most one more
-// than twice as many as before.
+// As many polls as will take a quarter of a millisecond at the pace of the last ones, but at most one more than twice
+// as many as before.
 int PollThrottle::nextGrant(Clock::duration spent) const {
     constexpr Clock::duration target = std::chrono::microseconds(250);
     const auto polls = (granted_ + 1) * (target / std::max(spent, Clock::duration(1)));

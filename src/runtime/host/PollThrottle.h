@@ -15,8 +15,8 @@ class PollThrottle {
   public:
     using Clock = std::chrono::steady_clock;
     static constexpr std::chrono::milliseconds eventPeriod{8};
-    // So few that the clock is still looked at in time when statements suddenly take a millisecond each, and so many
-    // that a look (some 20 ns) is below a nanosecond for each poll.
+    // Few enough that the clock is read in time even if statements suddenly take a millisecond each; many enough that
+    // reading it (some 20 ns) comes to less than a nanosecond for each poll.
     static constexpr int mostGranted = 32;
 
     // The clock can be another one in tests.

@@ -19,8 +19,8 @@ namespace fs = std::filesystem;
 
 constexpr std::uint64_t block = 4096;  // bytes that the smallest file takes on most disks
 
-// Never waiting: a program that hangs here, on a terminal say, could not be stopped. Emptied only after a look at what
-// it is.
+// Opening must not wait, for a terminal say, since the program could not be stopped then. The file is emptied later,
+// when it is known what it is.
 int openFlags(DataFileMode mode) {
     constexpr int always = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
     if (mode == DataFileMode::Read) return always | O_RDONLY;

@@ -38,11 +38,11 @@ class CodeBuilder {
     // A jump whose offset is in bc, and one whose offset is in the second word.
     void jump(Op op, std::uint32_t a, Label& target);
     void jumpWithWord(Op op, std::uint32_t a, std::uint32_t b, Label& target);
-    // The same back to a Poll, which is made on the way.
+    // A jump back to the Poll at the start of a loop; the jump itself counts the budget down.
     void loopWithPoll(Op op, std::uint32_t a, std::uint32_t b, Label& target);
     // Whether a label that is bound has a Poll already.
     bool isAtPoll(const Label& label) const;
-    // Poll: the offset in bc and a pointer after it.
+    // Emits a Poll, which jumps to `exhausted` when the budget is used up.
     void poll(int* budget, Label& exhausted);
     void bind(Label& label);
 

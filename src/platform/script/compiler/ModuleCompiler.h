@@ -25,11 +25,13 @@ class ModuleCompiler {
     // The names of the procedure in which Execute or Eval stands, and who makes new variables there; within the
     // statements outside procedures there is none.
     struct EnclosingScope {
-        // Asked only for the names that the text uses: there may be many. Null for a name that is no variable.
+        // Asked only for the names that the source uses: the procedure may have many. Null for a name that is no
+        // variable.
         std::function<Value*(NameId)> findVariable;
-        NameId result = 0;  // of the variables: the function's own name
+        NameId result = 0;  // the function's name, which is the variable of its result
         std::function<Value*(NameId)> makeVariable;
-        SymbolTable::Map* symbols = nullptr;  // procedures, constants and classes that texts made in the procedure
+        SymbolTable::Map* symbols =
+            nullptr;  // procedures, constants and classes that Execute has defined in the procedure
         ScriptClass* owner = nullptr;
     };
 

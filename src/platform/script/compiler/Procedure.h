@@ -36,22 +36,22 @@ struct Procedure {
     std::uint32_t parameterCount = 0;
     std::uint32_t variableCount = 0;  // registers that start as Empty: result, parameters, variables
     std::uint32_t registerCount = 0;  // all
-    // For each parameter whether the code expects a reference to the caller's variable in its register. For the others
-    // a caller that was compiled with the procedure in view passes plain values. A caller that was not (a late-bound
-    // call, a method) passes references for all; entering the procedure replaces those that it does not expect by their
-    // values.
+    // For each parameter whether its register holds a reference to the caller's variable; otherwise it holds a value.
+    // A call that was compiled with the procedure known passes just that. One that was not (a late-bound call, a call
+    // of a method) passes references for all parameters; entering the procedure replaces those that it does not expect
+    // by their values.
     std::vector<bool> byReference;
     // It replaced another procedure, and code that was compiled for that one may pass references where values are
     // expected: each call checks.
     bool checksArguments = false;
 
-    // The names of R[0], R[1], ...; 0 where there is none. And the other way round, if the procedure runs texts.
+    // The names of R[0], R[1], ...; 0 where there is none. And the other way round, if it runs source (Execute).
     std::vector<NameId> variableNames;
     std::unordered_map<NameId, std::uint32_t> registers;
     // The registers from here on belong to names that are bound late: see ProcedureScope::firstLate.
     std::uint32_t firstLate = 0;
 
-    HeapCharge memory;  // what all of it takes
+    HeapCharge memory;  // of this procedure: code, constants and tables
     void countIn(Heap& heap);
 
     std::uint32_t lineAt(std::uint32_t pc) const;

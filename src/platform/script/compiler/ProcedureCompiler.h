@@ -158,11 +158,11 @@ class ProcedureCompiler {
     void putInto(std::uint32_t array, std::span<Expr* const> arguments, const AssignStmt& statement);
     // Assigns the value in a temporary.
     void store(const Binding& binding, std::uint32_t from, bool isSet);
-    // An error whatever the values are; `name` is what it is about.
+    // Emits an instruction that always raises this error; `name` is what the error is about.
     void raise(int number, NameId name);
 
-    // After an instruction that may run code of the host or of scripts, and where branches of the code join, a poll can
-    // not be left out.
+    // A poll may be left out directly after another one (see poll()). Not after an instruction that may run code of the
+    // host or of scripts, nor where branches of the code join.
     void forgetPoll() { lastPolled_ = nullptr; }
     void bindLabel(Label& label) {
         code_.bind(label);

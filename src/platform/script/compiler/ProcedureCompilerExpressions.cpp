@@ -367,15 +367,15 @@ bool ProcedureCompiler::isTruthValue(const Expr& expression) {
     }
 }
 
-// "a And b", "a Or b" of truth values as a condition: the first part that decides the result jumps at once. The
-// language demands that the other parts are evaluated, too, for their errors and calls; code after the procedure's end
-// does that. Not under On Error Resume Next: it goes on with the statement that follows in the code, which would be the
-// wrong one after an error there.
+// Short-circuit code for a condition "a And b" or "a Or b" of truth values. The language has no short circuit: the
+// other parts have to be evaluated as well, for their calls and errors. So the part that decides the result jumps to
+// cold code, which evaluates the rest and then goes where the condition leads. Not under On Error Resume Next, which
+// goes on with the next statement in the code: after an error in the cold code that would be the wrong one.
 bool ProcedureCompiler::allOrAny(const Expr& expression, Label& target, bool jumpWhen) {
     if (expression.kind != ExprKind::Binary || (expression.op != Token::And && expression.op != Token::Or))
         return false;
     if (scope_.handlesErrors) return false;
-    const bool decides = expression.op == Token::Or;  // the value of one part that is the value of all
+    const bool decides = expression.op == Token::Or;  // this value of one part settles the whole
     std::vector<const Expr*> parts;
     const Expr* chain = &expression;
     for (; chain->kind == ExprKind::Binary && chain->op == expression.op; chain = chain->left)

@@ -165,8 +165,8 @@ void ProcedureCompiler::leaveAfterError(Label& end) {
     code_.bind(body);
 }
 
-// The jump at the end of a block counts as a statement: under On Error Resume Next, an error in the last statement of
-// the block goes on with this jump and not with the next branch.
+// The jump at the end of a block is marked as a statement of its own: under On Error Resume Next, execution goes on
+// with it after an error in the last statement of the block, and not with the next branch.
 void ProcedureCompiler::leaveBlock(Label& end) {
     mark(line_);
     code_.jump(Op::Jump, 0, end);
@@ -292,7 +292,7 @@ void ProcedureCompiler::loopInTextOrder(const LoopStmt& statement) {
     block(statement.body);
     if (statement.isDo) loops_.pop_back();
     mark(line_);
-    // Here, where a failing condition does not lead past it.
+    // At the end of the body, since an error in the condition would skip it there.
     if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
     code_.jump(Op::Jump, 0, test);
     bindLabel(exit);

@@ -19,7 +19,7 @@ class ClassInstance : public Object {
 
     ScriptClass& scriptClass() { return *class_; }
     Value& field(int index) { return fields_[static_cast<std::size_t>(index)]; }
-    // Lets go what the fields hold, and outlives its machine and class without them: for instances that the host holds.
+    // Releases what the fields hold. An instance that the host still holds can outlive machine and class in this state.
     void detach();
     bool isDetached() const { return machine_ == nullptr; }
 

@@ -140,7 +140,7 @@ class Finder {
         for (std::uint32_t reg = first; reg < first + count; ++reg) addRegister(reg);
     }
     void addConstant(std::uint32_t index) { add({}, frame_.procedure->constants[index]); }
-    // The object that a member was asked of: the call may have taken it out of its register already.
+    // The object whose member was called; the call may have taken it out of its register already.
     void addObject(std::uint32_t reg) {
         if (frame_.base[reg].is(Type::Empty))
             found_.operands.push_back({names_.of(reg), {}, "Object"});

@@ -1,8 +1,8 @@
 // Runs compiled procedures. One stack of registers; calls between procedures of the script take no native stack, calls
 // that start from within an operation (a default member, Eval, Class_Terminate) do, and are limited in depth.
 //
-// Each register always holds a valid value, or remains of one that needs no release; registers above the running
-// procedure hold nothing that would have to be released.
+// Each register always holds a valid value. Registers above those of the running procedure may hold old numbers, but
+// nothing that has to be released.
 #pragma once
 
 #include "platform/script/Context.h"
@@ -84,9 +84,9 @@ class Machine : public Context {
     // Arguments may be References. `me` is the instance of a method.
     Value invoke(const Procedure& procedure, Object* me, std::span<const Value> arguments);
 
-    // -1: no limit. Counts from start().
+    // In milliseconds; -1: no limit.
     int timeout = -1;
-    // The host begins something.
+    // The host begins a load, a run or an evaluation: the time limit counts from here.
     void start();
 
     // Fills in what is known of the error that left the outermost procedure: its line and what took part in it.
@@ -106,11 +106,11 @@ class Machine : public Context {
     // needs that recurses 20,000 deep. Beyond: error 28.
     static constexpr std::size_t stackSize = std::size_t{1} << 18;
     static constexpr std::size_t deepestCalls = 20000;
-    // Calls within each other that take native stack.
+    // Calls that take native stack, one within the other.
     static constexpr int deepestNesting = 100;
 
   private:
-    // Being looked at (MachineInspection.cpp).
+    // For Inspection (MachineInspection.cpp).
     friend class Inspection;
     int lineOf(const Frame& frame) const;
     std::vector<InspectedVariable> variablesOf(const Frame& frame);

@@ -1,5 +1,6 @@
-// The loop that executes instructions. What an operation means stands in a function of its own (Operations.cpp,
-// Elements.cpp, MemberCalls.cpp); the most frequent operands are worked out in QuickPaths.h.
+// The loop that executes instructions. What an operation means stands in a function of its own
+// (MachineOperations.cpp, MachineElements.cpp, MachineMemberCalls.cpp); the most frequent operands are worked out in
+// QuickPaths.h.
 
 #include "platform/script/machine/QuickPaths.h"
 
@@ -77,7 +78,7 @@ void Machine::execute() {
     }                                                          \
     STEP(2);
 
-// To a Poll: past it if its budget is not used up.
+// A jump back to the Poll at the start of a loop. As long as its budget lasts, it is counted down here and skipped.
 #define LOOP_WITH_POLL                      \
     int* const budget = pc[2].word<int*>(); \
     const int left = *budget;               \

@@ -8,8 +8,8 @@ namespace tolvan::script {
 
 namespace {
 
-// The clock is read once in so many passes of loops and calls, because reading it takes longer than they do. A call
-// from within an operation, and an error, take as long as `ticksPerNestedCall` of them, and count as so many.
+// For the time limit. Reading the clock takes longer than a pass of a loop or a call, so it is read once in so many of
+// them. A call from within an operation, or an error, takes about as long as `ticksPerNestedCall` and counts as such.
 constexpr int ticksPerLook = 4096;
 constexpr int ticksPerNestedCall = 64;
 
@@ -135,8 +135,8 @@ void Machine::checkClock() {
     if (timeout >= 0 && std::chrono::steady_clock::now() >= deadline_) throw ScriptError(errors::timedOut);
 }
 
-// The count is set only if there is time left. After that every tick raises the error again, since a Class_Terminate in
-// between may have swallowed it.
+// The count starts again only while there is time left. Once the time is over every tick raises the error anew, since a
+// Class_Terminate on the way may have swallowed it.
 void Machine::slowTick() {
     checkClock();
     ticks_ = ticksPerLook;

@@ -8,7 +8,7 @@ namespace tolvan::script {
 
 namespace {
 
-// Of an endless recursion the innermost procedures say enough.
+// After an endless recursion the innermost procedures say enough.
 constexpr std::size_t mostKeptLevels = 100;
 
 InspectedVariable inspected(Machine& machine, NameId name, const Value& value) {
@@ -16,14 +16,14 @@ InspectedVariable inspected(Machine& machine, NameId name, const Value& value) {
             value.is(Type::Object) ? Value() : value};
 }
 
-// A name that stands for nothing yet is no variable.
+// A late-bound name that is still Empty is no variable yet.
 bool isVariable(const Procedure& procedure, std::size_t reg, const Value& value) {
     return procedure.variableNames[reg] != 0 && !(reg >= procedure.firstLate && value.is(Type::Empty));
 }
 
 }  // namespace
 
-// A frame that waits stands after the instruction that called.
+// The pc of a frame that waits for a call is the instruction after the call.
 int Machine::lineOf(const Frame& frame) const {
     const auto next = static_cast<std::uint32_t>(frame.pc - frame.procedure->code.data());
     return static_cast<int>(frame.procedure->lineAt(next - 1));

@@ -32,8 +32,8 @@ void Machine::callBuiltin(const Builtin& builtin, Value* base, std::uint32_t cou
     clearArguments(base, count);
 }
 
-// Counts for the clock: a host may renew the budget of its polls in each call, and no poll would come to read the clock
-// any more.
+// Counts for the time limit: where the host renews the budget of its polls in each call, no poll would ever come to
+// read the clock.
 void Machine::callHost(const HostMember& member, Value* base, std::uint32_t count) {
     if (--ticks_ <= 0) slowTick();
     Arguments arguments(*this, {base + 1, count});
@@ -212,7 +212,7 @@ ModuleCompiler::EnclosingScope Machine::enclosingScope() {
         const auto place = frame.procedure->registers.find(name);
         if (place == frame.procedure->registers.end()) return nullptr;
         Value& variable = followed(frame.base[place->second]);
-        // What stands for nothing yet is for the text to make, or to find outside.
+        // An unused late-bound name is no variable yet: the source may declare it, or find it outside.
         const bool isOpen = place->second >= frame.procedure->firstLate && variable.is(Type::Empty);
         return isOpen ? nullptr : &variable;
     };

@@ -21,7 +21,7 @@ constexpr std::uint32_t wholeTypes = bits(Type::Integer, Type::Long);
 
 // An array with fixed bounds is copied at once: its copy can be resized.
 void Machine::letValue(Value& target, Value&& value) {
-    // Where there is no plain value, an error report wants to see what there is.
+    // Where the object has no default value, it stays in place for the error report.
     Value taken = value.is(Type::Object) ? plain(value) : std::move(value);
     value = Value();
     if (taken.is(Type::Array) && !taken.array()->resizable) {

@@ -1,5 +1,5 @@
-// Operations on Integer, Long and Double operands, worked out where an instruction is executed. Each is false, or null,
-// where the operation is left to its full meaning.
+// Fast paths for the most frequent operands: Integer, Long and Double. Each returns false, or null, for any others; the
+// caller then uses the general operation.
 #pragma once
 
 #include "platform/script/ArrayCell.h"
@@ -13,7 +13,7 @@ namespace tolvan::script::quick {
 inline constexpr std::uint32_t wholeTypes = bits(Type::Integer, Type::Long);
 inline constexpr std::uint32_t numericTypes = wholeTypes | bits(Type::Double);
 
-// Neither infinite nor no number: what an operation may leave in a variable.
+// Neither infinite nor NaN: what an operation may leave in a variable.
 inline bool isSound(double number) {
     return std::fabs(number) <= 1.7976931348623157e308;
 }
@@ -110,7 +110,7 @@ inline bool moduloOf(Value& target, const Value& left, const Value& right) {
     return true;
 }
 
-// Booleans, or whole numbers bit by bit; Not included, as Xor with -1.
+// Booleans, or whole numbers bit by bit. Also does Not, as Xor with -1.
 template <class Operation>
 inline bool logical(Value& target, const Value& left, const Value& right, Operation operation) {
     const std::uint32_t tags = left.tag | right.tag;

@@ -16,7 +16,7 @@ enum class ExprKind : std::uint8_t {
     Literal,
     Name,
     Member,  // left.name
-    Call,    // left(arguments): a call or an element, as the name turns out
+    Call,    // left(arguments): a call or an element; which, is known when the name is resolved
     Unary,   // op left
     Binary,  // left op right
     Group,   // (left): a value, never a variable

@@ -105,9 +105,9 @@ void Lexer::endLine() {
 }
 
 void Lexer::advance() {
-    const std::size_t behind = state_.next;
+    const std::size_t tokenEnd = state_.next;
     skipBlanks();
-    state_.afterBlank = state_.next != behind;
+    state_.afterBlank = state_.next != tokenEnd;
     state_.start = state_.next;
     state_.tokenLine = state_.line;
     state_.tokenColumn = static_cast<std::uint32_t>(state_.next - state_.lineStart + 1);

@@ -92,10 +92,10 @@ class DateReader {
     bool readNumberItem() {
         const auto part = readNumber();
         if (!part) return false;
-        const std::size_t behind = position_;
+        const std::size_t afterNumber = position_;
         skipBlanks();
         if (peek() == ':' || isHalfDay()) return readTime(*part);
-        position_ = behind;
+        position_ = afterNumber;
         if (count_ == 3 || (hasTime_ && timeSplitsDate_)) return false;
         parts_[count_++] = *part;
         return readSeparator();

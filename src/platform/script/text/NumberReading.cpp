@@ -90,7 +90,7 @@ class DecimalReader {
         if (negative || peek() == '+') next();
         if (!isDigit(peek())) return false;
         std::int64_t exponent = 0;
-        // Larger exponents are cut off: no text has digits enough to bring the number back into range.
+        // Larger exponents are cut to this: no text has enough digits to bring such a number back into range.
         constexpr std::int64_t mostSteps = std::int64_t{1} << 40;
         for (; isDigit(peek()); next()) exponent = std::min(exponent * 10 + (peek() - '0'), mostSteps);
         decimal_.point += negative ? -exponent : exponent;
@@ -142,7 +142,7 @@ std::optional<double> parseShort(std::string_view text) {
     if (negative) text.remove_prefix(1);
     if (text.empty() || text.size() > 16) return std::nullopt;
     std::int64_t whole = 0;
-    double unit = 0;  // of the last digit, upside down; 0 before the point
+    double unit = 0;  // 10 to the power of the digits after the point; 0: no point yet
     for (const char c : text) {
         if (c == '.' && unit == 0) {
             unit = 1;
