@@ -86,16 +86,20 @@ std::optional<FoundText> findBackwards(std::string_view text, std::string_view w
     return Searched(text, wanted, letterCase).last(before);
 }
 
-std::string replacementFor(std::string_view found, std::string_view wanted, std::string_view replacement) {
-    const bool asShown = found.find(mark) != nowhere && wanted.find(mark) == nowhere;
-    if (!asShown || replacement.find(mark) != nowhere) return std::string(replacement);
+std::string spelledAsShown(std::string_view text) {
+    if (text.find(mark) != nowhere) return std::string(text);
     std::string spelled;
-    for (const char character : replacement)
+    for (const char character : text)
         if (character == '"')
             spelled += "#\"#";
         else
             spelled += character;
     return spelled;
+}
+
+std::string replacementFor(std::string_view found, std::string_view wanted, std::string_view replacement) {
+    const bool asShown = found.find(mark) != nowhere && wanted.find(mark) == nowhere;
+    return asShown ? spelledAsShown(replacement) : std::string(replacement);
 }
 
 std::string replaceAll(std::string_view text, std::string_view wanted, std::string_view replacement) {

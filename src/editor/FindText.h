@@ -27,6 +27,9 @@ std::optional<FoundText> findForwards(std::string_view text, std::string_view wa
 std::optional<FoundText> findBackwards(std::string_view text, std::string_view wanted, std::size_t before,
                                        LetterCase letterCase);
 
+// A text without "#" as a program spells what reads so: its quotes in spans of their own.
+std::string spelledAsShown(std::string_view text);
+
 // What is put in the place of `found`: where that was found as it is shown, the quotes of the replacement get their
 // spans.
 std::string replacementFor(std::string_view found, std::string_view wanted, std::string_view replacement);

@@ -9,10 +9,11 @@
 
 namespace tolvan {
 
-RomanPreview::RomanPreview(QLineEdit& typed) : RichTextView(typed.parentWidget()) {
+RomanPreview::RomanPreview(QLineEdit& typed, Spelling spelling) : RichTextView(typed.parentWidget()) {
     setFixedHeight(look::em(2.2));
-    connect(&typed, &QLineEdit::textChanged, this, [this](const QString& text) {
-        const StyledText devanagari = ProgramText(toFontEncoded(text));
+    connect(&typed, &QLineEdit::textChanged, this, [this, spelling](const QString& text) {
+        const std::string roman = toFontEncoded(text);
+        const StyledText devanagari = ProgramText(spelling != nullptr ? spelling(roman) : roman);
         setTextRtf(writeRtf(devanagari));
     });
 }

@@ -3,6 +3,9 @@
 
 #include "dialogs/RichTextView.h"
 
+#include <string>
+#include <string_view>
+
 class QLineEdit;
 
 namespace tolvan {
@@ -10,8 +13,9 @@ namespace tolvan {
 class RomanPreview : public RichTextView {
     Q_OBJECT
   public:
-    // Of `typed`, which has the same parent.
-    explicit RomanPreview(QLineEdit& typed);
+    using Spelling = std::string (*)(std::string_view);
+    // Of `typed`, which has the same parent. What is typed stands for what `spelling` makes of it, if there is one.
+    explicit RomanPreview(QLineEdit& typed, Spelling spelling = nullptr);
 };
 
 }  // namespace tolvan

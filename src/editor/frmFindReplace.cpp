@@ -62,7 +62,7 @@ void frmFindReplace::addTextRow(QGridLayout& grid, const char* name, std::string
     box->setFont(look::controlFont(Font::Latin));
     box->setMinimumWidth(look::em(22));
     new DevanagariInput(*box, std::make_unique<LineEditText>(*box, box->maxLength()));  // the box owns it
-    auto* shown = new RomanPreview(*box);
+    auto* shown = new RomanPreview(*box, spelledAsShown);
     shown->setObjectName(QLatin1String(name) + QLatin1String("Devnag"));
     auto* caption = addDevanagari<QLabel>(label, {}, this);
     caption->setBuddy(box);

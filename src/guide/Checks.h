@@ -22,7 +22,7 @@ struct Reading {
 // Collects what the checks find. Lines are counted from 0 here.
 class Report {
   public:
-    explicit Report(const Program& program) : program_(program), errors_(program.lines().size()) {}
+    explicit Report(const Program& program) : errors_(program.lines().size()) {}
 
     void begin(std::string_view kind, Weight weight) {
         kind_ = kind;
@@ -39,7 +39,6 @@ class Report {
     std::vector<Finding> take() { return std::move(findings_); }
 
   private:
-    const Program& program_;
     std::vector<bool> errors_;
     std::vector<Finding> findings_;
     std::string_view kind_;

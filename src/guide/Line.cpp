@@ -36,22 +36,22 @@ class Line::Reader {
 
   private:
     void transliterate() {
-        const std::string_view roman = line_.roman;
+        const std::string_view typed = line_.roman;
         bool latin = false;
         std::size_t lastMark = 0;
-        for (std::size_t i = 0; i < roman.size();) {
-            if (roman[i] == '#') {
+        for (std::size_t i = 0; i < typed.size();) {
+            if (typed[i] == '#') {
                 latin = !latin;
                 lastMark = i++;
-            } else if (latin || endsRomanWord(roman[i])) {
-                const bool marks = latin || isRomanPunctuation(roman[i]);
-                const char shown = roman[i] == '\t' && !latin ? ' ' : roman[i];
+            } else if (latin || endsRomanWord(typed[i])) {
+                const bool marks = latin || isRomanPunctuation(typed[i]);
+                const char shown = typed[i] == '\t' && !latin ? ' ' : typed[i];
                 append({&shown, 1}, marks ? Font::Latin : Font::Devanagari, {i, i + 1});
                 ++i;
             } else {
-                const auto* const end = std::find_if(roman.begin() + i, roman.end(), endsRomanWord);
-                const auto length = static_cast<std::size_t>(end - roman.begin()) - i;
-                append(LineConvert(roman.substr(i, length)), Font::Devanagari, {i, i + length});
+                const auto* const end = std::find_if(typed.begin() + i, typed.end(), endsRomanWord);
+                const auto length = static_cast<std::size_t>(end - typed.begin()) - i;
+                append(LineConvert(typed.substr(i, length)), Font::Devanagari, {i, i + length});
                 i += length;
             }
         }

@@ -23,7 +23,9 @@ ConsoleSize::ConsoleSize(QWidget& window, const WindowFrame& frame) : window_(wi
     const QSize size(settings.GetSetting(section, widthKey).toInt(), settings.GetSetting(section, heightKey).toInt());
     const bool sensible = size.width() >= smallestSize.width() && size.height() >= smallestSize.height();
     const QScreen* const screen = QGuiApplication::primaryScreen();
-    opened_ = (sensible ? size : openingSize).grownBy(frame.normalMargins());
+    opened_ = sensible ? size : openingSize;
+    if (screen != nullptr) opened_ = opened_.boundedTo(screen->availableSize());  // before the sum could overflow
+    opened_ = opened_.grownBy(frame.normalMargins());
     if (screen != nullptr) opened_ = opened_.boundedTo(screen->availableSize());
     window.resize(opened_);
 }

@@ -21,6 +21,10 @@
 namespace tolvan {
 namespace {
 
+// Bytes. A statement is not interrupted; with texts of this size it takes so little time that a stop key is felt at
+// once.
+constexpr std::size_t longestText = std::size_t{16} << 20;
+
 struct SystemItem {
     std::string_view caption;
     const char* command;  // a method of the console
@@ -82,6 +86,7 @@ frmExec::frmExec(ProgramRun& run, ProgramMarker* editor)
     updateTitle();
     setUpControls();
     executor_.setTimeout(-1);
+    executor_.setLongestText(longestText);
 }
 
 frmExec::~frmExec() = default;

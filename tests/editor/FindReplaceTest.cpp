@@ -1,6 +1,7 @@
 #include "EditorFixture.h"
 #include "editor/FindText.h"
 #include "editor/frmFindReplace.h"
+#include "support/DrawnTexts.h"
 
 #include <QAbstractButton>
 
@@ -41,6 +42,12 @@ TEST_F(FindReplaceTest, TheDialogMakesWayForWhatItFinds) {
         EXPECT_EQ(box.selectionLength(), 1U);
         EXPECT_FALSE(dialog().frameGeometry().intersects(caret)) << "line " << box.currentLine();
     }
+}
+
+TEST_F(FindReplaceTest, AQuoteIsShownAsAQuote) {
+    find("\"ka\"");
+    for (const auto& [family, text] : DrawnTexts(*dialog().findChild<QWidget*>(QStringLiteral("txtFindDevnag"))).texts)
+        EXPECT_EQ(text.contains(u'"'), family == QLatin1String("Liberation Serif")) << text.toStdString();
 }
 
 TEST(FindText, Edges) {

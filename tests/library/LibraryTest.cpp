@@ -43,6 +43,15 @@ TEST_F(LibraryTest, wordsGiveTheirValues) {
         for (const Row& row : rowsOf(cases, title)) EXPECT_EQ(run("dAkhav " + row.written[0]), row[1]) << row;
 }
 
+// A search in quadratic time would take minutes.
+TEST_F(LibraryTest, longTextsTakeNoTime) {
+    for (const Row& row : rowsOf(cases, "In texts that are very long"))
+        EXPECT_EQ(
+            run("A = #\"#ka#\"#\r\ni sAThI 1 te 19 paryaMt\r\nA = A & A\r\npuDhachA i\r\ndAkhav " + row.written[0]),
+            row[1])
+            << row;
+}
+
 TEST_F(LibraryTest, aWordThatTheProgramGivesAMeaningIsItsOwn) {
     const std::string shown = "bAkI";  // in the rows, for any word
     for (const LibraryWord& word : libraryWords()) {

@@ -34,6 +34,18 @@ TEST(Limits, MemoryThatRunsOutIsError7AndIsGivenBack) {
     }
 }
 
+TEST(Limits, ATextThatIsTooLongIsError14) {
+    script::Executor engine;
+    engine.setLongestText(100);
+    script::Value value;
+    EXPECT_TRUE(engine.evaluate("Space(100)", value));
+    EXPECT_TRUE(engine.addCode("a = Space(60)\na = a & Space(40)"));
+    for (const char* code : {"b = Space(101)", "b = a & 1", "a = a & 1", "b = Replace(a, \" \", \"kk\")"}) {
+        EXPECT_FALSE(engine.addCode(code)) << code;
+        EXPECT_EQ(engine.error().number, 14) << code;
+    }
+}
+
 // In quadratic time these would take hours.
 TEST(Limits, RepetitiveTextsAreSearchedInLinearTime) {
     script::Executor engine;

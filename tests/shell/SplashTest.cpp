@@ -32,8 +32,10 @@ TEST(Splash, AKeyOrAClickClosesItEvenWhenMidnightHasPassed) {
     for (const bool byKey : {true, false}) {
         frmSplash splash;
         splash.show();
-        QTimer::singleShot(
-            100, [&] { byKey ? QTest::keyClick(&splash, Qt::Key_A) : QTest::mouseClick(&splash, Qt::LeftButton); });
+        QTimer::singleShot(100, [&] {
+            byKey ? QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_A)
+                  : QTest::mouseClick(&splash, Qt::LeftButton);
+        });
         waitForSplash(splash, 86399.5F, [] { return 10.0F; });
         EXPECT_FALSE(splash.isVisible());
     }

@@ -92,6 +92,23 @@ bool sameLetter(StyledView a, StyledView b) {
     return a.font(0) == b.font(0) || (a.size() == 1 && isDigit(a[0]));
 }
 
+// How many letters at the front of `wanted` end at `next`, when `matched` of them ended at the letter before it.
+std::size_t matchedWith(StyledView next, const std::vector<StyledView>& wanted, const std::vector<std::size_t>& borders,
+                        std::size_t matched) {
+    while (matched > 0 && (matched == wanted.size() || !sameLetter(next, wanted[matched])))
+        matched = borders[matched - 1];
+    return sameLetter(next, wanted[matched]) ? matched + 1 : matched;
+}
+
+// For each front of `wanted`, the longest shorter one that is also its end (Knuth, Morris and Pratt): by it, a search
+// takes no longer for texts that repeat themselves.
+std::vector<std::size_t> bordersOf(const std::vector<StyledView>& wanted) {
+    std::vector<std::size_t> borders(wanted.size());
+    for (std::size_t i = 1; i < wanted.size(); ++i)
+        borders[i] = matchedWith(wanted[i], wanted, borders, borders[i - 1]);
+    return borders;
+}
+
 }  // namespace
 
 std::vector<StyledView> lettersOf(StyledView text) {
@@ -121,13 +138,19 @@ std::string LetterText::backwards() const {
 }
 
 std::optional<std::size_t> LetterText::findFrom(const LetterText& wanted, std::size_t first) const {
-    const auto start = letters_.begin() + static_cast<std::ptrdiff_t>(first - 1);
-    const auto found = std::search(start, letters_.end(), wanted.letters_.begin(), wanted.letters_.end(), sameLetter);
-    if (found == letters_.end()) return std::nullopt;
-    return static_cast<std::size_t>(found - letters_.begin()) + 1;
+    if (first > count()) return std::nullopt;
+    if (wanted.letters_.empty()) return first;
+    const std::vector<std::size_t> borders = bordersOf(wanted.letters_);
+    std::size_t matched = 0;
+    for (std::size_t i = first - 1; i < count(); ++i) {
+        matched = matchedWith(letters_[i], wanted.letters_, borders, matched);
+        if (matched == wanted.count()) return i + 2 - matched;
+    }
+    return std::nullopt;
 }
 
-std::string LetterText::replaced(const LetterText& wanted, const LetterText& by) const {
+std::optional<std::string> LetterText::replaced(const LetterText& wanted, const LetterText& by,
+                                                std::size_t mostCodes) const {
     StyledText replaced;
     std::size_t next = 1;
     if (wanted.count() > 0) {
@@ -135,9 +158,11 @@ std::string LetterText::replaced(const LetterText& wanted, const LetterText& by)
             for (; next < *found; ++next) replaced.append(letters_[next - 1]);
             replaced.append(by.text_.view());
             next += wanted.count();
+            if (replaced.size() > mostCodes) return std::nullopt;
         }
     }
     for (; next <= count(); ++next) replaced.append(letters_[next - 1]);
+    if (replaced.size() > mostCodes) return std::nullopt;
     return RomanMark(replaced);
 }
 

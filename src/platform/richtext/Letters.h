@@ -27,8 +27,9 @@ class LetterText {
     // The number of the first letter of the first place where `wanted` stands; nothing if it stands nowhere. An empty
     // text stands before the first letter of any text that has one.
     std::optional<std::size_t> find(const LetterText& wanted) const { return findFrom(wanted, 1); }
-    // The text with `by` in each place of `wanted`, from the left; an empty `wanted` stands nowhere.
-    std::string replaced(const LetterText& wanted, const LetterText& by) const;
+    // The text with `by` in each place of `wanted`, from the left; an empty `wanted` stands nowhere. Nothing where it
+    // would have more than `mostCodes`.
+    std::optional<std::string> replaced(const LetterText& wanted, const LetterText& by, std::size_t mostCodes) const;
 
   private:
     std::optional<std::size_t> findFrom(const LetterText& wanted, std::size_t first) const;

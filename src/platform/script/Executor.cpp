@@ -62,6 +62,9 @@ int Executor::timeout() const {
 void Executor::setMemoryLimit(std::size_t bytes) {
     engine_->machine.heap().setLimit(bytes);
 }
+void Executor::setLongestText(std::size_t bytes) {
+    engine_->machine.heap().setLongestText(bytes);
+}
 std::size_t Executor::memoryUsed() const {
     return engine_->machine.heap().used();
 }

@@ -46,6 +46,10 @@ class Executor {
     // Bytes that scripts hold now.
     std::size_t memoryUsed() const;
 
+    // Most bytes of one text; the script that asks for more gets error 14. It bounds how long a single statement can
+    // take. Start value: no limit but that of the memory.
+    void setLongestText(std::size_t bytes);
+
     // Not owned; must outlive the engine or its replacement. Null: plain VBScript.
     void setTextForm(const TextForm* form);
 

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <limits>
 #include <utility>
 
 namespace tolvan::script {
@@ -22,6 +23,10 @@ class Heap {
     std::size_t used() const { return used_; }
     void setLimit(std::size_t bytes) { limit_ = bytes; }
 
+    // Of one text, in bytes.
+    std::size_t longestText() const { return longestText_; }
+    void setLongestText(std::size_t bytes) { longestText_ = bytes; }
+
     static constexpr std::size_t defaultLimit = std::size_t{1} << 30;
 
     // For memory from elsewhere that counts all the same (see HeapCharge). Throws like allocate().
@@ -34,6 +39,7 @@ class Heap {
 
     std::size_t used_ = 0;
     std::size_t limit_ = defaultLimit;
+    std::size_t longestText_ = std::numeric_limits<std::size_t>::max();
     bool abandoned_ = false;
 };
 

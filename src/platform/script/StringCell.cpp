@@ -15,14 +15,14 @@ std::size_t blockSize(std::size_t capacity) {
     return sizeof(StringCell) + capacity;
 }
 
-std::size_t checkedSum(std::size_t a, std::size_t b) {
-    if (a > StringCell::longestText || b > StringCell::longestText - a) throw ScriptError(errors::outOfMemory);
-    return a + b;
+void checkLength(const Heap* heap, std::size_t length) {
+    if (length > StringCell::longestText) throw ScriptError(errors::outOfMemory);
+    if (heap != nullptr && length > heap->longestText()) throw ScriptError(errors::outOfStringSpace);
 }
 
 // Room to grow in proportion to the length, so that appending costs a constant time per byte on average.
-std::size_t roomFor(std::size_t length) {
-    return std::min(length + length / 2 + 16, StringCell::longestText);
+std::size_t roomFor(const Heap& heap, std::size_t length) {
+    return std::min({length + length / 2 + 16, StringCell::longestText, heap.longestText()});
 }
 
 void growTo(Heap& heap, Value& target, std::size_t capacity) {
@@ -44,7 +44,7 @@ void growTo(Heap& heap, Value& target, std::size_t capacity) {
 }  // namespace
 
 StringCell* StringCell::create(Heap* heap, std::size_t length) {
-    if (length > longestText) throw ScriptError(errors::outOfMemory);
+    checkLength(heap, length);
     void* block = heap != nullptr ? heap->allocate(blockSize(length)) : std::malloc(blockSize(length));
     if (block == nullptr) throw ScriptError(errors::outOfMemory);
     auto* cell = new (block) StringCell;
@@ -64,12 +64,13 @@ void StringCell::destroy(StringCell* cell) noexcept {
 void appendText(Heap& heap, Value& target, std::string_view tail) {
     if (tail.empty()) return;
     StringCell* cell = target.string();
-    const std::size_t length = checkedSum(cell->length, tail.size());
+    const std::size_t length = cell->length + tail.size();
+    checkLength(&heap, length);
     if (cell->references == 1) {
         if (length > cell->capacity) {
             const std::size_t offset = static_cast<std::size_t>(tail.data() - cell->bytes());
             const bool ownTail = tail.data() >= cell->bytes() && offset <= cell->length;
-            growTo(heap, target, roomFor(length));
+            growTo(heap, target, roomFor(heap, length));
             cell = target.string();
             if (ownTail) tail = {cell->bytes() + offset, tail.size()};
         }

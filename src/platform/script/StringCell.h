@@ -19,16 +19,16 @@ struct StringCell : Cell {
     const char* bytes() const { return reinterpret_cast<const char*>(this + 1); }
     std::string_view view() const { return {bytes(), length}; }
 
-    // Longest text, in bytes; asking for more raises 7.
+    // Longest text, in bytes; asking for more raises 7. The heap may have a lower limit, above which it is 14.
     static constexpr std::size_t longestText = 0x7fffffff;
 
-    // A text of `length` bytes that are yet to be written. Throws ScriptError 7.
+    // A text of `length` bytes that are yet to be written. Throws ScriptError 7 or 14.
     static StringCell* create(Heap* heap, std::size_t length);
     static void destroy(StringCell* cell) noexcept;
 };
 
 // Appends to a String value: in place if no other value holds its text, which makes building a text byte by byte
-// linear. `tail` may lie in the same text. Throws ScriptError 7.
+// linear. `tail` may lie in the same text. Throws ScriptError 7 or 14.
 void appendText(Heap& heap, Value& target, std::string_view tail);
 
 inline std::string_view Value::view() const {

@@ -42,7 +42,7 @@ class Letters {
 };
 
 // Whether the spellings of sounds, one after the other, would be read as another sound in the place of the first.
-constexpr bool misread(Sound first, Sound second, Sound third = noSound) {
+bool misread(Sound first, Sound second, Sound third = noSound) {
     Letters letters;
     for (const Sound sound : {first, second, third})
         if (sound != noSound) letters.append(sound);
@@ -55,27 +55,31 @@ enum class Neighbours : std::uint8_t {
     Doubtful,  // it depends on what comes after them
 };
 
-constexpr bool beginsSpelling(std::string_view letters) {
+bool beginsSpelling(std::string_view letters) {
     for (const Spelling& spelling : spellings)
         if (spelling.roman.size() > letters.size() && spelling.roman.starts_with(letters)) return true;
     return false;
 }
 
-constexpr auto neighbours = [] {
-    std::array<std::array<Neighbours, soundCount>, soundCount> table{};
-    for (std::size_t first = 0; first < soundCount; ++first)
-        for (std::size_t second = 0; second < soundCount; ++second) {
-            const auto a = static_cast<Sound>(first);
-            const auto b = static_cast<Sound>(second);
-            Letters letters;
-            letters.append(a);
-            letters.append(b);
-            table[first][second] = misread(a, b)                    ? Neighbours::Misread
-                                   : beginsSpelling(letters.text()) ? Neighbours::Doubtful
-                                                                    : Neighbours::Apart;
-        }
-    return table;
-}();
+using NeighbourTable = std::array<std::array<Neighbours, soundCount>, soundCount>;
+
+// Of two sounds, the first and the one behind it.
+Neighbours neighboursOf(Sound first, Sound second) {
+    static const NeighbourTable table = [] {
+        NeighbourTable made{};
+        for (std::size_t i = 0; i < soundCount; ++i)
+            for (std::size_t j = 0; j < soundCount; ++j) {
+                Letters letters;
+                letters.append(static_cast<Sound>(i));
+                letters.append(static_cast<Sound>(j));
+                made[i][j] = misread(static_cast<Sound>(i), static_cast<Sound>(j)) ? Neighbours::Misread
+                             : beginsSpelling(letters.text())                      ? Neighbours::Doubtful
+                                                                                   : Neighbours::Apart;
+            }
+        return made;
+    }();
+    return table[index(first)][index(second)];
+}
 
 enum class Role : std::uint8_t { Unspelled, Consonant, Vowel, Sign, Mark, Virama, Nukta, Digit, Code };
 
@@ -430,8 +434,8 @@ class RomanWriter {
     }
 
     bool isMisread(Sound next) const {
-        if (neighbours[index(last_)][index(next)] == Neighbours::Misread) return true;
-        return beforeLast_ != noSound && neighbours[index(beforeLast_)][index(last_)] == Neighbours::Doubtful &&
+        if (neighboursOf(last_, next) == Neighbours::Misread) return true;
+        return beforeLast_ != noSound && neighboursOf(beforeLast_, last_) == Neighbours::Doubtful &&
                misread(beforeLast_, last_, next);
     }
 

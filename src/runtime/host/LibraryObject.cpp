@@ -32,6 +32,15 @@ std::size_t letterNumber(const Arguments& arguments, std::size_t index, std::int
     return static_cast<std::size_t>(number);
 }
 
+// Codes. The words for letters take and give no longer texts, so that a statement with one takes no time to notice.
+constexpr std::size_t longestText = std::size_t{1} << 20;
+
+LetterText letters(const Arguments& arguments, std::size_t index) {
+    const std::string text = arguments.text(index);
+    if (text.size() > longestText) throw ScriptError(script::errors::outOfStringSpace);
+    return LetterText(text);
+}
+
 // The longest single wait, in seconds: a day.
 constexpr double longestWait = 86400;
 
@@ -101,28 +110,28 @@ Value LibraryObject::sine(Arguments& arguments) {
 }
 
 Value LibraryObject::letterCount(Arguments& arguments) {
-    return Value::longInteger(static_cast<std::int32_t>(LetterText(arguments.text(0)).count()));
+    return Value::longInteger(static_cast<std::int32_t>(letters(arguments, 0).count()));
 }
 
 Value LibraryObject::letterPart(Arguments& arguments) {
     const std::size_t first = letterNumber(arguments, 1, 1);
     const std::size_t count = letterNumber(arguments, 2, 0);
-    return Value::text(LetterText(arguments.text(0)).part(first, count));
+    return Value::text(letters(arguments, 0).part(first, count));
 }
 
 Value LibraryObject::letterFind(Arguments& arguments) {
-    const std::string text = arguments.text(0);
-    const auto found = LetterText(text).find(LetterText(arguments.text(1)));
+    const auto found = letters(arguments, 0).find(letters(arguments, 1));
     return Value::longInteger(static_cast<std::int32_t>(found.value_or(0)));
 }
 
 Value LibraryObject::letterReplace(Arguments& arguments) {
-    const LetterText text(arguments.text(0));
-    return Value::text(text.replaced(LetterText(arguments.text(1)), LetterText(arguments.text(2))));
+    const auto replaced = letters(arguments, 0).replaced(letters(arguments, 1), letters(arguments, 2), longestText);
+    if (!replaced) throw ScriptError(script::errors::outOfStringSpace);
+    return Value::text(*replaced);
 }
 
 Value LibraryObject::letterReverse(Arguments& arguments) {
-    return Value::text(LetterText(arguments.text(0)).backwards());
+    return Value::text(letters(arguments, 0).backwards());
 }
 
 std::time_t simulatedStart() {
