@@ -105,6 +105,8 @@ TEST(CommandLine, ReportsErrorsWithNumberAndScriptLine) {
         EXPECT_EQ(result.errors, row[2]) << row;
         EXPECT_EQ(result.status, row[2].empty() ? 0 : 1) << row;
     }
+    for (const char* memory : {"--memory=0", "--memory=300", "--memory=9000"})
+        EXPECT_EQ(TvpProcess().runProgram({"run", memory}, "dAkhav 1").errors, "error 7 line 0\n") << memory;
 }
 
 TEST(CommandLine, RunsScripts) {

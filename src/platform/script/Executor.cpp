@@ -73,11 +73,13 @@ void Executor::setTextForm(const TextForm* form) {
     engine_->machine.setTextForm(form);
 }
 
-void Executor::addObject(std::string_view name, HostObject& object, Members members) {
-    Machine& machine = engine_->machine;
-    Value reference = Value::adopt(new HostReference(object, machine.names()));
-    machine.symbols().addHost(machine.names().intern(name), object, std::move(reference),
-                              members == Members::AlsoGlobal);
+bool Executor::addObject(std::string_view name, HostObject& object, Members members) {
+    return engine_->attempt([&] {
+        Machine& machine = engine_->machine;
+        Value reference = Value::adopt(new HostReference(object, machine.names()));
+        machine.symbols().addHost(machine.names().intern(name), object, std::move(reference),
+                                  members == Members::AlsoGlobal);
+    });
 }
 
 bool Executor::addCode(std::string_view module) {

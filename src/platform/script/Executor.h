@@ -55,8 +55,9 @@ class Executor {
 
     enum class Members { OfObjectOnly, AlsoGlobal };
     // Makes an object known to the modules loaded after it under a name; with AlsoGlobal its members are names of
-    // their own as well. A name that a module declares itself hides both.
-    void addObject(std::string_view name, HostObject& object, Members members = Members::OfObjectOnly);
+    // their own as well. A name that a module declares itself hides both. False, with error 7, if the memory limit
+    // leaves no room for it.
+    bool addObject(std::string_view name, HostObject& object, Members members = Members::OfObjectOnly);
 
     // Loads a module and runs its statements outside procedures. False if it cannot be compiled (nothing of it is
     // loaded) or fails; see error().

@@ -27,11 +27,10 @@ script::ErrorReport runModule(script::Executor& executor, ConsoleObject& console
     console.reset();
     executor.reset();
     executor.setTextForm(&numberText);
-    executor.addObject("ParentForm", console, script::Executor::Members::AlsoGlobal);
-    executor.addObject("Library", console.libraryObject());
     script::ErrorReport report;
-    if (!executor.addCode(module) || (executor.hasProcedure("Main") && !executor.run("Main")))
-        report = executor.error();
+    const bool loaded = executor.addObject("ParentForm", console, script::Executor::Members::AlsoGlobal) &&
+                        executor.addObject("Library", console.libraryObject()) && executor.addCode(module);
+    if (!loaded || (executor.hasProcedure("Main") && !executor.run("Main"))) report = executor.error();
     attributeToProgram(report, module);
     executor.reset();
     return report;
