@@ -161,7 +161,7 @@ struct Instruction {
     static Instruction ofWord(T content) {
         static_assert(sizeof(T) <= sizeof(Instruction));
         Instruction made{};
-        std::memcpy(static_cast<void*>(&made), &content, sizeof content);
+        std::memcpy(static_cast<void*>(&made), static_cast<const void*>(&content), sizeof content);
         return made;
     }
     // NOLINTEND(bugprone-sizeof-expression)

@@ -84,7 +84,7 @@ void ProcedureCompiler::assignName(const AssignStmt& statement) {
 void ProcedureCompiler::assignRegister(const AssignStmt& statement, std::uint32_t reg) {
     const Expr& value = *statement.value;
     Value literal;
-    if (isPlain(value) && !(value.kind == ExprKind::Literal && !literalOf(value, literal))) return into(value, reg);
+    if (isPlain(value) && (value.kind != ExprKind::Literal || literalOf(value, literal))) return into(value, reg);
     if (value.kind == ExprKind::Name) {
         const Binding from = bind(value.name);
         if (from.kind == Binding::Kind::Register) {
@@ -167,6 +167,7 @@ bool ProcedureCompiler::append(const AssignStmt& statement, const Binding& bindi
 void ProcedureCompiler::appendQuietly(const Tails& tails, const Binding& binding) {
     const bool isRegister = binding.kind == Binding::Kind::Register;
     std::vector<Operand> operands;
+    operands.reserve(tails.parts.size());
     for (const Expr* part : tails.parts) operands.push_back(operand(*part));
     const std::uint32_t variable = place(binding);
     for (const Operand& tail : operands) {
@@ -217,6 +218,7 @@ bool ProcedureCompiler::appendElement(const AssignStmt& statement) {
     if (!mayAppend(tails, element.left->name)) return false;
     const Temporaries temporaries(code_);
     std::vector<std::uint32_t> registers;
+    registers.reserve(tails.parts.size());
     for (const Expr* part : tails.parts) registers.push_back(inRegister(operand(*part)));
     const std::uint32_t first = evaluateInOrder(element.arguments);
     const std::uint32_t array = place(bind(element.left->name));

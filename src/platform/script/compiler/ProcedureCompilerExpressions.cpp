@@ -70,13 +70,13 @@ ProcedureCompiler::Binding ProcedureCompiler::bind(NameId name, Use use) {
     binding.name = name;
     // "f(1)" in the function f calls it; "f" is its result.
     Value* const enclosing = scope_.outerVariable(name);
-    if (enclosing != nullptr && !(use == Use::Callee && name == scope_.enclosingResult)) {
+    if (enclosing != nullptr && (use != Use::Callee || name != scope_.enclosingResult)) {
         binding.kind = Kind::Outside;
         binding.variable = enclosing;
         return binding;
     }
     const auto reg = scope_.registers.find(name);
-    if (reg != scope_.registers.end() && !(use == Use::Callee && reg->second == 0)) {
+    if (reg != scope_.registers.end() && (use != Use::Callee || reg->second != 0)) {
         binding.kind = scope_.isByReference(reg->second) ? Kind::Referred : Kind::Register;
         if (reg->second >= scope_.firstLate) binding.kind = Kind::Late;
         binding.index = reg->second;
@@ -343,12 +343,9 @@ void ProcedureCompiler::comparisonJump(const Expr& expression, bool inverted, La
         code_.loopWithPoll(right.isConstant ? row->loopConstant : row->loopRegisters, left, right.index, target);
         return;
     }
-    Op op = row->jumpRegisters;
-    if (jumpWhen)
-        op = right.isConstant ? row->jumpConstant : row->jumpRegisters;
-    else
-        op = right.isConstant ? row->jumpUnlessConstant : row->jumpUnlessRegisters;
-    code_.jumpWithWord(op, left, right.index, target);
+    const Op withConstant = jumpWhen ? row->jumpConstant : row->jumpUnlessConstant;
+    const Op withRegisters = jumpWhen ? row->jumpRegisters : row->jumpUnlessRegisters;
+    code_.jumpWithWord(right.isConstant ? withConstant : withRegisters, left, right.index, target);
 }
 
 // Whether the expression is True, False or Null: only then is And the same as "both".

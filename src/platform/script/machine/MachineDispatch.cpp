@@ -7,7 +7,6 @@
 // Each operation ends in a jump of its own to the next one's code ("computed goto", an extension of GCC and Clang):
 // the processor predicts these jumps better than the single one of a switch.
 #pragma GCC diagnostic ignored "-Wpedantic"
-// NOLINTBEGIN(bugprone-macro-parentheses): they stand for operands and statements
 
 namespace tolvan::script {
 
@@ -493,4 +492,3 @@ void Machine::execute() {
 }
 
 }  // namespace tolvan::script
-// NOLINTEND(bugprone-macro-parentheses)

@@ -27,7 +27,7 @@ class Arena {
     std::span<T> copy(const std::vector<T>& items) {
         static_assert(std::is_trivially_copyable_v<T>);
         if (items.empty()) return {};
-        T* block = static_cast<T*>(take(items.size() * sizeof(T)));  // NOLINT(bugprone-sizeof-expression)
+        T* block = static_cast<T*>(take(items.size() * sizeof(T)));  // NOLINT(bugprone-sizeof-expression): a pointer
         for (std::size_t i = 0; i < items.size(); ++i) new (block + i) T(items[i]);
         return {block, items.size()};
     }
