@@ -71,6 +71,38 @@ BENCHMARK_CAPTURE(buildText, callers, "callers")
     ->Range(10'000, 1'000'000)
     ->Unit(benchmark::kMillisecond);
 
+// A loop of a million passes as the translator lays it out: as it is, with every poll kept for a host that may look,
+// and recorded. The last is to take at most ten times as long as the first.
+enum class Look { None, Watched, Recorded };
+
+void loop(benchmark::State& state, Look look) {
+    const std::string poll = "if not parentform.checkforevents then err.raise 1001\r\n";
+    const std::string module = "Sub Main()\r\n" + poll + "s = 0\r\n" + poll + "for i = 1 to 1000000\r\n" + poll +
+                               "s = s + i\r\n" + poll + "NEXT\r\nEnd Sub\r\n";
+    class Granting : public Host {
+      public:
+        script::Value call(int, script::Arguments&) override {
+            *pollBudget(0) = 32;
+            return script::Value::boolean(true);
+        }
+    };
+    Granting host;
+    script::Recording recording;
+    script::Executor executor;
+    executor.setWatched(look != Look::None);
+    if (look == Look::Recorded) executor.setRecording(&recording);
+    executor.addObject("ParentForm", host);
+    executor.addCode(module);
+    for (auto round : state) {
+        (void)round;
+        if (!executor.run("Main")) state.SkipWithError("the script fails");
+    }
+    executor.setRecording(nullptr);
+}
+BENCHMARK_CAPTURE(loop, plain, Look::None)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(loop, watched, Look::Watched)->Unit(benchmark::kMillisecond);
+BENCHMARK_CAPTURE(loop, recorded, Look::Recorded)->Unit(benchmark::kMillisecond);
+
 // A run as the console makes it: reset, load, run.
 void shortRun(benchmark::State& state) {
     const std::string module = moduleOf(1'000);

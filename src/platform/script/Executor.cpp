@@ -113,6 +113,11 @@ void Executor::setWatched(bool on) {
     engine_->machine.setWatched(on);
 }
 
+void Executor::setRecording(Recording* recording) {
+    if (recording != nullptr) setWatched(true);
+    engine_->machine.setRecording(recording);
+}
+
 Inspection Executor::inspect() {
     return Inspection(engine_->machine);
 }

@@ -8,6 +8,7 @@
 #include "platform/script/ErrorReport.h"
 #include "platform/script/HostObject.h"
 #include "platform/script/Inspection.h"
+#include "platform/script/Recording.h"
 #include "platform/script/ScriptError.h"
 #include "platform/script/TextForm.h"
 #include "platform/script/Value.h"
@@ -74,6 +75,10 @@ class Executor {
     // Compiles the modules that are loaded from now on for inspection (see Inspection.h): no poll is optimised away,
     // and the state of a run that failed is kept until the next run. Start value: off.
     void setWatched(bool on);
+    // What runs from now on is recorded (see Recording.h); in a script that is running, from its next poll on. Also
+    // sets setWatched for the modules that are loaded from now on. Null (the start value): no longer; before a
+    // recording is destroyed.
+    void setRecording(Recording* recording);
     // For a host object that is being called, and after a run.
     Inspection inspect();
 

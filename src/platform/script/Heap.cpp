@@ -12,7 +12,8 @@ void Heap::abandon() {
 }
 
 void Heap::take(std::size_t bytes) {
-    if (bytes > limit_ || used_ > limit_ - bytes) throw ScriptError(errors::outOfMemory);
+    while (bytes > limit_ || used_ > limit_ - bytes)
+        if (bytes > limit_ || reserve_ == nullptr || !reserve_->giveUp()) throw ScriptError(errors::outOfMemory);
     used_ += bytes;
 }
 

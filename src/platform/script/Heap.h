@@ -7,6 +7,18 @@
 
 namespace tolvan::script {
 
+// Who holds memory that can be done without.
+class HeapReserve {
+  public:
+    HeapReserve() = default;
+    HeapReserve(const HeapReserve&) = delete;
+    HeapReserve& operator=(const HeapReserve&) = delete;
+    virtual ~HeapReserve() = default;
+
+    // Releases some of it; false if there is none.
+    virtual bool giveUp() noexcept = 0;
+};
+
 class Heap {
   public:
     // A heap outlives its engine as long as a value from it lives (a host may have kept one): the engine calls
@@ -22,6 +34,8 @@ class Heap {
 
     std::size_t used() const { return used_; }
     void setLimit(std::size_t bytes) { limit_ = bytes; }
+    // Asked before the limit would be passed. Null: nobody.
+    void setReserve(HeapReserve* reserve) { reserve_ = reserve; }
 
     // Of one text, in bytes.
     std::size_t longestText() const { return longestText_; }
@@ -40,6 +54,7 @@ class Heap {
     std::size_t used_ = 0;
     std::size_t limit_ = defaultLimit;
     std::size_t longestText_ = std::numeric_limits<std::size_t>::max();
+    HeapReserve* reserve_ = nullptr;
     bool abandoned_ = false;
 };
 

@@ -41,6 +41,7 @@ struct Procedure {
     // of a method) passes references for all parameters; entering the procedure replaces those that it does not expect
     // by their values.
     std::vector<bool> byReference;
+    bool hasPolls = false;
     // It replaced another procedure, and code that was compiled for that one may pass references where values are
     // expected: each call checks.
     bool checksArguments = false;

@@ -117,10 +117,14 @@ class ProcedureCompiler {
     bool isRaise(const CallStmt& statement);
     void poll(const HostMember* polled, const CallStmt& otherwise);
     bool startsWithPoll(const Block& body);
+    bool isIdlePoll(const Stmt& statement, std::uint32_t endLine);
     void emitColdCode();
 
     // Statements.
-    void block(const Block& body);
+    // The line at which the block ends is only of use for polls: see isIdlePoll.
+    static constexpr std::uint32_t unknownLine = 0;
+    static constexpr std::uint32_t endsIdly = UINT32_MAX;
+    void block(const Block& body, std::uint32_t endLine = unknownLine);
     void statement(const Stmt& statement);
     void callStatement(const CallStmt& statement);
     void dim(const DimStmt& statement);

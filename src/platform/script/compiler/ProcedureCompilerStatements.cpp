@@ -13,7 +13,7 @@ ProcedureCompiler::ProcedureCompiler(ModuleScope& module, ProcedureScope& scope,
 }
 
 void ProcedureCompiler::compileBody(const Block& body, std::uint32_t lastLine) {
-    block(body);
+    block(body, lastLine);
     mark(lastLine);
     code_.emit(Op::Return);
     emitColdCode();
@@ -28,8 +28,9 @@ void ProcedureCompiler::compileExpression(const Expr& expression) {
     code_.emit(Op::Return);
 }
 
-void ProcedureCompiler::block(const Block& body) {
-    for (const Stmt* one = body.first; one != nullptr; one = one->next) statement(*one);
+void ProcedureCompiler::block(const Block& body, std::uint32_t endLine) {
+    for (const Stmt* one = body.first; one != nullptr; one = one->next)
+        if (!isIdlePoll(*one, endLine)) statement(*one);
 }
 
 void ProcedureCompiler::statement(const Stmt& statement) {
@@ -112,14 +113,14 @@ void ProcedureCompiler::ifStatement(const IfStmt& statement) {
     Label& end = newLabel();
     for (const IfStmt::Branch& branch : statement.branches) {
         if (branch.condition == nullptr) {
-            block(branch.body);
+            block(branch.body, endsIdly);
             break;
         }
         const bool isLast = &branch == &statement.branches.back();
         Label& next = newLabel();
         if (&branch != &statement.branches.front()) mark(branch.line);
         condition(*branch.condition, isLast ? end : next, false);
-        block(branch.body);
+        block(branch.body, endsIdly);
         if (isLast) break;
         leaveBlock(end);
         bindLabel(next);
@@ -148,7 +149,7 @@ void ProcedureCompiler::select(const SelectStmt& statement) {
         }
         if (!clause.values.empty()) code_.jump(Op::Jump, 0, next);
         bindLabel(body);
-        block(clause.body);
+        block(clause.body, endsIdly);
         leaveBlock(end);
         bindLabel(next);
     }
@@ -374,12 +375,26 @@ bool ProcedureCompiler::startsWithPoll(const Block& body) {
            pollOf(static_cast<const IfStmt&>(*body.first), otherwise) != nullptr;
 }
 
+// Where a host wants to look at every line: whether the line of this poll does nothing, as a comment does, Else, and
+// the end of an If. At the end of a block the line is the one that ends it, or a comment before that; `endLine`, if
+// known, tells which.
+bool ProcedureCompiler::isIdlePoll(const Stmt& statement, std::uint32_t endLine) {
+    const auto isPoll = [this](const Stmt& one) {
+        const CallStmt* otherwise = nullptr;
+        return one.kind == StmtKind::If && pollOf(static_cast<const IfStmt&>(one), otherwise) != nullptr;
+    };
+    if (!module_.engine().keepsEveryPoll || !isPoll(statement)) return false;
+    if (statement.next != nullptr) return isPoll(*statement.next);
+    return endLine == endsIdly || (endLine != unknownLine && endLine != statement.line + 1);
+}
+
 // A second poll with nothing but arithmetic since the first would get the same answer, and is left out; but only where
 // the answer False ends the procedure, so that no code runs between the two.
 void ProcedureCompiler::poll(const HostMember* polled, const CallStmt& otherwise) {
     if (lastPolled_ == polled && !module_.engine().keepsEveryPoll) return;
     Label& asked = newLabel();
     Label& back = newLabel();
+    code_.procedure().hasPolls = true;
     code_.poll(polled->object->pollBudget(polled->member), asked);
     code_.bind(back);
     addColdCode([this, polled, &otherwise, &asked, &back] {

@@ -1,5 +1,7 @@
 #include "platform/script/machine/Machine.h"
 
+#include "platform/script/machine/Recorder.h"
+
 #include <cstdlib>
 #include <new>
 
@@ -24,6 +26,7 @@ Machine::~Machine() {
 void Machine::reset() {
     resetting_ = true;
     trace_ = {};
+    endRecording();
     symbols_->clearVariables();
     // The instances that are left refer to each other in a circle, or the host holds them.
     while (instances_ != nullptr) {
@@ -44,6 +47,25 @@ void Machine::reset() {
     setWatched(isWatched_);
     randomSeed = firstRandomSeed;
     resetting_ = false;
+}
+
+void Machine::setRecording(Recording* recording) {
+    recording_ = recording;
+    if (recording == nullptr && depth_ == 0) endRecording();
+}
+
+void Machine::switchRecording() {
+    const Recording* const current = recorder_ != nullptr ? &recorder_->recording() : nullptr;
+    if (current == recording_ || nesting_ > 1) return;
+    endRecording();
+    if (recording_ == nullptr) return;
+    recorder_ = std::make_unique<Recorder>(*this, *recording_);
+    heap().setReserve(recorder_.get());
+}
+
+void Machine::endRecording() {
+    heap().setReserve(nullptr);
+    recorder_.reset();
 }
 
 void Machine::addModule(std::string_view source) {

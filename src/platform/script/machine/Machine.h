@@ -66,6 +66,9 @@ struct ErrorTrace {
     std::unique_ptr<ErrorState> state;  // if the engine is watched and nothing catches the error
 };
 
+class Recorder;
+class Recording;
+
 class Machine : public Context {
   public:
     Machine();
@@ -96,6 +99,8 @@ class Machine : public Context {
 
     // See Inspection.h. Concerns the modules that are loaded from now on.
     void setWatched(bool on) { isWatched_ = symbols_->keepsEveryPoll = on; }
+    // See Executor.
+    void setRecording(Recording* recording);
 
     void addInstance(ClassInstance& instance);
     void removeInstance(ClassInstance& instance);
@@ -110,8 +115,9 @@ class Machine : public Context {
     static constexpr int deepestNesting = 100;
 
   private:
-    // For Inspection (MachineInspection.cpp).
+    // For Inspection (MachineInspection.cpp) and Recorder.
     friend class Inspection;
+    friend class Recorder;
     int lineOf(const Frame& frame) const;
     std::vector<InspectedVariable> variablesOf(const Frame& frame);
     std::vector<InspectedVariable> outsideVariables();
@@ -122,7 +128,13 @@ class Machine : public Context {
 
     // Running (MachineDispatch.cpp, MachineFrames.cpp).
     void run();
-    void execute();
+    // Until the procedure entered last has returned, or has to be gone on with in the other loop.
+    enum class Left : std::uint8_t { Procedure, Loop };
+    template <bool isRecorded>
+    Left execute();
+    // To the recording that the host wants, unless calls within each other are under way.
+    void switchRecording();
+    void endRecording();
     bool recover(const ScriptError& error);
     bool isCaught(const ScriptError& error) const;
     Frame& top() { return frames_[depth_ - 1]; }
@@ -184,7 +196,8 @@ class Machine : public Context {
     void putMember(NameId name, Value* base, std::uint32_t count, bool isSet, bool isOwn);
     void putInstance(ClassInstance& instance, NameId name, std::span<Value> arguments, bool isSet, bool isOwn);
     void newObject(Value& target, ScriptClass& scriptClass);
-    bool pollHost(const HostMember& member);
+    enum class AfterPoll : std::uint8_t { Same, OtherLoop };  // recorded or not, as before
+    AfterPoll pollHost(const HostMember& member, Value& answer);
     void evaluateSource(Special what, Value* base);
     Value runSource(std::string_view source, bool isExpression, bool isGlobal);
     Frame& enclosingFrame();
@@ -213,6 +226,8 @@ class Machine : public Context {
     std::chrono::steady_clock::time_point deadline_;
     ErrorTrace trace_;
     bool isWatched_ = false;
+    Recording* recording_ = nullptr;      // as the host wants it
+    std::unique_ptr<Recorder> recorder_;  // as it is
 
     ClassInstance* instances_ = nullptr;
     ClassInstance* finalizing_ = nullptr;

@@ -1,5 +1,7 @@
 #include "platform/script/machine/MachineFrames.h"
 
+#include "platform/script/machine/Recorder.h"
+
 #include <algorithm>
 #include <exception>
 #include <new>
@@ -65,7 +67,8 @@ void Machine::leaveSlowly(Frame& frame) {
 void Machine::run() {
     for (;;) {
         try {
-            execute();
+            while ((recorder_ != nullptr ? execute<true>() : execute<false>()) == Left::Loop) {
+            }
             return;
         } catch (const ScriptError& error) {
             if (!recover(error)) throw;
@@ -101,6 +104,7 @@ bool Machine::recover(const ScriptError& error) {
         }
         if (trace_.calls.size() < ErrorReport::deepestStack) trace_.calls.push_back({frame.procedure->name, line});
         const bool isEntry = frame.isEntry;
+        if (recorder_ != nullptr) recorder_->leaving(frame);
         leave();
         if (!isEntry) continue;
         // The caller gets the error and no result.
@@ -126,6 +130,7 @@ void Machine::report(ErrorReport& report) {
 
 void Machine::start() {
     if (depth_ == 0) symbols_->dropRetired();
+    switchRecording();
     ticks_ = ticksPerLook;
     trace_ = {};
     if (timeout >= 0) deadline_ = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout);

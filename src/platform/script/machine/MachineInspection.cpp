@@ -1,6 +1,7 @@
 #include "platform/script/Conversions.h"
 #include "platform/script/Inspection.h"
 #include "platform/script/machine/MachineFrames.h"
+#include "platform/script/machine/Recorder.h"
 
 #include <algorithm>
 
@@ -80,7 +81,9 @@ bool Machine::assignVariable(std::size_t level, std::string_view name, std::span
     Value* const variable = findVariableOf(level, names_.intern(name));
     if (variable == nullptr) return false;
     const Value assigned = value.is(Type::String) ? text(value.view()) : value;
+    if (recorder_ != nullptr) recorder_->goOn();
     if (indexes.empty()) {
+        if (recorder_ != nullptr) recorder_->noteAssigned(*variable, nullptr);
         *variable = assigned;
         return true;
     }
@@ -88,7 +91,9 @@ bool Machine::assignVariable(std::size_t level, std::string_view name, std::span
     for (const std::uint32_t index : indexes) places.push_back(Value::number(index));
     try {
         if (!variable->is(Type::Array)) return false;
-        element(*variable, places) = assigned;
+        Value& found = element(*variable, places);
+        if (recorder_ != nullptr) recorder_->noteAssigned(*variable, &found);
+        found = assigned;
         return true;
     } catch (const ScriptError&) {
         return false;

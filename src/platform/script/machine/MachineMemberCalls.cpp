@@ -7,6 +7,7 @@
 #include "platform/script/Conversions.h"
 #include "platform/script/machine/MachineFrames.h"
 #include "platform/script/machine/ProcedureReference.h"
+#include "platform/script/machine/Recorder.h"
 #include "platform/script/syntax/Lexer.h"
 
 #include <utility>
@@ -47,10 +48,19 @@ void Machine::putHost(const HostMember& member, Value* base, std::uint32_t count
     clearArguments(base, count + 1);
 }
 
-bool Machine::pollHost(const HostMember& member) {
+// Tells the recorder, as the quick poll does. The frame's pc is behind the instruction.
+Machine::AfterPoll Machine::pollHost(const HostMember& member, Value& answer) {
     checkClock();
     Arguments arguments(*this, {});
-    return toBoolean(*this, member.object->call(member.member, arguments));
+    const bool wasRecorded = recorder_ != nullptr;
+    const bool goesOn = toBoolean(*this, member.object->call(member.member, arguments));
+    answer = Value::boolean(goesOn);
+    switchRecording();
+    if (recorder_ != nullptr) {
+        recorder_->goOn();
+        if (goesOn) recorder_->beginRow(top(), top().pc - wordsOf(Op::PollHost));
+    }
+    return wasRecorded == (recorder_ != nullptr) ? AfterPoll::Same : AfterPoll::OtherLoop;
 }
 
 bool Machine::callMember(NameId name, Value* base, std::uint32_t count, bool isOwn) {
