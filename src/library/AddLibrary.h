@@ -4,6 +4,8 @@
 #include "platform/richtext/StyledText.h"
 #include "translator/ModuleLines.h"
 
+#include <functional>
+#include <map>
 #include <string>
 #include <string_view>
 
@@ -24,6 +26,8 @@ int ownLines(std::string_view module);
 struct RunnableProgram {
     std::string module;  // with the library's functions
     ModuleLines lines;   // of the program's own part
+    // What its script names stand for, in font codes: where one stands for several words, these parted by blanks.
+    std::map<std::string, std::string, std::less<>> words = {};
 };
 RunnableProgram runnableProgram(StyledView program);
 

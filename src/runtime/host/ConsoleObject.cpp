@@ -4,6 +4,7 @@
 #include "platform/script/ScriptError.h"
 #include "platform/script/StringCell.h"
 #include "runtime/host/NumberText.h"
+#include "runtime/host/StepControl.h"
 
 #include <algorithm>
 #include <cmath>
@@ -135,6 +136,7 @@ Value ConsoleObject::call(int number, Arguments& arguments) {
     const Member& member = members[number];
     if (arguments.count() < member.leastArguments || arguments.count() > member.mostArguments)
         throw ScriptError(script::errors::argumentCount);
+    if (member.after != After::IsPoll) ++callCount_;
     if (trace_ && member.after != After::IsPoll) traceCall(member, arguments);
     if (member.after == After::LookSoon) throttle_.lookSoon();
     if (member.after == After::ProgramMayEnd) throttle_.mustAsk();
@@ -170,7 +172,13 @@ Value ConsoleObject::clearScreen(Arguments&) {
 }
 
 Value ConsoleObject::checkForEvents(Arguments&) {
-    return Value::boolean(throttle_.poll());
+    bool goesOn = throttle_.poll();
+    if (steps_ != nullptr && steps_->needsEveryLine()) {
+        goesOn = goesOn && steps_->passLine(console_);
+        throttle_.lookSoon();
+    }
+    if (!goesOn) throttle_.mustAsk();
+    return Value::boolean(goesOn);
 }
 
 Value ConsoleObject::stopExecution(Arguments&) {

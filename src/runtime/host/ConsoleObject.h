@@ -12,10 +12,13 @@
 #include "runtime/host/PollThrottle.h"
 #include "runtime/host/ProgramDataFile.h"
 
+#include <cstdint>
 #include <functional>
 #include <string_view>
 
 namespace tolvan {
+
+class StepControl;
 
 class ConsoleObject : public script::HostObject {
   public:
@@ -26,9 +29,15 @@ class ConsoleObject : public script::HostObject {
     using Trace = std::function<void(std::string_view call)>;
     void setTrace(Trace trace) { trace_ = std::move(trace); }
 
+    // How many such calls there have been; one place for the life of the object.
+    const std::uint64_t* callCount() const { return &callCount_; }
+
     // What the program reaches from the next file on; before, it is the working folder. The console is asked about
     // other files.
     void setFiles(ReachableFiles files);
+
+    // Who goes through the program line by line; null: nobody. Must outlive its use.
+    void setSteps(StepControl* steps) { steps_ = steps; }
 
     // Before a run: closes the file that an earlier run left open.
     void reset();
@@ -73,6 +82,8 @@ class ConsoleObject : public script::HostObject {
     ReachableFiles files_;
     ProgramDataFile file_;
     Trace trace_;
+    std::uint64_t callCount_ = 0;
+    StepControl* steps_ = nullptr;
 };
 
 }  // namespace tolvan

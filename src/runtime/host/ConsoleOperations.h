@@ -27,6 +27,13 @@ class ConsoleOperations {
     // Lets waiting window events run; false when the program is to stop.
     virtual bool CheckForEvents() = 0;
     virtual void StopExecution() = 0;
+    // The program stands still before a line (see StepControl): lets the user do something and returns after that, at
+    // the latest after so many seconds, which may be infinitely many. False when the program is to stop. A console that
+    // nobody sees only looks whether it is.
+    virtual bool StandStill(double mostSeconds) {
+        static_cast<void>(mostSeconds);
+        return CheckForEvents();
+    }
 
     // The oldest key that was pressed and not read yet, in internal text form, or "" if there is none. A key that types
     // a character is that character ("5", "{a}"); the others that a program can read have names in Marathi.
