@@ -26,6 +26,7 @@
 #include "tvp/Limits.h"
 #include "tvp/Output.h"
 #include "tvp/TextConsole.h"
+#include "tvp/TraceCsv.h"
 
 #include <algorithm>
 #include <charconv>
@@ -34,6 +35,7 @@
 #include <ctime>
 #include <deque>
 #include <filesystem>
+#include <limits>
 #include <new>
 #include <optional>
 #include <unistd.h>
@@ -45,11 +47,19 @@ constexpr int succeeded = 0;
 constexpr int scriptFailed = 1;
 constexpr int unusable = 2;
 
+// What is wrong with the use of the command line; for the user, in English.
+struct UsageFailure {
+    std::string message;
+};
+
 struct Invocation {
     std::string file = {};
     bool trace = false;
     bool unicode = false;
-    std::string keyFile = {};  // empty: no keys are pressed
+    std::string keyFile = {};    // empty: no keys are pressed
+    std::string inputFile = {};  // empty: standard input
+    std::string columns = {};    // empty: all
+    std::size_t lastRows = script::Recording::defaultRows;
     std::optional<std::uint32_t> seed = {};
     std::optional<std::time_t> simulatedStart = {};
     Limits limits{};
@@ -185,9 +195,23 @@ ReachableFiles filesOf(const Invocation& invocation) {
     return files;
 }
 
-int runOnTextConsole(const RunnableProgram& program, const Invocation& invocation, TellError tellError) {
-    TextConsole console(invocation.unicode ? TextConsole::Lines::Unicode : TextConsole::Lines::FontCodes,
-                        invocation.output, invocation.messages);
+// A run whose table is still to be written is ended by the engine. Where that cannot do it, in a wait for input, the
+// table is given up a little later.
+void limitTime(std::uint64_t milliseconds, script::Executor& executor, bool isTraced) {
+    constexpr std::uint64_t patience = 5000;
+    if (milliseconds == Limits::none) return;
+    if (isTraced)
+        executor.setTimeout(static_cast<int>(std::min<std::uint64_t>(milliseconds, std::numeric_limits<int>::max())));
+    endAfter(isTraced ? milliseconds + patience : milliseconds);
+}
+
+int runOnTextConsole(const RunnableProgram& program, const Invocation& invocation, TellError tellError,
+                     script::Recording* recording = nullptr) {
+    Output nowhere;
+    const bool isUnicode = invocation.unicode || recording != nullptr;
+    TextConsole console(isUnicode ? TextConsole::Lines::Unicode : TextConsole::Lines::FontCodes,
+                        recording == nullptr ? invocation.output : nowhere, invocation.messages);
+    if (!invocation.inputFile.empty()) console.setInput(LineReader(readInput(invocation.inputFile)));
     ConsoleObject object(console);
     if (invocation.trace) object.setTrace([&](std::string_view call) { invocation.messages.writeLine(call); });
     if (!invocation.keyFile.empty()) console.setKeys(readKeys(invocation.keyFile));
@@ -197,10 +221,17 @@ int runOnTextConsole(const RunnableProgram& program, const Invocation& invocatio
     console.setMostOutput(invocation.limits.outputBytes);
     script::Executor executor;
     if (invocation.limits.memoryBytes != Limits::none) executor.setMemoryLimit(invocation.limits.memoryBytes);
-    if (invocation.limits.milliseconds != Limits::none) endAfter(invocation.limits.milliseconds);
+    limitTime(invocation.limits.milliseconds, executor, recording != nullptr);
+    if (recording != nullptr) recording->setOutputCount(object.callCount());
+    executor.setRecording(recording);
     const script::ErrorReport report = runModule(executor, object, program.module);
+    executor.setRecording(nullptr);
     if (console.hasPrintedTooMuch()) {
         invocation.messages.writeLine("tvp: stopped, it printed too much");
+        return limitReached;
+    }
+    if (report.number == script::errors::timedOut) {
+        invocation.messages.writeLine(timeIsOver);
         return limitReached;
     }
     if (report.number == 0 || console.isStopped()) return succeeded;
@@ -217,10 +248,23 @@ int runScript(const Invocation& invocation) {
     return runOnTextConsole({readInput(invocation.file), {}}, invocation, tellNumberAndLine);
 }
 
-// What is wrong with the use of the command line; for the user, in English.
-struct UsageFailure {
-    std::string message;
-};
+int traceProgram(const Invocation& invocation) {
+    const StyledText text = ProgramText(readProgram(invocation).roman);
+    const RunnableProgram program = runnableProgram(text);
+    std::vector<std::string> words;
+    if (!invocation.columns.empty()) words = wordsOfList(invocation.columns, program);
+    if (std::find(words.begin(), words.end(), "") != words.end())
+        throw UsageFailure{"the program does not have all the names in " + invocation.columns};
+    script::Recording recording(invocation.lastRows);
+    const int status = runOnTextConsole(program, invocation, tellInMarathi, &recording);
+    TraceTable table(recording, program);
+    writeTraceCsv(table, text, words, invocation.output);
+    if (table.isBeginningGone())
+        invocation.messages.writeLine("tvp: the table has the last " +
+                                      std::to_string(table.endRow() - table.firstRow()) + " of " +
+                                      std::to_string(table.endRow()) + " rows");
+    return status;
+}
 
 std::uint32_t wholeNumber(std::string_view value) {
     std::uint32_t number = 0;
@@ -245,12 +289,13 @@ enum OptionBit : unsigned {
     traceOption = 1U << 0U,
     runOption = 1U << 1U,
     unicodeOption = 1U << 2U,
-    checkOption = 1U << 3U
+    checkOption = 1U << 3U,
+    tableOption = 1U << 4U,
 };
 
 struct Option {
     OptionBit bit;
-    std::string_view name;  // one that ends in "=" has a value after it
+    std::string_view name;  // one that ends in "=" has a value after it, or in the next argument
     std::string_view usage;
     // Throws UsageFailure where the value is not one.
     void (*set)(Invocation&, std::string_view value);
@@ -267,6 +312,13 @@ void setFiles(Invocation& invocation, std::string_view value) {
     if (!isWord && !std::filesystem::is_directory(value))
         throw UsageFailure{"there is no folder " + std::string(value)};
     invocation.limits.files = value;
+}
+
+std::size_t rowCount(std::string_view value) {
+    constexpr std::uint32_t most = 1'000'000;
+    const std::uint32_t count = wholeNumber(value);
+    if (count < 1 || count > most) throw UsageFailure{"--last is 1 to " + std::to_string(most)};
+    return count;
 }
 
 constexpr Option options[] = {
@@ -309,6 +361,12 @@ constexpr Option options[] = {
      [](Invocation& invocation, std::string_view) { invocation.check.english = true; }},
     {checkOption, "--no-cache", "checks again what was checked before",
      [](Invocation& invocation, std::string_view) { invocation.check.useCache = false; }},
+    {tableOption, "--columns=", "WORD,WORD...: the variables in the table, in Devanagari or Roman letters; else all",
+     [](Invocation& invocation, std::string_view value) { invocation.columns = value; }},
+    {tableOption, "--last=", "N: how many rows the table has at most, the last ones; else 10000",
+     [](Invocation& invocation, std::string_view value) { invocation.lastRows = rowCount(value); }},
+    {tableOption, "--input=", "FILE: what is typed, instead of standard input",
+     [](Invocation& invocation, std::string_view value) { invocation.inputFile = value; }},
 };
 
 enum class NoFile : std::uint8_t { IsWrong, IsStandardInput };
@@ -337,6 +395,8 @@ constexpr Command commands[] = {
      traceOption | runOption | unicodeOption},
     {"script", "script FILE         runs a script module", runScript, NoFile::IsWrong,
      traceOption | runOption | unicodeOption},
+    {"trace", "trace FILE.tvp      runs the program; a table of its lines and values as CSV, in Unicode", traceProgram,
+     NoFile::IsWrong, runOption | tableOption},
     {"lint", "lint FILE.tvp       what is wrong with the program, in Marathi: LINE:FROM-TO KIND text", lintFile},
     {"check", "check FOLDER        checks every program of a class", checkHandIns, NoFile::IsWrong, checkOption},
     {"task", "task FOLDER         makes FOLDER.task, for pupils, of the task in the folder", packTask},
@@ -406,12 +466,13 @@ void parseArguments(const Command& command, const std::vector<std::string>& argu
             const std::string option = arguments[i] + '=' + arguments[i + 1];
             setOption(command, option, invocation);
             ++i;
-        } else if (isOption(arguments[i]))
+        } else if (isOption(arguments[i])) {
             setOption(command, arguments[i], invocation);
-        else if (!invocation.file.empty())
+        } else if (!invocation.file.empty()) {
             throw UsageFailure{arguments[0] + " takes one file, not also " + arguments[i]};
-        else
+        } else {
             invocation.file = arguments[i];
+        }
     }
     if (invocation.file.empty() && command.noFile == NoFile::IsWrong)
         throw UsageFailure{arguments[0] + " needs a file"};

@@ -60,6 +60,7 @@ std::optional<std::string> LineReader::next() {
 // Drops what was read and gets a further piece; false at the end of the input or when it cannot be read.
 bool LineReader::fill() {
     buffer_.erase(0, std::exchange(position_, 0));
+    if (!input_.isOpen()) return false;
     const std::size_t size = buffer_.size();
     static_cast<void>(input_.read(buffer_, pieceSize));
     return buffer_.size() > size;

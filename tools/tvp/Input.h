@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <utility>
 
 namespace tolvan {
 
@@ -21,16 +22,19 @@ inline constexpr std::size_t largestInput = std::size_t{64} << 20;
 // to case and with "\" as "/". Throws InputFailure.
 std::string readInput(const std::string& name);
 
-// Standard input, line by line.
+// Standard input, or another text, line by line.
 class LineReader {
   public:
+    LineReader() : input_(Descriptor::standard(0)) {}
+    explicit LineReader(std::string text) : buffer_(std::move(text)) {}
+
     // The next line without its line end (LF or CR LF); nothing at the end of the input.
     std::optional<std::string> next();
 
   private:
     bool fill();
 
-    Descriptor input_ = Descriptor::standard(0);
+    Descriptor input_;
     std::string buffer_;
     std::size_t position_ = 0;
 };

@@ -14,8 +14,6 @@ namespace {
 
 namespace fs = std::filesystem;
 
-constexpr std::string_view timeIsOver = "tvp: stopped, its time is over\n";
-
 // A number that is not negative; what follows it is left in `text`.
 std::optional<double> takeNumber(std::string_view& text) {
     double number = 0;
@@ -60,6 +58,7 @@ ReachableFiles Limits::filesOf(const std::string& programFile) const {
 void endAfter(std::uint64_t milliseconds) {
     std::signal(SIGALRM, [](int) {
         static_cast<void>(!::write(STDERR_FILENO, timeIsOver.data(), timeIsOver.size()));
+        static_cast<void>(!::write(STDERR_FILENO, "\n", 1));
         ::_exit(limitReached);
     });
     itimerval time{};

@@ -53,7 +53,7 @@ void Output::flush() {
 }
 
 void Output::writeThrough(std::string_view bytes) {
-    if (failure_ != 0) return;
+    if (failure_ != 0 || !descriptor_.isOpen()) return;
     failure_ = isTerminal_ ? descriptor_.write(withoutControls(bytes)) : descriptor_.write(bytes);
 }
 

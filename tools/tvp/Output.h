@@ -13,6 +13,8 @@ namespace tolvan {
 class Output {
   public:
     explicit Output(int descriptor);
+    // Everything is dropped.
+    Output() = default;
     Output(const Output&) = delete;
     Output& operator=(const Output&) = delete;
     ~Output() { flush(); }
@@ -28,7 +30,7 @@ class Output {
     void writeThrough(std::string_view bytes);
 
     Descriptor descriptor_;
-    bool isTerminal_;
+    bool isTerminal_ = false;
     int failure_ = 0;
     std::string waiting_;
 };

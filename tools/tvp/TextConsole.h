@@ -31,6 +31,9 @@ class TextConsole : public ConsoleOperations {
     // The program stopped itself, or nobody reads what it prints any more, or it printed too much.
     bool isStopped() const { return stopped_; }
 
+    // What is typed, instead of standard input.
+    void setInput(LineReader input) { input_ = std::move(input); }
+
     // What ReadKey gives, key by key, in the form of ConsoleOperations::ReadKey. None before.
     void setKeys(std::deque<std::string> keys) { keys_ = std::move(keys); }
 
