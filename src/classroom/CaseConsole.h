@@ -12,7 +12,7 @@
 
 namespace tolvan::classroom {
 
-// What stands in front of each piece of a result.
+// What stands before each piece of a result.
 enum class Told : std::uint8_t {
     Line,   // printed, in Unicode
     Asked,  // the line before it asks

@@ -80,7 +80,7 @@ std::u32string withSpaces(std::u32string_view text, Exactness::Spaces spaces) {
     return kept;
 }
 
-// What of a line counts; equal lines have equal keys, unless digits behind the point are cut.
+// What of a line counts; equal lines have equal keys, unless digits after the point are cut.
 std::u32string keyOf(std::string_view line, const Exactness& exactness) {
     std::u32string key = withSpaces(composed(line), exactness.spaces);
     if (exactness.sameNumerals) std::transform(key.begin(), key.end(), key.begin(), latinDigit);
@@ -121,7 +121,7 @@ bool sameKeys(const std::u32string& a, const std::u32string& b, const Exactness&
     return a == b || (exactness.digits && sameWithDigits(a, b, *exactness.digits));
 }
 
-// Signs stand on the letter before them, and a letter behind a virama belongs to it.
+// Signs stand on the letter before them, and a letter after a virama belongs to it.
 bool continuesLetter(char32_t before, char32_t c) {
     const bool isSign = (c >= 0x0900 && c <= 0x0903) || (c >= 0x093A && c <= 0x094F && c != 0x093D) ||
                         (c >= 0x0951 && c <= 0x0957) || c == 0x0962 || c == 0x0963;

@@ -22,7 +22,7 @@ struct Exactness {
 
     Spaces spaces = Spaces::Exact;
     Order order = Order::Exact;
-    std::optional<int> digits;  // behind the point of a number that count; nothing: the numbers as they are printed
+    std::optional<int> digits;  // after the point of a number that count; nothing: the numbers as they are printed
     bool sameNumerals = true;   // Devanagari and Latin digits are equal
 };
 

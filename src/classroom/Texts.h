@@ -84,7 +84,7 @@ std::string filled(Text text, Language language, std::initializer_list<std::stri
 std::string shownNumber(std::size_t number, Language language);
 // The text with digits of the language.
 std::string shownDigits(std::string_view text, Language language);
-// Points, without needless digits behind the point.
+// Points, without needless digits after the point.
 std::string shownPoints(double points, Language language);
 
 // A verdict in a word or two.

@@ -85,7 +85,7 @@ class Line::Reader {
         if (quote_) line_.openQuote = romanOf(*quote_, *quote_ + 1).from;
     }
 
-    // `position` is that in the working statement, which has a blank in front.
+    // `position` is that in the working statement, which has a blank before.
     void take(const Token& token, std::size_t position) {
         const std::size_t from = position - (position > 0 ? 1 : 0);
         const std::size_t to = std::min(position + token.text.size() - 1, statementSize_);

@@ -56,7 +56,7 @@ class StatementReader {
         return (has("sAThI") && !starts("saMpav")) || (has("te") && has("paryaMt"));
     }
 
-    // Behind the word for the end stands what ends.
+    // After the word for the end stands what ends.
     Role endRole() {
         if (words_.size() < 2) return Role::End;
         if (words_[1].is("jar")) return Role::EndIf;
@@ -71,7 +71,7 @@ class StatementReader {
         return statement_.splitElseIf ? Role::ElseIf : Role::Else;
     }
 
-    // A condition with a statement behind its "then" is complete on its line.
+    // A condition with a statement after its "then" is complete on its line.
     bool opensBlock() const { return words_.back().is("tar") || !has("tar"); }
 
     bool isName(std::size_t i) const { return i < words_.size() && words_[i].kind == Word::Kind::Name; }
@@ -86,7 +86,7 @@ class StatementReader {
         }
     }
 
-    // The variable stands in front of its word; where that is missing, at the start.
+    // The variable stands before its word; where that is missing, at the start.
     void readLoop() {
         const auto loop = std::find_if(words_.begin(), words_.end(), [](const Word& word) { return word.is("sAThI"); });
         const std::size_t behind = loop == words_.end() ? 1 : static_cast<std::size_t>(loop - words_.begin());
@@ -94,7 +94,7 @@ class StatementReader {
             if (isName(i)) (i < behind ? statement_.sets : statement_.reads).push_back(i);
     }
 
-    // One simple statement or, around the words of a condition and behind colons, several.
+    // One simple statement or, around the words of a condition and after colons, several.
     void readSimple(bool general) {
         for (std::size_t i = 0; i < words_.size(); ++i) {
             if (general && parts(words_[i])) continue;
@@ -130,15 +130,15 @@ class StatementReader {
             if (isName(i)) statement_.reads.push_back(i);
     }
 
-    // A name, perhaps with an index in brackets, and behind it the sign that gives it a value.
+    // A name, perhaps with an index in brackets, and after it the sign that gives it a value.
     bool isAssignment(std::size_t start, std::size_t end) const {
         if (!isName(start)) return false;
         std::size_t i = start + 1;
-        if (i < end && words_[i].isMark('(')) i = behindBrackets(i, end);
+        if (i < end && words_[i].isMark('(')) i = afterBrackets(i, end);
         return i < end && words_[i].isEqualSign();
     }
 
-    std::size_t behindBrackets(std::size_t i, std::size_t end) const {
+    std::size_t afterBrackets(std::size_t i, std::size_t end) const {
         int depth = 0;
         for (; i < end; ++i) {
             if (words_[i].isMark('(')) ++depth;
