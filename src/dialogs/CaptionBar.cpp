@@ -1,7 +1,10 @@
 #include "dialogs/CaptionBar.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/CaptionButton.h"
 #include "dialogs/Look.h"
+#include "platform/encoding/Deva.h"
+#include "platform/richtext/UnicodeText.h"
 
 #include <QApplication>
 #include <QContextMenuEvent>
@@ -15,25 +18,26 @@ namespace tolvan {
 CaptionBar::CaptionBar(QWidget* parent, bool resizable) : QWidget(parent) {
     using Sign = CaptionButton::Sign;
     setObjectName(QStringLiteral("captionBar"));
+    accessible::setRole(*this, QAccessible::Pane);
     icon_ = new CaptionButton(Sign::Icon, this);
     icon_->setObjectName(QStringLiteral("cmdSystemMenu"));
-    icon_->setAccessibleName(QStringLiteral("System menu"));
+    icon_->setAccessibleName(accessible::unicode("iofkIcI yadI"_deva));
     connect(icon_, &CaptionButton::pressed, this, [this] {
         icon_->setDown(false);
         emit menuRequested(mapToGlobal(rect().bottomLeft()));
     });
     if (resizable) {
-        addButton(Sign::Minimize, "cmdMinimize", QStringLiteral("Minimize"), SystemCommand::Minimize);
-        maximize_ = addButton(Sign::Maximize, "cmdMaximize", QStringLiteral("Maximize"), SystemCommand::Maximize);
+        addButton(Sign::Minimize, "cmdMinimize", "kmIt kmI kr"_deva, SystemCommand::Minimize);
+        maximize_ = addButton(Sign::Maximize, "cmdMaximize", "jaStIt jaSt kr"_deva, SystemCommand::Maximize);
     }
-    addButton(Sign::Close, "cmdClose", QStringLiteral("Close"), SystemCommand::Close);
+    addButton(Sign::Close, "cmdClose", "b<d kr"_deva, SystemCommand::Close);
 }
 
-CaptionButton* CaptionBar::addButton(CaptionButton::Sign sign, const char* name, const QString& accessibleName,
+CaptionButton* CaptionBar::addButton(CaptionButton::Sign sign, const char* name, std::string_view caption,
                                      SystemCommand command) {
     auto* button = new CaptionButton(sign, this);
     button->setObjectName(QLatin1String(name));
-    button->setAccessibleName(accessibleName);
+    button->setAccessibleName(accessible::unicode(caption));
     connect(button, &CaptionButton::clicked, this, [this, button, command] {
         emit systemCommand(button->sign() == CaptionButton::Sign::Restore ? SystemCommand::Restore : command);
     });
@@ -43,6 +47,7 @@ CaptionButton* CaptionBar::addButton(CaptionButton::Sign sign, const char* name,
 
 void CaptionBar::setTitle(StyledView title, const QString& name) {
     title_ = StyledText(title);
+    setAccessibleName(QString::fromStdString(unicodeOf(title)) + name);
     shownTitle_ = controlText(title, name);
     updateGeometry();
     update();
@@ -76,10 +81,10 @@ int CaptionBar::buttonsWidth() const {
 
 void CaptionBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), active_ ? look::captionActive : look::captionInactive);
+    painter.fillRect(rect(), active_ ? look::colours().captionActive : look::colours().captionInactive);
     const int left = icon_->geometry().right() + 1;
     const QRectF area(left, 0, width() - left - buttonsWidth() - look::em(0.3), height());
-    drawStyledLine(painter, area, shownTitle_, active_ ? look::text : look::dimText);
+    drawStyledLine(painter, area, shownTitle_, active_ ? look::colours().text : look::colours().dimText);
 }
 
 void CaptionBar::resizeEvent(QResizeEvent*) {

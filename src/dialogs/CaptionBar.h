@@ -10,6 +10,7 @@
 #include <QWidget>
 
 #include <optional>
+#include <string_view>
 
 namespace tolvan {
 
@@ -52,7 +53,7 @@ class CaptionBar : public QWidget {
     void contextMenuEvent(QContextMenuEvent* event) override;
 
   private:
-    CaptionButton* addButton(CaptionButton::Sign sign, const char* name, const QString& accessibleName,
+    CaptionButton* addButton(CaptionButton::Sign sign, const char* name, std::string_view caption,
                              SystemCommand command);
     int buttonsWidth() const;
 

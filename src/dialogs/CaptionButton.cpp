@@ -35,8 +35,12 @@ void CaptionButton::paintEvent(QPaintEvent*) {
         return;
     }
     const bool hot = underMouse() || isDown();
-    if (hot) painter.fillRect(rect(), sign_ == Sign::Close ? look::closeHover : look::accentLight.darker(105));
-    const QColor colour = hot && sign_ == Sign::Close ? look::textOnAccent : active_ ? look::text : look::dimText;
+    if (hot)
+        painter.fillRect(rect(),
+                         sign_ == Sign::Close ? look::colours().closeHover : look::colours().accentLight.darker(105));
+    const QColor colour = hot && sign_ == Sign::Close ? look::colours().textOnClose
+                          : active_                   ? look::colours().text
+                                                      : look::colours().dimText;
     painter.setPen(QPen(colour, std::max(1.2, look::em() / 14.0), Qt::SolidLine, Qt::FlatCap, Qt::MiterJoin));
     painter.setRenderHint(QPainter::Antialiasing);
     paintSign(painter);

@@ -1,5 +1,6 @@
 #include "dialogs/FramedDialog.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "dialogs/WindowFrame.h"
 
@@ -19,7 +20,7 @@ FramedDialog::FramedDialog(std::string_view title, QWidget* parent)
 
     auto* footer = new QWidget(this);
     footer->setAutoFillBackground(true);
-    footer->setPalette(look::footer);
+    footer->setBackgroundRole(QPalette::AlternateBase);
     footer->setMinimumWidth(frame->captionBar().sizeHint().width());
     footer->setLayout(buttons_);
     buttons_->setContentsMargins(look::em(1), look::em(0.6), look::em(1), look::em(0.6));
@@ -37,6 +38,7 @@ FramedDialog::FramedDialog(std::string_view title, QWidget* parent)
 QPushButton* FramedDialog::addButton(const char* name, std::string_view caption) {
     auto* button = new QPushButton(look::captionText(caption), this);
     button->setObjectName(QLatin1String(name));
+    button->setAccessibleName(accessible::unicode(caption));
     button->setFont(look::controlFont(Font::Devanagari));
     if (buttons_->count() == 1) {  // only the stretch is there
         button->setDefault(true);

@@ -1,13 +1,16 @@
 #include "dialogs/Look.h"
 
+#include "dialogs/Accessibility.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/fonts/Fonts.h"
 
 #include <QApplication>
+#include <QEvent>
 #include <QFontMetrics>
 #include <QPalette>
 #include <QStyleFactory>
 #include <QToolTip>
+#include <QWidget>
 
 #include <algorithm>
 #include <utility>
@@ -23,50 +26,58 @@ namespace {
 
 constexpr qreal devanagariScale = 1.3;
 
+Kind used = Kind::Light;
+Kind desktop = Kind::Light;
+
 QPalette palette() {
-    static constexpr std::pair<QPalette::ColorRole, QColor> colours[] = {
-        {QPalette::Window, background}, {QPalette::WindowText, text},
-        {QPalette::Base, paper},        {QPalette::AlternateBase, footer},
-        {QPalette::Text, text},         {QPalette::PlaceholderText, dimText},
-        {QPalette::Button, paper},      {QPalette::ButtonText, text},
-        {QPalette::Highlight, accent},  {QPalette::HighlightedText, textOnAccent},
-        {QPalette::Link, accent},       {QPalette::ToolTipBase, paper},
-        {QPalette::ToolTipText, text},
+    const Colours& c = colours();
+    const std::pair<QPalette::ColorRole, QColor> roles[] = {
+        {QPalette::Window, c.background}, {QPalette::WindowText, c.text},
+        {QPalette::Base, c.paper},        {QPalette::AlternateBase, c.footer},
+        {QPalette::Text, c.text},         {QPalette::PlaceholderText, c.dimText},
+        {QPalette::Button, c.paper},      {QPalette::ButtonText, c.text},
+        {QPalette::Highlight, c.accent},  {QPalette::HighlightedText, c.textOnAccent},
+        {QPalette::Link, c.accent},       {QPalette::ToolTipBase, c.paper},
+        {QPalette::ToolTipText, c.text},
     };
-    QPalette palette(background);
-    for (const auto& [role, colour] : colours) palette.setColor(role, colour);
+    QPalette palette(c.background);
+    for (const auto& [role, colour] : roles) palette.setColor(role, colour);
     for (const auto role : {QPalette::WindowText, QPalette::Text, QPalette::ButtonText})
-        palette.setColor(QPalette::Disabled, role, greyedText);
+        palette.setColor(QPalette::Disabled, role, c.greyedText);
     return palette;
 }
 
 // Colours are written into it by their names above; @above and @below are paddings that centre Devanagari text.
 constexpr const char* styleSheetPattern = R"(
     QPushButton {
-        background: @paper; color: @text; border: 1px solid @line; border-radius: 0.3em;
+        background: @paper; color: @text; border: 2px solid @line; border-radius: 0.3em;
         padding: @above 1em @below 1em; min-width: 4em;
     }
     QPushButton:hover { background: @accentLight; border-color: @frameActive; }
     QPushButton:pressed { background: @captionActive; }
-    QPushButton:focus, QPushButton:default { border-color: @accent; }
-    QPushButton:default { background: @accent; color: @textOnAccent; }
-    QPushButton:default:hover { background: @frameActive; }
+    QPushButton:default { background: @accent; color: @textOnAccent; border-color: @accent; }
+    QPushButton:focus { border-color: @focus; }
+    QPushButton:default:focus { border-color: @text; }
     QPushButton:disabled { background: @footer; color: @greyedText; border-color: @line; }
     QMenu { background: @paper; color: @text; border: 1px solid @frameInactive; padding: 0.2em 0; }
     QMenu::item { padding: @above 2em @below 1.2em; }
-    QMenu::item:selected { background: @accentLight; }
+    QMenu::item:selected { background: @accentLight; color: @text; }
     QMenu::item:disabled { color: @greyedText; background: transparent; }
     QMenu::separator { height: 1px; background: @line; margin: 0.25em 0.6em; }
     QMenuBar { background: @background; border-bottom: 1px solid @line; }
-    QMenuBar::item { padding: @above 0.7em @below 0.7em; background: transparent; }
+    QMenuBar::item { padding: @above 0.7em @below 0.7em; background: transparent; color: @text; }
     QMenuBar::item:selected, QMenuBar::item:pressed { background: @accentLight; }
     QToolBar { background: @footer; border: none; border-bottom: 1px solid @line; padding: 0.15em; spacing: 0.1em; }
-    QToolButton { border: 1px solid transparent; border-radius: 0.25em; padding: 0.2em; }
+    QToolButton { border: 2px solid transparent; border-radius: 0.25em; padding: 0.2em; }
     QToolButton:hover { background: @accentLight; border-color: @line; }
     QToolButton:pressed, QToolButton:checked { background: @captionActive; }
+    QToolButton:focus { border-color: @focus; }
     QStatusBar { background: @footer; border-top: 1px solid @line; }
     QCheckBox::indicator, QRadioButton::indicator { position: relative; bottom: @drop; }
-    QListWidget { outline: none; }
+    QListWidget { outline: none; border: 2px solid @line; }
+    QListWidget:focus { border-color: @focus; }
+    QLineEdit, QComboBox { background: @paper; color: @text; border: 2px solid @line; padding: 0.1em 0.3em; }
+    QLineEdit:focus, QComboBox:focus { border-color: @focus; }
     QListWidget::item { padding: @drop 0.4em 0 0.4em; background: transparent; color: @text; }
     QListWidget::item:selected { background: @accent; color: @textOnAccent; }
     QScrollBar { background: @footer; }
@@ -82,23 +93,25 @@ constexpr const char* styleSheetPattern = R"(
 )";
 
 QString styleSheet() {
+    const Colours& c = colours();
     const struct {
         const char* name;
         QColor colour;
     } names[] = {
         // A name that is the beginning of another one comes after it.
-        {"@background", background},
-        {"@paper", paper},
-        {"@textOnAccent", textOnAccent},
-        {"@text", text},
-        {"@line", line},
-        {"@accentLight", accentLight},
-        {"@accent", accent},
-        {"@frameActive", frameActive},
-        {"@frameInactive", frameInactive},
-        {"@captionActive", captionActive},
-        {"@footer", footer},
-        {"@greyedText", greyedText},
+        {"@background", c.background},
+        {"@paper", c.paper},
+        {"@textOnAccent", c.textOnAccent},
+        {"@text", c.text},
+        {"@line", c.line},
+        {"@accentLight", c.accentLight},
+        {"@accent", c.accent},
+        {"@focus", c.focus},
+        {"@frameActive", c.frameActive},
+        {"@frameInactive", c.frameInactive},
+        {"@captionActive", c.captionActive},
+        {"@footer", c.footer},
+        {"@greyedText", c.greyedText},
     };
     QString sheet = QString::fromLatin1(styleSheetPattern);
     for (const auto& [name, colour] : names) sheet.replace(QLatin1String(name), colour.name());
@@ -111,12 +124,47 @@ QString styleSheet() {
 
 }  // namespace
 
+const Colours& colours() {
+    return coloursOf(used);
+}
+
+Kind kind() {
+    return used;
+}
+
+Kind kindOfDesktop() {
+    return desktop;
+}
+
+void setKindOfDesktop(Kind kind) {
+    desktop = kind;
+}
+
 void apply(QApplication& application) {
+    const QColor window = QGuiApplication::palette().color(QPalette::Window);
+    const QColor text = QGuiApplication::palette().color(QPalette::WindowText);
+    if (contrast(window, Qt::black) < contrast(window, Qt::white))
+        desktop = window == Qt::black && contrast(window, text) > 18 ? Kind::Contrast : Kind::Dark;
     QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    QApplication::setWindowIcon(applicationIcon());
+    accessible::install();
+    used = desktop;
     QApplication::setPalette(palette());
     QToolTip::setPalette(palette());
-    QApplication::setWindowIcon(applicationIcon());
     application.setStyleSheet(styleSheet());
+}
+
+void use(Kind kind) {
+    if (std::exchange(used, kind) == kind) return;
+    QApplication::setPalette(palette());
+    QToolTip::setPalette(palette());
+    qApp->setStyleSheet(styleSheet());
+    // Widgets that a style sheet reaches are not told of another palette.
+    for (QWidget* widget : QApplication::allWidgets()) {
+        QEvent change(QEvent::PaletteChange);
+        QCoreApplication::sendEvent(widget, &change);
+        widget->update();
+    }
 }
 
 QFont controlFont(Font font) {

@@ -1,10 +1,11 @@
-// How every window of the system looks: its colours, its fonts, the unit of its distances. Windows name no colour and
-// no pixel size of their own, so that the look can be changed here and nothing is cut off at another scaling.
+// How every window of the system looks: its colours (LookColours.h), its fonts, the unit of its distances. Windows name
+// no colour and no pixel size of their own, so that the look can be changed here and nothing is cut off at another
+// scaling.
 #pragma once
 
+#include "dialogs/LookColours.h"
 #include "platform/richtext/StyledText.h"
 
-#include <QColor>
 #include <QFont>
 #include <QIcon>
 #include <QString>
@@ -19,26 +20,18 @@ class QWidget;
 
 namespace tolvan::look {
 
-// sRGB. `text` is readable (contrast above 4.5) on every background here but the accent, which takes `textOnAccent`.
-inline constexpr QColor background{0xFB, 0xFA, 0xF8};  // of windows
-inline constexpr QColor paper{0xFF, 0xFF, 0xFF};       // of text that is read or typed
-inline constexpr QColor footer{0xF1, 0xEF, 0xEB};      // strips of buttons, tool bars, status bars
-inline constexpr QColor line{0xD5, 0xD1, 0xCA};        // between parts of a window, around buttons
-inline constexpr QColor text{0x22, 0x26, 0x2E};
-inline constexpr QColor dimText{0x6B, 0x70, 0x7A};
-inline constexpr QColor greyedText{0xA6, 0xA8, 0xAD};  // of what cannot be chosen now
-inline constexpr QColor accent{0x24, 0x5A, 0xA8};
-inline constexpr QColor accentLight{0xDF, 0xE9, 0xF7};  // under the mouse, chosen lines
-inline constexpr QColor textOnAccent{0xFF, 0xFF, 0xFF};
-inline constexpr QColor captionActive{0xDD, 0xE6, 0xF3};
-inline constexpr QColor captionInactive{0xEF, 0xEE, 0xEB};
-inline constexpr QColor frameActive{0x6F, 0x8F, 0xBC};
-inline constexpr QColor frameInactive{0xC4, 0xC2, 0xBC};
-inline constexpr QColor closeHover{0xC9, 0x3A, 0x32};
-inline constexpr QColor warning{0xC2, 0x6A, 0x0C};
-
-// Gives the application this look, in place of the desktop's own; once, after the application object exists.
+// Gives the application the look that the desktop asks for, in place of the desktop's own style; once, after the
+// application object exists.
 void apply(QApplication& application);
+
+// Another look, at once and in every window: widgets are told by QEvent::PaletteChange, where colours() are the new
+// ones.
+void use(Kind kind);
+
+// What the desktop asks for: what its colours came closest to when the application started, or what has been heard of
+// since.
+Kind kindOfDesktop();
+void setKindOfDesktop(Kind kind);
 
 // Captions of buttons, menus and titles. Devanagari letters are small for their size, so they are set larger than the
 // desktop's texts.

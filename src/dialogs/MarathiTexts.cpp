@@ -46,6 +46,18 @@ constexpr Text texts[] = {
     {"Folder", "फोल्डर"},
     {"File", "फाइल"},
     {"%1 File", "%1 फाइल"},
+    {"Sidebar", "नेहमीच्या जागा"},
+    {"List of places and bookmarks", "नेहमीच्या जागांची यादी"},
+    {"Files", "फाइली"},
+    {"Go back", "मागे जा"},
+    {"Go forward", "पुढे जा"},
+    {"Go to the parent directory", "वरच्या फोल्डरमध्ये जा"},
+    {"Create a New Folder", "नवीन फोल्डर बनव"},
+    {"Change to list view mode", "यादी दाखव"},
+    {"Change to detail view mode", "तपशील दाखव"},
+    // Tabs that do not fit.
+    {"Scroll Left", "डावीकडे"},
+    {"Scroll Right", "उजवीकडे"},
     // The menu of a text field.
     {"&Undo", "रहित कर"},
     {"&Redo", "परत कर"},

@@ -8,6 +8,7 @@
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QMimeData>
 #include <QScreen>
 
 namespace tolvan {
@@ -37,7 +38,7 @@ void MessageDialog::setMessage(std::string_view fragment) {
 
 void MessageDialog::keyPressEvent(QKeyEvent* event) {
     if (event->matches(QKeySequence::Copy))
-        QGuiApplication::clipboard()->setText(view_->text());
+        QGuiApplication::clipboard()->setMimeData(view_->toMimeData().release());
     else if (!view_->scrollByKey(event->key()))
         FramedDialog::keyPressEvent(event);
 }

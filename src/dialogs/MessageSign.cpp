@@ -11,8 +11,8 @@ namespace {
 // In the order of the kinds.
 constexpr struct {
     char letter;
-    QColor colour;
-} signs[] = {{'i', look::accent}, {'?', look::accent}, {'!', look::warning}};
+    QColor look::Colours::*colour;
+} signs[] = {{'i', &look::Colours::accent}, {'?', &look::Colours::accent}, {'!', &look::Colours::warning}};
 
 }  // namespace
 
@@ -29,13 +29,13 @@ void MessageSign::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
-    painter.setBrush(colour);
+    painter.setBrush(look::colours().*colour);
     painter.drawEllipse(QRectF(rect()).adjusted(1, 1, -1, -1));
     QFont bold = font();
     bold.setBold(true);
     bold.setPixelSize(height() * 6 / 10);
     painter.setFont(bold);
-    painter.setPen(look::textOnAccent);
+    painter.setPen(look::colours().textOnAccent);
     painter.drawText(rect(), Qt::AlignCenter, QString(QLatin1Char(letter)));
 }
 

@@ -1,11 +1,14 @@
 #include "dialogs/RichTextView.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/fonts/Fonts.h"
 #include "platform/richtext/RtfReader.h"
+#include "platform/richtext/UnicodeText.h"
 
 #include <QHash>
+#include <QMimeData>
 #include <QPainter>
 #include <QScrollBar>
 #include <QTextOption>
@@ -20,10 +23,14 @@ namespace {
 constexpr int overhang = 2;
 
 QColor colourOf(const RichFormat& format) {
-    if (!format.colour) return look::text;
-    const std::uint32_t colour = *format.colour;
-    return {static_cast<int>(colour & 0xFF), static_cast<int>(colour >> 8 & 0xFF),
-            static_cast<int>(colour >> 16 & 0xFF)};
+    const look::Colours& own = look::colours();
+    if (!format.colour) return own.text;
+    const std::uint32_t value = *format.colour;
+    const QColor colour(static_cast<int>(value & 0xFF), static_cast<int>(value >> 8 & 0xFF),
+                        static_cast<int>(value >> 16 & 0xFF));
+    constexpr double readable = 4.5;  // on dark ground; messages name colours for white paper
+    const bool isLost = look::kind() != look::Kind::Light && look::contrast(colour, own.background) < readable;
+    return isLost ? own.text : colour;
 }
 
 QTextCharFormat charFormat(const RichFormat& format, const RichDocument& document) {
@@ -70,9 +77,29 @@ void layOutLine(QTextLayout& layout, const QList<QTextLayout::FormatRange>& form
     layout.endLayout();
 }
 
+class TextInterface : public accessible::ReadText {
+  public:
+    explicit TextInterface(RichTextView& view) : ReadText(view, QAccessible::StaticText), view_(view) {}
+    using ReadText::text;
+    QString content() const override { return view_.unicodeText().trimmed(); }
+    QString text(QAccessible::Text which) const override {
+        return which == QAccessible::Name && view_.accessibleName().isEmpty() ? content() : ReadText::text(which);
+    }
+    int childCount() const override { return 0; }
+
+  private:
+    RichTextView& view_;
+};
+
+QAccessibleInterface* textInterface(const QString& className, QObject* object) {
+    return className == QLatin1String("tolvan::RichTextView") ? new TextInterface(static_cast<RichTextView&>(*object))
+                                                              : nullptr;
+}
+
 }  // namespace
 
 RichTextView::RichTextView(QWidget* parent) : QAbstractScrollArea(parent) {
+    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(textInterface), true);
     setFrameShape(QFrame::NoFrame);
     setFocusPolicy(Qt::NoFocus);
     setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
@@ -80,10 +107,14 @@ RichTextView::RichTextView(QWidget* parent) : QAbstractScrollArea(parent) {
 }
 
 void RichTextView::setTextRtf(std::string_view rtf) {
+    rtf_ = rtf;
     const RichDocument document = readRtf(rtf);
     QList<QTextLayout::FormatRange> formats;
     int start = 0;
+    unicode_.clear();
+    html_.clear();
     for (const auto& [length, format] : document.runs) {
+        addUnicode(document, static_cast<std::size_t>(start), length, format);
         formats.append({start, static_cast<int>(length), charFormat(format, document)});
         start += static_cast<int>(length);
     }
@@ -98,6 +129,40 @@ void RichTextView::setTextRtf(std::string_view rtf) {
         begin = end + 2;
     }
     layOut();
+}
+
+// A run of one format. Characters beyond 8 bits stand in `wide`.
+void RichTextView::addUnicode(const RichDocument& document, std::size_t start, std::size_t length,
+                              const RichFormat& format) {
+    QString text;
+    std::size_t done = start;
+    const auto add = [&](std::size_t end) {
+        text += QString::fromStdString(unicodeOf(document.text.view().substr(done, end - done)));
+        done = end;
+    };
+    for (const auto& [position, unit] : document.wide) {
+        if (position < start || position >= start + length) continue;
+        add(position);
+        text += QChar(unit);
+        ++done;
+    }
+    add(start + length);
+    text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
+    unicode_ += text;
+    html_ += QStringLiteral("<span style=\"color:%1\">%2</span>").arg(colourOf(format).name(), text.toHtmlEscaped());
+}
+
+std::unique_ptr<QMimeData> RichTextView::toMimeData() const {
+    auto copied = std::make_unique<QMimeData>();
+    copied->setText(unicode_.trimmed());
+    copied->setHtml(QStringLiteral("<div style=\"white-space: pre-wrap; background-color:%1\">%2</div>")
+                        .arg(look::colours().paper.name(), html_));
+    return copied;
+}
+
+void RichTextView::changeEvent(QEvent* event) {
+    QAbstractScrollArea::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && !rtf_.empty()) setTextRtf(std::string(rtf_));
 }
 
 void RichTextView::addParagraph(const QString& text, QList<QTextLayout::FormatRange> formats) {
@@ -169,7 +234,7 @@ QSize RichTextView::sizeFor(QSize most) const {
 
 void RichTextView::paintEvent(QPaintEvent* event) {
     QPainter painter(viewport());
-    painter.setPen(look::text);
+    painter.setPen(look::colours().text);
     painter.translate(0, -verticalScrollBar()->value());
     const QRect shown = event->rect().translated(0, verticalScrollBar()->value());
     for (const auto& [paragraph, range, top] : lines_) {

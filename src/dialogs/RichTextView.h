@@ -6,10 +6,17 @@
 #include <QAbstractScrollArea>
 #include <QTextLayout>
 
+#include <memory>
+#include <string>
 #include <string_view>
 #include <vector>
 
+class QMimeData;
+
 namespace tolvan {
+
+struct RichDocument;
+struct RichFormat;
 
 class RichTextView : public QAbstractScrollArea {
     Q_OBJECT
@@ -25,6 +32,9 @@ class RichTextView : public QAbstractScrollArea {
 
     // The characters shown, paragraphs parted by line feeds.
     QString text() const;
+    QString unicodeText() const { return unicode_; }
+    // The text in Unicode, with its colours for whatever takes them.
+    std::unique_ptr<QMimeData> toMimeData() const;
 
     // The size in which the whole text is comfortably read; not larger than `most`, within which it scrolls.
     QSize sizeFor(QSize most) const;
@@ -33,6 +43,7 @@ class RichTextView : public QAbstractScrollArea {
     bool scrollByKey(int key);
 
   protected:
+    void changeEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
 
@@ -50,6 +61,7 @@ class RichTextView : public QAbstractScrollArea {
         double top;
     };
 
+    void addUnicode(const RichDocument& document, std::size_t start, std::size_t length, const RichFormat& format);
     void addParagraph(const QString& text, QList<QTextLayout::FormatRange> formats);
     static void measure(Paragraph& paragraph, qsizetype begin, qsizetype end);
     std::vector<Line> linesFor(double width) const;
@@ -58,6 +70,9 @@ class RichTextView : public QAbstractScrollArea {
     int narrowestOfHeight(int height, int width) const;
     void layOut();
 
+    std::string rtf_;
+    QString unicode_;
+    QString html_;
     std::vector<Paragraph> paragraphs_;
     std::vector<Line> lines_;  // of paragraphs_, at the view's present width
 };

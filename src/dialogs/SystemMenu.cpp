@@ -1,5 +1,6 @@
 #include "dialogs/SystemMenu.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "platform/encoding/Deva.h"
 
@@ -23,6 +24,7 @@ const struct {
 
 SystemMenu::SystemMenu(QWidget& window, bool resizable) : QMenu(&window), window_(window) {
     setFont(look::controlFont(Font::Devanagari));
+    setAccessibleName(accessible::unicode("iofkIcI yadI"_deva));
     for (const auto& [command, caption, forFixedToo] : commands) {
         if (!resizable && !forFixedToo) continue;
         if (command == SystemCommand::Close) addSeparator();

@@ -4,6 +4,7 @@
 #include "dialogs/ResizeGrip.h"
 #include "dialogs/WindowMover.h"
 #include "platform/fonts/FontEncoding.h"
+#include "platform/richtext/UnicodeText.h"
 
 #include <QEvent>
 #include <QPainter>
@@ -60,6 +61,7 @@ WindowFrame::WindowFrame(QWidget& window, Kind kind)
 void WindowFrame::setTitle(StyledView title, const QString& name) {
     bar_->setTitle(title, name);
     window_.setWindowTitle(desktopTitle(title, name));
+    window_.setAccessibleName(QString::fromStdString(unicodeOf(title)).simplified() + QLatin1Char(' ') + name);
 }
 
 void WindowFrame::perform(SystemCommand command) {
@@ -137,8 +139,8 @@ void WindowFrame::paintBorder() {
     const bool active = bar_->isActive();
     const QRect inner = window_.contentsRect();
     painter.setClipRegion(QRegion(window_.rect()) - inner);
-    painter.fillRect(window_.rect(), active ? look::captionActive : look::captionInactive);
-    painter.setPen(active ? look::frameActive : look::frameInactive);
+    painter.fillRect(window_.rect(), active ? look::colours().captionActive : look::colours().captionInactive);
+    painter.setPen(active ? look::colours().frameActive : look::colours().frameInactive);
     if (border() > 0) painter.drawRect(window_.rect().adjusted(0, 0, -1, -1));
 }
 

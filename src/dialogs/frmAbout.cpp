@@ -1,5 +1,6 @@
 #include "dialogs/frmAbout.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Dialogs.h"
 #include "dialogs/Look.h"
 #include "dialogs/SystemInformation.h"
@@ -14,14 +15,14 @@
 namespace tolvan {
 namespace {
 
-void addLine(QVBoxLayout& lines, const QString& text, const QFont& font, const QColor& colour) {
+void addLine(QVBoxLayout& lines, const QString& text, const QFont& font, QPalette::ColorRole colour) {
     auto* label = new QLabel;
     label->setTextFormat(Qt::PlainText);
     label->setText(text);
     label->setFont(font);
-    QPalette palette = label->palette();
-    palette.setColor(QPalette::WindowText, colour);
-    label->setPalette(palette);
+    const bool inCodes = font.families() == look::controlFont(Font::Devanagari).families();
+    label->setAccessibleName(inCodes ? accessible::unicode(text) : text);
+    label->setForegroundRole(colour);
     lines.addWidget(label);
 }
 
@@ -37,12 +38,13 @@ frmAbout::frmAbout(QWidget* parent) : FramedDialog("tolvn beisk bÎl"_deva, pare
     const QFont latin = look::controlFont(Font::Latin);
 
     auto* picture = new QLabel;
+    picture->setAccessibleName(QStringLiteral("Tolvan Basic"));
     picture->setPixmap(look::applicationIcon().pixmap(look::em(5), look::em(5)));
     auto* lines = new QVBoxLayout;
     lines->setSpacing(look::em(0.2));
-    addLine(*lines, toQString("tolvn beisk"_deva), enlarged(devanagari, 1.8), look::accent);
-    addLine(*lines, QStringLiteral("Tolvan Basic " TOLVAN_VERSION), latin, look::text);
-    addLine(*lines, toQString("mraQIt àayaejn ilih{yasaQI"_deva), devanagari, look::dimText);
+    addLine(*lines, toQString("tolvn beisk"_deva), enlarged(devanagari, 1.8), QPalette::Link);
+    addLine(*lines, QStringLiteral("Tolvan Basic " TOLVAN_VERSION), latin, QPalette::WindowText);
+    addLine(*lines, toQString("mraQIt àayaejn ilih{yasaQI"_deva), devanagari, QPalette::PlaceholderText);
     body().addWidget(picture);
     body().addLayout(lines, 1);
 

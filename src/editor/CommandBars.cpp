@@ -1,5 +1,6 @@
 #include "editor/CommandBars.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "editor/Commands.h"
 #include "editor/EditorMenu.h"
@@ -10,6 +11,7 @@
 #include <QEvent>
 #include <QFile>
 #include <QHelpEvent>
+#include <QImage>
 #include <QMenuBar>
 #include <QShortcut>
 #include <QToolBar>
@@ -26,11 +28,29 @@ namespace {
 
 constexpr int iconSize = 16;  // logical pixels
 
+// The same colours, dark ones light.
+QPixmap forDarkGround(QImage picture) {
+    picture = picture.convertToFormat(QImage::Format_ARGB32);
+    for (int y = 0; y < picture.height(); ++y) {
+        for (int x = 0; x < picture.width(); ++x) {
+            const QColor colour = picture.pixelColor(x, y).toHsl();
+            const float lightness = std::max(colour.lightnessF(), 1 - 0.75F * colour.lightnessF());
+            picture.setPixelColor(
+                x, y, QColor::fromHslF(colour.hslHueF(), colour.hslSaturationF(), lightness, colour.alphaF()));
+        }
+    }
+    return QPixmap::fromImage(picture);
+}
+
 QIcon iconOf(const char* key) {
     QIcon icon;
-    for (const int size : {16, 32}) {
+    for (const int size : {16, 32, 64}) {
         const QString file = QStringLiteral(":/tolvan/editor/%1-%2.png").arg(QLatin1String(key)).arg(size);
-        if (QFile::exists(file)) icon.addFile(file);
+        if (!QFile::exists(file)) continue;
+        if (look::kind() == look::Kind::Light)
+            icon.addFile(file);
+        else
+            icon.addPixmap(forDarkGround(QImage(file)));
     }
     return icon;
 }
@@ -80,11 +100,13 @@ CommandBars::CommandBars(QWidget& window)
       barsMenu_(new EditorMenu(&window)) {
     loadResources();
     menuBar_->setObjectName(QStringLiteral("TopMenu"));
+    menuBar_->setAccessibleName(accessible::unicode("yadI"_deva));
     menuBar_->setFont(look::controlFont(Font::Devanagari));
     for (const Menu& menu : editorMenus()) addMenu(menu);
     addToolBar();
     addToolBarItem();
     addShortcuts();
+    toolBar_->installEventFilter(this);
 }
 
 QAction* CommandBars::addAction(const char* key, const QString& caption) {
@@ -100,6 +122,7 @@ QAction* CommandBars::addAction(const char* key, const QString& caption) {
 void CommandBars::addMenu(const Menu& menu) {
     auto* shown = new EditorMenu(menuBar_);
     shown->setObjectName(QLatin1String(menu.key));
+    shown->setAccessibleName(accessible::unicode(menu.caption));
     QAction* top = shown->menuAction();
     top->setText(look::captionText(menu.caption));
     menuBar_->addAction(top);
@@ -119,9 +142,12 @@ void CommandBars::addMenu(const Menu& menu) {
 
 void CommandBars::addToolBar() {
     toolBar_->setObjectName(QStringLiteral("asxToolbar1"));
+    toolBar_->setAccessibleName(accessible::unicode(item(toolBarKey)->text()));
     toolBar_->setIconSize({iconSize, iconSize});
     toolBar_->setToolButtonStyle(Qt::ToolButtonIconOnly);
     toolBar_->setMovable(false);
+    if (auto* const more = toolBar_->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button")))
+        more->setAccessibleName(accessible::unicode("Aa[oI"_deva));
     for (const ToolButton& button : toolButtons()) {
         if (button.key == nullptr) {
             toolBar_->addSeparator();
@@ -133,6 +159,8 @@ void CommandBars::addToolBar() {
         toolBar_->addAction(action);
         auto& control = *qobject_cast<QToolButton*>(toolBar_->widgetForAction(action));
         control.setObjectName(QLatin1String(button.key));
+        control.setAccessibleName(accessible::unicode(button.caption));
+        control.setAccessibleDescription(accessible::unicode(button.toolTip));
         control.setFocusPolicy(Qt::TabFocus);
         new DescribedButton(control, [this, toolTip](bool on) { emit described(on ? toolTip : QString()); });
     }
@@ -165,6 +193,13 @@ void CommandBars::setEnabled(const char* key, bool enabled) {
 QAction* CommandBars::item(const char* key) const {
     const QList<QAction*> actions = actions_.values(key);
     return actions.isEmpty() ? nullptr : actions.constLast();
+}
+
+bool CommandBars::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::PaletteChange)
+        for (auto action = actions_.cbegin(); action != actions_.cend(); ++action)
+            (*action)->setIcon(iconOf(action.key().constData()));
+    return QObject::eventFilter(watched, event);
 }
 
 bool CommandBars::isEnabled(const char* key) const {

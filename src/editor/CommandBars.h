@@ -42,6 +42,9 @@ class CommandBars : public QObject {
     // A menu was opened or a button pointed at: what is in it, font-encoded. Empty when that is over.
     void described(const QString& text);
 
+  protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
   private:
     void addMenu(const Menu& menu);
     void addToolBar();

@@ -201,8 +201,8 @@ bool EditorDocument::FileSaveAs() {
 
 bool EditorDocument::FileSaveUnicode() {
     const QString folder = path_.isEmpty() ? saveFolder_ : QFileInfo(path_).absolutePath();
-    FileRequest request = programFileRequest(QStringLiteral("Save Unicode Text As..."), folder);
-    request.kind = QStringLiteral("Unicode Text");
+    FileRequest request = programFileRequest(QStringLiteral("युनिकोड मजकूर म्हणून साठव"), folder);
+    request.kind = QStringLiteral("युनिकोड मजकूर");
     request.suffix = QStringLiteral("txt");
     request.name = toQString(caption_);
     const QString chosen = askSaveFile(request);

@@ -25,7 +25,7 @@ void EditorMenu::paintEvent(QPaintEvent* event) {
     painter.setFont(look::controlFont(Font::Latin));
     for (const QAction* action : actions()) {
         if (!action->isVisible() || action->shortcut().isEmpty()) continue;
-        painter.setPen(action->isEnabled() ? look::dimText : look::greyedText);
+        painter.setPen(action->isEnabled() ? look::colours().dimText : look::colours().greyedText);
         const QRect area = actionGeometry(const_cast<QAction*>(action)).adjusted(0, 0, -look::em(1), 0);
         painter.drawText(area, Qt::AlignRight | Qt::AlignVCenter,
                          action->shortcut().toString(QKeySequence::NativeText));

@@ -1,5 +1,6 @@
 #include "editor/EditorStatusBar.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "dialogs/StyledLine.h"
 #include "platform/encoding/Deva.h"
@@ -26,7 +27,10 @@ constexpr double wholeWidth = 211;  // of a program with as many lines as charac
 // One line in the fonts of its text.
 class StyledPanel : public QWidget {
   public:
-    explicit StyledPanel(QWidget* parent) : QWidget(parent) { setMinimumWidth(1); }
+    explicit StyledPanel(QWidget* parent) : QWidget(parent) {
+        setMinimumWidth(1);
+        accessible::setRole(*this, QAccessible::StaticText);
+    }
 
     void setText(const StyledText& text) {
         text_ = controlText(text);
@@ -39,7 +43,7 @@ class StyledPanel : public QWidget {
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        drawStyledLine(painter, QRectF(rect()).adjusted(look::em(0.5), 0, 0, 0), text_, look::text);
+        drawStyledLine(painter, QRectF(rect()).adjusted(look::em(0.5), 0, 0, 0), text_, look::colours().text);
     }
 
   private:
@@ -59,10 +63,11 @@ EditorStatusBar::EditorStatusBar(QWidget* parent)
       progress_(addPanel("panel4", 0)),
       text_(new StyledPanel(this)) {
     setObjectName(QStringLiteral("StatusBar1"));
+    setAccessibleName(accessible::unicode("iSwtI"_deva));
     setSizeGripEnabled(false);
     line_->setMinimumWidth(look::em(6));
     progress_->setAutoFillBackground(true);
-    progress_->setPalette(look::accent);
+    progress_->setBackgroundRole(QPalette::Highlight);
     hideProgress();
     text_->setObjectName(QStringLiteral("panelText"));
     insertWidget(3, text_, 4);
@@ -82,11 +87,13 @@ QLabel* EditorStatusBar::addPanel(const char* name, int stretch) {
 
 void EditorStatusBar::showLine(int line) {
     line_->setText(toQString("Aae¦ "_deva) + QString::number(line));
+    line_->setAccessibleName(accessible::unicode(line_->text()));
 }
 
 void EditorStatusBar::showMessage(std::string_view text) {
     message_->setTextFormat(Qt::PlainText);
     message_->setText(toQString(text));
+    message_->setAccessibleName(accessible::unicode(text));
 }
 
 void EditorStatusBar::showRefused(std::u32string_view characters) {
@@ -97,11 +104,13 @@ void EditorStatusBar::showRefused(std::u32string_view characters) {
     message_->setText(QStringLiteral("%1 <span style=\"font-family: '%2'\">%3</span>")
                           .arg(toQString("he #we ilihta yet nahI"_deva).toHtmlEscaped(),
                                look::controlFont(Font::Latin).family(), shown.toHtmlEscaped()));
+    message_->setAccessibleName(accessible::unicode("he #we ilihta yet nahI"_deva) + QLatin1Char(' ') + shown);
 }
 
 void EditorStatusBar::showDescription(const QString& text) {
     description_->setTextFormat(Qt::PlainText);
     description_->setText(text);
+    description_->setAccessibleName(accessible::unicode(text));
 }
 
 void EditorStatusBar::showLeftOut(const std::string& word) {
@@ -111,6 +120,8 @@ void EditorStatusBar::showLeftOut(const std::string& word) {
     description_->setText(QStringLiteral("<span style='font-family: \"%1\"'>%2</span> %3")
                               .arg(look::controlFont(Font::Latin).families().join(QLatin1String("\",\"")),
                                    QString::fromStdString(word), toQString(readsAsNothing).toHtmlEscaped()));
+    description_->setAccessibleName(QString::fromStdString(word) + QLatin1Char(' ') +
+                                    accessible::unicode(readsAsNothing));
 }
 
 void EditorStatusBar::showText(const StyledText& text) {

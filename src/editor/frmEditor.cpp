@@ -1,5 +1,6 @@
 #include "editor/frmEditor.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Dialogs.h"
 #include "dialogs/Look.h"
 #include "dialogs/WindowFrame.h"
@@ -84,6 +85,8 @@ frmEditor::frmEditor(EditorState& state, Settings& settings, EditorServices serv
     setObjectName(QStringLiteral("frmEditor"));
     txtRoman_->setObjectName(QStringLiteral("txtRoman"));
     txtProgram_->setObjectName(QStringLiteral("txtProgram"));
+    txtRoman_->setAccessibleName(accessible::unicode("raemn A]rat àayaejn"_deva));
+    txtProgram_->setAccessibleName(accessible::unicode("devnagrIt àayaejn"_deva));
     setAcceptDrops(true);
     setUpLayout();
     connectPanes();
@@ -423,9 +426,16 @@ void frmEditor::setHelpFile(const QString& path) {
     bars_->setEnabled("HelpHelp", !path.isEmpty());
 }
 
+// That of the finding, or else of the word.
+std::string frmEditor::helpTopicAtCaret() const {
+    if (txtProgram_->hasFocus()) return txtProgram_->wordAtCaret();
+    const std::string_view finding = guide::helpTopic(guide_->kindAtCaret());
+    return LineConvert(finding.empty() ? txtRoman_->wordAtCaret() : std::string(finding));
+}
+
 void frmEditor::HelpHelp() {
     if (helpFile_.isEmpty()) return;
-    const QString topic = toQString(LineConvert(guide::helpTopic(guide_->kindAtCaret())));
+    const QString topic = toQString(helpTopicAtCaret());
     if (!services_.showHelp || !services_.showHelp(helpFile_, topic)) ShowMessage(messages::helpFailed());
 }
 

@@ -161,6 +161,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void textChanged();
     void Timer1_Tick();
     void keepDiscarded();
+    std::string helpTopicAtCaret() const;
     void openDropped(const QStringList& paths);
     void openRecent(int slot);
     void toggleToolBar(const QByteArray& key);

@@ -1,5 +1,6 @@
 #include "editor/frmExamples.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "editor/WholeFile.h"
 #include "platform/encoding/Deva.h"
@@ -32,6 +33,7 @@ frmExamples::frmExamples(const QString& folder, QWidget* parent)
     : FramedDialog("%dahr[e"_deva, parent), lstExamples_(new QListWidget) {
     setObjectName(QStringLiteral("frmExamples"));
     lstExamples_->setObjectName(QStringLiteral("lstExamples"));
+    lstExamples_->setAccessibleName(accessible::unicode("%dahr[e"_deva));
     lstExamples_->setViewMode(QListView::IconMode);
     lstExamples_->setMovement(QListView::Static);
     lstExamples_->setResizeMode(QListView::Adjust);
@@ -65,6 +67,7 @@ void frmExamples::addProgram(const QString& path) {
     const QIcon picture(file.dir().filePath(QStringLiteral("pictures/%1.png").arg(file.completeBaseName())));
     auto* const item = new QListWidgetItem(picture, toQString(ReplaceRomanChars(program.caption)), lstExamples_);
     item->setData(Qt::UserRole, path);
+    item->setData(Qt::AccessibleTextRole, accessible::unicode(item->text()));
 }
 
 QString frmExamples::chosen() const {

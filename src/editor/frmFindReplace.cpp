@@ -1,5 +1,6 @@
 #include "editor/frmFindReplace.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Dialogs.h"
 #include "dialogs/Look.h"
 #include "editor/FindText.h"
@@ -33,6 +34,7 @@ template <class Control>
 Control* addDevanagari(std::string_view caption, const QString& name, QWidget* parent) {
     auto* control = new Control(look::captionText(caption), parent);
     control->setObjectName(name);
+    control->setAccessibleName(accessible::unicode(caption));
     control->setFont(look::controlFont(Font::Devanagari));
     return control;
 }
@@ -61,11 +63,13 @@ void frmFindReplace::addTextRow(QGridLayout& grid, const char* name, std::string
     box->setObjectName(QLatin1String(name));
     box->setFont(look::controlFont(Font::Latin));
     box->setMinimumWidth(look::em(22));
-    new DevanagariInput(*box, std::make_unique<LineEditText>(*box, box->maxLength()));  // the box owns it
+    auto* const typed = new DevanagariInput(*box, std::make_unique<LineEditText>(*box, box->maxLength()));
+    connect(typed, &DevanagariInput::refused, this, [this] { note("he icNh ilihta yet nahI"_deva); });
     auto* shown = new RomanPreview(*box, spelledAsShown);
     shown->setObjectName(QLatin1String(name) + QLatin1String("Devnag"));
     auto* caption = addDevanagari<QLabel>(label, {}, this);
     caption->setBuddy(box);
+    box->setAccessibleName(caption->accessibleName());
     grid.addWidget(caption, row, 0);
     grid.addWidget(box, row, 1);
     grid.addWidget(shown, row + 1, 1);
@@ -122,6 +126,7 @@ void frmFindReplace::takeSelection() {
 
 void frmFindReplace::note(std::string_view text) {
     lblNote_->setText(toQString(text));
+    lblNote_->setAccessibleName(accessible::unicode(text));
     emit noted(lblNote_->text());
 }
 

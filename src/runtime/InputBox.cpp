@@ -60,7 +60,8 @@ InputBox::InputBox(QWidget* parent) : QLineEdit(parent) {
     setFont(consoleFont(Font::Latin));
     setValidator(new Text(*this));
     setContextMenuPolicy(Qt::NoContextMenu);
-    new DevanagariInput(*this, std::make_unique<LineEditText>(*this, mostCharacters));  // this box owns it
+    auto* const typed = new DevanagariInput(*this, std::make_unique<LineEditText>(*this, mostCharacters));
+    connect(typed, &DevanagariInput::refused, this, &InputBox::refused);
 }
 
 std::string InputBox::roman() const {

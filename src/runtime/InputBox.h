@@ -26,6 +26,8 @@ class InputBox : public QLineEdit {
     // What was pasted did not fit and has been cut.
     void wasCut();
     void focusLost();
+    // A Devanagari character was typed that cannot be taken.
+    void refused();
 
   protected:
     void keyPressEvent(QKeyEvent* event) override;

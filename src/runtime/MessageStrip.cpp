@@ -1,6 +1,7 @@
 #include "runtime/MessageStrip.h"
 
 #include "dialogs/Look.h"
+#include "platform/richtext/UnicodeText.h"
 
 #include <cmath>
 #include <utility>
@@ -15,12 +16,15 @@ constexpr float ruler = 2;  // over the text
 
 MessageStrip::MessageStrip(PictureBox& display) : PictureBox(&display), text_(*this) {
     setFocusPolicy(Qt::NoFocus);
-    setForeground(look::accentLight);
+    setForeground(look::console::note);
     hide();
 }
 
 void MessageStrip::tell(std::vector<std::string> sentences) {
     sentences_ = std::move(sentences);
+    std::string together;
+    for (const std::string& sentence : sentences_) together += unicodeOfInternalText(sentence) + '\n';
+    setAccessibleName(QString::fromStdString(together).trimmed());
     show();
     raise();
     placeAtBottom();
@@ -40,7 +44,7 @@ void MessageStrip::placeAtBottom() {
 
 void MessageStrip::draw() {
     Cls();
-    Box(0, 0, ScaleWidth(), ruler - 1, look::accent, FillStyle::Solid);
+    Box(0, 0, ScaleWidth(), ruler - 1, look::console::selection, FillStyle::Solid);
     const bool onOneLine = ScaleHeight() < 2 * text_.LineHeight();
     CurrentX = ConsoleText::leftMargin;
     CurrentY = ruler;

@@ -290,7 +290,7 @@ void ScrollBack::drawSelection(std::size_t line, float y) {
     const auto edge = [&edges](std::size_t character) { return edges[std::min(character, edges.size() - 1)]; };
     const float left = line == from.line ? edge(from.character) : ConsoleText::leftMargin;
     const float right = line == to.line ? edge(to.character) - 1 : ScaleWidth();
-    if (right >= left) Box(left, y, right, y + text_.LineHeight() - 1, look::accent, FillStyle::Solid);
+    if (right >= left) Box(left, y, right, y + text_.LineHeight() - 1, look::console::selection, FillStyle::Solid);
 }
 
 // Shows which part of all lines is in view, and that this is not the display itself.
@@ -301,9 +301,9 @@ void ScrollBack::drawScrollBar() {
     const float from = static_cast<float>(top_ - lines.begin()) / count * ScaleHeight();
     const float length = std::max(shown / count * ScaleHeight(), text_.LineHeight() / 2);
     const float left = ScaleWidth() - barWidth;
-    Box(left, 0, ScaleWidth(), ScaleHeight(), look::text, FillStyle::Solid);
+    Box(left, 0, ScaleWidth(), ScaleHeight(), look::console::track, FillStyle::Solid);
     Box(left, std::min(from, ScaleHeight() - length), ScaleWidth(), std::min(from + length, ScaleHeight()),
-        look::accentLight, FillStyle::Solid);
+        look::console::note, FillStyle::Solid);
 }
 
 }  // namespace tolvan

@@ -1,10 +1,12 @@
 #include "runtime/frmExec.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Dialogs.h"
 #include "dialogs/WindowFrame.h"
 #include "dialogs/frmAbout.h"
 #include "platform/encoding/Deva.h"
 #include "platform/transliteration/MarkRoman.h"
+#include "runtime/ConsoleReader.h"
 #include "runtime/DataFiles.h"
 #include "runtime/InputBox.h"
 #include "runtime/MessageStrip.h"
@@ -71,6 +73,7 @@ frmExec::frmExec(ProgramRun& run, ProgramMarker* editor)
       size_(*this, *frame_),
       display_(new PictureBox(this)),
       text_(*display_),
+      reader_(new ConsoleReader(*display_, text_)),
       inputBoxTip_(new PictureBox(display_)),
       inputBox_(new InputBox(display_)),
       inputNote_(new PictureBox(display_)),
@@ -84,6 +87,7 @@ frmExec::frmExec(ProgramRun& run, ProgramMarker* editor)
     inputNote_->setObjectName(QStringLiteral("InputNote"));
     setUpSystemMenu();
     updateTitle();
+    display_->setAccessibleName(accessible::unicode("inkal"_deva));
     setUpControls();
     executor_.setTimeout(-1);
     executor_.setLongestText(longestText);
@@ -110,6 +114,7 @@ void frmExec::setUpControls() {
     }
     connect(inputBox_, &InputBox::textChanged, this, &frmExec::inputChanged);
     connect(inputBox_, &InputBox::wasCut, this, &frmExec::inputWasCut);
+    connect(inputBox_, &InputBox::refused, this, [this] { tellInNote("he icNh ilihta yet nahI{.}"_deva); });
     connect(inputBox_, &InputBox::entered, this, &frmExec::inputEntered);
     connect(inputBox_, &InputBox::focusLost, this, &frmExec::inputLostFocus);
     for (QWidget* const watched :
@@ -125,6 +130,7 @@ void frmExec::updateTitle() {
 
 void frmExec::PrintString(std::string_view text) {
     text_.PrintString(text);
+    reader_->printed();
 }
 
 void frmExec::ClearScreen() {

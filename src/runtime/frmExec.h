@@ -20,6 +20,7 @@ class QKeyEvent;
 
 namespace tolvan {
 
+class ConsoleReader;
 class InputBox;
 class MessageStrip;
 class ModuleLines;
@@ -115,6 +116,7 @@ class frmExec : public QWidget, public ConsoleOperations {
     ConsoleSize size_;
     PictureBox* display_;
     ConsoleText text_;
+    ConsoleReader* reader_;
     PictureBox* inputBoxTip_;
     InputBox* inputBox_;
     PictureBox* inputNote_;

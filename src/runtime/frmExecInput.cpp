@@ -1,7 +1,10 @@
 // The part of frmExec that waits for the user: for a line of input, typed in Roman letters into the input box while the
 // tip shows on the console's current line what the letters mean; and for a time to pass.
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "platform/encoding/Deva.h"
+#include "platform/richtext/UnicodeText.h"
+#include "runtime/ConsoleReader.h"
 #include "runtime/InputBox.h"
 #include "runtime/ProgramRun.h"
 #include "runtime/ScrollBack.h"
@@ -30,6 +33,7 @@ std::optional<std::string> frmExec::InputString() {
     if (!run_.IsRunning()) return std::nullopt;
     text_.eraseLine();
     text_.printRuns(value);
+    reader_->printed();
     return value;
 }
 
@@ -51,6 +55,8 @@ void frmExec::beginInput() {
     scrollBack_->leave();
     display_->ShowNow();
     inputBox_->clear();
+    const QString question = reader_->lastLine().trimmed();
+    inputBox_->setAccessibleName(question.isEmpty() ? accessible::unicode("%Är"_deva) : question);
     inputBox_->show();
     inputBoxTip_->show();
     placeInput();
@@ -85,7 +91,9 @@ void frmExec::inputChanged() {
     const int mostWidth = display_->width() - inputBoxTip_->x();
     inputBoxTip_->resize(mostWidth, qRound(std::ceil(text_.LineHeight())));
     inputBoxTip_->Cls();
-    text_.drawRuns(*inputBoxTip_, std::string("*a{: }"_deva) + inputValue(inputBox_->roman()));
+    const std::string tip = std::string("*a{: }"_deva) + inputValue(inputBox_->roman());
+    text_.drawRuns(*inputBoxTip_, tip);
+    inputBoxTip_->setAccessibleName(QString::fromStdString(unicodeOfInternalText(tip)));
     inputBoxTip_->resize(std::clamp(qRound(std::ceil(inputBoxTip_->CurrentX)), 1, mostWidth), inputBoxTip_->height());
     inputBox_->fitText(mostWidth);
     tellAboutLength();
@@ -107,8 +115,9 @@ void frmExec::tellInNote(std::string_view sentence) {
     const bool isNew = inputNote_->isHidden();
     inputNote_->resize(display_->width() - inputBoxTip_->x(), qRound(std::ceil(text_.LineHeight())));
     inputNote_->Cls();
-    inputNote_->setForeground(look::accentLight);
+    inputNote_->setForeground(look::console::note);
     text_.drawRuns(*inputNote_, sentence);
+    inputNote_->setAccessibleName(QString::fromStdString(unicodeOfInternalText(sentence)));
     inputNote_->show();
     if (isNew) placeInput();
 }

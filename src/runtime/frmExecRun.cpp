@@ -1,5 +1,6 @@
 // The part of frmExec that runs a program, from the compiled script to the end messages or the marked line.
 #include "platform/encoding/Deva.h"
+#include "runtime/ConsoleReader.h"
 #include "runtime/MarkFailingLine.h"
 #include "runtime/MessageStrip.h"
 #include "runtime/ProgramMarker.h"
@@ -30,6 +31,7 @@ void frmExec::prepareDisplay() {
     scrollBack_->leave();
     strip_->hide();
     text_.reset();
+    reader_->printed();
     hasDrawn_ = false;
 }
 
@@ -48,7 +50,10 @@ bool frmExec::goesOnAfter(const script::ErrorReport& error, const ModuleLines& l
 // What the program has drawn must stay: then the messages are shown in a strip below.
 void frmExec::printEnd() {
     constexpr std::string_view messages[] = {"he àayaejn wa<blele Aahe"_deva, "b<d kr\\{yasaQI kae[tehI bq[ daba"_deva};
-    if (hasDrawn_) return strip_->tell({std::string(messages[0]), std::string(messages[1])});
+    if (hasDrawn_) {
+        reader_->tell({std::string(messages[0]), std::string(messages[1])});
+        return strip_->tell({std::string(messages[0]), std::string(messages[1])});
+    }
     PrintString(" ");
     PrintString(" ");
     for (const std::string_view message : messages) PrintString(message);

@@ -18,7 +18,19 @@ constexpr Preference table[] = {
     {"MendWords", "cuklele zBd AapaeAap ÊéSt kr"_deva, &EditorState::MendWords},
 };
 
+const QString lookKey = QStringLiteral("Look");
+constexpr LookChoice looks[] = {
+    {"Desktop", "s<g[kaàma[e"_deva, {}},
+    {"Light", "%j¦"_deva, look::Kind::Light},
+    {"Dark", "gfd"_deva, look::Kind::Dark},
+    {"Contrast", "Q¦k"_deva, look::Kind::Contrast},
+};
+
 }  // namespace
+
+std::span<const LookChoice> lookChoices() {
+    return looks;
+}
 
 std::span<const Preference> preferences() {
     return table;
@@ -27,11 +39,16 @@ std::span<const Preference> preferences() {
 void readPreferences(const Settings& settings, EditorState& state) {
     for (const Preference& each : table)
         state.*each.value = readSetting(settings.GetSetting(section, QLatin1String(each.key)), true);
+    state.Look = {};
+    for (const LookChoice& choice : looks)
+        if (settings.GetSetting(section, lookKey) == QLatin1String(choice.value)) state.Look = choice.kind;
 }
 
 void savePreferences(Settings& settings, const EditorState& state) {
     for (const Preference& each : table)
         settings.SaveSetting(section, QLatin1String(each.key), QString::number(state.*each.value ? 1 : 0));
+    for (const LookChoice& choice : looks)
+        if (choice.kind == state.Look) settings.SaveSetting(section, lookKey, QLatin1String(choice.value));
 }
 
 }  // namespace tolvan

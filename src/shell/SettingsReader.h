@@ -1,6 +1,9 @@
 // Reads and writes the preferences among the user's settings.
 #pragma once
 
+#include "dialogs/LookColours.h"
+
+#include <optional>
 #include <span>
 #include <string_view>
 
@@ -18,7 +21,15 @@ struct Preference {
 // In the order in which they are shown.
 std::span<const Preference> preferences();
 
-// All are on where the settings say nothing, or nothing that is a yes or a no.
+struct LookChoice {
+    const char* value;         // of the setting "Look"
+    std::string_view caption;  // of its button, which is "optLook" and the value
+    std::optional<look::Kind> kind;
+};
+std::span<const LookChoice> lookChoices();
+
+// All are on where the settings say nothing, or nothing that is a yes or a no; the look is the
+// desktop's.
 void readPreferences(const Settings& settings, EditorState& state);
 
 // Written as "1" and "0".

@@ -1,5 +1,6 @@
 #include "shell/frmPreferences.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Dialogs.h"
 #include "dialogs/Look.h"
 #include "editor/RecentFiles.h"
@@ -15,6 +16,8 @@
 #include <QLineEdit>
 #include <QPointer>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QTabBar>
 #include <QTabWidget>
 
 namespace tolvan {
@@ -26,6 +29,7 @@ template <class Control>
 Control* addDevanagari(std::string_view caption, const QString& name, QLayout& layout) {
     auto* control = new Control(look::captionText(caption));
     control->setObjectName(name);
+    control->setAccessibleName(accessible::unicode(caption));
     control->setFont(look::controlFont(Font::Devanagari));
     layout.addWidget(control);
     return control;
@@ -46,8 +50,14 @@ frmPreferences::frmPreferences(frmEditor& editor) : FramedDialog("tolvn beisk in
     tabs->setObjectName(QStringLiteral("SSTab1"));
     tabs->setFont(look::controlFont(Font::Devanagari));
     tabs->setMinimumWidth(look::em(26));
-    tabs->addTab(runPage(), look::captionText("samaNy"_deva));
-    tabs->addTab(programPage(), look::captionText("àayaejnabÎl"_deva));
+    const auto add = [tabs](QWidget* page, std::string_view caption) {
+        const int number = tabs->addTab(page, look::captionText(caption));
+        tabs->tabBar()->setAccessibleTabName(number, accessible::unicode(caption));
+        page->setAccessibleName(accessible::unicode(caption));
+    };
+    add(runPage(), "samaNy"_deva);
+    add(programPage(), "àayaejnabÎl"_deva);
+    add(lookPage(), "êp"_deva);
     body().addWidget(tabs, 1);
     addButtons();
     txtCaption_->setText(toQString(editor_.document().caption()));
@@ -77,10 +87,24 @@ QWidget* frmPreferences::programPage() {
     txtCaption_->setObjectName(QStringLiteral("txtCaption"));
     txtCaption_->setFont(look::controlFont(Font::Latin));
     label->setBuddy(txtCaption_);
+    txtCaption_->setAccessibleName(label->accessibleName());
     auto* shown = new RomanPreview(*txtCaption_);
     shown->setObjectName(QStringLiteral("lblCaptionDevnag"));
     layout.addWidget(txtCaption_);
     layout.addWidget(shown);
+    layout.addStretch();
+    return page;
+}
+
+QWidget* frmPreferences::lookPage() {
+    auto* page = new QWidget;
+    QVBoxLayout& layout = *addPageLayout(page);
+    addDevanagari<QLabel>("iofKya<ce r<g"_deva, QStringLiteral("lblLook"), layout);
+    for (const LookChoice& choice : lookChoices()) {
+        looks_ +=
+            addDevanagari<QRadioButton>(choice.caption, QLatin1String("optLook") + QLatin1String(choice.value), layout);
+        looks_.last()->setChecked(editor_.state().Look == choice.kind);
+    }
     layout.addStretch();
     return page;
 }
@@ -98,10 +122,16 @@ void frmPreferences::apply() {
     EditorState& state = editor_.state();
     auto box = boxes_.cbegin();
     for (const Preference& preference : preferences()) state.*preference.value = (*box++)->isChecked();
+    auto choice = lookChoices().begin();
+    for (const QRadioButton* button : looks_) {
+        if (button->isChecked()) state.Look = choice->kind;
+        ++choice;
+    }
     savePreferences(editor_.settings(), state);
     applyCaption();
     readPreferences(editor_.settings(), state);
     editor_.applyPreferences();
+    look::use(state.Look.value_or(look::kindOfDesktop()));
 }
 
 // A caption that the box cannot show as it is stays unless the user has changed it.

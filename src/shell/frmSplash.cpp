@@ -38,18 +38,18 @@ frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindow
 
 void frmSplash::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    painter.fillRect(rect(), look::background);
+    painter.fillRect(rect(), look::colours().background);
     painter.drawPixmap(0, 0, logo_);
     const QRect below = rect().adjusted(look::em(1.2), height() - look::em(4), -look::em(1.2), -look::em(1));
     QFont name = look::controlFont(Font::Devanagari);
     name.setPointSizeF(name.pointSizeF() * 1.8);
     painter.setFont(name);
-    painter.setPen(look::accent);
+    painter.setPen(look::colours().accent);
     painter.drawText(below, Qt::AlignLeft | Qt::AlignVCenter, toQString("taelvn beisk"_deva));
     painter.setFont(look::controlFont(Font::Latin));
-    painter.setPen(look::dimText);
+    painter.setPen(look::colours().dimText);
     painter.drawText(below, Qt::AlignRight | Qt::AlignVCenter, QStringLiteral("Tolvan Basic " TOLVAN_VERSION));
-    painter.setPen(look::frameActive);
+    painter.setPen(look::colours().frameActive);
     painter.drawRect(rect().adjusted(0, 0, -1, -1));
 }
 

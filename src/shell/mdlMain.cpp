@@ -1,5 +1,6 @@
 #include "shell/mdlMain.h"
 
+#include "dialogs/Look.h"
 #include "editor/frmEditor.h"
 #include "editor/panes/ProgramBox.h"
 #include "platform/files/PathLookup.h"
@@ -43,18 +44,27 @@ mdlMain::mdlMain(Settings& settings) : settings_(settings) {
         if (editor_) editor_->keepUnsaved();
         shutDown();
     });
+    connect(&desktopLook_, &DesktopLook::changed, this, [this](look::Kind kind) {
+        look::setKindOfDesktop(kind);
+        useLook();
+    });
 }
 
 mdlMain::~mdlMain() = default;
+
+void mdlMain::useLook() {
+    look::use(state_.Look.value_or(look::kindOfDesktop()));
+}
 
 void mdlMain::Main(const std::vector<std::string>& arguments) {
     state_.Closing = false;
     const Seconds start = secondsSinceMidnight();
     {
         frmSplash splash;
+        readPreferences(settings_, state_);
+        useLook();
         splash.show();
         splash.repaint();
-        readPreferences(settings_, state_);
         if (!hasRequiredFonts(screenFontList())) {
             showFontsRequired();
             return QApplication::exit(EXIT_FAILURE);

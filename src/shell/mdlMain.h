@@ -3,6 +3,7 @@
 
 #include "editor/EditorState.h"
 #include "shell/CommandLine.h"
+#include "shell/DesktopLook.h"
 #include "shell/TerminationSignals.h"
 #include "shell/frmSplash.h"
 
@@ -44,6 +45,7 @@ class mdlMain : public QObject {
 
   private:
     CommandLine readCommandLine(const std::vector<std::string>& arguments);
+    void useLook();
     void act(const CommandLine& commandLine);
     void showEditor();
     void openAndShow(const QString& file);
@@ -56,6 +58,7 @@ class mdlMain : public QObject {
     QString helpFile_;  // empty: there is none
     std::unique_ptr<frmEditor> editor_;
     TerminationSignals terminationSignals_;
+    DesktopLook desktopLook_;
     bool starting_ = true;
 };
 

@@ -175,7 +175,7 @@ TEST(Boxes, TheMessageCanBeCopied) {
     });
     ShowMessage("\\f1nahI\\f0: a\\\\b");
     EXPECT_TRUE(user.acted());
-    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("nahI: a\\b"));
+    EXPECT_EQ(QApplication::clipboard()->text(), QStringLiteral("नाही: a\\b"));
 }
 
 TEST(Boxes, CloseWhenTheApplicationQuits) {

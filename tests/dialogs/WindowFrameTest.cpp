@@ -215,16 +215,16 @@ TEST_F(FramedWindow, KeyboardMovesAndSizes) {
 }
 
 TEST_F(FramedWindow, LooksActiveOnlyWithTheKeyboard) {
-    EXPECT_EQ(captionColour(), look::captionActive);
+    EXPECT_EQ(captionColour(), look::colours().captionActive);
     QWidget other;
     other.show();
     other.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&other));
-    EXPECT_EQ(captionColour(), look::captionInactive);
+    EXPECT_EQ(captionColour(), look::colours().captionInactive);
     other.close();
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
-    EXPECT_EQ(captionColour(), look::captionActive);
+    EXPECT_EQ(captionColour(), look::colours().captionActive);
 }
 
 TEST_F(FramedWindow, TitleIsDrawnInItsFontsAndTheDesktopGetsItsLatinPart) {

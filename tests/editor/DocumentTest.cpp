@@ -207,5 +207,17 @@ TEST_F(DocumentTest, TheFirstProgramIsLookedForAmongTheExamples) {
     EXPECT_EQ(user.asked.back().folder, path("of")) << "the document's own";
 }
 
+// As the user does it: the menu's item, the name, and what another program reads then.
+TEST_F(DocumentTest, IsSavedAsUnicodeText) {
+    type("jar 1 = 1 tar");
+    press(Qt::Key_Return);
+    type("dAkhav \"mI ");
+    user.files = {path("program.txt")};
+    editor->commandBars().item("FileSaveUnicode")->trigger();
+    EXPECT_THAT(contentOf(path("program.txt")).toStdString(), testing::HasSubstr("\nजर १ = १ तर\nदाखव \"मी \n"));
+    EXPECT_TRUE(user.files.empty());
+    EXPECT_EQ(title(), EditorDocument::newTitle + QLatin1Char('*'));  // a copy: the program is still to be saved
+}
+
 }  // namespace
 }  // namespace tolvan

@@ -189,8 +189,10 @@ TEST_F(WindowTest, SizeAndSplitterAreRemembered) {
 
 TEST_F(WindowTest, HelpIsThereIfItsFileIs) {
     QString shown;
-    services.showHelp = [&shown](const QString& file, const QString&) {
+    QString topic;
+    services.showHelp = [&](const QString& file, const QString& at) {
         shown = file;
+        topic = at;
         return true;
     };
     open();
@@ -199,6 +201,18 @@ TEST_F(WindowTest, HelpIsThereIfItsFileIs) {
     editor->setHelpFile(QStringLiteral("/help/Tolbasic.hlp"));
     press(Qt::Key_F1);
     EXPECT_EQ(shown, QStringLiteral("/help/Tolbasic.hlp"));
+
+    const QString adhik = toQString(ReplaceRomanChars("adhik"));
+    type("guN = 1 adhik 2");  // the caret may stand within the word, before it or behind it, in either pane
+    for (const std::size_t caret : {8U, 10U, 13U}) {
+        editor->txtRoman().select(caret, 0);
+        press(Qt::Key_F1);
+        EXPECT_EQ(topic, adhik) << caret;
+    }
+    press(Qt::Key_F6);
+    editor->txtProgram().select(9, 0);
+    press(Qt::Key_F1);
+    EXPECT_EQ(topic, adhik);
 }
 
 TEST_F(WindowTest, ClosingEndsTheApplicationUnlessItEndsAlready) {

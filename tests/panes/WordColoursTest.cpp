@@ -1,9 +1,10 @@
-#include "editor/panes/PaneColours.h"
+#include "dialogs/LookColours.h"
 #include "editor/panes/WordColours.h"
 #include "library/LibraryWords.h"
 #include "panes/Panes.h"
 #include "translator/ProgramText.h"
 
+#include <QInputMethodEvent>
 #include <QTextBlock>
 
 #include <gmock/gmock.h>
@@ -14,11 +15,11 @@ namespace {
 std::string lettersOf(std::size_t size, const std::vector<ColourRun>& runs) {
     std::string colours(size, '.');
     for (const ColourRun& run : runs) {
-        const char letter = run.colour == pane_colours::keyword       ? 'k'
-                            : run.colour == pane_colours::number      ? 'n'
-                            : run.colour == pane_colours::literal     ? 't'
-                            : run.colour == pane_colours::libraryWord ? 'l'
-                                                                      : 'c';
+        const char letter = run.colour == look::colours().keyword       ? 'k'
+                            : run.colour == look::colours().number      ? 'n'
+                            : run.colour == look::colours().literal     ? 't'
+                            : run.colour == look::colours().libraryWord ? 'l'
+                                                                        : 'c';
         EXPECT_LE(run.start + run.length, size);
         colours.replace(run.start, run.length, run.length, letter);
     }
@@ -87,6 +88,54 @@ TEST_F(Panes, colourALibraryWordUntilItIsTheProgramsOwn) {
     EXPECT_EQ(colours(), "kkkk...|kk.....|");
     roman.setText("dAkhav kaL");
     EXPECT_EQ(colours(), "kkkk.ll..|");
+}
+
+std::string coloursOf(const QTextBlock& block) {
+    std::vector<ColourRun> runs;
+    for (const auto& range : block.layout()->formats())
+        runs.push_back({static_cast<std::size_t>(range.start), static_cast<std::size_t>(range.length),
+                        range.format.foreground().color()});
+    return lettersOf(static_cast<std::size_t>(block.length() - 1), runs);
+}
+
+using RomanColoursTest = Panes;
+
+// The pane after the text has been typed in any way; lines are parted by "|".
+TEST_F(RomanColoursTest, areThoseOfTheProgram) {
+    const std::pair<const char*, const char*> cases[] = {
+        {"dAkhav #\"#12 tar#\"#", "kkkkkk.tttttttttttt"},
+        {"dAkhav \"", "kkkkkk.."},                                      // outside of a span it is a letter
+        {"#12# tar", "nnnn.kkk"},                                       // the marks go with what they hold
+        {"dA##khav 1", "kkkkkkkk.n"},                                   // an empty span parts no word
+        {"jar 1shAsuchanA tar", "kkk.....ccccccccccc"},                 // a comment begins within a word
+        {"dAkhav #\"#mI #Ram|tar# tar", "kkkkkk.tttttttttt|.....kkk"},  // a span over two lines
+        {"dAkhav #1|tar", "kkkkkk..n|kkk"},                             // a mark that is never closed
+    };
+    for (const auto& [text, colours] : cases) {
+        std::string lines = text;
+        for (std::size_t at; (at = lines.find('|')) != std::string::npos;) lines.replace(at, 1, "\r\n");
+        roman.setText(lines);
+        std::string shown = coloursOf(roman.document()->begin());
+        if (roman.lineCount() > 1) shown += '|' + coloursOf(roman.document()->lastBlock());
+        EXPECT_EQ(shown, colours) << text;
+    }
+}
+
+TEST_F(RomanColoursTest, followEveryKey) {
+    roman.setText("jar 1 tar\r\njar 2 tar# tar");
+    EXPECT_EQ(coloursOf(roman.document()->lastBlock()), "kkk.n.kkk..kkk");
+    press(Qt::Key_NumberSign);  // turns the spans of both lines
+    type("#");
+    press(Qt::Key_Backspace);
+    EXPECT_EQ(coloursOf(roman.document()->lastBlock()), "....n......kkk");
+    EXPECT_EQ(coloursOf(roman.document()->begin()), ".....n....");
+    QInputMethodEvent composing(QStringLiteral("\u0915"), {});
+    QApplication::sendEvent(&roman, &composing);
+    EXPECT_THAT(roman.document()->begin().layout()->formats(),
+                ::testing::SizeIs(2));  // the number, and what is composed
+    QInputMethodEvent given;
+    QApplication::sendEvent(&roman, &given);
+    EXPECT_EQ(coloursOf(roman.document()->begin()), ".....n....");
 }
 
 }  // namespace

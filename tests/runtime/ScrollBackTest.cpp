@@ -143,7 +143,7 @@ TEST_F(ScrollBackTest, TheMouseSelectsWholeLettersOnTheDisplay) {
     press(Qt::Key_Down, Qt::ShiftModifier);
     press(Qt::Key_End, Qt::ShiftModifier);
     EXPECT_EQ(copied(), QStringLiteral("abc\nओल\nकमल"));
-    EXPECT_EQ(view().Image().pixel(700, 5), look::accent.rgb());
+    EXPECT_EQ(view().Image().pixel(700, 5), look::console::selection.rgb());
     press(Qt::Key_Escape);
     EXPECT_FALSE(view().isShown());
 }

@@ -1,6 +1,7 @@
 // The help: its file, its window, and that every example in it runs.
 #include "library/LibraryWords.h"
 #include "platform/encoding/Deva.h"
+#include "platform/richtext/InternalText.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "platform/transliteration/Spellings.h"
 #include "shell/Examples.h"
@@ -13,6 +14,8 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPointer>
 #include <QPushButton>
@@ -20,6 +23,7 @@
 
 #include <gmock/gmock.h>
 #include <random>
+#include <set>
 
 namespace tolvan {
 namespace {
@@ -37,7 +41,7 @@ std::vector<HelpTopic> shippedHelp() {
 }
 
 TEST(HelpFile, IsBuiltFromRomanLines) {
-    const auto topics = readHelpFile(buildHelpFile(
+    const auto topics = readHelpFile(helpOfGuide(
         "lost\n= dAkhav\nghe #abc# dAkhav\nghe \\# \\##a#\\#\n    dAkhav #\"#a#\"#\n      ghe\n\n= korA\n"));
     ASSERT_EQ(topics.size(), 2U);
     EXPECT_EQ(topics[0].title, "daov");
@@ -56,19 +60,53 @@ TEST(HelpFile, AnyBytesAreRead) {
 }
 
 TEST(Help, EveryExampleRunsAndDoesSomething) {
-    std::vector<std::string> lines;
-    std::string text;
+    std::set<std::vector<std::string>> done;  // an example may stand in several topics
     for (const HelpTopic& topic : shippedHelp()) {
-        for (const std::string& paragraph : topic.paragraphs) text += paragraph;
-        if (topic.example.empty()) continue;
+        if (topic.example.empty() || !done.insert(topic.example).second) continue;
         const ExampleRun run = runExample(topic.example);
         EXPECT_EQ(run.status, 0) << topic.title << '\n' << run.output;
         EXPECT_NE(run.output, "") << topic.title;
-        lines.insert(lines.end(), topic.example.begin(), topic.example.end());
     }
-    for (const LanguageWord& word : languageWords()) EXPECT_TRUE(hasWord(lines, word.roman)) << word.roman;
-    for (const LibraryWord& word : libraryWords())
-        EXPECT_NE(text.find(ReplaceRomanChars(word.roman)), std::string::npos) << word.roman;
+}
+
+// With an example that has it.
+TEST(Help, HasATopicForEveryWord) {
+    const std::vector<HelpTopic> topics = shippedHelp();
+    const auto isTold = [&topics](std::string_view roman) {
+        return std::any_of(topics.begin(), topics.end(), [&](const HelpTopic& topic) {
+            return plainText(topic.title) == ReplaceRomanChars(roman) && hasWord(topic.example, roman);
+        });
+    };
+    for (const LanguageWord& word : languageWords()) EXPECT_TRUE(isTold(word.roman)) << word.roman;
+    for (const LibraryWord& word : libraryWords()) EXPECT_TRUE(isTold(word.roman)) << word.roman;
+}
+
+TEST(Help, FindsTopicsByWordsOfAllScripts) {
+    const std::pair<const char*, const char*> firstFound[] = {
+        {"dAkhav", "dAkhav"},
+        {"DAKHA", "dAkhav"},
+        {"दाखव", "dAkhav"},
+        {"print", "dAkhav"},
+        {"circle", "vartuL"},
+        {"vartul", "vartuL"},
+        {"वर्तुळ", "vartuL"},
+        {"square root", "vargamUL"},
+        {"while", "jovar tovar kar"},
+        {"random", "tayAr shabd: saMkhyA"},
+        {"jar", "jar"},
+        {"alphabet", "akShare kashI lihAvI"},
+        {"purple", "jAMbhaLA"},
+        {"आकाशी", "AkAshI"},
+        {"gharachA kardA", nullptr},
+        {" #", nullptr},
+        {"", nullptr},
+    };
+    const std::vector<HelpTopic> topics = shippedHelp();
+    for (const auto& [text, title] : firstFound) {
+        const std::vector<std::size_t> found = searchHelp(topics, text);
+        EXPECT_EQ(found.empty() ? std::string() : topics[found[0]].keys[0], title == nullptr ? std::string() : title)
+            << text;
+    }
 }
 
 // What is typed stands in braces, since it is shown in Roman letters.
@@ -109,6 +147,15 @@ TEST(Help, ShowsTheTopicsAndCopiesTheirExamples) {
     EXPECT_EQ(QGuiApplication::clipboard()->text().toStdString(), shipped[2].example[0] + "\n");
     QTest::keyClick(topics, Qt::Key_End);
     EXPECT_FALSE(copy->isEnabled());  // the error messages
+
+    QTest::keyClicks(topics, QStringLiteral("pri"));  // goes into the field
+    auto* const search = window->findChild<QLineEdit*>(QStringLiteral("txtSearch"));
+    EXPECT_EQ(search->text(), QStringLiteral("pri"));
+    EXPECT_EQ(topics->currentItem()->data(Qt::AccessibleTextRole).toString(), QStringLiteral("दाखव"));
+    QTest::keyClicks(search, QStringLiteral("zzzz"));
+    EXPECT_TRUE(window->findChild<QLabel*>(QStringLiteral("lblNote"))->isVisible());
+    QTest::keyClick(search, Qt::Key_Escape);
+    EXPECT_FALSE(topics->isRowHidden(0));
     const QPointer<QWidget> closed = window;
     QTest::keyClick(window, Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([&closed] { return closed.isNull(); }));

@@ -1,6 +1,6 @@
 #include "editor/guide/FindingMarks.h"
 
-#include "editor/panes/PaneColours.h"
+#include "dialogs/LookColours.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
 #include "editor/panes/RomanInput.h"
@@ -26,7 +26,7 @@ QTextCharFormat waveOf(guide::Weight weight) {
     QTextCharFormat format;
     const bool isError = weight == guide::Weight::Error;
     format.setUnderlineStyle(isError ? QTextCharFormat::WaveUnderline : QTextCharFormat::DotLine);
-    format.setUnderlineColor(isError ? pane_colours::error : pane_colours::advice);
+    format.setUnderlineColor(isError ? look::colours().error : look::colours().advice);
     return format;
 }
 
@@ -36,6 +36,10 @@ FindingMarks::FindingMarks(RomanBox& roman, ProgramBox& program, const RomanInpu
     : roman_(roman), program_(program), input_(input) {
     roman.viewport()->installEventFilter(this);
     program.viewport()->installEventFilter(this);
+    connect(&roman, &TextPane::lookChanged, this, [this] {
+        markPlaces(roman_, false);
+        markPlaces(program_, true);
+    });
 }
 
 void FindingMarks::setFindings(const std::vector<guide::Finding>& findings) {

@@ -1,5 +1,6 @@
 #include "editor/guide/ProblemPanel.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "dialogs/StyledLine.h"
 #include "editor/panes/LineMarkShape.h"
@@ -35,13 +36,14 @@ class SentenceDelegate : public QStyledItemDelegate {
 
     void paint(QPainter* painter, const QStyleOptionViewItem& option, const QModelIndex& index) const override {
         const bool chosen = (option.state & QStyle::State_Selected) != 0;
-        if (chosen) painter->fillRect(option.rect, look::accentLight);
+        if (chosen) painter->fillRect(option.rect, look::colours().accentLight);
         const QRectF row = option.rect;
         const qreal height = row.height();
         drawLineMark(*painter, QRectF(row.left(), row.top(), height, height), index.data(errorRole).toBool());
         const auto number = static_cast<std::size_t>(index.row());
         if (number >= texts_.size()) return;
-        drawStyledLine(*painter, row.adjusted(height, 0, -look::em(0.4), 0), controlText(texts_[number]), look::text);
+        drawStyledLine(*painter, row.adjusted(height, 0, -look::em(0.4), 0), controlText(texts_[number]),
+                       look::colours().text);
     }
 
   private:
@@ -85,10 +87,13 @@ ProblemPanel::ProblemPanel(QWidget* parent)
     cmdMend_->setObjectName(QStringLiteral("cmdMend"));
     cmdMend_->setFont(look::controlFont(Font::Devanagari));
     cmdMend_->setFocusPolicy(Qt::NoFocus);
+    cmdMend_->setAccessibleName(accessible::unicode(mendText));
+    lstProblems_->setAccessibleName(accessible::unicode(titleText));
     cmdMend_->setToolTip(QStringLiteral("Alt+Enter"));
     auto* const title = new QLabel(toQString(titleText), this);
     title->setObjectName(QStringLiteral("lblProblems"));
     title->setTextFormat(Qt::PlainText);
+    title->setAccessibleName(accessible::unicode(titleText));
     title->setFont(look::controlFont(Font::Devanagari));
     auto* const side = new QVBoxLayout;
     side->addWidget(title);

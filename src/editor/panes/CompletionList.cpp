@@ -1,5 +1,6 @@
 #include "editor/panes/CompletionList.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "dialogs/StyledLine.h"
 #include "platform/encoding/Deva.h"
@@ -54,8 +55,9 @@ class KeysLine : public QWidget {
   protected:
     void paintEvent(QPaintEvent*) override {
         QPainter painter(this);
-        painter.fillRect(rect(), look::footer);
-        drawStyledLine(painter, QRectF(rect()).adjusted(look::em(0.4), 0, 0, 0), controlText(text_), look::dimText);
+        painter.fillRect(rect(), look::colours().footer);
+        drawStyledLine(painter, QRectF(rect()).adjusted(look::em(0.4), 0, 0, 0), controlText(text_),
+                       look::colours().dimText);
     }
 
   private:
@@ -79,6 +81,7 @@ CompletionList::CompletionList(QWidget* owner)
     setWindowFlags(Qt::ToolTip);
     setAttribute(Qt::WA_ShowWithoutActivating);
     setFocusPolicy(Qt::NoFocus);
+    setAccessibleName(accessible::unicode(keysText));
     setSelectionBehavior(SelectRows);
     setSelectionMode(SingleSelection);
     setShowGrid(false);
@@ -104,9 +107,15 @@ void CompletionList::addRow(const LanguageWord& word) {
     setRowHeight(row, static_cast<int>(fonts_.lineHeight));
     setItem(row, 0,
             cell(QString::fromLatin1(word.roman.data(), static_cast<qsizetype>(word.roman.size())), fonts_.roman,
-                 look::text));
-    setItem(row, 1, cell(toQString(LineConvert(word.roman)), fonts_.devanagari, look::accent));
-    setItem(row, 2, cell(toQString(LineConvert(word.meaning)), look::controlFont(Font::Devanagari), look::dimText));
+                 look::colours().text));
+    setItem(row, 1, cell(toQString(LineConvert(word.roman)), fonts_.devanagari, look::colours().accent));
+    const auto reads = [](std::string_view roman) { return accessible::unicode(LineConvert(roman)); };
+    item(row, 0)->setData(Qt::AccessibleTextRole, item(row, 0)->text() + QLatin1String(", ") + reads(word.roman) +
+                                                      QLatin1String(": ") + reads(word.meaning));
+    item(row, 1)->setData(Qt::AccessibleTextRole, reads(word.roman));
+    setItem(row, 2,
+            cell(toQString(LineConvert(word.meaning)), look::controlFont(Font::Devanagari), look::colours().dimText));
+    item(row, 2)->setData(Qt::AccessibleTextRole, reads(word.meaning));
 }
 
 void CompletionList::fit() {

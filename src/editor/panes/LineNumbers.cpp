@@ -2,7 +2,6 @@
 
 #include "dialogs/Look.h"
 #include "editor/panes/LineMarkShape.h"
-#include "editor/panes/PaneColours.h"
 #include "editor/panes/TextPane.h"
 #include "platform/fonts/Fonts.h"
 
@@ -53,13 +52,13 @@ bool LineNumbers::eventFilter(QObject* watched, QEvent* event) {
 
 void LineNumbers::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
-    painter.fillRect(event->rect(), pane_colours::numbersBackground);
+    painter.fillRect(event->rect(), look::colours().numbers);
     painter.setFont(font_);
     const int right = width() - look::em(0.4);
     qreal top = pane_.firstVisibleTop();
     for (int line = pane_.firstVisibleLine(); line <= pane_.lineCount() && top < height(); ++line) {
         const QString number = QString::number(line);
-        painter.setPen(line == pane_.markedLine() ? look::text : look::dimText);
+        painter.setPen(line == pane_.markedLine() ? look::colours().text : look::colours().dimText);
         painter.drawText(QPointF(right - painter.fontMetrics().horizontalAdvance(number), top + pane_.baseLine()),
                          number);
         if (const auto mark = pane_.lineMarks().find(line); mark != pane_.lineMarks().end())

@@ -6,6 +6,7 @@
 #include "editor/panes/LineNumbers.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
+#include "editor/panes/RomanColours.h"
 
 namespace tolvan {
 
@@ -18,9 +19,10 @@ PaneAids::PaneAids(RomanBox& roman, ProgramBox& program, RomanInput& input)
       devanagari_(std::make_unique<DevanagariTyping>(roman, input)),
       quoteSpans_(roman, input),
       completion_(roman, input) {
-    new LineNumbers(roman);  // the panes own them
+    new LineNumbers(roman);  // the panes own these
     new LineNumbers(program);
     new EmptyHint(roman);
+    new RomanColours(roman, program, input);
 }
 
 PaneAids::~PaneAids() = default;

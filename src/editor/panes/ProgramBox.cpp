@@ -1,5 +1,6 @@
 #include "editor/panes/ProgramBox.h"
 
+#include "dialogs/Accessibility.h"
 #include "editor/panes/ShownText.h"
 #include "platform/encoding/Ascii.h"
 #include "platform/fonts/FontEncoding.h"
@@ -43,12 +44,51 @@ QTextLayout::FormatRange formatRange(std::size_t start, std::size_t length, cons
     return {static_cast<int>(start), static_cast<int>(length), format};
 }
 
+QString unicodeOfLine(const QTextBlock& block, std::size_t length = std::string::npos) {
+    const ProgramLine* const line = lineOf(block);
+    return line ? QString::fromStdString(unicodeOf(line->text.view().substr(0, length))) : QString();
+}
+
+class ProgramInterface : public accessible::ReadText {
+  public:
+    explicit ProgramInterface(ProgramBox& box) : ReadText(box, QAccessible::EditableText), box_(box) {}
+    QString content() const override { return box_.unicodeText(); }
+    int childCount() const override { return 0; }
+    int cursorPosition() const override { return box_.unicodePosition(box_.textCursor().position()); }
+    void setCursorPosition(int position) override { setSelection(0, position, position); }
+    int selectionCount() const override { return box_.textCursor().hasSelection() ? 1 : 0; }
+    void selection(int, int* start, int* end) const override {
+        *start = box_.unicodePosition(box_.textCursor().selectionStart());
+        *end = box_.unicodePosition(box_.textCursor().selectionEnd());
+    }
+    void setSelection(int, int start, int end) override {
+        QTextCursor cursor = box_.textCursor();
+        cursor.setPosition(box_.documentPositionOf(start));
+        cursor.setPosition(box_.documentPositionOf(end), QTextCursor::KeepAnchor);
+        box_.setTextCursor(cursor);
+    }
+
+  private:
+    ProgramBox& box_;
+};
+
+QAccessibleInterface* programInterface(const QString& className, QObject* object) {
+    return className == QLatin1String("tolvan::ProgramBox") ? new ProgramInterface(static_cast<ProgramBox&>(*object))
+                                                            : nullptr;
+}
+
 }  // namespace
 
 ProgramBox::ProgramBox(QWidget* parent) : TextPane(parent) {
+    [[maybe_unused]] static const bool installed = (QAccessible::installFactory(programInterface), true);
+    accessible::replaceTextEvents(*this, [](QWidget& widget) {
+        const auto& box = static_cast<ProgramBox&>(widget);
+        return box.unicodePosition(box.textCursor().position());
+    });
     setUndoRedoEnabled(false);
     setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     setZoom(100);
+    connect(this, &TextPane::lookChanged, this, &ProgramBox::formatAll);
 }
 
 void ProgramBox::setText(StyledView text) {
@@ -97,14 +137,21 @@ void ProgramBox::format(const QTextBlock& block) {
         if (text.font(start) != Font::Devanagari) formats.append(formatRange(start, end - start, latin_));
         start = end;
     }
-    if (colouring_) {
-        for (const ColourRun& run : colouring_(text)) {
-            QTextCharFormat colour;
-            colour.setForeground(run.colour);
-            formats.append(formatRange(run.start, run.length, colour));
-        }
+    for (const ColourRun& run : coloursOf(text)) {
+        QTextCharFormat colour;
+        colour.setForeground(run.colour);
+        formats.append(formatRange(run.start, run.length, colour));
     }
     block.layout()->setFormats(formats);
+    emit lineColoured(block.blockNumber());
+}
+
+std::vector<ColourRun> ProgramBox::coloursOf(StyledView line) const {
+    return colouring_ ? colouring_(line) : std::vector<ColourRun>();
+}
+
+const ProgramLine* ProgramBox::line(int number) const {
+    return lineOf(document()->findBlockByNumber(number));
 }
 
 void ProgramBox::formatAll() {
@@ -126,6 +173,45 @@ void ProgramBox::colourLinesWith(std::string_view text) {
         if (const ProgramLine* line = lineOf(block); line && line->text.text().find(text) != std::string::npos)
             format(block);
     cursor.endEditBlock();
+}
+
+QString ProgramBox::unicodeText() const {
+    QStringList lines;
+    for (QTextBlock block = document()->begin(); block.isValid(); block = block.next()) lines += unicodeOfLine(block);
+    return lines.join(u'\n');
+}
+
+int ProgramBox::unicodePosition(int documentPosition) const {
+    const QTextBlock at = document()->findBlock(documentPosition);
+    qsizetype position = 0;
+    for (QTextBlock block = document()->begin(); block != at; block = block.next())
+        position += unicodeOfLine(block).size() + 1;
+    return static_cast<int>(position +
+                            unicodeOfLine(at, static_cast<std::size_t>(documentPosition - at.position())).size());
+}
+
+int ProgramBox::documentPositionOf(int unicodePosition) const {
+    QTextBlock block = document()->begin();
+    qsizetype left = unicodePosition;
+    for (qsizetype size = 0; block.next().isValid() && left > (size = unicodeOfLine(block).size());
+         block = block.next())
+        left -= size + 1;
+    int column = 0;
+    while (column < block.length() - 1 && unicodeOfLine(block, static_cast<std::size_t>(column)).size() < left)
+        ++column;
+    return block.position() + column;
+}
+
+std::string ProgramBox::wordAtCaret() const {
+    const ProgramLine* const line = lineOf(textCursor().block());
+    if (!line) return {};
+    const StyledText& text = line->text;
+    const auto belongs = [&](std::size_t at) { return text.font(at) == Font::Devanagari && text.text()[at] != ' '; };
+    auto start = std::min(static_cast<std::size_t>(textCursor().positionInBlock()), text.size());
+    std::size_t end = start;
+    while (start > 0 && belongs(start - 1)) --start;
+    while (end < text.size() && belongs(end)) ++end;
+    return text.text().substr(start, end - start);
 }
 
 void ProgramBox::applyFonts(const PaneFonts& fonts) {
@@ -172,7 +258,7 @@ QMimeData* ProgramBox::createMimeDataFromSelection() const {
 
 // The part of a line, with its colours.
 void ProgramBox::addUnicode(StyledView line, std::size_t from, std::size_t to, QString& plain, QString& html) const {
-    std::vector<ColourRun> runs = colouring_ ? colouring_(line) : std::vector<ColourRun>();
+    std::vector<ColourRun> runs = coloursOf(line);
     runs.push_back({to, 0, {}});
     const auto add = [&](std::size_t start, std::size_t end, QColor colour) {
         start = std::max(start, from);

@@ -40,7 +40,22 @@ class ProgramBox : public TextPane {
     // Colours again the lines that hold this font-encoded text, for which the colouring may give another answer now.
     void colourLinesWith(std::string_view text);
 
+    // In Unicode, lines parted by line feeds; and the places in it that correspond to those of the document.
+    QString unicodeText() const;
+    int unicodePosition(int documentPosition) const;
+    int documentPositionOf(int unicodePosition) const;
+
+    // The Devanagari word at the caret, empty if there is none.
+    std::string wordAtCaret() const;
+
+    std::vector<ColourRun> coloursOf(StyledView line) const;
+
+    // From 0; null where nothing was ever shown.
+    const ProgramLine* line(int number) const;
+
   signals:
+    // This line (from 0) has been coloured, perhaps otherwise than before.
+    void lineColoured(int number);
     // With the left button of the mouse, without selecting anything; the caret is where that was.
     void clicked();
 

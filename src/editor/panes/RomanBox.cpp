@@ -18,6 +18,7 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
 #include <utility>
 
 namespace tolvan {
@@ -186,6 +187,13 @@ void RomanBox::replaceText(std::string_view bytes) {
     setTextCursor(cursor);
 }
 
+std::string RomanBox::wordAtCaret() const {
+    const std::string text = line(static_cast<std::size_t>(textCursor().blockNumber()));
+    const auto caret = text.begin() + textCursor().positionInBlock();
+    const auto start = std::find_if_not(std::make_reverse_iterator(caret), text.rend(), isLetter).base();
+    return {start, std::find_if_not(caret, text.end(), isLetter)};
+}
+
 std::string RomanBox::selectedText() const {
     return text().substr(selectionStart(), selectionLength());
 }
@@ -341,6 +349,7 @@ void RomanBox::inputMethodEvent(QInputMethodEvent* event) {
     event->setCommitString(refuses(text) ? QString() : text);
     if (!event->commitString().isEmpty() || !event->preeditString().isEmpty()) leaveMark();
     TextPane::inputMethodEvent(event);
+    emit preeditChanged();
 }
 
 QMimeData* RomanBox::createMimeDataFromSelection() const {

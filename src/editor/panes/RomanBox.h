@@ -34,6 +34,9 @@ class RomanBox : public TextPane {
 
     std::string selectedText() const;
 
+    // The letters at the caret, before and behind it.
+    std::string wordAtCaret() const;
+
     // Replaces the selection. Tabs in the new text become blanks up to the next multiple of six.
     void replaceSelection(std::string_view bytes);
 
@@ -62,6 +65,8 @@ class RomanBox : public TextPane {
     void typedWhileLocked();
     // What was pasted or dropped has been taken without these characters.
     void charactersLeftOut(const std::u32string& characters);
+    // What an input method shows in the caret's line, and has not given, is another text now.
+    void preeditChanged();
 
   protected:
     bool event(QEvent* event) override;

@@ -1,7 +1,7 @@
 #include "editor/panes/TextPane.h"
 
+#include "dialogs/Look.h"
 #include "editor/panes/EvenLines.h"
-#include "editor/panes/PaneColours.h"
 
 #include <QDropEvent>
 #include <QMouseEvent>
@@ -138,7 +138,7 @@ void TextPane::paintFlash() {
     end.setPosition(flashed_.selectionEnd());
     QTextCursor start(document());
     start.setPosition(flashed_.selectionStart());
-    QPainter(viewport()).fillRect(cursorRect(start).united(cursorRect(end)), pane_colours::flash);
+    QPainter(viewport()).fillRect(cursorRect(start).united(cursorRect(end)), look::colours().flash);
 }
 
 void TextPane::setLineMarks(std::map<int, LineMark> marks) {
@@ -171,6 +171,27 @@ QPointF TextPane::onLetters(QPointF place) const {
     return {place.x(), firstVisibleTop() + row * lineHeight() + baseLine() - 1};
 }
 
+void TextPane::changeEvent(QEvent* event) {
+    QPlainTextEdit::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) emit lookChanged();
+}
+
+void TextPane::focusInEvent(QFocusEvent* event) {
+    QPlainTextEdit::focusInEvent(event);
+    viewport()->update();
+}
+
+void TextPane::focusOutEvent(QFocusEvent* event) {
+    QPlainTextEdit::focusOutEvent(event);
+    viewport()->update();
+}
+
+// The caret alone would not show it: the pane that is only read has none.
+void TextPane::paintFocus() {
+    const int thickness = std::max(2, look::em(0.12));
+    if (hasFocus()) QPainter(viewport()).fillRect(0, 0, viewport()->width(), thickness, look::colours().focus);
+}
+
 bool TextPane::viewportEvent(QEvent* event) {
     if (isMouseEvent(event->type())) {
         const auto* mouse = static_cast<QMouseEvent*>(event);
@@ -194,9 +215,10 @@ bool TextPane::viewportEvent(QEvent* event) {
 }
 
 void TextPane::paintEvent(QPaintEvent* event) {
-    if (markedLine_ > 0) QPainter(viewport()).fillRect(lineBand(markedLine_), pane_colours::caretLine);
+    if (markedLine_ > 0) QPainter(viewport()).fillRect(lineBand(markedLine_), look::colours().caretLine);
     paintFlash();
     QPlainTextEdit::paintEvent(event);
+    paintFocus();
 }
 
 }  // namespace tolvan

@@ -69,9 +69,14 @@ class TextPane : public QPlainTextEdit {
     void zoomChanged();
     void markedLineChanged();
     void lineMarksChanged();
+    // The colours of the windows are others now.
+    void lookChanged();
 
   protected:
     virtual void applyFonts(const PaneFonts& fonts) = 0;
+    void changeEvent(QEvent* event) override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
     bool viewportEvent(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
 
@@ -81,6 +86,7 @@ class TextPane : public QPlainTextEdit {
     QPointF onLetters(QPointF place) const;
     QRect lineBand(int line) const;
     void paintFlash();
+    void paintFocus();
 
     EvenLines* lines_;  // owned by the document
     PaneFonts fonts_;

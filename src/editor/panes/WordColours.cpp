@@ -1,6 +1,6 @@
 #include "editor/panes/WordColours.h"
 
-#include "editor/panes/PaneColours.h"
+#include "dialogs/LookColours.h"
 #include "library/LibraryWords.h"
 #include "translator/Keywords.h"
 #include "translator/LanguageWords.h"
@@ -28,11 +28,11 @@ class Colours {
 
 void addWord(Colours& colours, std::size_t start, std::string_view word, const IsOwnWord& isOwn) {
     if (IsNumber(word))
-        colours.add(start, word.size(), pane_colours::number);
+        colours.add(start, word.size(), look::colours().number);
     else if (isLanguageWord(word))
-        colours.add(start, word.size(), pane_colours::keyword);
+        colours.add(start, word.size(), look::colours().keyword);
     else if (const LibraryWord* ready = findLibraryWord(word); ready != nullptr && !isOwn(*ready))
-        colours.add(start, word.size(), pane_colours::libraryWord);
+        colours.add(start, word.size(), look::colours().libraryWord);
 }
 
 }  // namespace
@@ -53,10 +53,10 @@ std::vector<ColourRun> wordColours(StyledView line, const IsOwnWord& isOwn) {
         if (token->kind == Token::Kind::Word)
             addWord(colours, start, token->text.text(), isOwn);
         else if (isQuote || token->kind == Token::Kind::Literal || (token->kind == Token::Kind::Lost && inLiteral))
-            colours.add(start, length, pane_colours::literal);
+            colours.add(start, length, look::colours().literal);
         start += token->text.size();
     }
-    colours.add(comment, line.size() - comment, pane_colours::comment);
+    colours.add(comment, line.size() - comment, look::colours().comment);
     return colours.take();
 }
 

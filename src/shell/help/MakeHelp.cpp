@@ -14,7 +14,7 @@ int main(int count, char** arguments) {
     std::ifstream guide(arguments[1], std::ios::binary);
     const std::string text((std::istreambuf_iterator<char>(guide)), {});
     std::ofstream help(arguments[2], std::ios::binary);
-    help << tolvan::buildHelpFile(text) << tolvan::errorList() << std::flush;
+    help << tolvan::buildHelpFile(text) << std::flush;
     if (!text.empty() && help) return EXIT_SUCCESS;
     std::cerr << "makehelp: cannot read " << arguments[1] << " or write " << arguments[2] << '\n';
     return EXIT_FAILURE;

@@ -1,32 +1,50 @@
 #include "shell/help/frmHelp.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "dialogs/RichTextView.h"
 #include "dialogs/WindowFrame.h"
 #include "editor/WholeFile.h"
+#include "platform/devanagariinput/LineEditText.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/InternalText.h"
 #include "platform/richtext/RtfWriter.h"
+#include "platform/richtext/UnicodeText.h"
 #include "translator/ProgramText.h"
 
 #include <QBoxLayout>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QKeyEvent>
+#include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
+#include <QMimeData>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QSplitter>
+
+#include <algorithm>
 
 namespace tolvan {
 namespace {
 
 // Colours: 1 text, 2 titles, 3 what is typed. Sizes are half points.
-constexpr std::string_view header =
-    "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss Times New Roman;}{\\f1\\fnil Sanskrit 1.2;}}"
-    "{\\colortbl;\\red34\\green38\\blue46;\\red36\\green90\\blue168;\\red107\\green112\\blue122;}";
+std::string header() {
+    std::string rtf =
+        "{\\rtf1\\ansi\\ansicpg1252\\deff0{\\fonttbl{\\f0\\fswiss Times New Roman;}"
+        "{\\f1\\fnil Sanskrit 1.2;}}{\\colortbl;";
+    for (const QColor& colour : {look::colours().text, look::colours().accent, look::colours().dimText})
+        rtf += QStringLiteral("\\red%1\\green%2\\blue%3;")
+                   .arg(colour.red())
+                   .arg(colour.green())
+                   .arg(colour.blue())
+                   .toStdString();
+    return rtf + '}';
+}
 constexpr std::string_view titleFormat = "\\cf2\\fs32 ";
 constexpr std::string_view textFormat = "\\cf1\\fs22 ";
 constexpr std::string_view typedFormat = "\\cf3\\fs20 ";
@@ -49,7 +67,7 @@ std::string exampleBody(const std::vector<std::string>& example) {
 }
 
 std::string document(const HelpTopic& topic) {
-    std::string rtf(header);
+    std::string rtf = header();
     rtf.append(titleFormat).append(rtfBody(styled(topic.title))).append(newLine).append(textFormat);
     for (const std::string& paragraph : topic.paragraphs)
         rtf.append(newLine).append(rtfBody(styled(paragraph))).append(newLine);
@@ -61,6 +79,8 @@ std::string document(const HelpTopic& topic) {
 
 frmHelp::frmHelp(std::vector<HelpTopic> topics)
     : topics_(std::move(topics)),
+      txtSearch_(new QLineEdit),
+      lblNote_(new QLabel(toQString("kahIhI sapfle nahI"_deva))),
       lstTopics_(new QListWidget),
       txtHelp_(new RichTextView),
       cmdCopy_(new QPushButton(look::captionText("%dahr[acI àt bnv"_deva))) {
@@ -69,9 +89,27 @@ frmHelp::frmHelp(std::vector<HelpTopic> topics)
     auto* const frame = new WindowFrame(*this, WindowFrame::Kind::Resizable);
     frame->setTitle(StyledText("tolvn beisk   mdt"_deva, Font::Devanagari));
 
+    txtSearch_->setObjectName(QStringLiteral("txtSearch"));
+    txtSearch_->setFont(look::controlFont(Font::Latin));
+    new DevanagariInput(*txtSearch_, std::make_unique<LineEditText>(*txtSearch_, txtSearch_->maxLength()));
+    lblNote_->setObjectName(QStringLiteral("lblNote"));
+    lblNote_->setFont(look::controlFont(Font::Devanagari));
+    lblNote_->setTextFormat(Qt::PlainText);
+    lblNote_->hide();
+    auto* const label = new QLabel(toQString("zaex"_deva));
+    label->setFont(look::controlFont(Font::Devanagari));
+    label->setBuddy(txtSearch_);
     lstTopics_->setObjectName(QStringLiteral("lstTopics"));
     lstTopics_->setFont(look::controlFont(Font::Devanagari));
-    for (const HelpTopic& topic : topics_) lstTopics_->addItem(toQString(plainText(topic.title)));
+    for (const HelpTopic& topic : topics_) {
+        auto* const item = new QListWidgetItem(toQString(plainText(topic.title)), lstTopics_);
+        item->setData(Qt::AccessibleTextRole, QString::fromStdString(unicodeOfInternalText(topic.title)));
+    }
+    lstTopics_->setAccessibleName(accessible::unicode("mdt"_deva));
+    txtSearch_->setAccessibleName(accessible::unicode("zaex"_deva));
+    label->setAccessibleName(accessible::unicode("zaex"_deva));
+    lblNote_->setAccessibleName(accessible::unicode(lblNote_->text()));
+    cmdCopy_->setAccessibleName(accessible::unicode(cmdCopy_->text()));
     txtHelp_->setObjectName(QStringLiteral("txtHelp"));
     cmdCopy_->setObjectName(QStringLiteral("cmdCopy"));
     cmdCopy_->setFont(look::controlFont(Font::Devanagari));
@@ -82,7 +120,17 @@ frmHelp::frmHelp(std::vector<HelpTopic> topics)
     column->addWidget(cmdCopy_, 0, Qt::AlignRight);
     auto* const splitter = new QSplitter;
     splitter->setChildrenCollapsible(false);
-    splitter->addWidget(lstTopics_);
+    auto* const left = new QWidget;
+    auto* const topicsColumn = new QVBoxLayout(left);
+    topicsColumn->setContentsMargins(0, look::em(0.4), 0, 0);
+    auto* const searchRow = new QHBoxLayout;
+    searchRow->setContentsMargins(look::em(0.4), 0, look::em(0.4), 0);
+    searchRow->addWidget(label);
+    searchRow->addWidget(txtSearch_);
+    topicsColumn->addLayout(searchRow);
+    topicsColumn->addWidget(lblNote_, 0, Qt::AlignHCenter);
+    topicsColumn->addWidget(lstTopics_);
+    splitter->addWidget(left);
     splitter->addWidget(page);
     splitter->setSizes({look::em(14), look::em(36)});
     auto* const layout = new QVBoxLayout(this);
@@ -92,20 +140,65 @@ frmHelp::frmHelp(std::vector<HelpTopic> topics)
 
     connect(lstTopics_, &QListWidget::currentRowChanged, this, &frmHelp::showCurrent);
     connect(cmdCopy_, &QPushButton::clicked, this, &frmHelp::copyExample);
+    connect(txtSearch_, &QLineEdit::textChanged, this, &frmHelp::search);
+    connect(new QShortcut(QKeySequence::Copy, lstTopics_, nullptr, nullptr, Qt::WidgetShortcut), &QShortcut::activated,
+            this, [this] { QGuiApplication::clipboard()->setMimeData(txtHelp_->toMimeData().release()); });
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, txtSearch_, [this] {
+        txtSearch_->setFocus();
+        txtSearch_->selectAll();
+    });
+    txtSearch_->installEventFilter(this);
+    lstTopics_->installEventFilter(this);
     lstTopics_->setCurrentRow(0);
     lstTopics_->setFocus();
 }
 
+void frmHelp::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange) showCurrent();
+}
+
 void frmHelp::keyPressEvent(QKeyEvent* event) {
     if (event->key() == Qt::Key_Escape)
-        close();
+        txtSearch_->text().isEmpty() ? void(close()) : txtSearch_->clear();
     else
         QWidget::keyPressEvent(event);
 }
 
+// What is typed in the list looks for a topic; from the field, the arrows and Enter go to the list.
+bool frmHelp::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() != QEvent::KeyPress) return QWidget::eventFilter(watched, event);
+    const auto& key = static_cast<QKeyEvent&>(*event);
+    const bool isLetter = !key.text().isEmpty() && key.text()[0].isLetterOrNumber();
+    if (watched == lstTopics_ && isLetter) {
+        txtSearch_->setFocus();
+        return QCoreApplication::sendEvent(txtSearch_, event);
+    }
+    const bool leaves = key.key() == Qt::Key_Down || key.key() == Qt::Key_Return || key.key() == Qt::Key_Enter;
+    if (watched == txtSearch_ && leaves) {
+        lstTopics_->setFocus();
+        return true;
+    }
+    return QWidget::eventFilter(watched, event);
+}
+
+// The topics that do not have it are hidden; what it fits best is shown.
+void frmHelp::search() {
+    const std::vector<std::size_t> found = searchHelp(topics_, txtSearch_->text().toStdString());
+    const bool isAsked = !txtSearch_->text().trimmed().isEmpty();
+    for (int row = 0; row < lstTopics_->count(); ++row)
+        lstTopics_->setRowHidden(
+            row, isAsked && std::find(found.begin(), found.end(), static_cast<std::size_t>(row)) == found.end());
+    lblNote_->setVisible(isAsked && found.empty());
+    if (!found.empty()) lstTopics_->setCurrentRow(static_cast<int>(found.front()));
+    lstTopics_->scrollToItem(lstTopics_->currentItem());
+}
+
 void frmHelp::showTopic(const QString& title) {
     const QList<QListWidgetItem*> found = lstTopics_->findItems(title, Qt::MatchExactly | Qt::MatchCaseSensitive);
-    if (!title.isEmpty() && !found.isEmpty()) lstTopics_->setCurrentItem(found.constFirst());
+    if (title.isEmpty() || found.isEmpty()) return;
+    txtSearch_->clear();
+    lstTopics_->setCurrentItem(found.constFirst());
 }
 
 const HelpTopic& frmHelp::current() const {

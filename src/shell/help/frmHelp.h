@@ -1,10 +1,13 @@
-// The help: topics at the left, what they say at the right, and a button that copies the topic's example.
+// The help: topics at the left, what they say at the right, and a button that copies the topic's example. Letters that
+// are typed look for a topic; they may be Roman, Devanagari or of an English word.
 #pragma once
 
 #include "shell/help/HelpFile.h"
 
 #include <QWidget>
 
+class QLabel;
+class QLineEdit;
 class QListWidget;
 class QPushButton;
 
@@ -22,14 +25,19 @@ class frmHelp : public QWidget {
     void showTopic(const QString& title);
 
   protected:
+    void changeEvent(QEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     const HelpTopic& current() const;
+    void search();
     void showCurrent();
     void copyExample();
 
     std::vector<HelpTopic> topics_;  // at least one
+    QLineEdit* txtSearch_;
+    QLabel* lblNote_;  // that nothing was found
     QListWidget* lstTopics_;
     RichTextView* txtHelp_;
     QPushButton* cmdCopy_;
