@@ -154,7 +154,7 @@ struct Instruction {
     T word() const {
         static_assert(sizeof(T) <= sizeof(Instruction));
         T content;
-        std::memcpy(&content, static_cast<const void*>(this), sizeof content);
+        std::memcpy(static_cast<void*>(&content), static_cast<const void*>(this), sizeof content);
         return content;
     }
     template <class T>

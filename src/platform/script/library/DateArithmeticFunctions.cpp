@@ -51,8 +51,8 @@ std::int64_t monthsOf(const CivilDay& civil) {
 std::int64_t addMonths(std::int64_t day, std::int64_t months) {
     CivilDay civil = civilOf(day);
     const std::int64_t sum = monthsOf(civil) + months;
-    constexpr std::int64_t firstMonth = 100 * 12;
-    constexpr std::int64_t lastMonth = 9999 * 12 + 11;
+    constexpr std::int64_t firstMonth = std::int64_t{100} * 12;
+    constexpr std::int64_t lastMonth = std::int64_t{9999} * 12 + 11;
     if (sum < firstMonth || sum > lastMonth) raise(errors::invalidCall);
     civil.year = sum / 12;
     civil.month = static_cast<int>(sum % 12) + 1;

@@ -87,7 +87,7 @@ class RegisterNames {
 
     // "t(i, 5)"; "t" where an index is the result of a calculation.
     std::string element(std::uint32_t array, std::uint32_t first, std::uint32_t count) {
-        const std::string name = of(array);
+        std::string name = of(array);
         std::string list;
         for (std::uint32_t reg = first; reg < first + count; ++reg) {
             const auto source = sources_.find(reg);

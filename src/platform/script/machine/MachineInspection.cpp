@@ -47,6 +47,7 @@ std::vector<InspectedVariable> Machine::outsideVariables() {
     symbols_->forEachVariable([&](NameId name, const Value& value) { found.emplace_back(name, &value); });
     std::sort(found.begin(), found.end());
     std::vector<InspectedVariable> list;
+    list.reserve(found.size());
     for (const auto& [name, value] : found) list.push_back(inspected(*this, name, *value));
     return list;
 }

@@ -263,7 +263,7 @@ void Machine::finalize(ClassInstance& instance) noexcept {
             ErrorTrace onItsWay = std::exchange(trace_, {});
             try {
                 invoke(*terminate, next, {});
-            } catch (...) {
+            } catch (...) {  // NOLINT(bugprone-empty-catch): see above
             }
             trace_ = std::move(onItsWay);
             if (--next->references != 0) continue;

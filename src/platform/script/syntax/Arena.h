@@ -28,7 +28,7 @@ class Arena {
         static_assert(std::is_trivially_copyable_v<T>);
         if (items.empty()) return {};
         T* block = static_cast<T*>(take(items.size() * sizeof(T)));  // NOLINT(bugprone-sizeof-expression): a pointer
-        for (std::size_t i = 0; i < items.size(); ++i) new (block + i) T(items[i]);
+        for (std::size_t i = 0; i < items.size(); ++i) new (static_cast<void*>(block + i)) T(items[i]);
         return {block, items.size()};
     }
 
