@@ -4,6 +4,7 @@
 #include "platform/script/Recording.h"
 #include "script/ScriptConsole.h"
 
+#include <algorithm>
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
@@ -219,6 +220,40 @@ TEST(Recording, ShowsEveryMomentAsItWas) {
             compare(executor, recording, console.seen);
             executor.setRecording(nullptr);
         }
+}
+
+TEST(Recording, IsBoundedAndSaysThatItsBeginningIsGone) {
+    constexpr std::size_t bound = std::size_t{1} << 20;
+    const struct {
+        const char* line;
+        int passes;
+        std::size_t leastRows;  // in the end
+    } cases[] = {
+        {"t = String(10000, \"x\") & i", 500, 40},
+        {"ReDim a(20000) : a(7) = i", 50, 1},  // what dies in the end fills the bound
+        {"t = t & \"x\"", 3000, 100},
+        {"deep 1000", 20, 100},
+    };
+    for (const auto& [line, passes, leastRows] : cases) {
+        Recording recording(100, bound);
+        Executor executor;
+        executor.setRecording(&recording);
+        ScriptConsole console;
+        const std::string module = "Sub Main\n!\nFor i = 1 To " + std::to_string(passes) + "\n!\n" + line +
+                                   "\n!\nNext\nEnd Sub\nSub deep(n)\n!\nx = n\n!\nIf n > 0 Then deep n - 1\n!\nEnd Sub";
+        EXPECT_EQ(outcome(executor, console, moduleOf(module)), "") << line;
+        EXPECT_TRUE(recording.isBeginningGone());
+        EXPECT_LE(recording.bytes(), bound) << line;
+        EXPECT_LE(recording.endRow() - recording.firstRow(), 100U);
+        EXPECT_GE(recording.endRow() - recording.firstRow(), leastRows) << line;
+        recording.goTo(recording.firstRow());
+        EXPECT_EQ(textOf(executor, recording.value(recording.depth() - 1, 0)), "-");
+        recording.goTo(recording.endRow() - 1);
+        const auto& names = recording.procedures()[recording.procedureAt(0)].variables;
+        const auto counter = std::find(names.begin(), names.end(), "i") - names.begin();
+        EXPECT_EQ(textOf(executor, recording.value(0, static_cast<std::size_t>(counter))), std::to_string(passes + 1));
+        executor.setRecording(nullptr);
+    }
 }
 
 }  // namespace

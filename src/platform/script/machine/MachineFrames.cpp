@@ -130,7 +130,7 @@ void Machine::report(ErrorReport& report) {
 
 void Machine::start() {
     if (depth_ == 0) symbols_->dropRetired();
-    switchRecording();
+    if (depth_ == 0) switchRecording();
     ticks_ = ticksPerLook;
     trace_ = {};
     if (timeout >= 0) deadline_ = std::chrono::steady_clock::now() + std::chrono::milliseconds(timeout);
