@@ -1,0 +1,92 @@
+#include "runtime/host/ValueTable.h"
+
+#include "runtime/host/InputValue.h"
+
+#include <algorithm>
+
+namespace tolvan {
+
+namespace {
+
+using script::Type;
+using Kind = ValueTable::Kind;
+
+Kind kindOf(const script::Value& value) {
+    if (value.is(Type::Empty)) return Kind::NoValue;
+    if (value.is(Type::String)) return Kind::Text;
+    if (value.is(Type::Boolean)) return Kind::Truth;
+    if (value.is(Type::Date)) return Kind::Date;
+    if (value.is(Type::Array)) return Kind::Array;
+    const bool isNumber =
+        value.isOneOf(bits(Type::Byte, Type::Integer, Type::Long, Type::Single, Type::Double, Type::Currency));
+    return isNumber ? Kind::Number : Kind::Other;
+}
+
+// Tells two values of a variable from each other where the shown text does not: all of a text, all of an array.
+std::size_t fingerprint(const script::Value& value) {
+    if (value.is(Type::String)) return std::hash<std::string_view>{}(value.view());
+    std::size_t print = value.isOneOf(bits(Type::Double, Type::Date, Type::Currency))
+                            ? std::hash<std::int64_t>{}(value.as.c)
+                        : value.isOneOf(bits(Type::Empty, Type::Null, Type::Array, Type::Object))
+                            ? 0
+                            : std::hash<std::int32_t>{}(value.as.i);
+    if (value.is(Type::Array))
+        for (const script::Value& element : value.array()->elements())
+            print = print * 31 + (element.is(Type::Array) ? element.array()->size : fingerprint(element)) + element.tag;
+    return print;
+}
+
+}  // namespace
+
+const std::vector<ValueTable::Row>& ValueTable::read() {
+    const script::Inspection inspection = executor_.inspect();
+    rows_.clear();
+    names_.clear();
+    decltype(last_) now;
+    const auto wordOf = [this](const std::string& name) {
+        const auto found = program_.words.find(name);
+        return found == program_.words.end() ? std::string() : found->second;
+    };
+    for (std::size_t level = 0; level < inspection.depth(); ++level) {
+        const std::string function = wordOf(inspection.procedure(level));
+        for (const script::InspectedVariable& variable : inspection.variables(level)) {
+            Row row{wordOf(variable.name), function, kindOf(variable.value), text_.of(variable.value), false, 0, level};
+            if (row.kind == Kind::Array) row.elements = variable.value.array()->size;
+            const std::pair place(inspection.depth() - level, variable.name);
+            const auto& seen = now[place] = {inspection.procedure(level) + row.text, fingerprint(variable.value)};
+            const auto before = last_.find(place);
+            row.isChanged = before != last_.end() ? before->second != seen : row.kind != Kind::NoValue;
+            rows_.push_back(std::move(row));
+            names_.push_back(variable.name);
+        }
+    }
+    last_ = std::move(now);
+    return rows_;
+}
+
+std::vector<ValueTable::Element> ValueTable::elements(std::size_t row, std::size_t first, std::size_t most) const {
+    std::vector<Element> list;
+    if (row >= rows_.size() || rows_[row].kind != Kind::Array) return list;
+    for (const script::InspectedVariable& variable : executor_.inspect().variables(rows_[row].level)) {
+        if (variable.name != names_[row] || !variable.value.is(Type::Array)) continue;
+        const script::ArrayCell& array = *variable.value.array();
+        for (std::size_t i = first; i < array.size && i - first < most; ++i)
+            list.push_back({ValueText::indexesOf(array, i), kindOf(array.items[i]), text_.of(array.items[i])});
+    }
+    return list;
+}
+
+bool ValueTable::assign(std::size_t row, std::span<const std::uint32_t> indexes, std::string_view roman) {
+    if (row >= rows_.size() || (rows_[row].kind == Kind::Array) == indexes.empty()) return false;
+    return executor_.inspect().assign(rows_[row].level, names_[row], indexes, script::Value::text(inputValue(roman)));
+}
+
+std::string ValueTable::textOf(std::string_view word) {
+    for (const script::InspectedVariable& variable : executor_.inspect().variables(0)) {
+        const auto found = program_.words.find(variable.name);
+        if (found != program_.words.end() && found->second == word) return text_.of(variable.value);
+    }
+    return {};
+}
+
+}  // namespace tolvan
