@@ -1,10 +1,12 @@
 #include "dialogs/FramedDialog.h"
 
 #include "dialogs/Accessibility.h"
+#include "dialogs/LetterKeys.h"
 #include "dialogs/Look.h"
 #include "dialogs/WindowFrame.h"
 
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -46,6 +48,10 @@ QPushButton* FramedDialog::addButton(const char* name, std::string_view caption)
     }
     buttons_->addWidget(button);
     return button;
+}
+
+void FramedDialog::keyPressEvent(QKeyEvent* event) {
+    if (!takeLetter(*this, *event)) QDialog::keyPressEvent(event);
 }
 
 }  // namespace tolvan

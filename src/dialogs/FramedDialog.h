@@ -26,6 +26,9 @@ class FramedDialog : public QDialog {
     // Adds a button at the right of the row.
     QPushButton* addButton(const char* name, std::string_view caption);
 
+    // Alt and a letter go to the control whose caption begins with it.
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
     QBoxLayout* body_;
     QBoxLayout* buttons_;

@@ -73,7 +73,18 @@ constexpr const char* styleSheetPattern = R"(
     QToolButton:pressed, QToolButton:checked { background: @captionActive; }
     QToolButton:focus { border-color: @focus; }
     QStatusBar { background: @footer; border-top: 1px solid @line; }
-    QCheckBox::indicator, QRadioButton::indicator { position: relative; bottom: @drop; }
+    QCheckBox::indicator, QRadioButton::indicator {
+        position: relative; bottom: @drop; width: 1em; height: 1em;
+        background: @paper; border: 2px solid @dimText; border-radius: 0.2em;
+    }
+    QRadioButton::indicator { border-radius: 0.5em; }
+    QCheckBox::indicator:checked { background: @accent; border-color: @accent; image: url(:/tolvan/@tick.png); }
+    QRadioButton::indicator:checked {
+        background: qradialgradient(cx: 0.5, cy: 0.5, fx: 0.5, fy: 0.5, radius: 0.5,
+                                    stop: 0 @accent, stop: 0.5 @accent, stop: 0.6 @paper, stop: 1 @paper);
+    }
+    QCheckBox::indicator:focus, QRadioButton::indicator:focus { border-color: @focus; }
+    QCheckBox:focus, QRadioButton:focus { color: @accent; }
     QListWidget { outline: none; border: 2px solid @line; }
     QListWidget:focus { border-color: @focus; }
     QLineEdit, QComboBox { background: @paper; color: @text; border: 2px solid @line; padding: 0.1em 0.3em; }
@@ -112,10 +123,12 @@ QString styleSheet() {
         {"@captionActive", c.captionActive},
         {"@footer", c.footer},
         {"@greyedText", c.greyedText},
+        {"@dimText", c.dimText},
     };
     QString sheet = QString::fromLatin1(styleSheetPattern);
     for (const auto& [name, colour] : names) sheet.replace(QLatin1String(name), colour.name());
     const auto pixels = [](int count) { return QString::number(std::max(0, count)) + QLatin1String("px"); };
+    sheet.replace(QLatin1String("@tick"), QLatin1String(used == Kind::Light ? "tick-light" : "tick-dark"));
     sheet.replace(QLatin1String("@above"), pixels(em(0.3) + devanagariDrop()));
     sheet.replace(QLatin1String("@drop"), pixels(devanagariDrop()));
     sheet.replace(QLatin1String("@below"), pixels(em(0.3) - devanagariDrop()));

@@ -1,6 +1,7 @@
 #include "dialogs/SystemMenu.h"
 
 #include "dialogs/Accessibility.h"
+#include "dialogs/LetterKeys.h"
 #include "dialogs/Look.h"
 #include "platform/encoding/Deva.h"
 
@@ -65,6 +66,10 @@ void SystemMenu::greyByState() {
     enable(SystemCommand::Move, !maximized);
     enable(SystemCommand::Size, !maximized);
     enable(SystemCommand::Maximize, !maximized);
+}
+
+void SystemMenu::keyPressEvent(QKeyEvent* event) {
+    if (!takeLetter(*this, *event)) QMenu::keyPressEvent(event);
 }
 
 }  // namespace tolvan

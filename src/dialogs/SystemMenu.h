@@ -28,6 +28,9 @@ class SystemMenu : public QMenu {
     void systemCommand(tolvan::SystemCommand command);
     void userCommand(const QByteArray& key);
 
+  protected:
+    void keyPressEvent(QKeyEvent* event) override;
+
   private:
     void greyByState();
 

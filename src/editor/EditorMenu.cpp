@@ -1,5 +1,6 @@
 #include "editor/EditorMenu.h"
 
+#include "dialogs/LetterKeys.h"
 #include "dialogs/Look.h"
 
 #include <QPainter>
@@ -30,6 +31,10 @@ void EditorMenu::paintEvent(QPaintEvent* event) {
         painter.drawText(area, Qt::AlignRight | Qt::AlignVCenter,
                          action->shortcut().toString(QKeySequence::NativeText));
     }
+}
+
+void EditorMenu::keyPressEvent(QKeyEvent* event) {
+    if (!takeLetter(*this, *event)) QMenu::keyPressEvent(event);
 }
 
 }  // namespace tolvan

@@ -12,6 +12,7 @@ class EditorMenu : public QMenu {
     explicit EditorMenu(QWidget* parent);
 
   protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void initStyleOption(QStyleOptionMenuItem* option, const QAction* action) const override;
     void paintEvent(QPaintEvent* event) override;
 };

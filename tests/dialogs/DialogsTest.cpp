@@ -168,6 +168,17 @@ TEST(Boxes, ALongMessageScrollsByKeys) {
     EXPECT_TRUE(user.acted());
 }
 
+// The Roman letter of its caption with Alt presses a button, as an underlined letter would.
+TEST(Boxes, AreAnsweredByLetters) {
+    const std::pair<Qt::Key, Answer> keys[] = {
+        {Qt::Key_H, Answer::Yes}, {Qt::Key_N, Answer::No}, {Qt::Key_R, Answer::Cancel}};
+    for (const auto& [key, answer] : keys) {
+        BoxUser user([&](QDialog& box) { press(box, key, Qt::AltModifier); });
+        EXPECT_EQ(AskQuestion("\\f1kay"), answer);
+        EXPECT_TRUE(user.acted());
+    }
+}
+
 TEST(Boxes, TheMessageCanBeCopied) {
     BoxUser user([&](QDialog& box) {
         press(box, Qt::Key_C, Qt::ControlModifier);

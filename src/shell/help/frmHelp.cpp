@@ -132,7 +132,7 @@ frmHelp::frmHelp(std::vector<HelpTopic> topics)
     topicsColumn->addWidget(lstTopics_);
     splitter->addWidget(left);
     splitter->addWidget(page);
-    splitter->setSizes({look::em(14), look::em(36)});
+    splitter->setSizes({look::em(17), look::em(33)});
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->addWidget(splitter);
@@ -149,6 +149,8 @@ frmHelp::frmHelp(std::vector<HelpTopic> topics)
     });
     txtSearch_->installEventFilter(this);
     lstTopics_->installEventFilter(this);
+    setTabOrder(txtSearch_, lstTopics_);
+    setTabOrder(lstTopics_, cmdCopy_);
     lstTopics_->setCurrentRow(0);
     lstTopics_->setFocus();
 }
