@@ -4,11 +4,14 @@
 #include "platform/script/Conversions.h"
 #include "platform/script/Operators.h"
 #include "platform/script/text/Calendar.h"
+#include "platform/script/text/DateReading.h"
+#include "platform/script/text/DateText.h"
 #include "platform/script/text/NumberReading.h"
 #include "platform/script/text/NumberWriting.h"
 
 #include <algorithm>
 #include <bit>
+#include <chrono>
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
@@ -16,8 +19,6 @@
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>
-#include <string>
-#include <vector>
 
 namespace tolvan::testing {
 namespace {
@@ -355,6 +356,41 @@ TEST_F(Differential, WeeksAreThoseOfTheInternationalRule) {
         const Value part = call("DatePart", {Value::text("ww"), Value::date(static_cast<double>(day)),
                                              Value::integer(2), Value::integer(2)});
         ASSERT_EQ(part.as.i, std::atoi(week)) << day;
+    }
+}
+
+using std::chrono::sys_days;
+
+constexpr sys_days epoch = sys_days(std::chrono::December / 30 / 1899);
+
+TEST(Calendar, AgreesWithTheStandardCalendarOnRandomDays) {
+    std::mt19937 random(1);
+    std::uniform_int_distribution<std::int64_t> anyDay(script::firstDay, script::lastDay);
+    for (int i = 0; i < 100000; ++i) {
+        const std::int64_t day = i == 0 ? script::firstDay : i == 1 ? script::lastDay : anyDay(random);
+        const sys_days expectedDay = epoch + std::chrono::days(day);
+        const std::chrono::year_month_day expected(expectedDay);
+        const script::CivilDay civil = script::civilOf(day);
+        ASSERT_EQ(civil.year, int(expected.year())) << day;
+        ASSERT_EQ(civil.month, int(unsigned(expected.month()))) << day;
+        ASSERT_EQ(civil.day, int(unsigned(expected.day()))) << day;
+        ASSERT_EQ(script::dayOf(civil), day);
+        ASSERT_EQ(script::weekdayOf(day), int(std::chrono::weekday(expectedDay).c_encoding()) + 1) << day;
+        const auto lastOfMonth =
+            std::chrono::year_month_day_last(expected.year(), expected.month() / std::chrono::last);
+        ASSERT_EQ(script::daysInMonth(civil.year, civil.month), int(unsigned(lastOfMonth.day()))) << day;
+    }
+}
+
+TEST(Calendar, TheTextOfADateReadsBackAsTheDate) {
+    std::mt19937 random(2);
+    std::uniform_int_distribution<std::int64_t> anySecond(script::firstDay * 86400, script::lastDay * 86400);
+    for (int i = 0; i < 20000; ++i) {
+        const double date = script::dateOfSeconds(anySecond(random));
+        const std::string text = script::plainDate(date);
+        const auto read = script::parseDate(text);
+        ASSERT_TRUE(read.has_value()) << text;
+        ASSERT_NEAR(*read, date, 1e-9) << text;
     }
 }
 

@@ -7,8 +7,6 @@
 #include <cstdint>
 #include <cstdlib>
 #include <numeric>
-#include <random>
-#include <string>
 
 namespace {
 

@@ -11,7 +11,6 @@
 
 #include <cmath>
 #include <cstdlib>
-#include <vector>
 
 namespace tolvan {
 namespace {

@@ -7,8 +7,6 @@
 #include <cmath>
 #include <gtest/gtest.h>
 #include <random>
-#include <string>
-#include <vector>
 
 namespace tolvan::testing {
 namespace {

@@ -36,14 +36,16 @@ std::string byteOf(char32_t character, std::string_view written) {
     }
 }
 
-Row rowOf(const Section& section, const std::string& line) {
-    Row row{section.title, {}};
+void addRows(const Section& section, const std::string& line, std::vector<Row>& rows) {
+    rows.push_back({section.title, {}});
     for (std::size_t start = 0; start < line.size();) {
         const std::size_t end = std::min(line.find('\t', start), line.size());
-        row.written.push_back(line.substr(start, end - start));
+        if (const std::string field = line.substr(start, end - start); field != "┊")
+            rows.back().written.push_back(field);
+        else
+            rows.push_back({section.title, {}});
         start = std::min(line.find_first_not_of('\t', end), line.size());
     }
-    return row;
 }
 
 }  // namespace
@@ -113,7 +115,7 @@ std::vector<Row> rowsOf(const std::string& file) {
     std::vector<Row> rows;
     for (const Section& section : sectionsOf(file))
         for (const std::string& line : section.lines)
-            if (!line.empty()) rows.push_back(rowOf(section, line));
+            if (!line.empty()) addRows(section, line, rows);
     return rows;
 }
 

@@ -28,7 +28,7 @@ struct Section {
     friend std::ostream& operator<<(std::ostream& out, const Section& section) { return out << section.title; }
 };
 
-// A line of a section in fields that one or more tabs part.
+// Fields that one or more tabs part: a line of a section, or a part of it where "┊" parts several such rows.
 struct Row {
     std::string title;                 // of the section
     std::vector<std::string> written;  // the fields as they stand in the file, in UTF-8

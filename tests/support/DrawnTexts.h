@@ -4,7 +4,6 @@
 #include <QFontInfo>
 #include <QPaintDevice>
 #include <QPaintEngine>
-#include <QPainter>
 #include <QWidget>
 
 #include <utility>

@@ -1,6 +1,5 @@
 Function said(text)
-PrintString text
-said = True
+PrintString text : said = True
 End Function
 Sub Main()
 If 1 = 2 Then PrintString "no" Else PrintString "else"     '> else
@@ -50,5 +49,5 @@ If 3 < = 3 Then PrintString "blanks in signs"              '> blanks in signs
 If 3 => 3 And 3 =< 3 And 2 >< 3 Then PrintString "old signs" '> old signs
 If True Then If False Then PrintString "no" Else PrintString "inner else" '> inner else
 If 1 = 2 And 1 / 0 = 1 Then PrintString "no"
-'> error 11 line 52
+'> error 11 line 51
 End Sub

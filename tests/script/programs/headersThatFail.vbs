@@ -12,13 +12,11 @@ x = "kept"
 For x = 100 To 1 / 0
 PrintString "limit"
 Next
-PrintString x & Err                    '> kept11
-Err.Clear
+PrintString x & Err : Err.Clear        '> kept11
 For x = CInt("a") To 9
 PrintString "start"
 Next
-PrintString x & Err                    '> kept13
-Err.Clear
+PrintString x & Err : Err.Clear        '> kept13
 For x = 1 To 9 Step 40000 * 1E308
 PrintString "step"
 Next
@@ -37,8 +35,7 @@ PrintString "Case"
 Case Else
 PrintString "Case Else"
 End Select
-PrintString Err                        '> 11
-Err.Clear
+PrintString Err : Err.Clear            '> 11
 For Each x In 5
 PrintString "Each"
 Next

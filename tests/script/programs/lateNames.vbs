@@ -2,28 +2,20 @@
 Dim where, declaredList(2)
 where = "global"
 On Error Resume Next
-Nested
-PrintString Err.Number                       '> 13
-Err.Clear
+Nested : PrintString Err.Number : Err.Clear  '> 13
 InProcedure                                  '> local
 '> global
-Nested
-PrintString Err.Number                       '> 13
-Err.Clear
+Nested : PrintString Err.Number : Err.Clear  '> 13
 On Error GoTo 0
 Execute "Sub Nested : PrintString where : End Sub"
 Nested                                       '> global
 ExecuteGlobal "Function Twice(x) : x = x * 2 : Twice = x : End Function"
-amount = 4
-PrintString Twice(amount) & " " & amount     '> 8 8
+amount = 4 : PrintString Twice(amount) & " " & amount '> 8 8
 PrintString Twice((amount)) & " " & amount   '> 16 8
 Execute "made = Array(1, 2, 3) : Const Limit = 12"
-Twice made(1)
-PrintString Join(made, "-") & Limit          '> 1-4-312
+Twice made(1) : PrintString Join(made, "-") & Limit '> 1-4-312
 ExecuteGlobal "Class Counter : Public Count : Sub Add(n) : Count = Count + n : End Sub : End Class"
-Set counted = New Counter
-counted.Add 3
-counted.Add Twice(2)
+Set counted = New Counter : counted.Add 3 : counted.Add Twice(2)
 PrintString counted.Count                    '> 7
 InSub
 '> 336
@@ -43,25 +35,18 @@ Execute "Execute ""deep = 5"" : deep = deep + 1"
 PrintString deep                             '> 6
 Execute "Dim shared : shared = 1"
 Execute "Dim shared"
-PrintString shared                           '> 1
-Err.Clear
+PrintString shared : Err.Clear               '> 1
 On Error Resume Next
-Limit = 3
-PrintString Err.Number                       '> 501
-Twice = 3
-PrintString Err.Number                       '> 501
-Twice 1, 2
-PrintString Err.Number                       '> 450
-Err.Clear
-Set counted = New Countess
-PrintString Err.Number                       '> 506
+Limit = 3 : PrintString Err.Number           '> 501
+Twice = 3 : PrintString Err.Number           '> 501
+Twice 1, 2 : PrintString Err.Number : Err.Clear '> 450
+Set counted = New Countess : PrintString Err.Number '> 506
 
 Sub InProcedure
   Dim where
   where = "local"
   Execute "Sub Nested : PrintString where : End Sub"
-  PrintString Eval("where")
-  Nested
+  PrintString Eval("where") : Nested
 End Sub
 
 Sub InSub
@@ -70,13 +55,10 @@ Sub InSub
   Execute "onlyThere = onlyThere + 1 : alsoThere = onlyThere"
   PrintString onlyThere & alsoThere & Eval("onlyThere + alsoThere")
   Execute "Function Own(x) : Own = x & ""!"" : End Function : Const Fixed = 9"
-  PrintString Own(Fixed) & Eval("Own(1)")
-  Set reference = GetRef("Own")
+  PrintString Own(Fixed) & Eval("Own(1)") : Set reference = GetRef("Own")
   PrintString reference("called")
   ExecuteGlobal "list = Array(3, 4)"
-  list(0) = list(1) + 1
-  Twice list(0)
-  PrintString list(0) & list(1)
+  list(0) = list(1) + 1 : Twice list(0) : PrintString list(0) & list(1)
   For Each element In list
     total = total & element & ","
   Next
@@ -84,9 +66,7 @@ Sub InSub
   For number = 1 To 3
     sum = sum + number
   Next
-  PrintString sum
-  ReDim list(1)
-  PrintString IsEmpty(list(0))
+  PrintString sum : ReDim list(1) : PrintString IsEmpty(list(0))
 End Sub
 
 ' A variable of its own, because nothing else has the name.

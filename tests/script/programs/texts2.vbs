@@ -1,7 +1,6 @@
 ExecuteGlobal "Function added(x)" & vbLf & "added = x & ""+""" & vbLf & "End Function"
 PrintString Eval("added(1)")             '> 1+
-Set f = GetRef("later")
-PrintString f(2, 3)                      '> 5
+Set f = GetRef("later") : PrintString f(2, 3) '> 5
 Function later(a, b)
 later = a + b
 End Function
@@ -16,17 +15,13 @@ Execute "x = x + 1 : x = x * 10"
 PrintString x                            '> 20
 End Sub
 End Class
-Set o = New C
-o.go
+Set o = New C : o.go
 On Error Resume Next
 Execute "If"
-PrintString Err.Number                   '> 1023
-Err.Clear
+PrintString Err.Number : Err.Clear       '> 1023
 Execute "a = (1"
 PrintString Err.Number                   '> 1006
 PrintString Eval("2 = 2")                '> True
 PrintString Eval(7)                      '> 7
 Execute "Execute ""deep = 1"" : PrintString deep"  '> 1
-Set f = Nothing
-Set g = GetRef("nothing here")
-PrintString Err.Number                   '> 5
+Set f = Nothing : Set g = GetRef("nothing here") : PrintString Err.Number '> 5
