@@ -1,5 +1,6 @@
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Deva.h"
+#include "platform/encoding/Utf8.h"
 
 #include <gtest/gtest.h>
 
@@ -37,6 +38,13 @@ TEST(Windows1252, EveryCodeComesBackFromItsCharacter) {
 TEST(Windows1252, CharactersWithoutCode) {
     for (const char32_t character : {0x0080U, 0x0093U, 0x0100U, 0x0915U, 0x2603U, 0x1F600U, 0x10FFFFU})
         EXPECT_FALSE(unicodeToWindows1252(character)) << static_cast<unsigned>(character);
+}
+
+// A character has one form only, and half of a pair is none.
+TEST(Utf8, LongerFormsAndHalvesAreNoText) {
+    EXPECT_TRUE(isUtf8("a\xC2\x80\xE0\xA0\x80\xF0\x90\x80\x80"));
+    for (const char* text : {"\xC0\x80", "\xE0\x80\xAF", "\xF0\x80\x80\xAF", "\xED\xA0\x80"})
+        EXPECT_FALSE(isUtf8(text)) << text;
 }
 
 TEST(DevaLiteral, BytesOfTheFont) {

@@ -1,10 +1,16 @@
+// The fonts: that they are there, and that every code and word is drawn as it should be.
+#include "Picture.h"
+#include "platform/encoding/EncodingTable.h"
+#include "platform/encoding/Windows1252.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/fonts/Fonts.h"
+#include "support/Cases.h"
 #include "support/Folders.h"
 
 #include <QFile>
 #include <QFontDatabase>
 #include <QFontInfo>
+#include <QFontMetricsF>
 #include <QSet>
 #include <QtEndian>
 
@@ -71,22 +77,6 @@ TEST(Fonts, InstalledFontOfTheNameComesFirst) {
     expectEachNameOnce();
 }
 
-TEST(Fonts, SizeIsInPoints) {
-    EXPECT_DOUBLE_EQ(qtFont(Font::Devanagari, 16.5).pointSizeF(), 16.5);
-    EXPECT_EQ(qtFont(Font::Devanagari, 16).family(), devanagariName);
-}
-
-TEST(FontEncoding, EveryByteComesBack) {
-    std::string bytes;
-    for (int code = 0; code < 256; ++code) bytes += static_cast<char>(code);
-    const QString text = toQString(bytes);
-    EXPECT_EQ(text.size(), 256);
-    EXPECT_EQ(toFontEncoded(text), bytes);
-    EXPECT_EQ(firstWithoutCode(text), std::nullopt);
-    EXPECT_EQ(text.sliced(0x80, 3), QStringLiteral("\u20AC\u0081\u201A"));
-    EXPECT_EQ(text[0x9D], QChar(0x9D));
-}
-
 TEST(FontEncoding, CharactersWithoutByteAreNamedAndLeftOut) {
     const QString text = QStringLiteral("k\u0915a\U0001F600e");
     EXPECT_EQ(toFontEncoded(text), "kae");
@@ -94,6 +84,78 @@ TEST(FontEncoding, CharactersWithoutByteAreNamedAndLeftOut) {
     EXPECT_EQ(firstWithoutCode(QStringView(text).sliced(2)), U'\U0001F600');
     EXPECT_EQ(toFontEncoded(QString(QChar(0xD800))), "");
     EXPECT_EQ(toFontEncoded(QString()), "");
+}
+
+struct Setting {
+    QString unicode;
+    QString encoded;
+};
+
+// What is drawn alone in Unicode needs help: a half form a joiner, or it shows its virama; a sign a letter, or it
+// sits on a dotted circle.
+Setting settingOf(std::size_t code, const EncodingRow& row) {
+    const QString glyph = QChar(windows1252ToUnicode(static_cast<std::uint8_t>(code)));
+    const QString draws = QString::fromUtf8(row.draws);
+    if (draws == u"\u093C") return {u'ड' + draws, glyph + u'f'};
+    if (draws == u"\u0951" || draws == u"\u0952" || row.kind == GlyphKind::Sign || row.kind == GlyphKind::Mark)
+        return {u'क' + draws, u'k' + glyph};
+    if (row.kind == GlyphKind::Half) return {draws + QChar(0x200D), glyph};
+    if (row.kind == GlyphKind::SignBefore) return {u'क' + draws, glyph + u'k'};
+    if (row.kind == GlyphKind::Form) return {u'ट' + draws, u'q' + glyph};
+    if (row.kind == GlyphKind::Reph) return {QString(draws).insert(2, u'क'), u'k' + glyph};
+    return {draws, glyph};
+}
+
+TEST(BuiltFont, DrawsEveryCodeOfTheTable) {
+    for (std::size_t code = 0; code < encodingTable().size(); ++code) {
+        const EncodingRow& row = encodingTable()[code];
+        if (row.kind == GlyphKind::Blank || row.kind == GlyphKind::Unused) continue;
+        const Setting setting = settingOf(code, row);
+        EXPECT_LE(difference(picture(setting.unicode, sourceFont(40)), picture(setting.encoded, builtFont(40))),
+                  tolerance)
+            << "code " << code << ", " << row.draws;
+    }
+}
+
+// The reading sizes of the system: 10 points of a dialog, 16 points of the console, and a large one in which a
+// misplaced mark cannot hide.
+constexpr int sizes[] = {13, 21, 53};
+
+// Of the Unicode word in the source font to the encoded word in the built one.
+double differenceOfWord(const QString& unicode, const QString& encoded, int pixels) {
+    return difference(picture(unicode, sourceFont(pixels)), picture(encoded, builtFont(pixels)));
+}
+
+QString unicodeOf(const Row& row) {
+    return QString::fromStdString(row.written.at(0));
+}
+
+TEST(BuiltFont, DrawsWordsAsItsSourceDoes) {
+    QString unicode, encoded;
+    for (const Row& row : rowsOf("fonts/words.cases")) {
+        for (const int pixels : sizes)
+            EXPECT_LE(differenceOfWord(unicodeOf(row), toQString(row[1]), pixels), tolerance)
+                << row << " at " << pixels << " pixels";
+        unicode += unicodeOf(row) + u' ';
+        encoded += toQString(row[1]) + u' ';
+    }
+    EXPECT_LE(differenceOfWord(unicode, encoded, 21), tolerance) << "all in one line";
+}
+
+// One glyph, so that at small sizes its letters stand between the pixels in other places than those of the source.
+TEST(BuiltFont, DrawsTheLogotype) {
+    const QString codes = toQString(logotype().codes);
+    const QString name = QString::fromUtf8(logotype().draws);
+    for (const int pixels : {100, 200}) EXPECT_LE(differenceOfWord(name, codes, pixels), 3 * tolerance) << pixels;
+    const QFontMetricsF metrics(builtFont(21));
+    EXPECT_NEAR(metrics.horizontalAdvance(codes), QFontMetricsF(sourceFont(21)).horizontalAdvance(name), 2);
+}
+
+// The comparison is of no worth unless it tells words apart that differ in the smallest sign.
+TEST(BuiltFont, ComparisonSeesASmallSign) {
+    for (const Row& row : rowsOf("fonts/others.cases"))
+        for (const int pixels : sizes)
+            EXPECT_GT(differenceOfWord(unicodeOf(row), toQString(row[1]), pixels), 4 * tolerance) << row;
 }
 
 }  // namespace

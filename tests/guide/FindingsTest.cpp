@@ -11,7 +11,6 @@
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
-#include <fstream>
 #include <gmock/gmock.h>
 #include <sstream>
 

@@ -11,7 +11,6 @@
 #include <array>
 #include <cstdio>
 #include <cstdlib>
-#include <functional>
 #include <gmock/gmock.h>
 #include <memory>
 #include <random>

@@ -10,7 +10,6 @@
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
 
-#include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
 namespace tolvan {
@@ -62,6 +61,7 @@ TEST_F(LibraryTest, aWordThatTheProgramGivesAMeaningIsItsOwn) {
             EXPECT_EQ(run(program), row[1]) << row << word.roman;
         }
     }
+    EXPECT_EQ(run("x = #\"2\"#\r\ny = javaLachA(x)\r\ndAkhav x & 1"), "{2}1") << "a word leaves what it is given";
     EXPECT_EQ(run("dAkhav bAkI(7, 4)\r\nupaprAyojan k(x)\r\nk = x\r\nupaprAyojan saMpav"), "3");
 }
 

@@ -6,15 +6,12 @@
 #include <QGuiApplication>
 #include <QScreen>
 
-#include <algorithm>
 #include <array>
 #include <cmath>
 #include <gtest/gtest.h>
 #include <iterator>
 #include <limits>
 #include <sstream>
-#include <string>
-#include <vector>
 
 namespace tolvan {
 namespace {

@@ -5,8 +5,6 @@
 #include "platform/richtext/RtfReader.h"
 #include "platform/richtext/RtfWriter.h"
 
-#include <numeric>
-
 namespace tolvan {
 
 inline bool comesBackFromRtf(const StyledText& text) {

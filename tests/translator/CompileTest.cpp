@@ -1,18 +1,21 @@
-// Whole programs: the module's layout, functions, names, and programs that were made to break it.
-
+// Whole programs: the module's layout, functions, names, programs that were made to break it, and programs in Unicode.
 #include "platform/encoding/Deva.h"
 #include "support/Cases.h"
+#include "support/Folders.h"
 #include "translator/Keywords.h"
 #include "translator/Modules.h"
+#include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
 #include "translator/Styled.h"
 #include "translator/Translator.h"
+#include "translator/UnicodeProgram.h"
 
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
 #include <random>
 #include <set>
-#include <string>
-#include <vector>
+#include <sstream>
 
 namespace tolvan {
 namespace {
@@ -41,7 +44,7 @@ TEST(Compile, EveryWordOfTheLanguageAmongOtherWords) {
 
 TEST(Compile, BareLineEndsStayInTheirLine) {
     EXPECT_EQ(Translator().Compile(styled("{1\n2\r}3{\r\r\n}4")),
-              moduleText("Sub Main()\n!\n1") + "\n2\r3\r" + moduleText("\n!\n4\nEnd Sub\n"));
+              moduleText("Sub Main()\n! 1") + "\n2\r3\r" + moduleText("\n! 4\nEnd Sub\n"));
 }
 
 // Each line of the module with the line of the program that it came from.
@@ -77,7 +80,7 @@ TEST(Compile, SaysWhereTheLinesOfTheModuleCameFrom) {
 TEST(Compile, NamesStartAgainWithEachProgram) {
     Translator translator;
     translator.Compile(styled("a b c"));
-    EXPECT_EQ(translator.Compile(styled("c \r\nb \r\nc ")), moduleText("Sub Main()\n!\n@1\n!\n@2\n!\n@1\nEnd Sub\n"));
+    EXPECT_EQ(translator.Compile(styled("c \r\nb \r\nc ")), moduleText("Sub Main()\n! @1\n! @2\n! @1\nEnd Sub\n"));
     EXPECT_EQ(translator.MapIdentifier("b"), moduleText("@2")) << "the names stay until the next program";
 }
 
@@ -135,7 +138,7 @@ TEST(Compile, LoopsNestedByTheThousandInOneLine) {
     for (std::size_t i = 0; i < depth; ++i) statement.append("for ").append(names.next()).append(" =    to ");
     statement.append("  ").append(names.next());
     EXPECT_EQ(Translator().Compile(styled(repeated("te ", depth) + "saQI")),
-              moduleText("Sub Main()\n!\n") + statement + moduleText("\nEnd Sub\n"));
+              moduleText("Sub Main()\n! ") + statement + moduleText("\nEnd Sub\n"));
 }
 
 // The script of such lines would be of the square of their length: gigabytes here.
@@ -147,9 +150,76 @@ TEST(Compile, LinesMadeToMultiplyComeToAnEnd) {
     const std::string quotes = "{\"}" + repeated("\"", 500'000) + "{\"}";
     for (const std::string& line : {loops, startPoints, removals, quotes}) {
         const std::string module = Translator().Compile(styled(line + "\r\nkaera"));
-        EXPECT_TRUE(module.ends_with(moduleText("\n!\nparentform.ClearScreen\nEnd Sub\n")));
+        EXPECT_TRUE(module.ends_with(moduleText("\n! parentform.ClearScreen\nEnd Sub\n")));
         EXPECT_LT(module.size(), std::size_t{1} << 30);
     }
+}
+
+TEST(UnicodeProgram, LinesBecomeRoman) {
+    struct Row {
+        std::string_view unicode;
+        std::string_view roman;
+        std::u32string_view leftOut = {};
+    };
+    for (const Row& row : std::initializer_list<Row>{
+             {"दाखव \"नमस्कार\"", "dAkhav #\"#namaskAra#\"#"},
+             {"दाखव \"Hello, World 5\" & अ", "dAkhav #\"Hello, World 5\"# & a"},
+             {"जर गुण > 5 तर\nदाखव “हो” – १", "jar guNa > 5 tar\r\ndAkhav #\"#ho#\"# - 1"},
+             {"दाखव \"वय 5\"", "dAkhav #\"#vaya #5\"#"},
+             {"कखे x, y = {१}", "kakhe #x, y = {#1#}#"},
+             {"A line of English\u2028\"stays\" #", "A line of English\r\n\"stays\" #"},
+             {"अ 😀 ব\r😀 #", "a  \r\n #", U"😀ব"},
+             {"अं॰ ।#é", "aM #\xE9#", U"॰।#"},
+             {"\u200Bक्\u200Dष ्", "kqSha ", U"\u200B\u094D"},
+             {"", ""},
+         }) {
+        const RomanProgram program = romanOfUnicodeProgram(row.unicode);
+        EXPECT_EQ(program.roman, row.roman) << row.unicode;
+        EXPECT_EQ(program.leftOut, row.leftOut) << row.unicode;
+    }
+}
+
+// Through Unicode and back a program is shown and runs as before.
+TEST(UnicodeProgram, EveryExampleComesBack) {
+    int count = 0;
+    for (const auto& entry : std::filesystem::directory_iterator(sourceFolder() + "/examples")) {
+        if (entry.path().extension() != ".tvp") continue;
+        std::ostringstream bytes;
+        bytes << std::ifstream(entry.path(), std::ios::binary).rdbuf();
+        const std::string roman = readProgramFile(bytes.str()).roman;
+        const std::string unicode = unicodeOfProgram(roman);
+        const RomanProgram back = romanOfUnicodeProgram(unicode);
+        EXPECT_EQ(unicodeOfProgram(back.roman), unicode) << entry;
+        EXPECT_EQ(back.leftOut, U"") << entry;
+        // The font of a blank in a text is not told by Unicode.
+        const auto module = [](std::string_view text) {
+            std::string script = Translator().Compile(ProgramText(text));
+            std::erase_if(script, [](char c) { return c == '{' || c == '}'; });
+            return script;
+        };
+        EXPECT_EQ(module(back.roman), module(roman)) << entry;
+        ++count;
+    }
+    EXPECT_GT(count, 5);
+}
+
+TEST(UnicodeProgram, FilesOfEveryForm) {
+    const std::string utf8 = "नाव\nदाखव १\n";
+    std::string little = "\xFF\xFE";
+    std::string big = "\xFE\xFF";
+    for (const char16_t unit : std::u16string(u"नाव\nदाखव १\n")) {
+        little.append({static_cast<char>(unit), static_cast<char>(unit >> 8)});
+        big.append({static_cast<char>(unit >> 8), static_cast<char>(unit)});
+    }
+    for (const std::string& bytes : {utf8, "\xEF\xBB\xBF" + utf8, little, big}) {
+        const ProgramFile file = readProgramFile(bytes);
+        EXPECT_TRUE(file.isUnicode);
+        EXPECT_EQ(file.caption, "nAva");
+        EXPECT_EQ(file.roman, "dAkhav 1\r\n");
+    }
+    EXPECT_EQ(readProgramFile("अ = १\nदाखव अ").roman, "a = 1\r\ndAkhav a") << "without a caption";
+    EXPECT_FALSE(readProgramFile("caf\xC3\xA9\nkar\n").isUnicode) << "8-bit text may be UTF-8 by chance";
+    EXPECT_FALSE(readProgramFile("a\n\xE0\xA4\x95 \xE0\n").isUnicode);
 }
 
 }  // namespace

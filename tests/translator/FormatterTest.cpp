@@ -1,9 +1,12 @@
+// The formatter, and the table of messages.
 #include "Styled.h"
+#include "platform/encoding/Deva.h"
 #include "support/Cases.h"
 #include "translator/Formatter.h"
+#include "translator/MessageTable.h"
 
+#include <cstdint>
 #include <gtest/gtest.h>
-#include <string>
 
 namespace tolvan {
 namespace {
@@ -36,6 +39,19 @@ TEST(Formatter, BlocksNestedTooDeepForTheMemory) {
     std::string program;
     for (int i = 0; i < 100'000; ++i) program += "jaevr x\r\n";
     EXPECT_EQ(formatProgram(program, styled(program)), program);
+}
+
+TEST(MessageTable, Bytes) {
+    EXPECT_EQ(findMessage(7), "\\f1purezI Smri[ka %plB\" nahI");
+    EXPECT_EQ(findMessage(74), "\\f1\xCAs\x9Dya ifSk vr nav bdlta yet nahI");
+    EXPECT_EQ(findMessage(1008), "\\f1yewe \\f0{ \\f1Aapei]t Aahe");
+    EXPECT_EQ(findMessage(32766), "\\f1ore");
+    EXPECT_EQ(findMessage(-2147221503), "\\f1re\" Aaot yet nahI, \xB3\x85pya vaKy tpasun paha");
+}
+
+TEST(MessageTable, NothingForOtherNumbers) {
+    for (const std::int32_t number : {0, 1, 2, 4, 8, 12, 438, 1015, 1016, 1041, 32765, -1, -2147221501, 66537})
+        EXPECT_FALSE(findMessage(number)) << number;
 }
 
 }  // namespace

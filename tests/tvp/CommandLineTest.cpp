@@ -5,7 +5,6 @@
 
 #include <fcntl.h>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <iterator>
 #include <random>
 #include <signal.h>
@@ -91,12 +90,6 @@ TEST(CommandLine, SpeaksUnicode) {
     EXPECT_EQ(result.status, 1);
 }
 
-TEST(CommandLine, ReadsProgramsWithBareLineFeeds) {
-    TvpProcess tvp;
-    tvp.folder().write("unix.tvp", "caption\ndAkhav 1\ndAkhav 2\n");
-    EXPECT_EQ(tvp.run({"run", "unix.tvp"}).output, "1\n2\n");
-}
-
 TEST(CommandLine, ReportsErrorsWithNumberAndScriptLine) {
     for (const Row& row : rowsOf(cases, "Programs, what they print, and the error they end with")) {
         TvpProcess tvp;
@@ -119,22 +112,6 @@ TEST(CommandLine, RunsScripts) {
     const TvpResult wrong = tvp.run({"script", "wrong.vbs"});
     EXPECT_EQ(wrong.status, 1);
     EXPECT_THAT(wrong.errors, MatchesRegex("error 10[0-9][0-9] line 2\n"));
-}
-
-TEST(CommandLine, TracesConsoleCalls) {
-    TvpProcess tvp;
-    const TvpResult result = tvp.runProgram({"run", "--trace"},
-                                            "korA\r\n"
-                                            "(10,20) pAsun (30,40) paryaMt 255 raMgAchI regh Akh\r\n"
-                                            "(30,40) paryaMt 255 raMgAchI regh Akh\r\n"
-                                            "(30,40) paryaMt bharalele Ayat kADh\r\n"
-                                            "(5,6) var raMg(1,0,0) raMgAchA biMdU kADh\r\n"
-                                            "(5,6) pAsun 7 trijyAche vartuL kADh\r\n"
-                                            "dAkhav -5");
-    EXPECT_EQ(result.errors,
-              "ClearScreen\nDrawLine 30,40,10,20,255\nDrawLine 30,40,,,255\nDrawBox 30,40,True\nDrawPoint 5,6,1\n"
-              "DrawCircle 5,6,7,,False\nPrintString -5\n");
-    EXPECT_EQ(result.output, "{-}5\n");
 }
 
 TEST(CommandLine, TakesAnyBytes) {

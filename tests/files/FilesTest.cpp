@@ -1,7 +1,11 @@
+// Descriptors and the looking up of paths.
+#include "host/TemporaryFolder.h"
 #include "platform/files/Descriptor.h"
+#include "platform/files/PathLookup.h"
 
 #include <array>
 #include <cerrno>
+#include <chrono>
 #include <csignal>
 #include <fcntl.h>
 #include <gtest/gtest.h>
@@ -48,6 +52,24 @@ TEST(Descriptor, WritesAllBytesWhateverInterrupts) {
     EXPECT_TRUE(received == sent) << received.size() << " of " << sent.size();
 }
 
+TEST(Descriptor, ReadsOnAfterASignal) {
+    struct sigaction ignored {};
+    ignored.sa_handler = [](int) {};
+    ASSERT_EQ(::sigaction(SIGUSR1, &ignored, nullptr), 0);
+    Pipe pipe;
+    std::string received;
+    int error = -1;
+    std::thread reader([&] { error = pipe.readEnd.read(received, 5000); });
+    for (int i = 0; i < 100; ++i) {
+        ::pthread_kill(reader.native_handle(), SIGUSR1);
+        std::this_thread::sleep_for(std::chrono::milliseconds(1));
+    }
+    EXPECT_EQ(pipe.writeEnd.write("abc"), 0);
+    reader.join();
+    EXPECT_EQ(error, 0);
+    EXPECT_EQ(received, "abc");
+}
+
 TEST(Descriptor, ReadsPiecesUpToTheEndOrTheLimit) {
     const struct {
         std::size_t most;
@@ -79,6 +101,40 @@ TEST(Descriptor, ReportsWhatTheSystemRefuses) {
     EXPECT_FALSE(moved.isOpen());
     EXPECT_EQ(moved.close(), 0);
     EXPECT_EQ(::write(Descriptor::standard(STDERR_FILENO).number(), "", 0), 0);  // still open
+}
+
+TEST(PathLookup, FindsEveryPartInTheSpellingOfTheDisk) {
+    const TemporaryFolder folder;
+    std::filesystem::create_directories(folder / "Data/inner");
+    folder.write("Data/inner/Marks.TXT", "");
+    folder.write("Data/same", "");
+    folder.write("Data/SAME", "");
+    const std::string base = folder.path();
+    const struct {
+        const char* typed;
+        const char* found;
+    } cases[] = {
+        {"/Data/inner/Marks.TXT", "/Data/inner/Marks.TXT"},
+        {"/DATA/Inner/marks.txt", "/Data/inner/Marks.TXT"},
+        {"\\data\\INNER\\Marks.txt", "/Data/inner/Marks.TXT"},
+        {"/data//inner/../INNER/", "/Data//inner/../inner/"},
+        {"/data/same", "/Data/same"},  // as typed comes before any other case
+        {"/data/Same", "/Data/SAME"},
+        {"/data/New.txt", "/Data/New.txt"},  // what does not exist stays as typed
+        {"/other/data/INNER", "/other/data/INNER"},
+    };
+    for (const auto& [typed, found] : cases) EXPECT_EQ(findPath(forwardSlashes(base + typed)), base + found) << typed;
+}
+
+TEST(PathLookup, LooksFromTheWorkingFolderWhenThePathIsRelative) {
+    const TemporaryFolder folder;
+    folder.write("Kavita.tvp", "");
+    const std::filesystem::path before = std::filesystem::current_path();
+    std::filesystem::current_path(folder.path());
+    EXPECT_EQ(findPath("kavita.TVP"), "Kavita.tvp");
+    EXPECT_EQ(findPath("./kavita.TVP"), "./Kavita.tvp");
+    EXPECT_EQ(findPath(""), "");
+    std::filesystem::current_path(before);
 }
 
 }  // namespace
