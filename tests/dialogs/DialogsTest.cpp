@@ -1,20 +1,35 @@
+// The boxes: what they show, how they are answered, and in which language.
 #include "BoxUser.h"
 #include "dialogs/CaptionBar.h"
 #include "dialogs/Dialogs.h"
+#include "dialogs/MarathiTexts.h"
 #include "dialogs/MessageDialog.h"
 #include "dialogs/RichTextView.h"
+#include "dialogs/frmAbout.h"
 #include "dialogs/frmErrorBox.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
 #include "support/Cases.h"
+#include "support/ScriptedUser.h"
 
+#include <QAbstractButton>
+#include <QApplication>
 #include <QClipboard>
+#include <QFile>
+#include <QFileDialog>
 #include <QKeySequence>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
 #include <QPushButton>
+#include <QRegularExpression>
 #include <QScreen>
 #include <QScrollBar>
+#include <QTemporaryDir>
+#include <QTreeView>
 
-#include <gtest/gtest.h>
+#include <gmock/gmock.h>
+#include <memory>
 
 namespace tolvan {
 namespace {
@@ -134,22 +149,6 @@ TEST(ShowError, TellsTheTablesTextOrTheLine) {
             << number;
 }
 
-TEST(Boxes, GrowWithTheTextAndThenScroll) {
-    std::string text;
-    const auto sizeOf = [&](int words) {
-        for (text.clear(); words > 0; --words) text += "\\f1nahI "_deva;
-        return see("txtMessage", [&] { ShowMessage(text); });
-    };
-    const Seen one = sizeOf(1), some = sizeOf(6), more = sizeOf(40), many = sizeOf(5000);
-    EXPECT_GT(some.size.width(), one.size.width());
-    EXPECT_GT(more.size.height(), some.size.height());
-    EXPECT_FALSE(more.scrolls);
-    EXPECT_TRUE(many.scrolls);
-    const QSize screen = QApplication::primaryScreen()->availableSize();
-    EXPECT_LT(many.size.height(), screen.height());
-    EXPECT_LT(many.size.width(), screen.width());
-}
-
 TEST(Boxes, ALongMessageScrollsByKeys) {
     std::string text;
     for (int i = 0; i < 5000; ++i) text += "nahI ";
@@ -222,17 +221,81 @@ TEST(Boxes, OneOverTheOther) {
     EXPECT_TRUE(user.acted());
 }
 
-TEST(Boxes, AreReplacedForAWhile) {
-    struct : DialogAnswers {
-        Answer AskQuestion(std::string_view text) override { return text == "-"_deva ? Answer::Cancel : Answer::Yes; }
-    } canned;
-    {
-        const ReplacedDialogs replaced(canned);
-        EXPECT_EQ(AskQuestion("-"), Answer::Cancel);
+// The system-information tool is looked for in the program path alone.
+class AboutBox : public testing::Test {
+  protected:
+    AboutBox() : path_(qgetenv("PATH")) { qputenv("PATH", folder_.path().toLocal8Bit()); }
+    ~AboutBox() override { qputenv("PATH", path_); }
+
+    std::vector<std::string> pressSystemInformation() {
+        ScriptedUser user;
+        const ReplacedDialogs replaced(user);
+        BoxUser about([](QDialog& box) {
+            clickOn(control(box, "cmdSysInfo"));
+            EXPECT_TRUE(box.isVisible());
+            press(box, Qt::Key_Escape);
+        });
+        showAbout(nullptr);
+        EXPECT_TRUE(about.acted());
+        return user.told;
     }
-    BoxUser user(click("cmdNo"));
-    EXPECT_EQ(AskQuestion("-"), Answer::No);
-    EXPECT_TRUE(user.acted());
+
+    QTemporaryDir folder_;
+
+  private:
+    QByteArray path_;
+};
+
+TEST_F(AboutBox, WithoutAToolItSaysSo) {
+    EXPECT_THAT(pressSystemInformation(), testing::ElementsAre("\\f0 System Information Is Unavailable At This Time"));
+}
+
+#ifdef Q_OS_LINUX
+TEST_F(AboutBox, StartsTheToolThatIsInstalled) {
+    const QString started = folder_.filePath(QStringLiteral("started"));
+    QFile tool(folder_.filePath(QStringLiteral("hardinfo")));
+    ASSERT_TRUE(tool.open(QIODevice::WriteOnly));
+    tool.write("#!/bin/sh\n: > " + started.toLocal8Bit() + "\n");
+    tool.close();
+    tool.setPermissions(QFile::ReadOwner | QFile::WriteOwner | QFile::ExeOwner);
+    EXPECT_THAT(pressSystemInformation(), testing::IsEmpty());
+    EXPECT_TRUE(QTest::qWaitFor([&] { return QFile::exists(started); }));
+}
+#endif
+
+class MarathiTextsTest : public testing::Test {
+  protected:
+    MarathiTextsTest() { QApplication::installTranslator(&texts); }
+    ~MarathiTextsTest() override { QApplication::removeTranslator(&texts); }
+
+    void add(const QString& text) { shown.append(text.section(QLatin1Char('\t'), 0, 0)); }
+
+    MarathiTexts texts;
+    QStringList shown;
+};
+
+TEST_F(MarathiTextsTest, NothingThatAUserSeesIsEnglish) {
+    const QTemporaryDir folder;
+    for (const auto mode : {QFileDialog::AcceptOpen, QFileDialog::AcceptSave}) {
+        QFileDialog dialog(nullptr, {}, folder.path(), QStringLiteral("(*.1)"));
+        dialog.setOption(QFileDialog::DontUseNativeDialog);
+        dialog.setAcceptMode(mode);
+        dialog.setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
+        dialog.show();
+        for (const auto* label : dialog.findChildren<QLabel*>()) add(label->text());
+        for (const auto* button : dialog.findChildren<QAbstractButton*>()) {
+            add(button->text());
+            add(button->toolTip());
+        }
+        const QAbstractItemModel& columns = *dialog.findChild<QTreeView*>()->model();
+        for (int column = 0; column < columns.columnCount(); ++column)
+            add(columns.headerData(column, Qt::Horizontal).toString());
+    }
+    QLineEdit field;
+    const std::unique_ptr<QMenu> menu(field.createStandardContextMenu());
+    for (const QAction* action : menu->actions()) add(action->text());
+    EXPECT_GT(shown.size(), 30);
+    EXPECT_EQ(shown.filter(QRegularExpression(QStringLiteral("[A-Za-z]"))).join(QLatin1Char('|')), QString());
 }
 
 }  // namespace

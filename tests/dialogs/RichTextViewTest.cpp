@@ -6,9 +6,7 @@
 #include <QImage>
 #include <QScrollBar>
 
-#include <algorithm>
 #include <gtest/gtest.h>
-#include <string_view>
 
 namespace tolvan {
 namespace {
@@ -19,19 +17,6 @@ QString shown(std::string_view rtf) {
     RichTextView view;
     view.setTextRtf(rtf);
     return view.text();
-}
-
-TEST(RichTextView, TextOfFragments) {
-    const struct {
-        std::string_view fragment;
-        const char* text;
-    } cases[] = {
-        {"Latin only", "Latin only"}, {"\\f1nahI: \\f0 C:\\\\programs\\\\a.tvp", "nahI: C:\\programs\\a.tvp"},
-        {"\\f1\\{ \\f0\\}", "{ }"},   {"a\\par b", "a\nb"},
-        {"a\\line b", "a\nb"},        {"", ""},
-    };
-    for (const auto& [fragment, text] : cases)
-        EXPECT_EQ(shown(messageDocument(fragment)), QString::fromLatin1(text)) << fragment;
 }
 
 TEST(RichTextView, NamesOfAnyScript) {
@@ -78,27 +63,6 @@ int inkedLines(RichTextView& view) {
         inkAbove = ink;
     }
     return lines;
-}
-
-TEST(RichTextView, BreaksAtBlanksAlone) {
-    // Characters at which Unicode would break a line are letters here. The word does not fit beside the first.
-    RichTextView view;
-    for (const std::string_view word : {"a-aaaa-aaa"sv, "a!aaaa!aaa"sv, "aa/aaa{aaa"sv, "aaaa|aa}aa"sv}) {
-        view.setTextRtf(messageDocument(RtfEscape(word)));
-        const int wordWidth = view.sizeFor({1000, 1000}).width();
-        view.setTextRtf(messageDocument(RtfEscape(std::string(word).append(" ").append(word))));
-        view.resize(wordWidth * 3 / 2, 300);
-        EXPECT_EQ(inkedLines(view), 2) << word;
-        EXPECT_EQ(view.sizeFor({wordWidth + 3, 1000}).width(), wordWidth) << word;
-    }
-}
-
-TEST(RichTextView, AWordLongerThanTheLineIsBrokenAnywhere) {
-    RichTextView view;
-    view.setTextRtf(messageDocument(std::string(200, 'o')));
-    EXPECT_GT(view.sizeFor({100, 2000}).height(), 10 * view.sizeFor({100000, 2000}).height() / 10);
-    view.resize(100, 2000);
-    EXPECT_GT(inkedLines(view), 10);
 }
 
 TEST(BreakLines, AtBlanksElseBetweenTheFoldersOfAPath) {

@@ -59,13 +59,6 @@ class FramedWindow : public testing::Test {
     WindowFrame frame;
 };
 
-TEST_F(FramedWindow, LeavesTheContentBelowTheCaptionBar) {
-    EXPECT_TRUE(window.windowFlags() & Qt::FramelessWindowHint);
-    EXPECT_GT(content.geometry().top(), frame.captionBar().geometry().bottom());
-    EXPECT_EQ(window.width() - 1 - content.geometry().right(), content.geometry().left());
-    EXPECT_GT(content.height(), 200);
-}
-
 TEST_F(FramedWindow, ButtonsAndDoubleClickChangeTheState) {
     const QRect normal = window.geometry();
     auto& maximize = control<CaptionButton>(window, "cmdMaximize");

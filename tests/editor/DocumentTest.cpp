@@ -7,9 +7,6 @@
 #include <QDropEvent>
 #include <QMimeData>
 
-#include <csignal>
-#include <sys/resource.h>
-
 namespace tolvan {
 namespace {
 
@@ -105,51 +102,6 @@ TEST_F(DocumentTest, UnsavedTextIsAskedFor) {
         else
             EXPECT_NE(roman() == "abc", each.goesOn);
     }
-}
-
-// As long as it lives no file can grow beyond some bytes, as on a disk that is full.
-class FullDisk {
-  public:
-    FullDisk() {
-        getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit few{4, before_.rlim_max};
-        setrlimit(RLIMIT_FSIZE, &few);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk() {
-        setrlimit(RLIMIT_FSIZE, &before_);
-        std::signal(SIGXFSZ, oldHandler_);
-    }
-
-  private:
-    rlimit before_{};
-    void (*oldHandler_)(int) = std::signal(SIGXFSZ, SIG_IGN);  // a write fails instead
-};
-
-TEST_F(DocumentTest, AFullDiskKeepsTheOldFileAndTheDirtyMark) {
-    writeFile("a.tvp", "caption\r\nabc\r\n");
-    ASSERT_TRUE(editor->OpenFile(path("a.tvp")));
-    type("x");
-    {
-        const FullDisk full;
-        press(Qt::Key_S, Qt::ControlModifier);
-    }
-    EXPECT_THAT(user.takeTold(), testing::SizeIs(1));
-    EXPECT_EQ(contentOf(path("a.tvp")), QByteArray("caption\r\nabc\r\n"));
-    EXPECT_EQ(title(), QStringLiteral("a.tvp*"));
-}
-
-TEST_F(DocumentTest, SavingKeepsPermissionsAndLeavesNothingBeside) {
-    writeFile("a.tvp", "\r\nx");
-    QFile::setPermissions(path("a.tvp"), QFile::ReadOwner | QFile::WriteOwner | QFile::ReadGroup);
-    const QFile::Permissions before = QFile::permissions(path("a.tvp"));
-    ASSERT_TRUE(editor->OpenFile(path("a.tvp")));
-    type("y");
-    press(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_EQ(contentOf(path("a.tvp")), QByteArray("\r\nyx\r\n"));
-    EXPECT_EQ(QFile::permissions(path("a.tvp")), before);
-    EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files), QStringList{QStringLiteral("a.tvp")});
 }
 
 TEST_F(DocumentTest, DroppedFilesAndTexts) {

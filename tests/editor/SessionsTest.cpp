@@ -11,7 +11,6 @@
 #include <QClipboard>
 #include <QDir>
 #include <QLineEdit>
-#include <QPushButton>
 #include <QTabWidget>
 
 #include <algorithm>
@@ -28,26 +27,39 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
     }
     ~SessionTest() override { QDir::setCurrent(QDir::rootPath()); }
 
-    // A line of a session: a word that says what, and what stands behind it.
     void follow(const std::string& line) {
         SCOPED_TRACE(line);
-        const bool expects = line.starts_with("= ");
-        const std::string words = line.substr(expects ? 2 : 0);
-        const std::size_t blank = std::min(words.find(' '), words.size());
-        const std::string what = words.substr(0, blank);
-        const std::string rest = bytesOf(words.substr(std::min(blank + 1, words.size())));
-        if (!expects) return known(deeds_, what)(rest);
-        const View& view = known(views_, what);
-        if (what == "file" || what == "shown" || what == "label" || what == "field")
-            EXPECT_EQ(view(beforeBlank(rest)), behindBlank(rest));
-        else
-            EXPECT_EQ(view(rest), rest);
+        constexpr std::string_view then = " ⇒ ";
+        if (line.starts_with("= ")) return expect(line.substr(2));
+        const std::size_t end = line.find(then);
+        forEachPart(line.substr(0, end),
+                    [this](const std::string& what, const std::string& rest) { known(deeds_, what)(rest); });
+        if (end != std::string::npos) expect(line.substr(end + then.size()));
     }
 
   private:
     using Deed = std::function<void(const std::string&)>;
     using View = std::function<std::string(const std::string&)>;
 
+    // Calls `part(word that says what, what stands behind it)`.
+    template <class Part>
+    static void forEachPart(const std::string& line, const Part& part) {
+        constexpr std::string_view separator = " ; ";
+        for (std::size_t start = 0, end = 0; end != std::string::npos; start = end + separator.size()) {
+            end = line.find(separator, start);
+            const std::string words = line.substr(start, end - start);
+            part(beforeBlank(words), bytesOf(words.substr(std::min(words.find(' '), words.size() - 1) + 1)));
+        }
+    }
+    void expect(const std::string& views) {
+        forEachPart(views, [this](const std::string& what, const std::string& rest) {
+            const View& view = known(views_, what);
+            if (what == "file" || what == "shown" || what == "label" || what == "field")
+                EXPECT_EQ(view(beforeBlank(rest)), behindBlank(rest)) << what;
+            else
+                EXPECT_EQ(view(rest), rest) << what;
+        });
+    }
     template <class Table>
     static const typename Table::mapped_type& known(const Table& table, const std::string& what) {
         const auto found = table.find(what);

@@ -8,7 +8,6 @@
 
 #include <QApplication>
 #include <QClipboard>
-#include <QMimeData>
 #include <QSplitter>
 #include <QTest>
 

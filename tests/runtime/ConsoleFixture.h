@@ -18,7 +18,6 @@
 
 #include <functional>
 #include <gmock/gmock.h>
-#include <gtest/gtest.h>
 #include <string>
 #include <utility>
 #include <vector>

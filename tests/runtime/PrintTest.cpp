@@ -1,4 +1,7 @@
+// What is printed and drawn, and what reaches the screen of a program that wipes its picture and draws the next one.
 #include "ConsoleFixture.h"
+
+#include <QScreen>
 
 namespace tolvan {
 namespace {
@@ -96,19 +99,6 @@ TEST_F(PrintTest, OfALongLineTheWindowShowsItsPart) {
     }
 }
 
-TEST_F(PrintTest, BracesAreSwitchesUnlessEscaped) {
-    const auto pictureOf = [this](const std::string& text) {
-        console->ClearScreen();
-        console->PrintString(text);
-        return picture();
-    };
-    EXPECT_EQ(pictureOf("k{}ml"), pictureOf("kml"));
-    EXPECT_EQ(pictureOf("{ab}{cd}"), pictureOf("{ab}{}{cd}"));
-    EXPECT_NE(pictureOf("k\\{ml"), pictureOf("kml"));
-    EXPECT_NE(pictureOf("k\\{ml"), pictureOf("k\\}ml"));
-    EXPECT_NE(pictureOf("{k\\{ml}"), pictureOf("k\\{ml"));
-}
-
 TEST_F(PrintTest, PrintingErasesWhatStandsInItsLine) {
     console->ClearScreen();
     console->DrawBox(Point{0, 0}, {700, 500}, 0xFFFFFF, Fill::Solid);
@@ -156,6 +146,64 @@ TEST_F(PrintTest, DrawsInTheForegroundColourUnlessOneIsGiven) {
     console->DrawPoint({400, 300}, 0xFFFFFF);
     console->PrintString("kml");
     EXPECT_EQ(display().CurrentY, 300 + lineHeight());
+}
+
+class AnimationTest : public ConsoleTest {
+  protected:
+    ~AnimationTest() override { display().removeEventFilter(&paints_); }
+
+    // Looks at the screen at the first call of the program after each time that the display was painted.
+    void expectBallIn60Pictures(const std::vector<std::string>& statements) {
+        int pictures = 0;
+        int withoutBall = 0;
+        display().installEventFilter(&paints_);
+        console->setTrace([&](std::string_view call) {
+            if (!isInLoop_ && call == "ClearScreen") isInLoop_ = true;
+            if (!isInLoop_ || std::exchange(paints_.count, 0) == 0) return;
+            if (!showsBall()) ++withoutBall;
+            if (++pictures >= 60) state.stop();
+        });
+        std::vector<std::string> program = {"DrawCircle 400,300,50,255,TRUE", "Wait 0.02", "Do"};
+        program.insert(program.end(), statements.begin(), statements.end());
+        program.emplace_back("Loop");
+        run(program);
+        EXPECT_EQ(pictures, 60);
+        EXPECT_EQ(withoutBall, 0);
+    }
+    bool showsBall() {
+        const QImage screen = console->screen()->grabWindow(console->winId()).toImage();
+        return screen.pixel(display().mapTo(console.get(), QPoint(400, 300))) == 0xFFFF0000;
+    }
+
+  private:
+    struct Paints : QObject {
+        int count = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            if (event->type() == QEvent::Paint) ++count;
+            return false;
+        }
+    };
+    Paints paints_;
+    bool isInLoop_ = false;
+};
+
+const std::vector<std::string> nothing = {"For i = 1 To 20000", "x = i * i", "Next"};
+
+TEST_F(AnimationTest, DrawnAsFastAsItCan) {
+    expectBallIn60Pictures({"ClearScreen", "DrawCircle 400,300,50,255,TRUE"});
+}
+
+TEST_F(AnimationTest, ThinkingAfterTheWipeAndAfterTheBall) {
+    std::vector<std::string> program = nothing;
+    program.insert(program.begin(), "ClearScreen");
+    program.emplace_back("DrawCircle 400,300,50,255,TRUE");
+    program.insert(program.end(), nothing.begin(), nothing.end());
+    expectBallIn60Pictures(program);
+}
+
+TEST_F(AnimationTest, APictureThatStaysUnfinishedIsShownAtLast) {
+    run({"DrawCircle 400,300,50,255,TRUE", "Wait 0.02", "ClearScreen"});
+    EXPECT_TRUE(QTest::qWaitFor([this] { return !showsBall(); }));
 }
 
 }  // namespace

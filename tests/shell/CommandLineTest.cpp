@@ -3,7 +3,6 @@
 #include "shell/CommandLine.h"
 
 #include <gmock/gmock.h>
-#include <random>
 
 namespace tolvan {
 namespace {
@@ -95,41 +94,6 @@ TEST_F(CommandLineTest, OptionsAreLowerCaseAndEachIsThereOnce) {
 TEST_F(CommandLineTest, KeepsTogetherWhatTheShellHandedOverAsOneArgument) {
     EXPECT_EQ(joinArguments({"-run", "My Programs/First One.tvp", "", "x"}), "-run \"My Programs/First One.tvp\"  x");
     EXPECT_EQ(parse(joinArguments({"my programs/first one.tvp", "-run"})).filename, work("My Programs/First One.tvp"));
-}
-
-TEST_F(CommandLineTest, PathSpelling) {
-    EXPECT_EQ(pathSpelling(folder_ / "WORK/MY PROGRAMS"), folder_ / "Work/My Programs");
-    EXPECT_EQ(pathSpelling("/"), "/");
-    EXPECT_EQ(pathSpelling(folder_ / "work/none/prog.tvp"), "");
-    EXPECT_EQ(pathSpelling(folder_ / "work/prog.tvp/x"), "");
-    EXPECT_EQ(pathSpelling(folder_ / std::string(5000, 'x')), "");
-}
-
-// Ten thousand lines of words, quotes, odd bytes and long names: each gives a file that exists or none.
-TEST_F(CommandLineTest, AnyLineIsRead) {
-    const std::string pieces[] = {
-        "prog.tvp", "-run",        "-Compile",      "-?",       " ",  "\"", "\\", "/",
-        "..",       "My Programs", "First One.tvp", "\xE0\x01", "\n", "-",  ".",  std::string(300, 'y')};
-    std::mt19937 random(20240701);
-    for (int i = 0; i < 10000; ++i) {
-        std::string line;
-        for (auto count = random() % 12; count > 0; --count) {
-            line += pieces[random() % std::size(pieces)];
-            if (random() % 3 != 0) line += ' ';
-        }
-        const CommandLine result = parse(line);
-        ASSERT_TRUE(result.filename.empty() || std::filesystem::is_regular_file(result.filename)) << line;
-        ASSERT_TRUE(result.filename.empty() || result.filename.starts_with('/')) << line;
-        for (const std::string& option : result.options) ASSERT_EQ(option.find_first_of("\"RC"), std::string::npos);
-    }
-}
-
-TEST(UsageText, IsFiveLinesWithoutALineEndBehind) {
-    const std::string text(usageText());
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\n'), 4);
-    EXPECT_EQ(std::count(text.begin(), text.end(), '\r'), 4);
-    EXPECT_TRUE(text.starts_with("Tolbasic Command-Line Options:\r\nTolvan Basic.exe [[programname]"));
-    EXPECT_TRUE(text.ends_with("to stand-alone executable file."));
 }
 
 }  // namespace

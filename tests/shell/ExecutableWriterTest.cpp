@@ -1,5 +1,7 @@
+// Making an executable.
 #include "host/TemporaryFolder.h"
 #include "runtime/host/FileError.h"
+#include "shell/ExecutableName.h"
 #include "shell/ExecutableWriter.h"
 #include "shell/MakeExe.h"
 #include "shell/Payload.h"
@@ -9,6 +11,19 @@
 
 namespace tolvan {
 namespace {
+
+TEST(ExecutableName, TakesThePlaceOfWhatFollowsTheLastDot) {
+    const struct {
+        const char* program;
+        const char* executable;
+    } cases[] = {
+        {"/home/prog.tvp", "/home/prog.exe"}, {"/home/a.b.tvp", "/home/a.b.exe"}, {"/home/prog", "/home/prog.exe"},
+        {"/my.dir/prog", "/my.exe"},          {"/home/prog.", "/home/prog.exe"},  {"/home/prog.EXE", "/home/prog.exe"},
+    };
+    for (const auto& row : cases) EXPECT_EQ(executableName(row.program), row.executable);
+    EXPECT_EQ(executableName("/home/prog.exe"), std::nullopt);
+    EXPECT_EQ(executableName(".exe"), std::nullopt);
+}
 
 namespace fs = std::filesystem;
 using testing::EndsWith;
@@ -39,12 +54,6 @@ TEST_F(ExecutableWriterTest, CopiesTheRuntimeAndPutsTheProgramBehind) {
     EXPECT_THAT(payload->module, HasSubstr("PrintString 1"));
     EXPECT_EQ(caption_, "nAv");
     EXPECT_NE(fs::status(folder_ / "prog.exe").permissions() & fs::perms::owner_exec, fs::perms::none);
-}
-
-TEST_F(ExecutableWriterTest, AnEmptyRuntimeLeavesThePayloadAlone) {
-    folder_.write("empty.dat", "");
-    EXPECT_EQ(write("empty.dat", "prog.tvp", folder_ / "prog.exe"), std::nullopt);
-    EXPECT_TRUE(readPayload(folder_.read("prog.exe")));
 }
 
 TEST_F(ExecutableWriterTest, FailuresHaveTheNumberOfTheirReason) {

@@ -1,7 +1,12 @@
-// The real program, started with command lines, with a user at its windows.
+// The opening picture and the font check; the real program, started with command lines, with a user at its windows.
 #include "shell/CommandLine.h"
+#include "shell/PlainMessage.h"
+#include "shell/frmSplash.h"
 #include "shell/user/DrivenProcess.h"
 #include "support/Folders.h"
+
+#include <QTest>
+#include <QTimer>
 
 #include <gmock/gmock.h>
 #include <random>
@@ -9,6 +14,48 @@
 
 namespace tolvan {
 namespace {
+
+// A clock that goes on by a tenth of a second each time it is read.
+std::function<Seconds()> clockFrom(Seconds now) {
+    return [now]() mutable { return now += 0.1F; };
+}
+
+TEST(Splash, StaysForTwoSeconds) {
+    frmSplash splash;
+    splash.show();
+    int reads = 0;
+    auto clock = clockFrom(100);
+    waitForSplash(splash, 100, [&] {
+        ++reads;
+        return clock();
+    });
+    EXPECT_TRUE(splash.isVisible());
+    EXPECT_NEAR(reads, 20, 1);
+}
+
+TEST(Splash, AKeyOrAClickClosesItEvenWhenMidnightHasPassed) {
+    for (const bool byKey : {true, false}) {
+        frmSplash splash;
+        splash.show();
+        QTimer::singleShot(100, [&] {
+            byKey ? QTest::keyClick(QGuiApplication::focusWindow(), Qt::Key_A)
+                  : QTest::mouseClick(&splash, Qt::LeftButton);
+        });
+        waitForSplash(splash, 86399.5F, [] { return 10.0F; });
+        EXPECT_FALSE(splash.isVisible());
+    }
+}
+
+TEST(Fonts, BothAreRequiredOnceEach) {
+    const QString latin = QStringLiteral("Times New Roman");
+    const QString devanagari = QStringLiteral("Sanskrit 1.2");
+    const QString other = QStringLiteral("times new roman");
+    EXPECT_TRUE(hasRequiredFonts({other, latin, devanagari}));
+    EXPECT_FALSE(hasRequiredFonts({}));
+    EXPECT_FALSE(hasRequiredFonts({latin, other}));
+    EXPECT_FALSE(hasRequiredFonts({devanagari, other}));
+    EXPECT_FALSE(hasRequiredFonts({latin, devanagari, latin}));
+}
 
 namespace fs = std::filesystem;
 using testing::AllOf;
@@ -121,21 +168,6 @@ TEST_F(StartTest, RunsAProgramBeforeTheEditorIsSeen) {
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), StartsWith(console), StartsWith(editorWindow)));
     EXPECT_FALSE(exists("Prog.exe"));
-}
-
-TEST_F(StartTest, EndsWhenTheWindowsAreClosedByTheirFrames) {
-    const DrivenResult result = start({"prog.tvp", "-run"}, {"frmExec close", "frmEditor close"});
-    EXPECT_EQ(result.status, 0) << result.errors;
-}
-
-TEST_F(StartTest, WritesAnExecutableThatRuns) {
-    const DrivenResult result = start({"prog.tvp", "-compile"}, {});
-    EXPECT_EQ(result.status, 0) << result.errors;
-    EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash)));
-    process_.setEnvironment("TOLVAN_TRACE", process_.folder() / "trace");
-    const DrivenResult run = process_.run(process_.folder() / "Prog.exe", {}, {"frmExec leave"});
-    EXPECT_EQ(run.status, 0) << run.errors;
-    EXPECT_EQ(process_.folder().read("trace"), "PrintString 2\n");
 }
 
 TEST_F(StartTest, RefusesToWriteAnExecutableOverItself) {

@@ -1,13 +1,19 @@
+// What follows the runtime in the file of an executable, and where that begins.
 #include "host/RecordingConsole.h"
+#include "host/TemporaryFolder.h"
 #include "runtime/host/ConsoleObject.h"
 #include "runtime/host/RunModule.h"
 #include "shell/Payload.h"
 #include "shell/Scrambling.h"
+#include "stub/ExecutableExtent.h"
+#include "support/Examples.h"
+#include "support/Folders.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
 
 #include <gtest/gtest.h>
 #include <random>
+#include <sstream>
 
 namespace tolvan {
 namespace {
@@ -23,14 +29,6 @@ TEST(Scrambling, AddsTheKeyOfTheCharactersPlace) {
     EXPECT_EQ(scramble(std::string(13, '\0'), key), "\x07\x04\x05\x06\x08\x09\x0A\x0B\x0C\x0D\x0E\x03\x07");
 }
 
-TEST(Scrambling, IsUndone) {
-    std::string all;
-    for (int i = 0; i < 3000; ++i) all += static_cast<char>(i * 7);
-    EXPECT_EQ(unscramble(scramble(all)), all);
-    EXPECT_NE(scramble(all), all);
-    EXPECT_EQ(scramble(""), "");
-}
-
 TEST(Payload, IsMarkerCaptionAndModule) {
     const std::string module = moduleOf("dAkhav 1");
     EXPECT_EQ(unscramble(buildPayload({"mAze prAyojan", module})),
@@ -38,15 +36,6 @@ TEST(Payload, IsMarkerCaptionAndModule) {
     EXPECT_EQ(unscramble(buildPayload({"", module})), "Checksum OK. Continue with execution.\r\n\r\n" + module);
     EXPECT_EQ(unscramble(buildPayload({"two\r\nlines", module})),
               "Checksum OK. Continue with execution.\r\ntwo\r\n" + module);
-}
-
-TEST(Payload, ReadsWhatWasBuilt) {
-    for (const char* roman : {"", "dAkhav 1", "kArya vADh\r\ndAkhav 2\r\nsaMpav kArya\r\n", "jar tar nAhItar"}) {
-        const auto payload = readPayload(buildPayload({"nAv", moduleOf(roman)}));
-        ASSERT_TRUE(payload) << roman;
-        EXPECT_EQ(payload->caption, "nAv");
-        EXPECT_EQ(payload->module, moduleOf(roman));
-    }
 }
 
 // The main routine ends the module, so every cut is seen.
@@ -92,6 +81,40 @@ TEST(Payload, AnyDamageIsRefusedOrRuns) {
     }
     EXPECT_GT(refused, 1000);
     EXPECT_GT(run, 1000);
+}
+
+std::optional<std::uint64_t> extentOf(const std::string& bytes) {
+    std::istringstream file(bytes);
+    return executableExtent(file);
+}
+
+TEST(ExecutableExtent, OfTheRuntimeIsItsSizeWhateverStandsBehindIt) {
+    const std::string runtime = contentOf(programFolder() + "/engine.dat");
+    ASSERT_GT(runtime.size(), 1000U);
+    EXPECT_EQ(extentOf(runtime), runtime.size());
+    EXPECT_EQ(extentOf(runtime + "payload"), runtime.size());
+    EXPECT_EQ(extentOf(runtime + runtime), runtime.size());
+}
+
+TEST(ExecutableExtent, RefusesWhatIsNoProgram) {
+    for (const std::string& bytes : {std::string(),
+                                     std::string("\x7f"
+                                                 "ELF"),
+                                     std::string(10000, 'x')})
+        EXPECT_EQ(extentOf(bytes), std::nullopt);
+    const std::string runtime = contentOf(programFolder() + "/engine.dat");
+    EXPECT_EQ(extentOf(runtime.substr(0, runtime.size() - 1)), std::nullopt);
+    EXPECT_EQ(extentOf(runtime.substr(0, 100)), std::nullopt);
+}
+
+TEST(ExecutableExtent, SurvivesDamagedHeaders) {
+    const std::string head = contentOf(programFolder() + "/engine.dat").substr(0, 4096);
+    std::mt19937 random(7);
+    for (int i = 0; i < 2000; ++i) {
+        std::string damaged = head;
+        for (int k = 0; k < 3; ++k) damaged[4 + random() % 1000] = static_cast<char>(random());
+        extentOf(damaged);
+    }
 }
 
 }  // namespace
