@@ -39,13 +39,13 @@ pre{background:var(--soft);padding:.4rem .6rem;margin:.3rem 0;white-space:pre-wr
 font:inherit;max-height:24rem;overflow:auto}
 pre i{color:var(--dim)}
 .pictures{display:flex;flex-wrap:wrap;gap:1rem}.pictures figure{margin:.4rem 0}.pictures figcaption{color:var(--dim)}
-svg.display{width:24rem;max-width:100%;height:auto;border:1px solid var(--line);font-size:20px;
+svg.display{width:30rem;max-width:100%;height:auto;border:1px solid var(--line);font-size:24px;
 shape-rendering:crispEdges}
 .program{width:100%;margin:.3rem 0}.program td{padding:0 .6rem;vertical-align:top;white-space:pre-wrap;
 overflow-wrap:anywhere}
 .program td:first-child{color:var(--dim);text-align:right;width:2.5rem}.program td:last-child{color:var(--dim);
 font-family:monospace;width:45%}
-.program tr.at td{background:var(--bad)}.program .finding{background:var(--stop);color:inherit;font-family:inherit}
+.program tr.at td{background:var(--bad)}.program td.finding{background:var(--stop);color:inherit;font-family:inherit}
 @media print{details.pupil{break-inside:avoid-page}body{max-width:none}}
 )";
 

@@ -59,7 +59,6 @@ class Page {
     void writeWhy(const HandInResult& handIn, const CaseResult& one);
     void writeError(const HandInResult& handIn, const CaseResult& one);
     void writeDifference(const Difference& difference);
-    std::string sentenceOf(const Difference& difference) const;
     std::string excerptHtml(const Excerpt& excerpt) const;
     std::string cutMark(std::size_t letters) const;
     void writePrinted(const PrintedExcerpt& printed);
@@ -161,54 +160,18 @@ void Page::writeCase(const HandInResult& handIn, std::size_t number) {
 }
 
 void Page::writeWhy(const HandInResult& handIn, const CaseResult& one) {
-    const std::string line = shownNumber(static_cast<std::size_t>(one.line), language_);
+    for (const std::string& sentence : sentencesOf(one, language_)) paragraph(escaped(sentence));
     if (one.verdict == Verdict::Error || one.verdict == Verdict::Files) writeError(handIn, one);
-    if (one.verdict == Verdict::Time) paragraph(one.line == 0 ? say(texts::timeOver) : say(texts::timeOverAt, {line}));
-    if (one.verdict == Verdict::Time && one.hurried) paragraph(say(texts::hurried), "dim");
-    if (one.verdict == Verdict::Output) paragraph(say(texts::tooMuchPrinted));
-    if (one.verdict == Verdict::Memory) paragraph(say(texts::tooMuchMemory));
-    if (one.verdict == Verdict::Files) paragraph(say(texts::tooMuchWritten));
-    if (one.difference) writeDifference(*one.difference);
+    if (one.difference && one.difference->kind != Difference::Kind::Drawing) writeDifference(*one.difference);
 }
 
 void Page::writeError(const HandInResult& handIn, const CaseResult& one) {
-    const bool isEnglish = language_ == Language::English && !one.english.empty();
-    paragraph(say(texts::line, {number(static_cast<std::size_t>(one.line))}) + ": " +
-              escaped(isEnglish ? one.english : one.message));
     const std::vector<ProgramLine>& lines = handIn.examination.lines;
     if (one.line > 0 && static_cast<std::size_t>(one.line) <= lines.size()) {
         const ProgramLine& line = lines[static_cast<std::size_t>(one.line) - 1];
         page_ += "<pre>" + escaped(line.devanagari) + "\n<i>" + escaped(line.roman) + "</i></pre>\n";
     }
     paragraph(escaped(one.explanation), "dim");
-}
-
-std::string Page::sentenceOf(const Difference& difference) const {
-    const std::string line = number(difference.line);
-    const std::string count = number(difference.count);
-    switch (difference.kind) {
-        case Difference::Kind::TooFew:
-            return say(texts::tooFew, {line, count});
-        case Difference::Kind::TooMany:
-            return say(texts::tooMany, {line, count});
-        case Difference::Kind::Order:
-            return say(texts::missingLine);
-        case Difference::Kind::Drawing:
-            return say(texts::otherPicture);
-        case Difference::Kind::Line:
-            break;
-    }
-    switch (difference.reason) {
-        case Difference::Reason::Blanks:
-            return say(texts::onlyBlanks, {line, number(difference.expectedBlanks), number(difference.printedBlanks)});
-        case Difference::Reason::Numerals:
-            return say(texts::onlyNumerals, {line});
-        case Difference::Reason::Capitals:
-            return say(texts::onlyCapitals, {line});
-        case Difference::Reason::Letters:
-            break;
-    }
-    return say(texts::otherLine, {line});
 }
 
 std::string Page::cutMark(std::size_t letters) const {
@@ -223,8 +186,6 @@ std::string Page::excerptHtml(const Excerpt& excerpt) const {
 }
 
 void Page::writeDifference(const Difference& difference) {
-    paragraph(sentenceOf(difference));
-    if (difference.kind == Difference::Kind::Drawing) return;
     page_ += "<div class='scroll'><table class='diff'><tr><th>" + say(texts::expected) + "</th><th>" +
              say(texts::printed) + "</th></tr>\n";
     for (const std::string& line : difference.before)

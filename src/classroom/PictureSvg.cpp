@@ -82,16 +82,19 @@ std::string escaped(std::string_view utf8) {
 }
 
 std::string svgOf(const Screen& screen) {
-    constexpr int lineHeight = 25;
+    constexpr int lineHeight = 38;  // of the console, and where its letters stand in a line
+    constexpr int firstBaseline = 26;
     std::string svg = "<rect width='" + std::to_string(displayWidth) + "' height='" + std::to_string(displayHeight) +
                       "' fill='" + colourOf(displayBackground) + "'/><g fill='none' stroke='none'>";
     for (const Figure& figure : screen.figures)
         if (isShown(figure)) svg += shapeOf(figure);
     svg += "</g>";
-    int bottom = 0;
-    for (const std::string& line : screen.text)
-        svg += "<text x='5' y='" + std::to_string((bottom += lineHeight) - 6) + "' fill='" +
-               colourOf(displayForeground) + "'>" + escaped(line) + "</text>";
+    int baseline = firstBaseline;
+    for (const std::string& line : screen.text) {
+        svg += "<text x='4' y='" + std::to_string(baseline) + "' fill='" + colourOf(displayForeground) + "'>" +
+               escaped(line) + "</text>";
+        baseline += lineHeight;
+    }
     return svg;
 }
 

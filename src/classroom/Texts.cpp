@@ -30,7 +30,43 @@ constexpr Text problems[] = {
     {"फायलीत प्रायोजन नाही.", "There is no program in the file."},
 };
 
+std::string sentenceOf(const Difference& difference, Language language) {
+    using Kind = Difference::Kind;
+    using Reason = Difference::Reason;
+    const std::string line = shownNumber(difference.line, language);
+    const std::string count = shownNumber(difference.count, language);
+    if (difference.kind == Kind::TooFew) return filled(texts::tooFew, language, {line, count});
+    if (difference.kind == Kind::TooMany) return filled(texts::tooMany, language, {line, count});
+    if (difference.kind == Kind::Order) return filled(texts::missingLine, language, {});
+    if (difference.kind == Kind::Drawing) return filled(texts::otherPicture, language, {});
+    if (difference.reason == Reason::Numerals) return filled(texts::onlyNumerals, language, {line});
+    if (difference.reason == Reason::Capitals) return filled(texts::onlyCapitals, language, {line});
+    if (difference.reason == Reason::Letters) return filled(texts::otherLine, language, {line});
+    return filled(
+        texts::onlyBlanks, language,
+        {line, shownNumber(difference.expectedBlanks, language), shownNumber(difference.printedBlanks, language)});
+}
+
 }  // namespace
+
+std::vector<std::string> sentencesOf(const CaseResult& result, Language language) {
+    std::vector<std::string> sentences;
+    const auto say = [&](Text text, std::initializer_list<std::string> values = {}) {
+        sentences.push_back(filled(text, language, values));
+    };
+    const std::string line = shownNumber(static_cast<std::size_t>(result.line), language);
+    if (result.verdict == Verdict::Error || result.verdict == Verdict::Files) {
+        const bool isEnglish = language == Language::English && !result.english.empty();
+        say(texts::line, {line, isEnglish ? result.english : result.message});
+    }
+    if (result.verdict == Verdict::Time) say(result.line == 0 ? texts::timeOver : texts::timeOverAt, {line});
+    if (result.verdict == Verdict::Time && result.hurried) say(texts::hurried);
+    if (result.verdict == Verdict::Output) say(texts::tooMuchPrinted);
+    if (result.verdict == Verdict::Memory) say(texts::tooMuchMemory);
+    if (result.verdict == Verdict::Files) say(texts::tooMuchWritten);
+    if (result.difference) sentences.push_back(sentenceOf(*result.difference, language));
+    return sentences;
+}
 
 std::string shownDigits(std::string_view number, Language language) {
     if (language == Language::English) return std::string(number);

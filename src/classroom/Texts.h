@@ -6,6 +6,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tolvan::classroom {
 
@@ -37,7 +38,7 @@ inline constexpr Text time{"वेळ", "time"};
 inline constexpr Text seconds{"{0} से", "{0} s"};
 inline constexpr Text summary{"तपासलेली प्रायोजने: {0}. पूर्ण गुण: {1}.", "Checked: {0}. With all points: {1}."};
 inline constexpr Text alikeTo{"नावे, रिकाम्या जागा आणि सूचना सोडून सारखे:", "The same but for names, blanks and comments:"};
-inline constexpr Text line{"ओळ {0}", "Line {0}"};
+inline constexpr Text line{"ओळ {0}: {1}", "Line {0}: {1}"};
 inline constexpr Text otherLine{"छापलेली ओळ {0} वेगळी आहे.", "Printed line {0} differs."};
 inline constexpr Text onlyBlanks{"ओळ {0}: फक्त रिकाम्या जागा वेगळ्या आहेत. हव्या: {1}, छापल्या: {2}.",
                                  "Line {0}: only the blanks differ. Expected: {1}, printed: {2}."};
@@ -89,6 +90,8 @@ std::string shownPoints(double points, Language language);
 
 // A verdict in a word or two.
 std::string shownVerdict(const CaseResult& result, Language language);
+// Why a case is not right, in sentences; none where it is.
+std::vector<std::string> sentencesOf(const CaseResult& result, Language language);
 // Why a hand-in cannot be read; empty if it can.
 std::string_view shownProblem(HandInContent::Problem problem, Language language);
 // What is missing, as a sentence.

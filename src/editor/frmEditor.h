@@ -109,6 +109,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void FileSaveAs();
     void FileOldVersions();
     void FileSaveUnicode();
+    void FileCheck();
     void FilePreferences();
     void FileMakeEXE();
     void FileExit();
@@ -192,6 +193,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     bool isUnkept_ = false;  // the last recovery copy could not be written
     QTimer recoveryTimer_;   // runs while there is unsaved text that is not kept yet
     QString helpFile_;
+    QString taskFile_;  // with which a program was tried last
     frmFindReplace* findReplace_ = nullptr;
     Translator translator_;
     std::unique_ptr<frmExec> console_;

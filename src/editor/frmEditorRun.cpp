@@ -1,7 +1,10 @@
 // The commands of the editor that run a program.
+#include "dialogs/Dialogs.h"
 #include "dialogs/WindowFrame.h"
 #include "editor/CommandBars.h"
 #include "editor/EditorStatusBar.h"
+#include "editor/FileDialogs.h"
+#include "editor/TaskTrial.h"
 #include "editor/frmEditor.h"
 #include "editor/guide/EditorGuide.h"
 #include "editor/panes/ProgramBox.h"
@@ -10,9 +13,11 @@
 #include "platform/encoding/Deva.h"
 #include "runtime/DataFiles.h"
 #include "runtime/frmExec.h"
+#include "translator/ProgramFile.h"
 #include "translator/Translator.h"
 
 #include <QApplication>
+#include <QFileInfo>
 
 namespace tolvan {
 
@@ -55,6 +60,25 @@ void frmEditor::CompileAndExecute(StyledView program) {
     console().setFiles(dataFilesOf(document_.path()));
     console().execute(module, moduleLines());
     if (state_.run.hasDelayed(*this)) close();
+}
+
+void frmEditor::FileCheck() {
+    if (isRunning()) return;
+    const QString near = !taskFile_.isEmpty() ? taskFile_ : document_.path();
+    const QString folder = near.isEmpty() ? startFolder() : QFileInfo(near).absolutePath();
+    const QString chosen = askOpenFile({QStringLiteral("प्रश्नाची फाइल उघड..."),
+                                        QStringLiteral("Tolvan Basic Task"),
+                                        QStringLiteral("task"),
+                                        folder,
+                                        {}});
+    if (chosen.isEmpty()) return;
+    taskFile_ = chosen;
+    statusBar_->showMessage("tpas calU Aahe"_deva);
+    QApplication::setOverrideCursor(Qt::WaitCursor);
+    const std::string told = tryWithTask(chosen, writeProgramFile(document_.caption(), romanText()));
+    QApplication::restoreOverrideCursor();
+    Timer1_Tick();
+    ShowMessage(told);
 }
 
 void frmEditor::runChanged() {

@@ -3,6 +3,7 @@
 
 #include "host/TemporaryFolder.h"
 
+#include <functional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -27,6 +28,11 @@ class TvpProcess {
         interruptAfter_ = milliseconds;
         signal_ = signal;
     }
+    // A signal to send as soon as `ready` says so.
+    void interruptWhen(std::function<bool()> ready, int signal) {
+        ready_ = std::move(ready);
+        signal_ = signal;
+    }
 
     TvpResult run(const std::vector<std::string>& arguments, std::string_view input = {});
 
@@ -37,6 +43,7 @@ class TvpProcess {
     TemporaryFolder folder_;
     std::string outputPath_ = folder_ / ".output";
     int interruptAfter_ = 0;
+    std::function<bool()> ready_;
     int signal_ = 0;
 };
 

@@ -1,0 +1,56 @@
+// A program is tried with a task's cases before it is handed in.
+#include "EditorFixture.h"
+#include "classroom/TarArchive.h"
+#include "classroom/Task.h"
+#include "platform/richtext/RtfReader.h"
+#include "platform/richtext/RtfWriter.h"
+#include "platform/richtext/UnicodeText.h"
+
+#include <gmock/gmock.h>
+
+namespace tolvan {
+namespace {
+
+using testing::HasSubstr;
+
+class TaskTrial : public EditorTest {
+  protected:
+    // What is told of the program in the editor, in Unicode; `given` is the task file's content.
+    std::string tryWith(const std::string& given) {
+        user.files = {writeFile("double.task", QByteArray::fromStdString(given))};
+        EXPECT_TRUE(editor->TopMenu_UserCommand("FileCheck"));
+        const std::vector<std::string> told = user.takeTold();
+        return unicodeOf(readRtf(std::string(RtfHeader()) + told.at(0) + "\\par}").text);
+    }
+};
+
+TEST_F(TaskTrial, TellsWhichCasesAreRightAndWhy) {
+    const std::string task = classroom::writeTar({{"1.in", "4\n"},
+                                                  {"1.out", "८\n"},
+                                                  {"2.in", "3\n"},
+                                                  {"2.out", "उत्तर: 6\n"},
+                                                  {"task.ini", "title = दुप्पट (double)\n"}});
+    type("ghe A");
+    press(Qt::Key_Return);
+    type("dAkhav A guNile 2");
+    const std::string told = tryWith(task);
+    EXPECT_THAT(told, HasSubstr("दुप्पट (double)"));
+    EXPECT_THAT(told, HasSubstr("1. बरोबर"));
+    EXPECT_THAT(told, HasSubstr("2. चूक"));
+    EXPECT_THAT(told, HasSubstr("हवे होते: उत्तर: 6"));
+    EXPECT_THAT(told, HasSubstr("छापले: ६"));
+    EXPECT_THAT(told, HasSubstr("गुण: १ / २"));
+    EXPECT_EQ(roman(), "ghe A\r\ndAkhav A guNile 2") << "the program stays";
+    EXPECT_EQ(user.asked.back().suffix, QStringLiteral("task"));
+}
+
+TEST_F(TaskTrial, SaysWhatIsNoTask) {
+    type("dAkhav 1");
+    EXPECT_THAT(tryWith("no archive"), HasSubstr("हा प्रश्न नाही"));
+    user.files = {QString()};
+    EXPECT_TRUE(editor->TopMenu_UserCommand("FileCheck"));
+    EXPECT_TRUE(user.told.empty()) << "the user chose no file";
+}
+
+}  // namespace
+}  // namespace tolvan
