@@ -288,8 +288,8 @@ void Difference::write(PackWriter& pack) const {
 
 Difference Difference::read(PackReader& pack) {
     Difference difference;
-    difference.kind = static_cast<Kind>(pack.number());
-    difference.reason = static_cast<Reason>(pack.number());
+    difference.kind = pack.choice(Kind::Drawing);
+    difference.reason = pack.choice(Reason::Capitals);
     for (std::size_t* const value :
          {&difference.line, &difference.count, &difference.expectedBlanks, &difference.printedBlanks})
         *value = static_cast<std::size_t>(pack.number());

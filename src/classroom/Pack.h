@@ -45,6 +45,13 @@ class PackReader {
         for (std::int64_t left = number(); left > 0 && isWhole_ && !rest_.empty(); --left) items.push_back(read());
     }
 
+    // One of an enumeration whose last value is `last`; that one for any other number.
+    template <class Choice>
+    Choice choice(Choice last) {
+        const std::int64_t value = number();
+        return value >= 0 && value < static_cast<std::int64_t>(last) ? static_cast<Choice>(value) : last;
+    }
+
     bool isWhole() const { return isWhole_; }
     std::string_view rest() const { return rest_; }
 

@@ -189,7 +189,7 @@ Picture Picture::read(PackReader& pack) {
     picture.count_ = static_cast<std::size_t>(pack.number());
     pack.list(picture.figures_, [&] {
         Figure figure;
-        figure.kind = static_cast<Figure::Kind>(std::clamp<std::int64_t>(pack.number(), 0, 3));
+        figure.kind = pack.choice(Figure::Kind::Circle);
         for (float* const value : {&figure.from.x, &figure.from.y, &figure.to.x, &figure.to.y, &figure.radius})
             *value = static_cast<float>(pack.real());
         figure.colour = static_cast<Colour>(pack.number()) & 0xFFFFFF;

@@ -27,7 +27,7 @@ void writeLines(PackWriter& pack, const std::vector<PrintedLine>& lines) {
 void readLines(PackReader& pack, std::vector<PrintedLine>& lines) {
     pack.list(lines, [&] {
         std::string text = pack.text();
-        return PrintedLine{std::move(text), static_cast<PrintedLine::Kind>(pack.number())};
+        return PrintedLine{std::move(text), pack.choice(PrintedLine::Kind::AlwaysAsked)};
     });
 }
 
@@ -53,7 +53,7 @@ void writeCase(PackWriter& pack, const CaseResult& result) {
 
 CaseResult readCase(PackReader& pack) {
     CaseResult result;
-    result.verdict = static_cast<Verdict>(pack.number());
+    result.verdict = pack.choice(Verdict::Unreadable);
     result.number = static_cast<int>(pack.number());
     result.line = static_cast<int>(pack.number());
     result.hurried = pack.number() != 0;
@@ -150,7 +150,7 @@ std::string packResult(const HandInResult& result) {
 std::optional<HandInResult> unpackResult(std::string_view packed) {
     PackReader pack(packed);
     HandInResult result;
-    result.problem = static_cast<HandInContent::Problem>(pack.number());
+    result.problem = pack.choice(HandInContent::Problem::NoProgram);
     result.examination = readExamination(pack.text());
     pack.list(result.cases, [&] { return readCase(pack); });
     return pack.isWhole() && pack.rest().empty() ? std::optional(std::move(result)) : std::nullopt;

@@ -104,14 +104,14 @@ script::ErrorReport run(const Loaded& loaded, const CaseInput& input, const Case
 }
 
 void readEnd(PackReader pack, CaseRun& run) {
-    run.end = static_cast<CaseRun::End>(pack.number());
+    run.end = pack.choice(CaseRun::End::Crashed);
     run.number = static_cast<int>(pack.number());
     run.line = static_cast<int>(pack.number());
     run.message = pack.text();
     run.explanation = pack.text();
     run.english = pack.text();
     run.picture = Picture::read(pack);
-    if (!pack.isWhole() || run.end > CaseRun::End::Crashed) run.end = CaseRun::End::Crashed;
+    if (!pack.isWhole()) run.end = CaseRun::End::Crashed;
 }
 
 CaseRun::End endBySignal(int signal) {

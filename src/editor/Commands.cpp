@@ -18,6 +18,7 @@ constexpr MenuItem fileItems[] = {
     {"FileSaveAs", "Ž Ž Ž Mh[un saQv"_deva},
     {"FileSaveUnicode", "yuinkaef mjkªr Mh[Un saQv"_deva},
     {"FileOldVersions", "juNya Aav&Åya"_deva, Greyed},
+    {"FileSheet", "DapIl àtŽ Ž Ž "_deva, Greyed},
     {"FileCheck", "tpasŽ Ž Ž "_deva, Greyed},
     {"mnuSeperator1", separator},
     {"FilePreferences", "invfI"_deva},

@@ -110,6 +110,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void FileOldVersions();
     void FileSaveUnicode();
     void FileCheck();
+    void FileSheet();
     void FilePreferences();
     void FileMakeEXE();
     void FileExit();

@@ -2,10 +2,13 @@
 #include "dialogs/Dialogs.h"
 #include "dialogs/WindowFrame.h"
 #include "editor/CommandBars.h"
+#include "editor/DocumentMessages.h"
 #include "editor/EditorStatusBar.h"
 #include "editor/FileDialogs.h"
 #include "editor/TaskTrial.h"
+#include "editor/WholeFile.h"
 #include "editor/frmEditor.h"
+#include "editor/frmSheet.h"
 #include "editor/guide/EditorGuide.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
@@ -79,6 +82,29 @@ void frmEditor::FileCheck() {
     QApplication::restoreOverrideCursor();
     Timer1_Tick();
     ShowMessage(told);
+}
+
+// The last run is what the console still has of it.
+void frmEditor::FileSheet() {
+    if (isRunning()) return;
+    std::optional<AskedSheet> asked = askSheet(settings_, this);
+    if (!asked) return;
+    Sheet& sheet = asked->sheet;
+    sheet.caption = document_.caption();
+    sheet.roman = romanText();
+    if (asked->withRun && console_) {
+        sheet.printed = console_->printedLines();
+        sheet.picture = console_->drawnPicture();
+    }
+    const QFileInfo file(document_.path());
+    const QString folder = document_.path().isEmpty() ? startFolder() : file.absolutePath();
+    const QString name = document_.path().isEmpty() ? QString() : file.completeBaseName();
+    const QString chosen =
+        askSaveFile({QStringLiteral("PDF साठव..."), QStringLiteral("PDF"), QStringLiteral("pdf"), folder, name});
+    if (chosen.isEmpty()) return;
+    PdfDocument document = newSheets();
+    addSheet(sheet, document);
+    if (!replaceFile(chosen, document.bytes(file.fileName().toUtf8()))) ShowMessage(messages::notSaved(chosen));
 }
 
 void frmEditor::runChanged() {

@@ -72,6 +72,10 @@ class frmExec : public QWidget, public ConsoleOperations {
     // Stops the program and closes the window; the editor comes back to the front.
     Q_INVOKABLE void CloseForm();
 
+    // What the last run printed, in internal text form, and how its display looks if it drew on it; else null.
+    std::vector<std::string> printedLines() const;
+    QImage drawnPicture() { return hasDrawn_ ? display_->ShownImage() : QImage(); }
+
     // Whether the input box takes the keyboard back when it loses it.
     bool KeepInputFocus() const { return keepInputFocus_; }
 
@@ -123,7 +127,8 @@ class frmExec : public QWidget, public ConsoleOperations {
     ScrollBack* scrollBack_;
     MessageStrip* strip_;
     KeyQueue keys_;
-    bool hasDrawn_ = false;  // since the display was cleared
+    bool hasDrawn_ = false;             // since the display was cleared
+    std::size_t printedByProgram_ = 0;  // lines, without those that tell its end
     bool keepInputFocus_ = false;
     ConsoleObject parentForm_;
     script::Executor executor_;

@@ -27,6 +27,11 @@ bool writePicture(const QImage& picture, const QString& path) {
     return QImageWriter(&file, "png").write(picture) && file.flush() && file.commit();
 }
 
+bool writeFile(const QByteArray& content, const QString& path) {
+    QSaveFile file(path);
+    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() && file.commit();
+}
+
 }  // namespace
 
 QColor frmExec::colourOf(std::optional<Colour> colour) const {
@@ -72,11 +77,26 @@ float frmExec::DisplayHeight() const {
 
 void frmExec::SavePicture() {
     const QImage picture = display_->ShownImage();  // as it is now, whatever the program draws meanwhile
-    QString path = QFileDialog::getSaveFileName(this, QStringLiteral("चित्र साठव"), QStringLiteral("tolbasic.png"),
-                                                QStringLiteral("PNG (*.png)"));
+    const QByteArray svg = display_->Svg();
+    const QString png = QStringLiteral("PNG (*.png)");
+    const QString kinds = svg.isEmpty() ? png : png + QStringLiteral(";;SVG (*.svg)");
+    QString kind = png;
+    QString path =
+        QFileDialog::getSaveFileName(this, QStringLiteral("चित्र साठव"), QStringLiteral("tolbasic"), kinds, &kind);
     if (path.isEmpty()) return;
-    if (!path.endsWith(QStringLiteral(".png"), Qt::CaseInsensitive)) path += QStringLiteral(".png");
-    if (!writePicture(picture, path)) ShowMessage("\\f1icÇ saQvta Aale nahI"_deva);
+    const bool isNamed = path.endsWith(QStringLiteral(".png"), Qt::CaseInsensitive) ||
+                         path.endsWith(QStringLiteral(".svg"), Qt::CaseInsensitive);
+    if (!isNamed) path += kind == png ? QStringLiteral(".png") : QStringLiteral(".svg");
+    const bool asSvg = path.endsWith(QStringLiteral(".svg"), Qt::CaseInsensitive) && !svg.isEmpty();
+    if (!(asSvg ? writeFile(svg, path) : writePicture(picture, path))) ShowMessage("\\f1icÇ saQvta Aale nahI"_deva);
+}
+
+std::vector<std::string> frmExec::printedLines() const {
+    const PrintedLines& lines = text_.lines();
+    std::vector<std::string> printed;
+    for (std::size_t line = lines.begin(); line < std::min(lines.end(), printedByProgram_); ++line)
+        printed.push_back(lines[line]);
+    return printed;
 }
 
 void frmExec::CopyPicture() {

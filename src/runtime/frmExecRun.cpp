@@ -32,6 +32,7 @@ void frmExec::prepareDisplay() {
     strip_->hide();
     text_.reset();
     reader_->printed();
+    printedByProgram_ = 0;
     hasDrawn_ = false;
 }
 
@@ -49,6 +50,7 @@ bool frmExec::goesOnAfter(const script::ErrorReport& error, const ModuleLines& l
 
 // What the program has drawn must stay: then the messages are shown in a strip below.
 void frmExec::printEnd() {
+    printedByProgram_ = text_.lines().end();
     constexpr std::string_view messages[] = {"he àayaejn wa<blele Aahe"_deva, "b<d kr\\{yasaQI kae[tehI bq[ daba"_deva};
     if (hasDrawn_) {
         reader_->tell({std::string(messages[0]), std::string(messages[1])});

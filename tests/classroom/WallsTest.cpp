@@ -5,7 +5,7 @@
 #include <cerrno>
 #include <fcntl.h>
 #include <gtest/gtest.h>
-#include <poll.h>
+#include <sys/mman.h>
 #include <sys/socket.h>
 #include <sys/stat.h>
 #include <unistd.h>
@@ -58,7 +58,11 @@ TEST_F(Walls, KeepFromProcessesSocketsAndTheTerminal) {
 }
 
 TEST_F(Walls, HoldTheLimits) {
-    EXPECT_EQ(after([] { return errnoUnless(std::malloc(std::size_t{1} << 30) != nullptr); }), ENOMEM);
+    EXPECT_EQ(after([] {
+                  return errnoUnless(::mmap(nullptr, std::size_t{1} << 30, PROT_READ | PROT_WRITE,
+                                            MAP_PRIVATE | MAP_ANONYMOUS, -1, 0) != MAP_FAILED);
+              }),
+              ENOMEM);
     EXPECT_EQ(after([] {
                   const int file = ::open("large", O_CREAT | O_WRONLY, 0600);
                   const std::string kilobyte(1000, 'x');

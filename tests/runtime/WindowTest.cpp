@@ -10,6 +10,8 @@
 #include <QFileDialog>
 #include <QTemporaryDir>
 
+#include <gmock/gmock.h>
+
 namespace tolvan {
 namespace {
 
@@ -110,6 +112,29 @@ TEST_F(WindowTest, SavesThePictureAsPng) {
 
     onceDialogIsUp([](QDialog& dialog) { dialog.reject(); });
     console->SavePicture();
+}
+
+TEST_F(WindowTest, SavesThePictureAsLinesAndText) {
+    QApplication::setAttribute(Qt::AA_DontUseNativeDialogs);
+    const QTemporaryDir folder;
+    console->PrintString("gone");
+    console->ClearScreen();
+    for (int line = 0; line < 40; ++line) console->PrintString("kml{ <5>}");
+    console->DrawLine(ConsoleOperations::Point{5, 6}, {100, 7}, 0x0000FF);
+    console->DrawCircle({200, 150}, 40, std::nullopt, ConsoleOperations::Fill::Solid);
+    onceDialogIsUp([&](QDialog& dialog) { chooseFile(dialog, folder.filePath(QStringLiteral("picture.svg"))); });
+    console->SavePicture();
+    QFile file(folder.filePath(QStringLiteral("picture.svg")));
+    ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+    const std::string svg = file.readAll().toStdString();
+    for (const char* const part :
+         {">कमल</text>", "> &lt;5&gt;</text>", "x1=\"5\" y1=\"6\" x2=\"100\" y2=\"7\" stroke=\"#ff0000\"",
+          "<circle cx=\"200\" cy=\"150\" r=\"40\" fill=\"#ffffff\"/>"})
+        EXPECT_THAT(svg, testing::HasSubstr(part));
+    EXPECT_THAT(svg, testing::Not(testing::HasSubstr("gone")));
+    // The last line stands where it is seen: on the display.
+    const std::size_t last = svg.rfind(" y=\"", svg.rfind("कमल"));
+    EXPECT_LT(std::stod(svg.substr(last + 4)), console->DisplayHeight());
 }
 
 TEST_F(WindowTest, TellsWhenThePictureCannotBeSaved) {

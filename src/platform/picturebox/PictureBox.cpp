@@ -65,6 +65,7 @@ float PictureBox::TextHeight(PictureFont& font) const {
 
 void PictureBox::PSet(float x, float y, QColor colour) {
     surface_.fillRectangle(device(x), device(y), deviceEnd(x), deviceEnd(y), colour.rgb());
+    record_.add(PictureRecord::Shape::Point, x, y, 0, 0, colour, true);
     CurrentX = x;
     CurrentY = y;
     changed();
@@ -72,6 +73,7 @@ void PictureBox::PSet(float x, float y, QColor colour) {
 
 void PictureBox::Line(float x1, float y1, float x2, float y2, QColor colour) {
     surface_.drawLine(device(x1), device(y1), device(x2), device(y2), pen(), colour.rgb());
+    record_.add(PictureRecord::Shape::Line, x1, y1, x2, y2, colour, false);
     CurrentX = x2;
     CurrentY = y2;
     changed();
@@ -89,6 +91,10 @@ void PictureBox::Box(float x1, float y1, float x2, float y2, QColor colour, Fill
         surface_.fillRectangle(left, top, left + edge, bottom, colour.rgb());
         surface_.fillRectangle(right - edge, top, right, bottom, colour.rgb());
     }
+    const bool wipes = fill == FillStyle::Solid && std::min(x1, x2) <= 0 && std::min(y1, y2) <= 0 &&
+                       std::max(x1, x2) >= ScaleWidth() && std::max(y1, y2) >= ScaleHeight();
+    if (wipes) record_.clear();
+    record_.add(PictureRecord::Shape::Box, x1, y1, x2, y2, colour, fill == FillStyle::Solid);
     CurrentX = x2;
     CurrentY = y2;
     changed();
@@ -99,12 +105,14 @@ void PictureBox::Circle(float x, float y, float radius, QColor colour, FillStyle
         surface_.fillCircle(device(x), device(y), radius * pixelRatio_, pen(), colour.rgb());
     else
         surface_.drawCircle(device(x), device(y), radius * pixelRatio_, pen(), colour.rgb());
+    record_.add(PictureRecord::Shape::Circle, x, y, radius, 0, colour, fill == FillStyle::Solid);
     CurrentX = x;
     CurrentY = y;
     changed();
 }
 
 void PictureBox::Print(std::string_view text, PictureFont& font) {
+    record_.addText(text.substr(0, longestText), CurrentX, CurrentY + font.baseline(), font.font(), foreground_);
     double x = 0;  // device pixels from where the text starts
     for (text = text.substr(0, longestText); !text.empty();) {
         const std::string_view piece = text.substr(0, PictureFont::firstPiece(text));
@@ -126,11 +134,13 @@ void PictureBox::NewLine(PictureFont& font) {
 void PictureBox::ScrollUp(float distance) {
     const double rows = std::clamp(device(distance), 0.0, surface_.height() * 1.0);
     if (rows > 0) surface_.scrollUp(static_cast<int>(rows));
+    record_.scrollUp(distance);
     changed();
 }
 
 void PictureBox::Cls() {
     surface_ = PixelSurface(1, 1, background);
+    record_.clear();
     fit();
     CurrentX = 0;
     CurrentY = 0;

@@ -7,6 +7,7 @@
 #pragma once
 
 #include "platform/picturebox/PictureFont.h"
+#include "platform/picturebox/PictureRecord.h"
 #include "platform/picturebox/PixelSurface.h"
 
 #include <QBasicTimer>
@@ -62,6 +63,8 @@ class PictureBox : public QWidget {
 
     // A copy of what has been drawn, in device pixels.
     QImage Image();
+    // What has been drawn since it was wiped, as lines and text; empty where that is too much, see PictureRecord.
+    QByteArray Svg() const { return record_.svg(size(), Qt::black); }
     // A copy of what the box shows: the same, or the last finished picture.
     QImage ShownImage();
 
@@ -83,6 +86,7 @@ class PictureBox : public QWidget {
 
     double pixelRatio_ = 0;  // of the surface; 0 before it has one
     PixelSurface surface_;
+    PictureRecord record_;
     QColor foreground_ = Qt::white;
     QBasicTimer frame_;  // runs while there is something new to show
     QElapsedTimer sinceShown_;

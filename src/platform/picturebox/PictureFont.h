@@ -27,6 +27,8 @@ class PictureFont {
 
     explicit PictureFont(const QFont& font) : font_(font) {}
 
+    const QFont& font() const { return font_; }
+
     // How far below the top of the line the letters stand, in logical pixels; the font's own ascent if not set. The
     // height of the line stays what it is.
     double baseline() const;
