@@ -83,7 +83,11 @@ void tellEnd(const script::ErrorReport& report, const Loaded& loaded, CaseConsol
     const bool failed = end != CaseRun::End::Ended;
     pack.text(failed ? unicodeOf(guide::errorMessageText(report.number)) : "");
     const auto wordOf = [&](std::string_view name) { return loaded.wordOf(name); };
-    pack.text(end == CaseRun::End::Error ? unicodeOf(guide::explain(report, wordOf)) : "");
+    std::string cause;
+    if (end == CaseRun::End::Error)
+        for (const StyledText& line : guide::explain(report, wordOf))
+            cause.append(cause.empty() ? "" : " ").append(unicodeOf(line));
+    pack.text(cause);
     pack.text(failed ? report.description : "");
     console.picture().write(pack);
     console.tell(Told::End, pack.bytes());

@@ -60,6 +60,13 @@ ControlText controlText(StyledView text, const QString& name) {
     return result;
 }
 
+// A format behind the others adds to them.
+void embolden(ControlText& text, std::size_t start, std::size_t length) {
+    QTextCharFormat bold;
+    bold.setFontWeight(QFont::Bold);
+    text.formats.append({static_cast<int>(start), static_cast<int>(length), bold});
+}
+
 QSizeF styledLineSize(const ControlText& text) {
     if (text.text.isEmpty()) return {};
     QTextLayout layout;

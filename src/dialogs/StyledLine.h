@@ -7,6 +7,8 @@
 #include <QString>
 #include <QTextLayout>
 
+#include <cstddef>
+
 class QColor;
 class QPainter;
 class QRectF;
@@ -21,6 +23,9 @@ struct ControlText {
 
 // `name` stands after the text, in the Latin font; it may be of any script, which the font-encoded text may not.
 ControlText controlText(StyledView text, const QString& name = {});
+
+// Makes characters of the text bold.
+void embolden(ControlText& text, std::size_t start, std::size_t length);
 
 // The size that the line needs.
 QSizeF styledLineSize(const ControlText& text);

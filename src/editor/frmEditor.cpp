@@ -184,6 +184,7 @@ void frmEditor::refreshCaption() {
 
 void frmEditor::textChanged() {
     timer1_.start();
+    problems_->setRunFailure(std::nullopt);
     statusBar_->showMessage(workingText);
     document_.setTextChanged(txtRoman_->document()->isModified());
     statusBar_->showLine(txtRoman_->currentLine());
@@ -429,7 +430,7 @@ void frmEditor::setHelpFile(const QString& path) {
 // That of the finding, or else of the word.
 std::string frmEditor::helpTopicAtCaret() const {
     if (txtProgram_->hasFocus()) return txtProgram_->wordAtCaret();
-    const std::string_view finding = guide::helpTopic(guide_->kindAtCaret());
+    const std::string_view finding = guide::helpTopic(guide_->currentKind());
     return LineConvert(finding.empty() ? txtRoman_->wordAtCaret() : std::string(finding));
 }
 

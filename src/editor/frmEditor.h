@@ -99,6 +99,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     std::string romanText() const override;
     void selectProgram(std::size_t start, std::size_t length) override;
     void selectRoman(std::size_t start, std::size_t length) override;
+    void runFailed(int line, const script::ErrorReport& error) override;
     void bringBack() override;
 
   public slots:

@@ -10,6 +10,7 @@
 #include "editor/frmEditor.h"
 #include "editor/frmSheet.h"
 #include "editor/guide/EditorGuide.h"
+#include "editor/guide/ProblemPanel.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
 #include "library/AddLibrary.h"
@@ -21,6 +22,8 @@
 
 #include <QApplication>
 #include <QFileInfo>
+
+#include <algorithm>
 
 namespace tolvan {
 
@@ -54,6 +57,7 @@ std::string frmEditor::Compile(StyledView program) {
 
 void frmEditor::CompileAndExecute(StyledView program) {
     if (isRunning()) return;
+    problems_->setRunFailure(std::nullopt);
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const std::string module = addLibrary(Compile(program), translator_.variables());
     QApplication::restoreOverrideCursor();
@@ -110,6 +114,17 @@ void frmEditor::FileSheet() {
 void frmEditor::runChanged() {
     txtRoman_->setLocked(isRunning());
     enableCommands();
+}
+
+// The names are those of the program that ran; the text is locked until it has ended.
+void frmEditor::runFailed(int line, const script::ErrorReport& error) {
+    const auto wordOf = [this](std::string_view scriptName) {
+        const VariableTable& names = translator_.variables();
+        const auto found =
+            std::find_if(names.begin(), names.end(), [&](const auto& pair) { return pair.second == scriptName; });
+        return found == names.end() ? std::string() : found->first;
+    };
+    problems_->setRunFailure(guide::runFailure(error, line, txtProgram_->text(), wordOf));
 }
 
 void frmEditor::RunEnd() {

@@ -2,6 +2,7 @@
 
 #include "guide/Checks.h"
 #include "guide/Texts.h"
+#include "platform/script/syntax/Parser.h"
 
 #include <algorithm>
 #include <array>
@@ -40,9 +41,14 @@ std::string_view openingWord(Role role) {
     }
 }
 
-const Word& wordOf(const Line& line, std::string_view languageWord) {
-    const Word* word = line.find(languageWord);
-    return word != nullptr ? *word : line.words[0];
+// The word that is, or is meant for, this one of the language; else the first.
+const Word& wordOf(const Program& program, std::size_t number, std::string_view languageWord) {
+    const std::vector<Word>& typed = program.line(number).words;
+    const std::vector<Word>& meant = program.meant(number).words;
+    const auto found =
+        std::find_if(meant.begin(), meant.end(), [&](const Word& word) { return word.is(languageWord); });
+    const auto index = static_cast<std::size_t>(found - meant.begin());
+    return typed[index < typed.size() ? index : 0];
 }
 
 bool isElse(const Line& line) {
@@ -62,6 +68,13 @@ std::size_t placeOfEnd(const Program& program, const BlockFault& fault) {
             if (!isEmpty(place) && program.line(place).indentation() <= level && !isElse(program.line(place))) break;
     while (place > fault.line + 1 && isEmpty(place - 1)) --place;
     return place;
+}
+
+// With the empty lines in which its next line may be typed.
+std::size_t lastLineOf(const Program& program, const BlockFault& fault) {
+    std::size_t behind = placeOfEnd(program, fault);
+    while (behind < fault.limit && program.line(behind).words.empty()) ++behind;
+    return behind - 1;
 }
 
 Correction putEnd(const Program& program, const BlockFault& fault) {
@@ -162,16 +175,17 @@ void find::unclosed(const Reading& reading, Report& report) {
         // A condition whose other word is missing may have been meant for one line.
         if (line.statement.role == Role::If && line.find("tar") == nullptr) continue;
         const std::string_view word = openingWord(line.statement.role);
-        report.add(fault.line, wordOf(line, word), sentence(texts::unclosed, {shown(word), shown(endOf(line))}),
-                   {putEnd(reading.program, fault)});
+        report.add(fault.line, wordOf(reading.program, fault.line, word),
+                   sentence(texts::unclosed, {shown(word), shown(endOf(line))}), {putEnd(reading.program, fault)});
+        report.setBlock(fault.line, lastLineOf(reading.program, fault));
     }
 }
 
 void find::unopened(const Reading& reading, Report& report) {
     for (const BlockFault& fault : reading.blockFaults) {
         if (fault.kind != BlockFault::Kind::Unopened) continue;
-        const Line& line = reading.program.meant(fault.line);
-        const Role role = line.statement.role;
+        const Line& line = reading.program.line(fault.line);
+        const Role role = reading.program.meant(fault.line).statement.role;
         const Columns whole{line.words.front().roman.from, line.words.back().roman.to};
         const bool ends = role == Role::EndIf || role == Role::FunctionEnd;
         const Columns place = ends ? whole : line.words[0].roman;
@@ -189,6 +203,7 @@ void find::wrongEnds(const Reading& reading, Report& report) {
         report.add(fault.line, whole, line.words[0].program,
                    sentence(texts::wrongEnd, {shown(line.slice(whole)), shown(end)}),
                    {{fault.line + 1, whole, end, true}});
+        report.setBlock(fault.opener, fault.line);
     }
     for (std::size_t i = 0; i < reading.program.lines().size(); ++i) {
         const Line& line = reading.program.meant(i);
@@ -198,6 +213,31 @@ void find::wrongEnds(const Reading& reading, Report& report) {
         const std::string end = opener ? endOf(reading.program.meant(*opener)) : "kar";
         report.add(i, whole, line.words[0].program, sentence(texts::wrongEnd, {shown(line.slice(whole)), shown(end)}),
                    {{i + 1, whole, end, true}});
+    }
+}
+
+void find::tooDeep(const Reading& reading, Report& report) {
+    std::size_t depth = 0;
+    for (std::size_t i = 0; i < reading.program.lines().size(); ++i) {
+        const Line& line = reading.program.meant(i);
+        switch (line.statement.role) {
+            case Role::FunctionHead:
+                depth = 0;
+                break;
+            case Role::If:
+            case Role::For:
+            case Role::While:
+                if (++depth == std::size_t{script::Parser::deepestNesting})
+                    report.add(i, reading.program.line(i).words[0], sentence(texts::tooDeep));
+                break;
+            case Role::EndIf:
+            case Role::Next:
+            case Role::Wend:
+                if (depth > 0) --depth;
+                break;
+            default:
+                break;
+        }
     }
 }
 

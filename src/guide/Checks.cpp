@@ -20,6 +20,8 @@ constexpr auto table = std::to_array<Check>({
     {"not-equal", Weight::Error, find::notEqual},
     {"unknown-command", Weight::Error, find::unknownCommands},
     {"values", Weight::Error, find::wrongValues},
+    {"syntax", Weight::Error, find::declaredTwice},
+    {"syntax", Weight::Error, find::tooDeep},
     {"syntax", Weight::Error, find::syntaxErrors},
     {"never-set", Weight::Advice, find::neverSet},
     {"only-in-main", Weight::Advice, find::onlyInMain},
@@ -40,7 +42,8 @@ void Report::add(std::size_t line, const Word& place, StyledText text, std::vect
 void Report::add(std::size_t line, Columns roman, Columns programPlace, StyledText text,
                  std::vector<Correction> corrections) {
     if (weight_ == Weight::Error) errors_[line] = true;
-    findings_.push_back({line + 1, roman, programPlace, kind_, weight_, std::move(text), std::move(corrections)});
+    findings_.push_back(
+        {line + 1, roman, programPlace, kind_, weight_, std::move(text), std::move(corrections), {}, 0, 0});
 }
 
 Correction replaceWord(std::size_t line, const Word& word, std::string_view text, bool sure) {

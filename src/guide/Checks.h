@@ -7,6 +7,7 @@
 
 #include <span>
 #include <string_view>
+#include <utility>
 #include <vector>
 
 namespace tolvan::guide {
@@ -31,6 +32,14 @@ class Report {
     void add(std::size_t line, const Word& place, StyledText text, std::vector<Correction> corrections = {});
     void add(std::size_t line, Columns roman, Columns programPlace, StyledText text,
              std::vector<Correction> corrections = {});
+
+    // Of the finding added last: the letters of its text that make the difference; the lines of the block, from 0, that
+    // it is about.
+    void emphasise(std::vector<Columns> letters) { findings_.back().emphasis = std::move(letters); }
+    void setBlock(std::size_t firstLine, std::size_t lastLine) {
+        findings_.back().firstLine = firstLine + 1;
+        findings_.back().lastLine = lastLine + 1;
+    }
 
     // Whether a line has an error already, which others of its line may follow from.
     bool hasError(std::size_t line) const { return errors_[line]; }
@@ -73,12 +82,14 @@ void unclosed(const Reading& reading, Report& report);
 void unopened(const Reading& reading, Report& report);
 void wrongEnds(const Reading& reading, Report& report);
 void missingWords(const Reading& reading, Report& report);
+void tooDeep(const Reading& reading, Report& report);
 // Drawing sentences.
 void missingBrackets(const Reading& reading, Report& report);
 void wrongEndings(const Reading& reading, Report& report);
 void wrongOrder(const Reading& reading, Report& report);
 // Values and names.
 void wrongValues(const Reading& reading, Report& report);
+void declaredTwice(const Reading& reading, Report& report);
 void syntaxErrors(const Reading& reading, Report& report);
 void neverSet(const Reading& reading, Report& report);
 void onlyInMain(const Reading& reading, Report& report);

@@ -1,14 +1,17 @@
 #include "guide/Explanations.h"
 
 #include "guide/Texts.h"
+#include "platform/encoding/Ascii.h"
 #include "platform/richtext/InternalText.h"
 #include "platform/script/ErrorReport.h"
 #include "platform/script/Errors.h"
+#include "translator/Blanks.h"
 
 #include <algorithm>
 #include <array>
 #include <functional>
 #include <string>
+#include <utility>
 
 namespace tolvan::guide {
 namespace {
@@ -255,6 +258,26 @@ void appendSentence(StyledText& text, const StyledText& added) {
     text.append(added);
 }
 
+// The two are seldom longer together than a line.
+StyledText example(const Explanation& explanation) {
+    StyledText text = shown(wrongExample);
+    appendSentence(text, shown(explanation.wrong));
+    text.append(latin(";"));
+    appendSentence(text, shown(rightExample));
+    appendSentence(text, shown(explanation.right));
+    return text;
+}
+
+StyledView lineOf(StyledView program, int line) {
+    std::size_t start = 0;
+    for (; line > 1; --line) {
+        const std::size_t end = program.text().find(lineEnd, start);
+        if (end == std::string_view::npos) return {};
+        start = end + lineEnd.size();
+    }
+    return program.substr(start, program.text().find(lineEnd, start) - start);
+}
+
 }  // namespace
 
 std::span<const Explanation> explanations() {
@@ -274,25 +297,32 @@ StyledText errorMessageText(std::int32_t number) {
     return text;
 }
 
-StyledText explain(const script::ErrorReport& error, const WordOfName& wordOf) {
+std::vector<StyledText> explain(const script::ErrorReport& error, const WordOfName& wordOf) {
     const StyledText called = shownName(error.called, wordOf);
     // A word that is called like a function and is none fails as a type mismatch.
     const bool callsUnknown = error.number == script::errors::typeMismatch && !called.empty();
-    const Explanation* const explanation =
-        findExplanation(callsUnknown ? script::errors::undefinedProcedure : error.number);
-    StyledText text;
-    if (callsUnknown) text = sentence(notFound, {called});
+    StyledText facts;
+    if (callsUnknown) facts = sentence(notFound, {called});
     if (!callsUnknown)
         for (const script::ErrorOperand& operand : error.operands)
-            appendSentence(text, describe(operand, error.number, wordOf));
-    if (explanation == nullptr) return text;
-    appendSentence(text, shown(explanation->meaning));
-    appendSentence(text, shown(wrongExample));
-    appendSentence(text, shown(explanation->wrong));
-    text.append(latin(";"));
-    appendSentence(text, shown(rightExample));
-    appendSentence(text, shown(explanation->right));
-    return text;
+            appendSentence(facts, describe(operand, error.number, wordOf));
+    std::vector<StyledText> lines;
+    if (!facts.empty()) lines.push_back(std::move(facts));
+    const int number = callsUnknown ? script::errors::undefinedProcedure : error.number;
+    if (const Explanation* const explanation = findExplanation(number)) {
+        lines.push_back(shown(explanation->meaning));
+        lines.push_back(example(*explanation));
+    }
+    return lines;
+}
+
+RunFailure runFailure(const script::ErrorReport& error, int line, StyledView program, const WordOfName& wordOf) {
+    RunFailure failure;
+    failure.line = static_cast<std::size_t>(std::max(line, 0));
+    if (line > 0) failure.sentence = StyledText(trimBlanks(lineOf(program, line)));
+    failure.message = errorMessageText(error.number);
+    failure.explanation = explain(error, wordOf);
+    return failure;
 }
 
 }  // namespace tolvan::guide

@@ -4,11 +4,13 @@
 
 #include "platform/richtext/StyledText.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <functional>
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tolvan::script {
 struct ErrorReport;
@@ -35,7 +37,19 @@ StyledText errorMessageText(std::int32_t number);
 // The word of the program, in font codes, that a name of the script stands for; empty if there is none.
 using WordOfName = std::function<std::string(std::string_view)>;
 
-// The names and values that took part, where they are known, what the error usually means, and the example.
-StyledText explain(const script::ErrorReport& error, const WordOfName& wordOf);
+// The names and values that took part, where they are known, what the error usually means, and the example: lines of
+// some fifteen words. Empty for a number without an explanation of which nothing else is known.
+std::vector<StyledText> explain(const script::ErrorReport& error, const WordOfName& wordOf);
+
+// How a run failed, as it is told.
+struct RunFailure {
+    std::size_t line = 0;  // of the program, from 1; 0: not known
+    StyledText sentence;   // the line itself
+    StyledText message;
+    std::vector<StyledText> explanation;  // lines; may be empty
+};
+
+// `program` is its text, lines separated by CR LF.
+RunFailure runFailure(const script::ErrorReport& error, int line, StyledView program, const WordOfName& wordOf);
 
 }  // namespace tolvan::guide

@@ -43,6 +43,10 @@ struct Finding {
     Weight weight = Weight::Error;
     StyledText text;                      // in Marathi
     std::vector<Correction> corrections;  // the best first
+    std::vector<Columns> emphasis = {};   // the letters of the text that make the difference
+    // Of a block whose end is missing or wrong: its first and last line; 0: it is about its own line.
+    std::size_t firstLine = 0;
+    std::size_t lastLine = 0;
 };
 
 // The Roman text after a correction; unchanged where its place is not there.

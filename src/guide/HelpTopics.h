@@ -5,6 +5,9 @@
 
 namespace tolvan::guide {
 
+// The kind under which the failure of a run has its topic.
+inline constexpr std::string_view failedRun = "failed-run";
+
 // The topic's title in Roman spelling; empty for what is no kind of a finding.
 std::string_view helpTopic(std::string_view kind);
 

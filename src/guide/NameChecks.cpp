@@ -145,6 +145,23 @@ void find::textsAsNumbers(const Reading& reading, Report& report) {
     }
 }
 
+// The parameters of a function are declared with it.
+void find::declaredTwice(const Reading& reading, Report& report) {
+    std::set<std::pair<int, std::string_view>> declared;
+    for (std::size_t i = 0; i < reading.program.lines().size(); ++i) {
+        const Line& line = reading.program.line(i);
+        const Statement& statement = line.statement;
+        const auto isNew = [&](std::size_t name) {
+            return declared.insert({reading.program.scope(i), line.words[name].glyphs}).second;
+        };
+        const bool isHead = statement.role == Role::FunctionHead;
+        if (isHead && statement.function) isNew(*statement.function);
+        for (const std::size_t name : isHead ? statement.sets : statement.arrays)
+            if (!isNew(name) && !report.hasError(i))
+                report.add(i, line.words[name], sentence(texts::declaredTwice, {typed(line, line.words[name])}));
+    }
+}
+
 // The translator's own table says which script name a name gets.
 void find::sameNames(const Reading& reading, Report& report) {
     constexpr std::size_t namesBeforeTheFirstRepeats = 50;

@@ -32,6 +32,7 @@ inline constexpr std::string_view missingWord = "yA oLIt {0} hA shabd nAhI. to l
 inline constexpr std::string_view missingBefore = "yA oLIt {1} yA shabdAAdhI {0} havA.";
 inline constexpr std::string_view endAlone = "saMpav yA shabdApuDhe kAy saMpate te lihA.";
 inline constexpr std::string_view loopName = "sAThI yA shabdAAdhI ek nAv lihA.";
+inline constexpr std::string_view tooDeep = "ithe khUp bhAg ekAt ek Ahet. kAhI bhAg upaprAyojanAt lihA.";
 inline constexpr std::string_view equalSign = "{0} yA nAvApuDhe barobar hA shabd lihA.";
 
 inline constexpr std::string_view brackets = "jAgA kaMsAt lihA: {0}.";
@@ -54,6 +55,7 @@ inline constexpr std::string_view argumentCount = "{0} yA upaprAyojanAlA {1} kiM
 
 inline constexpr std::string_view neverSet = "{0} yA nAvAlA kiMmat dilelI nAhI. AdhI kiMmat dyA.";
 inline constexpr std::string_view noArray = "{0} yA nAvAchI mitI sAMgitalelI nAhI. AdhI mitI lihA.";
+inline constexpr std::string_view declaredTwice = "{0} he nAv AdhIch sAMgitale Ahe. vegaLe nAv lihA.";
 inline constexpr std::string_view noFunction = "{0} yA nAvAche upaprAyojan nAhI. te lihA kiMvA nAv tapAsA.";
 inline constexpr std::string_view onlyInMain = "{0} yA nAvAlA upaprAyojanAt kiMmat nAhI. te kaMsAt dyA.";
 inline constexpr std::string_view onlyInFunction = "{0} yA nAvAlA phakt upaprAyojanAt kiMmat Ahe. ithe nAhI.";

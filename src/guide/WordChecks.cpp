@@ -8,12 +8,52 @@
 namespace tolvan::guide {
 namespace {
 
+StyledText latin(std::string_view text) {
+    return {text, Font::Latin};
+}
+
+// As it is shown and as it is typed.
+StyledText inBothScripts(std::string_view roman) {
+    StyledText text = shown(roman);
+    text.append(latin(" ("));
+    text.append(latin(roman));
+    text.append(latin(")"));
+    return text;
+}
+
 StyledText spellingText(const Unknown& unknown, std::string_view typed) {
     const Suggestion& suggestion = unknown.suggestion;
-    const StyledText first = shown(suggestion.words[0]);
+    const StyledText first = inBothScripts(suggestion.words[0]);
     if (suggestion.words.size() > 1)
-        return sentence(texts::spellingRivals, {shown(typed), first, shown(suggestion.words[1])});
-    return sentence(suggestion.sure ? texts::spellingSure : texts::spellingLikely, {shown(typed), first});
+        return sentence(texts::spellingRivals, {inBothScripts(typed), first, inBothScripts(suggestion.words[1])});
+    return sentence(suggestion.sure ? texts::spellingSure : texts::spellingLikely, {inBothScripts(typed), first});
+}
+
+// The letters of `word` between those with which `other` begins and ends, too.
+Columns differingLetters(std::string_view word, std::string_view other) {
+    const std::size_t shorter = std::min(word.size(), other.size());
+    std::size_t same = 0;
+    while (same < shorter && word[same] == other[same]) ++same;
+    std::size_t sameAtEnd = 0;
+    while (sameAtEnd < shorter - same && word[word.size() - 1 - sameAtEnd] == other[other.size() - 1 - sameAtEnd])
+        ++sameAtEnd;
+    return {same, word.size() - sameAtEnd};
+}
+
+// In what was typed, and in each word that may be meant.
+std::vector<Columns> differences(const StyledText& text, std::string_view typed, const Suggestion& suggestion) {
+    std::vector<Columns> places;
+    std::size_t from = 0;
+    const auto mark = [&](std::string_view word, std::string_view other) {
+        const std::size_t at = text.text().find("(" + std::string(word) + ")", from);
+        if (at == std::string::npos) return;
+        from = at + 1;
+        const Columns letters = differingLetters(word, other);
+        if (letters.to > letters.from) places.push_back({from + letters.from, from + letters.to});
+    };
+    mark(typed, suggestion.words[0]);
+    for (const std::string& word : suggestion.words) mark(word, typed);
+    return places;
 }
 
 bool isValue(const Word& word) {
@@ -87,7 +127,10 @@ void find::misspelt(const Reading& reading, Report& report) {
         std::vector<Correction> corrections;
         for (const std::string& other : unknown.suggestion.words)
             corrections.push_back(replaceWord(unknown.line, word, other, unknown.suggestion.sure));
-        report.add(unknown.line, word, spellingText(unknown, line.romanOf(word)), std::move(corrections));
+        const std::string_view typed = line.romanOf(word);
+        const StyledText text = spellingText(unknown, typed);
+        report.add(unknown.line, word, text, std::move(corrections));
+        report.emphasise(differences(text, typed, unknown.suggestion));
     }
     for (std::size_t i = 0; i < program.lines().size(); ++i) {
         const Line& line = program.line(i);

@@ -5,6 +5,10 @@
 #include <cstddef>
 #include <string>
 
+namespace tolvan::script {
+struct ErrorReport;
+}
+
 namespace tolvan {
 
 class ProgramMarker {
@@ -22,6 +26,8 @@ class ProgramMarker {
     // the selection.
     virtual void selectProgram(std::size_t start, std::size_t length) = 0;
     virtual void selectRoman(std::size_t start, std::size_t length) = 0;
+    // The run failed at this line, from 1; the user has been told.
+    virtual void runFailed(int line, const script::ErrorReport& error) = 0;
     // Visible, in front, with the keyboard.
     virtual void bringBack() = 0;
 };

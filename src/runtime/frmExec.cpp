@@ -156,6 +156,7 @@ bool frmExec::MayReachFile(const std::string& path, bool writing) {
 // If the program is to stop, an error is raised here, so that it stops in this statement and not before the next one.
 void frmExec::FileOpenFailed(int number) {
     if (askToGoOn(number, run_.ErrorLine)) return;
+    hasFailed_ = true;
     run_.stop();
     throw script::ScriptError(number);
 }

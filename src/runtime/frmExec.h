@@ -14,6 +14,7 @@
 
 #include <QWidget>
 
+#include <chrono>
 #include <utility>
 
 class QKeyEvent;
@@ -127,8 +128,10 @@ class frmExec : public QWidget, public ConsoleOperations {
     ScrollBack* scrollBack_;
     MessageStrip* strip_;
     KeyQueue keys_;
-    bool hasDrawn_ = false;             // since the display was cleared
-    std::size_t printedByProgram_ = 0;  // lines, without those that tell its end
+    std::chrono::steady_clock::time_point lastPause_;  // its end
+    bool hasDrawn_ = false;                            // since the display was cleared
+    bool hasFailed_ = false;                           // the program, and was not only stopped
+    std::size_t printedByProgram_ = 0;                 // lines, without those that tell its end
     bool keepInputFocus_ = false;
     ConsoleObject parentForm_;
     script::Executor executor_;

@@ -16,10 +16,13 @@
 #include <QTimer>
 
 #include <algorithm>
+#include <chrono>
 #include <cmath>
 #include <string>
 
 namespace tolvan {
+
+using namespace std::chrono_literals;
 
 bool frmExec::inputIsVisible() const {
     return !inputBox_->isHidden();
@@ -37,11 +40,16 @@ std::optional<std::string> frmExec::InputString() {
     return value;
 }
 
+// The pauses of a loop keep their beat: a little that is done between two of them is part of the second.
 void frmExec::Wait(double seconds) {
     if (!(seconds > 0)) return;
     display_->ShowNow();
-    constexpr double longest = 1e15;  // milliseconds; thirty thousand years
-    const QDeadlineTimer end(static_cast<qint64>(std::min(std::ceil(seconds * 1000), longest)), Qt::PreciseTimer);
+    constexpr double longest = 1e9;  // thirty years
+    const auto now = std::chrono::steady_clock::now();
+    const auto start = now - lastPause_ <= 50ms ? lastPause_ : now;
+    const auto length = std::chrono::duration<double>(std::min(seconds, longest));
+    lastPause_ = start + std::chrono::duration_cast<std::chrono::nanoseconds>(length);
+    const QDeadlineTimer end(lastPause_, Qt::PreciseTimer);
     QTimer alarm;  // ends the wait for events
     alarm.setTimerType(Qt::PreciseTimer);
     while (!end.hasExpired() && run_.IsRunning()) {

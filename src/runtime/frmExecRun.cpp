@@ -17,6 +17,7 @@ namespace tolvan {
 
 void frmExec::execute(std::string_view module, const ModuleLines& lines) {
     if (!run_.begin()) return;
+    hasFailed_ = false;
     updateTitle();
     prepareDisplay();
     const script::ErrorReport error = runModule(executor_, parentForm_, module);
@@ -28,6 +29,7 @@ void frmExec::execute(std::string_view module, const ModuleLines& lines) {
 
 void frmExec::prepareDisplay() {
     keys_.clear();
+    lastPause_ = {};
     scrollBack_->leave();
     strip_->hide();
     text_.reset();
@@ -43,8 +45,10 @@ bool frmExec::goesOnAfter(const script::ErrorReport& error, const ModuleLines& l
     run_.ErrorLine = errorLineOf(error.line);
     const int known = lines.programLine(error.line);
     const int line = known > 0 ? known : run_.ErrorLine + 1;
+    hasFailed_ = hasFailed_ || run_.IsRunning();
     const bool goesOn = run_.IsRunning() && askToGoOn(error.number, line);
     if (editor_ != nullptr) markFailingLine(*editor_, line - 1);
+    if (editor_ != nullptr && hasFailed_) editor_->runFailed(line, error);
     return goesOn;
 }
 

@@ -3,7 +3,9 @@
 #include "EditorFixture.h"
 #include "editor/guide/ProblemPanel.h"
 #include "guide/Guide.h"
+#include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/UnicodeText.h"
+#include "platform/transliteration/ReplaceRomanChars.h"
 #include "support/Cases.h"
 
 #include <QListWidget>
@@ -90,6 +92,71 @@ TEST_F(MistakesTest, areNotMarkedInTheLineThatIsTyped) {
     state.ShowProblems = false;
     editor->applyPreferences();
     EXPECT_EQ(count(), 0);
+}
+
+// An end is not missed as long as the caret is in its block, unless the program is to run.
+TEST_F(MistakesTest, ofABlockWaitUntilItIsLeft) {
+    typeProgram("korA / jar 1 lahAn 2 tar / dAkhav 1 / ");
+    QTest::qWait(400);
+    EXPECT_EQ(count(), 0);
+    press(Qt::Key_Home, Qt::ControlModifier);
+    EXPECT_EQ(count(), 1);
+    press(Qt::Key_End, Qt::ControlModifier);
+    EXPECT_EQ(count(), 0);
+    press(Qt::Key_F8);
+    EXPECT_EQ(count(), 1);
+    typeProgram("jovar 1 = 2 / jar 1 lahAn 2 tar / dAkhav 1 / kar");
+    for (int line = 0; line < 2; ++line) press(Qt::Key_Up);
+    QTest::qWait(400);
+    EXPECT_EQ(count(), 0);
+    press(Qt::Key_Up);
+    press(Qt::Key_Up);
+    EXPECT_EQ(count(), 1);
+}
+
+// One key goes on, one mends; none is passed over.
+TEST_F(MistakesTest, areMendedOneAfterTheOther) {
+    typeProgram("dakhav 1 / kora / dakhav 2 / ghe / ");
+    for (int mended = 0; mended < 3; ++mended) {
+        press(Qt::Key_F8);
+        EXPECT_EQ(editor->txtRoman().currentLine(), mended + 1);
+        press(Qt::Key_Return, Qt::AltModifier);
+    }
+    EXPECT_EQ(roman(), "dAkhav 1\r\nkorA\r\ndAkhav 2\r\nghe\r\n");
+    press(Qt::Key_F8);
+    EXPECT_EQ(editor->txtRoman().currentLine(), 4);
+}
+
+// Both words that may be meant have a button; the letters that differ are bold.
+TEST_F(MistakesTest, withTwoCorrectionsHaveTwoButtons) {
+    auto* const other = editor->findChild<QPushButton*>(QStringLiteral("cmdMendOther"));
+    for (const bool takesOther : {false, true}) {
+        typeProgram("bAl = 1 / baL = 2 / dAkhav bal ");
+        press(Qt::Key_F8);
+        ASSERT_EQ(count(), 1) << said().toStdString();
+        EXPECT_TRUE(other->isVisible());
+        QTest::mouseClick(takesOther ? other : editor->findChild<QPushButton*>(QStringLiteral("cmdMend")),
+                          Qt::LeftButton);
+        EXPECT_EQ(roman(), std::string("bAl = 1\r\nbaL = 2\r\ndAkhav ") + (takesOther ? "baL " : "bAl "));
+        EXPECT_EQ(count(), 0);
+        EXPECT_FALSE(other->isVisible());
+    }
+}
+
+TEST_F(MistakesTest, areExplainedByTheirTopicOfTheHelp) {
+    QString opened;
+    services.showHelp = [&](const QString&, const QString& topic) {
+        opened = topic;
+        return true;
+    };
+    open();
+    editor->setHelpFile(QStringLiteral("help"));
+    typeProgram("dakhav 1 / ");
+    press(Qt::Key_F1);
+    EXPECT_EQ(opened, QString());
+    press(Qt::Key_F8);
+    press(Qt::Key_F1);
+    EXPECT_EQ(opened, toQString(LineConvert("shabd chukalA")));
 }
 
 TEST_F(MistakesTest, ofAVowelsLengthOrANasalMendThemselves) {

@@ -7,6 +7,7 @@
 
 #include <QApplication>
 #include <QClipboard>
+#include <QListWidget>
 #include <QScrollBar>
 #include <QTimer>
 
@@ -165,6 +166,38 @@ TEST_F(RunTest, TheLineThatFailedIsNamedAndSelectedWhateverTheAnswer) {
                       editor->txtRoman().line(static_cast<std::size_t>(line - 1)))
                 << what;
         }
+}
+
+// Whatever the answer: line, message, sentence; who had which value; what it means, wrong and right. Until a change or
+// the next run.
+TEST_F(RunTest, TheFailureIsExplainedInTheListOfProblems) {
+    auto* const list = editor->findChild<QListWidget*>(QStringLiteral("lstProblems"));
+    for (const bool goesOn : {true, false}) {
+        setProgram("vay = #\"#bArA#\"#\n\n  dAkhav vay guNile 2\n");
+        user.errorAnswers = {goesOn};
+        toFront();
+        press(Qt::Key_F5);
+        ASSERT_EQ(list->count(), 4);
+        EXPECT_TRUE(list->isVisible());
+        EXPECT_THAT(list->item(0)->text().toStdString(),
+                    testing::AllOf(testing::StartsWith("ओळ ३: "), testing::EndsWith(": दाखव वय गुणिले २")));
+        EXPECT_EQ(list->item(1)->text(), QStringLiteral("वय या नावात \"बारा\" हा मजकूर आहे, संख्या नाही."));
+        EXPECT_EQ(list->item(3)->text(), QStringLiteral("चुकीचे: दाखव \"बारा\" गुणिले २; बरोबर: दाखव १२ गुणिले २"));
+        toFront();
+        editor->txtRoman().select(0, 0);
+        press(Qt::Key_F8);
+        EXPECT_EQ(editor->txtRoman().currentLine(), 3);
+        type("x");
+        EXPECT_EQ(list->count(), 0);
+        press(Qt::Key_Backspace);
+    }
+    user.errorAnswers = {false};
+    press(Qt::Key_F5);
+    EXPECT_EQ(list->count(), 4);
+    setProgram(endless);
+    whileItRuns([this] { editor->RunEnd(); });
+    press(Qt::Key_F5);
+    EXPECT_EQ(list->count(), 0) << "a stop is no failure";
 }
 
 TEST_F(RunTest, WhatIsTypedNeverReplacesTheMarkedLine) {

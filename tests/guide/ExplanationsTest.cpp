@@ -56,7 +56,9 @@ TEST(Explanations, NameWhatTookPart) {
         error.called = called;
         error.operands = operands;
         const std::string begins = RomanMark(Transliterate(begin));
-        EXPECT_EQ(RomanMark(explain(error, wordOf)).substr(0, begins.size()), begins);
+        std::string lines;
+        for (const StyledText& line : explain(error, wordOf)) lines += (lines.empty() ? "" : " ") + RomanMark(line);
+        EXPECT_EQ(lines.substr(0, begins.size()), begins);
     }
 }
 

@@ -2,6 +2,7 @@
 
 #include "guide/Guide.h"
 #include "guide/RandomProgram.h"
+#include "library/LibraryWords.h"
 #include "platform/encoding/Unicode.h"
 #include "support/Cases.h"
 #include "support/Examples.h"
@@ -80,6 +81,24 @@ TEST(Findings, areNoneInTheTestsOfTheTranslator) {
     }
 }
 
+// Those that run without an error; the words of the library as each kind of name, too.
+TEST(Findings, areNoneInTheTestsOfTheLibrary) {
+    const std::string cases = "library/words.cases";
+    for (const char* title : {"What a word gives", "Texts by letters"})
+        for (const Row& row : rowsOf(cases, title))
+            EXPECT_EQ(row[1].starts_with("error") ? "" : said("dAkhav " + row.written[0]), "") << row;
+    for (const Row& row : rowsOf(cases, "Whose word it is")) {
+        for (const LibraryWord& word : libraryWords()) {
+            std::string program = row[0];
+            for (std::size_t at = 0; (at = program.find("bAkI", at)) != std::string::npos; at += word.roman.size())
+                program.replace(at, 4, word.roman);
+            EXPECT_EQ(said(program), "") << program;
+        }
+    }
+    for (const LibraryWord& word : libraryWords())
+        EXPECT_EQ(said((word.kind == LibraryWord::Kind::Value ? "dAkhav " : "") + std::string(word.usage)), "");
+}
+
 TEST(Findings, areNoneInRandomRightPrograms) {
     for (unsigned seed = 0; seed < 2000; ++seed) {
         const std::string program = RandomProgram(seed).write();
@@ -105,6 +124,12 @@ TEST(Findings, comeOfAnyText) {
                     1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
         EXPECT_LE(found, 1000U);
     }
+}
+
+// Also where a word of the line is shorter than the one that it is meant for.
+TEST(Findings, lieInTheirLines) {
+    for (const std::string line : {"aMpav jar", "jr 1 lhn 2 tar", "jvr 1 < 2"})
+        for (const Finding& finding : Guide().check(line)) EXPECT_LE(finding.roman.to, line.size()) << line;
 }
 
 std::string programOf(std::string written) {

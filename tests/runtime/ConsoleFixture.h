@@ -32,6 +32,7 @@ class NotingEditor : public ProgramMarker {
     std::string roman = "a\r\nb\r\nc\r\nd\r\ne";
     std::vector<Span> programSelections;
     std::vector<Span> romanSelections;
+    std::vector<std::pair<int, int>> failures;  // their lines and numbers
     int broughtBack = 0;
 
     std::string programText() const override { return program; }
@@ -40,6 +41,7 @@ class NotingEditor : public ProgramMarker {
         programSelections.emplace_back(start, length);
     }
     void selectRoman(std::size_t start, std::size_t length) override { romanSelections.emplace_back(start, length); }
+    void runFailed(int line, const script::ErrorReport& error) override { failures.emplace_back(line, error.number); }
     void bringBack() override { ++broughtBack; }
 };
 

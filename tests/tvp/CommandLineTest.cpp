@@ -55,7 +55,7 @@ TEST(CommandLine, FindsFilesInTheSpellingOfOtherSystems) {
 TEST(CommandLine, LintsAProgram) {
     TvpProcess tvp;
     const TvpResult wrong = tvp.runProgram({"lint"}, "korA\r\nvay = 5\r\n  dakhav vay");
-    EXPECT_EQ(wrong.output, "3:3-8 spelling दखव हा शब्द माहीत नाही. दाखव असे लिहा.\n");
+    EXPECT_EQ(wrong.output, "3:3-8 spelling दखव (dakhav) हा शब्द माहीत नाही. दाखव (dAkhav) असे लिहा.\n");
     EXPECT_EQ(wrong.status, 1);
     EXPECT_EQ(tvp.runProgram({"lint"}, "korA").output, "");
     EXPECT_EQ(tvp.runProgram({"lint"}, "korA").status, 0);
@@ -86,7 +86,8 @@ TEST(CommandLine, SpeaksUnicode) {
               "घे नाव\nदाखव \"नमस्कार, é \" + नाव\nदाखव नाव + \"\\\"\n\nआ = १ भागिले ०\n");
     const TvpResult result = tvp.runProgram({"run", "--unicode"}, roman, "ऋषी-५\n");
     EXPECT_EQ(result.output, "नमस्कार, é ऋषी-५\nऋषी-५\\\n");
-    EXPECT_THAT(result.errors, StartsWith("ओळ 5: शुन्यने भगाकार"));
+    EXPECT_THAT(result.errors,
+                StartsWith("ओळ 5: शुन्यने भगाकार तोलवन बेसिकला करता येत नाही: आ = १ भागिले ०\nभागाकारात भाजक शून्य आहे."));
     EXPECT_EQ(result.status, 1);
 }
 

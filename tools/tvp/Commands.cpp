@@ -1,6 +1,7 @@
 #include "tvp/Commands.h"
 
 #include "classroom/Problem.h"
+#include "guide/Explanations.h"
 #include "guide/Guide.h"
 #include "library/AddLibrary.h"
 #include "platform/encoding/Ascii.h"
@@ -8,8 +9,6 @@
 #include "platform/encoding/Unicode.h"
 #include "platform/files/PathLookup.h"
 #include "platform/richtext/InternalText.h"
-#include "platform/richtext/RtfReader.h"
-#include "platform/richtext/RtfWriter.h"
 #include "platform/richtext/UnicodeText.h"
 #include "platform/transliteration/MarkRoman.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
@@ -17,7 +16,6 @@
 #include "runtime/host/InputValue.h"
 #include "runtime/host/RunModule.h"
 #include "translator/Formatter.h"
-#include "translator/MessageTable.h"
 #include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
@@ -35,6 +33,7 @@
 #include <ctime>
 #include <deque>
 #include <filesystem>
+#include <functional>
 #include <limits>
 #include <new>
 #include <optional>
@@ -169,24 +168,35 @@ std::deque<std::string> readKeys(const std::string& file) {
     return keys;
 }
 
-using TellError = void (*)(const script::ErrorReport&, const ModuleLines&, Output& messages);
+using TellError = std::function<void(const script::ErrorReport&, Output& messages)>;
 
-void tellNumberAndLine(const script::ErrorReport& report, const ModuleLines&, Output& messages) {
+void tellNumberAndLine(const script::ErrorReport& report, Output& messages) {
     messages.writeLine("error " + std::to_string(report.number) + " line " + std::to_string(report.line));
 }
 
-// In Marathi, with the line of the program; a number without a message is told itself.
-void tellInMarathi(const script::ErrorReport& report, const ModuleLines& lines, Output& messages) {
-    const int line = lines.programLine(report.line);
+// The line of the program, the message and the sentence; then what is known of the cause, a line each.
+void tellInMarathi(const guide::RunFailure& failure, Output& messages) {
     StyledText text("Aae¦ "_deva, Font::Devanagari);
-    text.append(std::to_string(line) + ": ", Font::Latin);
-    if (const auto message = messageFragment(report.number)) {
-        text.append(readRtf(std::string(RtfHeader()) + *message + "\\par}").text);
-    } else {
-        text.append("gfbf "_deva, Font::Devanagari);
-        text.append(std::to_string(report.number), Font::Latin);
+    text.append(std::to_string(failure.line) + ": ", Font::Latin);
+    text.append(failure.message);
+    if (!failure.sentence.empty()) {
+        text.append(": ", Font::Latin);
+        text.append(failure.sentence);
     }
     messages.writeLine(unicodeOf(text));
+    for (const StyledText& line : failure.explanation) messages.writeLine(unicodeOf(line));
+}
+
+// Both must outlive it.
+TellError marathiTeller(const RunnableProgram& program, const StyledText& text) {
+    return [&](const script::ErrorReport& report, Output& messages) {
+        const auto wordOf = [&](std::string_view scriptName) {
+            const auto found = program.words.find(scriptName);
+            return found == program.words.end() ? std::string() : found->second;
+        };
+        const int line = program.lines.programLine(report.line);
+        tellInMarathi(guide::runFailure(report, line, text, wordOf), messages);
+    };
 }
 
 ReachableFiles filesOf(const Invocation& invocation) {
@@ -205,7 +215,7 @@ void limitTime(std::uint64_t milliseconds, script::Executor& executor, bool isTr
     endAfter(isTraced ? milliseconds + patience : milliseconds);
 }
 
-int runOnTextConsole(const RunnableProgram& program, const Invocation& invocation, TellError tellError,
+int runOnTextConsole(const std::string& module, const Invocation& invocation, const TellError& tellError,
                      script::Recording* recording = nullptr) {
     Output nowhere;
     const bool isUnicode = invocation.unicode || recording != nullptr;
@@ -224,7 +234,7 @@ int runOnTextConsole(const RunnableProgram& program, const Invocation& invocatio
     limitTime(invocation.limits.milliseconds, executor, recording != nullptr);
     if (recording != nullptr) recording->setOutputCount(object.callCount());
     executor.setRecording(recording);
-    const script::ErrorReport report = runModule(executor, object, program.module);
+    const script::ErrorReport report = runModule(executor, object, module);
     executor.setRecording(nullptr);
     if (console.hasPrintedTooMuch()) {
         invocation.messages.writeLine("tvp: stopped, it printed too much");
@@ -235,17 +245,19 @@ int runOnTextConsole(const RunnableProgram& program, const Invocation& invocatio
         return limitReached;
     }
     if (report.number == 0 || console.isStopped()) return succeeded;
-    tellError(report, program.lines, invocation.messages);
+    tellError(report, invocation.messages);
     return scriptFailed;
 }
 
 int runProgram(const Invocation& invocation) {
-    return runOnTextConsole(runnableProgram(ProgramText(readProgram(invocation).roman)), invocation,
-                            invocation.unicode ? tellInMarathi : tellNumberAndLine);
+    const StyledText text = ProgramText(readProgram(invocation).roman);
+    const RunnableProgram program = runnableProgram(text);
+    return runOnTextConsole(program.module, invocation,
+                            invocation.unicode ? marathiTeller(program, text) : tellNumberAndLine);
 }
 
 int runScript(const Invocation& invocation) {
-    return runOnTextConsole({readInput(invocation.file), {}}, invocation, tellNumberAndLine);
+    return runOnTextConsole(readInput(invocation.file), invocation, tellNumberAndLine);
 }
 
 int traceProgram(const Invocation& invocation) {
@@ -256,7 +268,7 @@ int traceProgram(const Invocation& invocation) {
     if (std::find(words.begin(), words.end(), "") != words.end())
         throw UsageFailure{"the program does not have all the names in " + invocation.columns};
     script::Recording recording(invocation.lastRows);
-    const int status = runOnTextConsole(program, invocation, tellInMarathi, &recording);
+    const int status = runOnTextConsole(program.module, invocation, marathiTeller(program, text), &recording);
     TraceTable table(recording, program);
     writeTraceCsv(table, text, words, invocation.output);
     if (table.isBeginningGone())

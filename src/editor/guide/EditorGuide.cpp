@@ -2,6 +2,7 @@
 
 #include "editor/guide/ProblemPanel.h"
 #include "editor/panes/RomanBox.h"
+#include "guide/HelpTopics.h"
 
 #include <QTextBlock>
 
@@ -43,21 +44,22 @@ void EditorGuide::goToNext() {
 }
 
 // The text may have changed since the last check; a correction is for the text that was checked.
-void EditorGuide::mend() {
+void EditorGuide::mend(std::size_t number) {
     if (roman_.isLocked()) return;
     watch_.checkNow();
     const guide::Finding* finding = marks_.atCaret();
-    const bool here = finding != nullptr && !finding->corrections.empty();
-    const guide::Correction* correction = here ? &finding->corrections[0] : panel_.correction();
+    const bool here = finding != nullptr && number < finding->corrections.size();
+    const guide::Correction* correction = here ? &finding->corrections[number] : panel_.correction(number);
     if (correction == nullptr) return;
     const guide::Correction made = *correction;
     roman_.replaceText(guide::corrected(roman_.text(), made));
     watch_.checkNow();
 }
 
-std::string_view EditorGuide::kindAtCaret() const {
+std::string_view EditorGuide::currentKind() const {
     const guide::Finding* finding = marks_.atCaret();
-    return finding == nullptr ? std::string_view() : finding->kind;
+    if (finding != nullptr) return finding->kind;
+    return panel_.kind() == guide::failedRun ? guide::failedRun : std::string_view();
 }
 
 }  // namespace tolvan

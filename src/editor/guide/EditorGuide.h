@@ -27,11 +27,12 @@ class EditorGuide : public QObject {
     // Goes to the next place of the list.
     void goToNext();
 
-    // Makes the correction of the finding at the caret, else of the one chosen in the panel, as one step of undo.
-    void mend();
+    // Makes a correction of the finding at the caret, else of the one chosen in the panel, as one step of undo.
+    void mend(std::size_t correction = 0);
 
-    // The kind of the finding at the caret; empty if there is none.
-    std::string_view kindAtCaret() const;
+    // What F1 explains: the kind of the finding at the caret, else guide::failedRun if that is chosen in the panel;
+    // empty if there is nothing.
+    std::string_view currentKind() const;
 
   signals:
     // What is said at the caret, for the status bar; empty where nothing is.

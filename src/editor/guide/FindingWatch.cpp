@@ -37,6 +37,8 @@ void FindingWatch::textChanged() {
     const int more = roman_.lineCount() - std::exchange(lines_, roman_.lineCount());
     const bool isTyped = roman_.document()->isUndoAvailable();  // and not a text that was opened
     typedLine_ = isTyped ? roman_.currentLine() : 0;
+    isTyping_ = isTyped;
+    caretLine_ = roman_.currentLine();
     if (!enabled_) return;
     timer_.start();
     if (all_.empty()) return;
@@ -45,22 +47,32 @@ void FindingWatch::textChanged() {
         const int line = static_cast<int>(finding.line);
         return line >= changed && line <= changed + std::max(0, -more);
     });
-    for (guide::Finding& finding : all_) {
-        if (static_cast<int>(finding.line) <= changed) continue;
-        finding.line = static_cast<std::size_t>(std::max(1, static_cast<int>(finding.line) + more));
-        finding.corrections.clear();  // until the next check
-    }
+    for (guide::Finding& finding : all_) move(finding, changed, more);
     show();
 }
 
+// So many lines were put in behind `changed`, or taken away.
+void FindingWatch::move(guide::Finding& finding, int changed, int more) {
+    const auto moved = [more](std::size_t line) {
+        return static_cast<std::size_t>(std::max(1, static_cast<int>(line) + more));
+    };
+    if (finding.firstLine > static_cast<std::size_t>(changed)) finding.firstLine = moved(finding.firstLine);
+    if (finding.lastLine >= static_cast<std::size_t>(changed)) finding.lastLine = moved(finding.lastLine);
+    if (finding.line <= static_cast<std::size_t>(changed)) return;
+    finding.line = moved(finding.line);
+    finding.corrections.clear();  // until the next check
+}
+
 void FindingWatch::caretMoved() {
-    if (typedLine_ == 0 || roman_.currentLine() == typedLine_ || lines_ != roman_.lineCount()) return;
-    typedLine_ = 0;
+    if (!isTyping_ || lines_ != roman_.lineCount() || roman_.currentLine() == caretLine_) return;
+    caretLine_ = roman_.currentLine();
+    if (caretLine_ != typedLine_) typedLine_ = 0;
     if (!timer_.isActive()) show();
 }
 
 void FindingWatch::checkNow() {
     typedLine_ = 0;
+    isTyping_ = false;
     if (enabled_) check();
 }
 
@@ -70,9 +82,15 @@ void FindingWatch::check() {
     show();
 }
 
+bool FindingWatch::waits(const guide::Finding& finding) const {
+    if (static_cast<int>(finding.line) == typedLine_) return true;
+    const auto caret = static_cast<std::size_t>(roman_.currentLine());
+    return isTyping_ && finding.firstLine <= caret && caret <= finding.lastLine;
+}
+
 void FindingWatch::show() {
     std::vector<guide::Finding> shown = all_;
-    std::erase_if(shown, [&](const guide::Finding& one) { return static_cast<int>(one.line) == typedLine_; });
+    std::erase_if(shown, [this](const guide::Finding& finding) { return waits(finding); });
     if (shown.empty() && shown_.empty()) return;
     shown_ = std::move(shown);
     emit findingsChanged();

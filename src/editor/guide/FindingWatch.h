@@ -1,5 +1,5 @@
 // Has the guide look at the program while the user types: a while after the last key, and never at the line that is
-// being typed before the caret leaves it.
+// being typed before the caret leaves it. An end that is missing is not missed while the lines of its block are typed.
 #pragma once
 
 #include "guide/Guide.h"
@@ -37,6 +37,8 @@ class FindingWatch : public QObject {
     void caretMoved();
     void check();
     void show();
+    static void move(guide::Finding& finding, int changed, int more);
+    bool waits(const guide::Finding& finding) const;
 
     RomanBox& roman_;
     guide::Guide guide_;
@@ -45,6 +47,8 @@ class FindingWatch : public QObject {
     std::vector<guide::Finding> shown_;
     int lines_ = 1;      // of the text at the last change
     int typedLine_ = 0;  // from 1, of the last change, as long as the caret is in it; else 0
+    int caretLine_ = 1;
+    bool isTyping_ = false;  // there was a change since checkNow
     bool enabled_ = true;
 };
 

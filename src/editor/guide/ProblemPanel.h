@@ -2,8 +2,9 @@
 // failed. It is only there when it has something to say.
 #pragma once
 
+#include "dialogs/StyledLine.h"
+#include "guide/Explanations.h"
 #include "guide/Finding.h"
-#include "platform/richtext/StyledText.h"
 
 #include <QWidget>
 
@@ -16,14 +17,6 @@ class QPushButton;
 
 namespace tolvan {
 
-// How a run failed.
-struct RunFailure {
-    std::size_t line = 0;  // of the program, from 1; 0: not known
-    StyledText sentence;   // the line itself
-    StyledText message;
-    StyledText explanation;  // what it usually means; may be empty
-};
-
 class ProblemPanel : public QWidget {
     Q_OBJECT
   public:
@@ -31,38 +24,42 @@ class ProblemPanel : public QWidget {
 
     void setFindings(const std::vector<guide::Finding>& findings);
 
-    // Shown until it is set again; nothing: removes it.
-    void setRunFailure(const std::optional<RunFailure>& failure);
+    // Above the findings, until it is taken away with nothing.
+    void setRunFailure(const std::optional<guide::RunFailure>& failure);
 
-    // Chooses the next one behind the one chosen, the first again behind the last. False if there is none.
+    // Goes to the one chosen, or from it to the next one, the first again behind the last. False if there is none.
     bool chooseNext();
 
     // Chooses that of the line, if another line's is chosen. For the caret's line.
     void chooseLine(std::size_t line);
 
-    // What would mend the chosen one; null if nothing is known that would.
-    const guide::Correction* correction() const;
-    // The kind of the chosen one; empty if there is none, or for the failure of a run.
+    // What would mend the chosen one, the best first; null if nothing is known that would.
+    const guide::Correction* correction(std::size_t number = 0) const;
+    // The kind of the chosen one, or guide::failedRun; empty if there is none.
     std::string_view kind() const;
 
   signals:
     // The user chose one; columns of the Roman text.
     void chosen(std::size_t line, guide::Columns place);
-    void correctionWanted();
+    // The number of one of its corrections.
+    void correctionWanted(std::size_t number);
 
   private:
     void fill();
-    void showButton();
+    void addRow(const StyledText& text, std::optional<bool> isError);
+    QPushButton* addButton(const char* name, std::size_t correction);
+    void showButtons();
     void chose(int row);
     const guide::Finding* current() const;
-    int failureRows() const { return failure_ ? 1 : 0; }
+    int failureRows() const { return failure_ ? 1 + static_cast<int>(failure_->explanation.size()) : 0; }
 
     QListWidget* lstProblems_;
     QPushButton* cmdMend_;
-    std::vector<StyledText> rows_;  // what they say
+    QPushButton* cmdMendOther_;  // with the second correction
+    std::vector<ControlText> rows_;
     std::vector<guide::Finding> findings_;
-    std::optional<RunFailure> failure_;
-    bool wentToOne_ = false;  // chooseNext goes to the first one first
+    std::optional<guide::RunFailure> failure_;
+    bool isAtChosen_ = false;  // the user has been there
 };
 
 }  // namespace tolvan
