@@ -42,22 +42,36 @@ constexpr std::size_t lettersToHear = 3;
 constexpr double heardAlike = 0.35;
 constexpr double heardTheSame = 0.15;
 
-bool soundsLike(std::string_view start, std::string_view word) {
-    return start.size() >= lettersToHear &&
-           guide::distanceToBeginning(start, guide::soundsOf(word), heardAlike) <= heardAlike;
+// What is compared of a word, made once.
+struct Offered {
+    const LanguageWord* word;
+    std::string loose;
+    guide::Sounds sounds;
+};
+
+template <class Words>
+std::vector<Offered> offered(const Words& words) {
+    std::vector<Offered> all;
+    for (const LanguageWord& word : words) all.push_back({&word, loosely(word.roman), guide::soundsOf(word.roman)});
+    return all;
 }
 
 }  // namespace
 
 std::vector<const LanguageWord*> wordsBeginning(std::string_view start) {
+    static const std::vector<Offered> ofLanguage = offered(languageWords());
+    static const std::vector<Offered> ofLibrary = offered(libraryWords());
     std::vector<const LanguageWord*> words;
     const std::string loose = loosely(start);
-    const auto add = [&](const LanguageWord& word) {
-        if (loosely(word.roman).starts_with(loose) || soundsLike(start, word.roman)) words.push_back(&word);
+    const auto add = [&](const std::vector<Offered>& from) {
+        for (const Offered& one : from)
+            if (one.loose.starts_with(loose) ||
+                (start.size() >= lettersToHear &&
+                 guide::distanceToBeginning(start, one.sounds, heardAlike) <= heardAlike))
+                words.push_back(one.word);
     };
-    for (const LanguageWord& word : languageWords()) add(word);
-    if (!isLanguageWord(LineConvert(start)))
-        for (const LibraryWord& word : libraryWords()) add(word);
+    add(ofLanguage);
+    if (!isLanguageWord(LineConvert(start))) add(ofLibrary);
     std::stable_partition(words.begin(), words.end(), [&](const auto* word) { return word->roman.starts_with(start); });
     return words;
 }

@@ -94,6 +94,7 @@ CompletionList::CompletionList(QWidget* owner)
 }
 
 void CompletionList::setWords(const std::vector<const LanguageWord*>& words) {
+    if (words_ == words) return choose(-1);
     words_ = words;
     setRowCount(0);
     for (const LanguageWord* word : words) addRow(*word);
