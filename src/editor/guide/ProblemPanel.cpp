@@ -113,6 +113,7 @@ QPushButton* ProblemPanel::addButton(const char* name, std::size_t correction) {
     button->setObjectName(QLatin1String(name));
     button->setFont(look::controlFont(Font::Devanagari));
     button->setFocusPolicy(Qt::NoFocus);
+    setCaption(*button, look::captionText(mendText));
     connect(button, &QPushButton::clicked, this, [this, correction] { emit correctionWanted(correction); });
     return button;
 }
