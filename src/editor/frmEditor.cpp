@@ -58,6 +58,7 @@ constexpr std::string_view readyText = "tolvn beisk tyar Aahe"_deva;
 constexpr std::string_view notKeptText = "n sQvleLya bdla<cI àt Qevta AalI nahI"_deva;
 constexpr std::string_view workingText = "q<k leon sué Aahe"_deva;
 constexpr std::string_view runningText = "àayaejn suê Astana bdl krta yet nahI"_deva;
+constexpr std::string_view pastedInPartText = "mjkªr )ar maeQa AsLyane suévatIcI 10 lao A]re \"etlI"_deva;
 
 // A program in Unicode may also be a plain text file.
 bool isProgramFile(const QString& path) {
@@ -143,10 +144,12 @@ void frmEditor::connectPanes() {
             [showRefused](char32_t character) { showRefused(std::u32string(1, character)); });
     connect(txtRoman_, &RomanBox::charactersLeftOut, this, showRefused);
     connect(&document_, &EditorDocument::charactersLeftOut, this, showRefused);
-    connect(txtRoman_, &RomanBox::typedWhileLocked, this, [this] {
-        statusBar_->showMessage(runningText);
+    const auto showForAWhile = [this](std::string_view text) {
+        statusBar_->showMessage(text);
         timer1_.start();
-    });
+    };
+    connect(txtRoman_, &RomanBox::typedWhileLocked, this, [showForAWhile] { showForAWhile(runningText); });
+    connect(txtRoman_, &RomanBox::pastedInPart, this, [showForAWhile] { showForAWhile(pastedInPartText); });
     for (const auto available : {&QPlainTextEdit::undoAvailable, &QPlainTextEdit::redoAvailable})
         connect(txtRoman_, available, this, &frmEditor::enableCommands);
     timer1_.setInterval(timer1Interval);

@@ -99,6 +99,15 @@ TEST_F(RomanBoxTest, pastes) {
     }
 }
 
+TEST_F(RomanBoxTest, pastesTheStartOfAHugeText) {
+    bool toldSo = false;
+    QObject::connect(&roman, &RomanBox::pastedInPart, [&] { toldSo = true; });
+    putOnClipboard((QString(998, u'k') + u'\n').repeated(2000));
+    press(Qt::Key_V, Qt::ControlModifier);
+    EXPECT_EQ(roman.text().size(), 1001U * 1000) << "in whole lines";
+    EXPECT_TRUE(toldSo);
+}
+
 TEST_F(RomanBoxTest, cutsAndCopiesWhatCanBePastedAgain) {
     const std::string text = everyByte() + "\r\nka";
     roman.setText(text);

@@ -62,6 +62,15 @@ QString plainText(const QMimeData& source) {
     return {};
 }
 
+// What is taken of a text from elsewhere, in whole lines where there are several. With more of it the window would not
+// answer for many seconds.
+QString startOf(const QString& text) {
+    constexpr qsizetype most = 1'000'000;
+    if (text.size() <= most) return text;
+    const qsizetype lineEnd = text.lastIndexOf(u'\n', most - 1);
+    return text.left(lineEnd < 0 ? most : lineEnd + 1);
+}
+
 // Typographic quotes, which other applications write for the plain one.
 constexpr QStringView otherQuotes = u"\u201C\u201D\u201E";
 constexpr QStringView otherApostrophes = u"\u2018\u2019";
@@ -371,11 +380,13 @@ void RomanBox::insertFromMimeData(const QMimeData* source) {
         for (QString& line : lines) line = toShown(toFontEncoded(line));
         return insertShown(lines.join(u'\n'));
     }
-    const QString text = plainText(*source);
+    const QString whole = plainText(*source);
+    const QString text = startOf(whole);
     const RomanProgram program =
         romanOfUnicodeProgram((hasDevanagari(text) ? text : withKeyboardMarks(text)).toStdString());
     if (!program.roman.empty()) insertShown(documentText(program.roman));
     if (!program.leftOut.empty()) emit charactersLeftOut(program.leftOut);
+    if (text.size() < whole.size()) emit pastedInPart();
 }
 
 }  // namespace tolvan

@@ -65,6 +65,8 @@ class RomanBox : public TextPane {
     void typedWhileLocked();
     // What was pasted or dropped has been taken without these characters.
     void charactersLeftOut(const std::u32string& characters);
+    // Only the first million characters of what was pasted or dropped have been taken.
+    void pastedInPart();
     // What an input method shows in the caret's line, and has not given, is another text now.
     void preeditChanged();
 
