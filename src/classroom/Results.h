@@ -35,7 +35,7 @@ Screen screenOf(const Picture& picture, const std::vector<PrintedLine>& printed,
 
 struct CaseResult {
     Verdict verdict = Verdict::Unreadable;
-    int number = 0;  // of Error
+    int number = 0;  // of Error and Files
     int line = 0;    // of the program, where it failed or was stopped; 0: not known
     std::string message;
     std::string explanation;

@@ -70,7 +70,9 @@ CaseRun::End endOf(const script::ErrorReport& report, const CaseConsole& console
     if (console.isLate()) return CaseRun::End::Time;
     if (report.number == 0 || console.isStopped()) return CaseRun::End::Ended;
     if (report.number == script::errors::outOfMemory) return CaseRun::End::Memory;
-    if (report.number == script::errors::diskFull) return CaseRun::End::Files;
+    // In its own folder nothing else refuses a file than what keeps the program there.
+    if (report.number == script::errors::diskFull || report.number == script::errors::permissionDenied)
+        return CaseRun::End::Files;
     return CaseRun::End::Error;
 }
 

@@ -2,6 +2,7 @@
 
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Utf8.h"
+#include "platform/script/Errors.h"
 
 #include <array>
 #include <cstdio>
@@ -16,7 +17,7 @@ constexpr Text verdicts[] = {
     {"वेळ संपली", "time"},
     {"छपाई जास्त", "output"},
     {"स्मृती जास्त", "memory"},
-    {"फायली जास्त", "files"},
+    {"फायलींची मर्यादा", "files"},
     {"वाचता येत नाही", "unreadable"},
 };
 
@@ -63,7 +64,8 @@ std::vector<std::string> sentencesOf(const CaseResult& result, Language language
     if (result.verdict == Verdict::Time && result.hurried) say(texts::hurried);
     if (result.verdict == Verdict::Output) say(texts::tooMuchPrinted);
     if (result.verdict == Verdict::Memory) say(texts::tooMuchMemory);
-    if (result.verdict == Verdict::Files) say(texts::tooMuchWritten);
+    if (result.verdict == Verdict::Files)
+        say(result.number == script::errors::permissionDenied ? texts::otherFiles : texts::tooMuchWritten);
     if (result.difference) sentences.push_back(sentenceOf(*result.difference, language));
     return sentences;
 }

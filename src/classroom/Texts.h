@@ -74,6 +74,8 @@ inline constexpr Text tooMuchMemory{"प्रायोजनाने फार
                                     "The program used too much memory and was stopped."};
 inline constexpr Text tooMuchWritten{"प्रायोजनाने फायलींत फार जास्त लिहिले, म्हणून ते थांबवले.",
                                      "The program wrote too much into files and was stopped."};
+inline constexpr Text otherFiles{"प्रायोजन त्याच्या फोल्डरच्या बाहेरची फायल उघडू पाहत होते, म्हणून ते थांबवले.",
+                                 "The program reached for a file outside its folder and was stopped."};
 inline constexpr Text leftOutForSize{"पान फार मोठे होऊ नये म्हणून पुढचे वगळले.",
                                      "The rest is left out: the page would be too large."};
 }  // namespace texts
