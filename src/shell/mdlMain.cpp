@@ -44,6 +44,13 @@ mdlMain::mdlMain(Settings& settings) : settings_(settings) {
         if (editor_) editor_->keepUnsaved();
         shutDown();
     });
+    // While a program runs its windows only note that they are to close.
+    connect(
+        &state_.run, &ProgramRun::stateChanged, this,
+        [this] {
+            if (state_.Closing && state_.run.isIdle()) shutDown();
+        },
+        Qt::QueuedConnection);
     connect(&desktopLook_, &DesktopLook::changed, this, [this](look::Kind kind) {
         look::setKindOfDesktop(kind);
         useLook();

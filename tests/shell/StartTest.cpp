@@ -112,6 +112,11 @@ TEST_F(StartTest, KeepsTheTextWhenTheSystemEndsIt) {
     EXPECT_THAT(next.windows.back(), HasSubstr("Default.tvp"));
 }
 
+TEST_F(StartTest, EndsWithARunningProgramWhenTheSystemEndsIt) {
+    process_.folder().write("endless.tvp", "nAv\r\njovar 1 = 1 tovar\r\nkar\r\n");
+    EXPECT_EQ(start({"endless.tvp", "-run"}, {"frmExec logout"}).status, 0);
+}
+
 TEST_F(StartTest, SettingsThatAreAPipeDelayNothing) {
     fs::create_directories(process_.folder() / "home/config/Tolbasic");
     ASSERT_EQ(::mkfifo((process_.folder() / "home/config/Tolbasic/Tolbasic.conf").c_str(), 0600), 0);
