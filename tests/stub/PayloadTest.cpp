@@ -96,6 +96,14 @@ TEST(ExecutableExtent, OfTheRuntimeIsItsSizeWhateverStandsBehindIt) {
     EXPECT_EQ(extentOf(runtime + runtime), runtime.size());
 }
 
+// Installed programs are stripped.
+TEST(ExecutableExtent, OfAStrippedRuntimeIsItsSize) {
+    const TemporaryFolder folder;
+    const std::string stripped = folder / "stripped";
+    ASSERT_EQ(std::system(("strip -o " + stripped + " " + programFolder() + "/engine.dat").c_str()), 0);
+    EXPECT_EQ(extentOf(contentOf(stripped) + "payload"), std::filesystem::file_size(stripped));
+}
+
 TEST(ExecutableExtent, RefusesWhatIsNoProgram) {
     for (const std::string& bytes : {std::string(),
                                      std::string("\x7f"
