@@ -42,8 +42,8 @@ constexpr std::string_view damaged = "\\f1hI )a#l ib\"flelI Aahe\\f0. \\f1te àa
 void repeatIfWanted(tolvan::frmExec& console) {
     const char* const seed = std::getenv("TOLVAN_SEED");
     if (seed == nullptr) return;
-    console.libraryObject().setSeed(static_cast<std::uint32_t>(std::strtoul(seed, nullptr, 10)));
-    console.libraryObject().simulateTime(tolvan::simulatedStart());
+    console.scriptLibrary().setSeed(static_cast<std::uint32_t>(std::strtoul(seed, nullptr, 10)));
+    console.scriptLibrary().simulateTime(tolvan::simulatedStart());
 }
 
 // Writes the program's console calls to the file that TOLVAN_TRACE names, one a line, as "tvp run --trace" does, so

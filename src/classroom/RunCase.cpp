@@ -99,8 +99,8 @@ void tellEnd(const script::ErrorReport& report, const Loaded& loaded, CaseConsol
 script::ErrorReport run(const Loaded& loaded, const CaseInput& input, const CaseLimits& limits,
                         const std::string& folder, CaseConsole& console) {
     ConsoleObject object(console);
-    object.libraryObject().setSeed(input.seed);
-    object.libraryObject().simulateTime(simulatedStart());
+    object.scriptLibrary().setSeed(input.seed);
+    object.scriptLibrary().simulateTime(simulatedStart());
     ReachableFiles files(folder);
     files.setSpace(limits.fileBytes);
     object.setFiles(std::move(files));

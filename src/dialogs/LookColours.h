@@ -32,7 +32,7 @@ struct Colours {
     QColor textOnClose;
     // Words of a program.
     QColor keyword;
-    QColor libraryWord;
+    QColor wordOfLibrary;
     QColor number;
     QColor literal;
     QColor comment;

@@ -45,7 +45,7 @@ class frmExec : public QWidget, public ConsoleOperations {
 
     // The program's calls of the console from the next run on.
     void setTrace(ConsoleObject::Trace trace) { parentForm_.setTrace(std::move(trace)); }
-    LibraryObject& libraryObject() { return parentForm_.libraryObject(); }
+    LibraryObject& scriptLibrary() { return parentForm_.scriptLibrary(); }
 
     // The data files that the program reaches without a question; see dataFilesOf.
     void setFiles(ReachableFiles files) { parentForm_.setFiles(std::move(files)); }

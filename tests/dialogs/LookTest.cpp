@@ -41,7 +41,7 @@ const Pair pairs[] = {
     {"text on the sign to close", &Colours::textOnClose, {&Colours::closeHover}, Pair::Text},
     {"sign of an error box", &Colours::textOnAccent, {&Colours::warning}, Pair::Text},
     {"keyword", &Colours::keyword, panes, Pair::Text},
-    {"word of the library", &Colours::libraryWord, panes, Pair::Text},
+    {"word of the library", &Colours::wordOfLibrary, panes, Pair::Text},
     {"number", &Colours::number, panes, Pair::Text},
     {"literal", &Colours::literal, panes, Pair::Text},
     {"comment", &Colours::comment, panes, Pair::Text},

@@ -30,7 +30,7 @@ class LibraryTest : public testing::Test {
         script::Executor executor;
         console.calls.clear();
         console.answers = {"typed"};
-        object.libraryObject().simulateTime(0);
+        object.scriptLibrary().simulateTime(0);
         const script::ErrorReport report = runModule(executor, object, runnableModule(ProgramText(roman)));
         if (report.number != 0) return "error " + std::to_string(report.number);
         return console.calls.empty() ? "nothing" : console.calls.back().substr(std::string("print ").size());
@@ -93,7 +93,7 @@ TEST_F(LibraryTest, aProgramWithoutThemIsLeftAsItIs) {
 TEST_F(LibraryTest, randomNumbersRepeatWithASeedOnly) {
     const std::string program = "i sAThI 1 te 20 paryaMt\r\ns = s & phAsA(6)\r\npuDhachA i\r\ndAkhav s\r\n";
     EXPECT_NE(run(program), run(program));
-    object.libraryObject().setSeed(7);
+    object.scriptLibrary().setSeed(7);
     const std::string numbers = run(program);
     EXPECT_EQ(run(program), numbers);
     for (const char face : {'1', '2', '3', '4', '5', '6'}) EXPECT_NE(numbers.find(face), std::string::npos) << numbers;

@@ -15,11 +15,11 @@ namespace {
 std::string lettersOf(std::size_t size, const std::vector<ColourRun>& runs) {
     std::string colours(size, '.');
     for (const ColourRun& run : runs) {
-        const char letter = run.colour == look::colours().keyword       ? 'k'
-                            : run.colour == look::colours().number      ? 'n'
-                            : run.colour == look::colours().literal     ? 't'
-                            : run.colour == look::colours().libraryWord ? 'l'
-                                                                        : 'c';
+        const char letter = run.colour == look::colours().keyword         ? 'k'
+                            : run.colour == look::colours().number        ? 'n'
+                            : run.colour == look::colours().literal       ? 't'
+                            : run.colour == look::colours().wordOfLibrary ? 'l'
+                                                                          : 'c';
         EXPECT_LE(run.start + run.length, size);
         colours.replace(run.start, run.length, run.length, letter);
     }

@@ -41,8 +41,8 @@ class ExamplesTest : public ConsoleTest, public testing::WithParamInterface<std:
             if (call == "ClearScreen" && std::exchange(hasDrawn, false)) lastDrawing_ = picture();
             hasDrawn = hasDrawn || call.starts_with("Draw");
         });
-        console->libraryObject().setSeed(1);
-        console->libraryObject().simulateTime(simulatedStart());
+        console->scriptLibrary().setSeed(1);
+        console->scriptLibrary().simulateTime(simulatedStart());
         const ProgramFile file = readProgramFile(contentOf(exampleProgram(GetParam())));
         const QByteArray lines = QByteArray::fromStdString(answers());
         if (!lines.isEmpty()) answer(lines.trimmed().split('\n'));

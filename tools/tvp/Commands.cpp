@@ -225,8 +225,8 @@ int runOnTextConsole(const std::string& module, const Invocation& invocation, co
     ConsoleObject object(console);
     if (invocation.trace) object.setTrace([&](std::string_view call) { invocation.messages.writeLine(call); });
     if (!invocation.keyFile.empty()) console.setKeys(readKeys(invocation.keyFile));
-    if (invocation.seed) object.libraryObject().setSeed(*invocation.seed);
-    if (invocation.simulatedStart) object.libraryObject().simulateTime(*invocation.simulatedStart);
+    if (invocation.seed) object.scriptLibrary().setSeed(*invocation.seed);
+    if (invocation.simulatedStart) object.scriptLibrary().simulateTime(*invocation.simulatedStart);
     object.setFiles(filesOf(invocation));
     console.setMostOutput(invocation.limits.outputBytes);
     script::Executor executor;

@@ -32,7 +32,7 @@ void addWord(Colours& colours, std::size_t start, std::string_view word, const I
     else if (isLanguageWord(word))
         colours.add(start, word.size(), look::colours().keyword);
     else if (const LibraryWord* ready = findLibraryWord(word); ready != nullptr && !isOwn(*ready))
-        colours.add(start, word.size(), look::colours().libraryWord);
+        colours.add(start, word.size(), look::colours().wordOfLibrary);
 }
 
 }  // namespace

@@ -43,7 +43,7 @@ class ConsoleObject : public script::HostObject {
     void reset();
 
     // What the library's functions call besides.
-    LibraryObject& libraryObject() { return library_; }
+    LibraryObject& scriptLibrary() { return library_; }
 
     std::string_view typeName() const override { return "ParentForm"; }
     int findMember(std::string_view name) const override;

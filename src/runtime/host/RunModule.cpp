@@ -29,7 +29,7 @@ script::ErrorReport runModule(script::Executor& executor, ConsoleObject& console
     executor.setTextForm(&numberText);
     script::ErrorReport report;
     const bool loaded = executor.addObject("ParentForm", console, script::Executor::Members::AlsoGlobal) &&
-                        executor.addObject("Library", console.libraryObject()) && executor.addCode(module);
+                        executor.addObject("Library", console.scriptLibrary()) && executor.addCode(module);
     if (!loaded || (executor.hasProcedure("Main") && !executor.run("Main"))) report = executor.error();
     attributeToProgram(report, module);
     executor.reset();
