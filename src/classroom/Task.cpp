@@ -142,7 +142,8 @@ class TaskMaker {
                               own.name + ".in needs " + own.name + ".out, or solution.tvp"};
         }
         for (const auto& [name, own] : task_.options.ofCases)
-            if (std::none_of(cases.begin(), cases.end(), [&](const TaskCase& known) { return known.name == name; }))
+            if (std::none_of(cases.begin(), cases.end(),
+                             [&, &name = name](const TaskCase& known) { return known.name == name; }))
                 throw Problem{"task.ini: [" + name + "] या नावाची चाचणी नाही",
                               "task.ini: there is no case [" + name + "]"};
     }

@@ -187,7 +187,7 @@ void frmEditor::refreshCaption() {
 
 void frmEditor::textChanged() {
     timer1_.start();
-    problems_->setRunFailure(std::nullopt);
+    guide_->setRunFailure(std::nullopt);
     statusBar_->showMessage(workingText);
     document_.setTextChanged(txtRoman_->document()->isModified());
     statusBar_->showLine(txtRoman_->currentLine());

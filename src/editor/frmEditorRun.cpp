@@ -57,7 +57,7 @@ std::string frmEditor::Compile(StyledView program) {
 
 void frmEditor::CompileAndExecute(StyledView program) {
     if (isRunning()) return;
-    problems_->setRunFailure(std::nullopt);
+    guide_->setRunFailure(std::nullopt);
     QApplication::setOverrideCursor(Qt::WaitCursor);
     const std::string module = addLibrary(Compile(program), translator_.variables());
     QApplication::restoreOverrideCursor();
@@ -124,7 +124,15 @@ void frmEditor::runFailed(int line, const script::ErrorReport& error) {
             std::find_if(names.begin(), names.end(), [&](const auto& pair) { return pair.second == scriptName; });
         return found == names.end() ? std::string() : found->first;
     };
-    problems_->setRunFailure(guide::runFailure(error, line, txtProgram_->text(), wordOf));
+    const StyledText program = txtProgram_->text();
+    guide::RunFailure failure = guide::runFailure(error, line, program, wordOf);
+    if (error.column > 0) {
+        const auto from = static_cast<std::size_t>(error.column - 1);
+        const std::size_t to = std::max(static_cast<std::size_t>(error.endColumn), from + 2) - 1;
+        if (const auto place = translator_.placeInProgram(program, error.line, {from, to}))
+            failure.program = {place->from, place->to};
+    }
+    guide_->setRunFailure(failure);
 }
 
 void frmEditor::RunEnd() {

@@ -2,6 +2,7 @@
 // the message table and of the script engine.
 #pragma once
 
+#include "guide/Finding.h"
 #include "platform/richtext/StyledText.h"
 
 #include <cstddef>
@@ -44,6 +45,7 @@ std::vector<StyledText> explain(const script::ErrorReport& error, const WordOfNa
 // How a run failed, as it is told.
 struct RunFailure {
     std::size_t line = 0;  // of the program, from 1; 0: not known
+    Columns program;       // of what failed, in the Devanagari line; empty: not known
     StyledText sentence;   // the line itself
     StyledText message;
     std::vector<StyledText> explanation;  // lines; may be empty

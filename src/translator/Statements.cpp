@@ -60,18 +60,45 @@ constexpr Position lastOf(std::string_view marker, Position position) {
 
 class PartList {
   public:
-    explicit PartList(std::vector<StatementPart>& parts) : parts_(parts) {}
+    PartList(std::vector<StatementPart>& parts, StyledView line) : parts_(parts), line_(line) {}
+
+    // What is added from now on is cut out of `shortened`, which is the line without this word.
+    void takeFrom(StyledView shortened, std::string_view word) {
+        shortened_ = shortened;
+        removed_ = word;
+    }
 
     void script(std::string_view text) { parts_.push_back({StatementPart::Kind::Script, text, {}}); }
-    void variable(StyledView name) { parts_.push_back({StatementPart::Kind::Variable, {}, StyledText(name)}); }
-    void line(StyledView text) { parts_.push_back({StatementPart::Kind::Line, {}, workingLine(text)}); }
-    void argument(StyledView text) { parts_.push_back({StatementPart::Kind::Line, {}, workingStatement(text)}); }
+    void variable(StyledView name) {
+        const StyledView word = trimBlanks(name);
+        parts_.push_back({StatementPart::Kind::Variable, {}, StyledText(word), startOf(word)});
+    }
+    void line(StyledView text) { parts_.push_back({StatementPart::Kind::Line, {}, workingLine(text), startOf(text)}); }
+    void argument(StyledView text) {
+        parts_.push_back({StatementPart::Kind::Line, {}, workingStatement(text), startOf(text)});
+    }
 
     // "(10, 20)": without the character at either end.
     void coordinates(StyledView pair) { argument(pair.size() < 2 ? StyledView() : pair.substr(1, pair.size() - 2)); }
 
   private:
+    std::ptrdiff_t startOf(StyledView slice) const {
+        if (slice.empty()) return 0;
+        if (shortened_.empty()) return slice.text().data() - line_.text().data();
+        const std::ptrdiff_t start = slice.text().data() - shortened_.text().data();
+        std::ptrdiff_t removed = 0;
+        for (std::size_t found = 0; (found = line_.text().find(removed_, found)) != std::string_view::npos;) {
+            if (static_cast<std::ptrdiff_t>(found) > start + removed) break;
+            found += removed_.size();
+            removed += static_cast<std::ptrdiff_t>(removed_.size());
+        }
+        return start + removed;
+    }
+
     std::vector<StatementPart>& parts_;
+    StyledView line_;
+    StyledView shortened_;
+    std::string_view removed_;
 };
 
 StyledText withoutWord(StyledView line, std::string_view word) {
@@ -91,6 +118,7 @@ void cutComment(const WorkingLine& line, PartList& parts) {
 
 void cutCountedLoop(const WorkingLine& whole, PartList& parts) {
     const StyledText shortened = withoutWord(whole.text(), upTo);
+    parts.takeFrom(shortened, upTo);
     const WorkingLine line(shortened);
     const Position s = line.pos(words::loopVariable);
     const Position t = line.pos(words::loopEnd);
@@ -232,7 +260,7 @@ void setWorkingStatement(StyledView line, StyledText& text) {
 void cutStatement(const StyledText& line, std::vector<StatementPart>& parts) {
     const StatementForm* form = findForm(line.text());
     if (form == nullptr) return;
-    PartList list(parts);
+    PartList list(parts, line);
     form->cut(WorkingLine(line), list);
 }
 

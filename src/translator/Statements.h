@@ -4,6 +4,7 @@
 
 #include "platform/richtext/StyledText.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <string_view>
 #include <vector>
@@ -20,6 +21,9 @@ struct StatementPart {
     Kind kind = Kind::Script;
     std::string_view script;  // a literal
     StyledText text;
+    // Of a part that is cut out of the line: where its text begins there, from 0. A working line's added blank is the
+    // character before that.
+    std::ptrdiff_t start = 0;
 };
 
 // What a line is taken for by the marker words that it holds; General: none of the forms.

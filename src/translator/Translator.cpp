@@ -39,6 +39,16 @@ void appendLiteral(StyledView content, std::string& script) {
     }
 }
 
+StyledView lineOf(StyledView program, int number) {
+    std::size_t start = 0;
+    for (; number > 1; --number) {
+        const std::size_t end = program.text().find(lineEnd, start);
+        if (end == std::string_view::npos) return {};
+        start = end + lineEnd.size();
+    }
+    return program.substr(start, program.text().find(lineEnd, start) - start);
+}
+
 }  // namespace
 
 // The module as it grows, with the table of its lines.
@@ -130,35 +140,41 @@ void Translator::chargeArgument(StyledText& argument) {
 void Translator::translate(const StyledText& workingLine, std::string& script) {
     std::vector<StatementPart> pending;  // the next one last
     std::vector<StatementPart> parts;
-    const auto translateOne = [&](const StyledText& line) {
+    const auto translateOne = [&](const StyledText& line, std::ptrdiff_t start) {
         parts.clear();
         cutStatement(line, parts);
-        if (parts.empty()) return scan(line, script);
-        for (StatementPart& part : parts)
+        if (parts.empty()) return scan(line, start, script);
+        for (StatementPart& part : parts) {
+            part.start += start;
             if (part.kind == StatementPart::Kind::Line) chargeArgument(part.text);
+        }
         std::move(parts.rbegin(), parts.rend(), std::back_inserter(pending));
     };
-    translateOne(workingLine);
+    translateOne(workingLine, -1);
     while (!pending.empty()) {
         const StatementPart part = std::move(pending.back());
+        std::size_t before = 0;
         pending.pop_back();
         switch (part.kind) {
             case StatementPart::Kind::Script:
                 script += part.script;
                 break;
             case StatementPart::Kind::Variable:
+                before = script.size();
                 script += MapIdentifier(part.text.text());
+                note(part.start, part.text.size(), before, script);
                 break;
             case StatementPart::Kind::Line:
-                translateOne(part.text);
+                translateOne(part.text, part.start - 1);
                 break;
         }
     }
 }
 
-void Translator::scan(StyledView line, std::string& script) {
+void Translator::scan(StyledView line, std::ptrdiff_t start, std::string& script) {
     Scanner scanner(line);
     while (const std::optional<Token> token = scanner.next()) {
+        const std::size_t before = script.size();
         switch (token->kind) {
             case Token::Kind::Word:
                 script += TranslateToken(token->text);
@@ -172,7 +188,38 @@ void Translator::scan(StyledView line, std::string& script) {
             case Token::Kind::Lost:
                 break;
         }
+        note(start, token->text.size(), before, script);
+        start += static_cast<std::ptrdiff_t>(token->text.size());
     }
+}
+
+// Blanks are no part of anything that can be named.
+void Translator::note(std::ptrdiff_t start, std::size_t size, std::size_t scriptStart, const std::string& script) {
+    if (pieces_ == nullptr || start < 0 || trimBlanks(std::string_view(script).substr(scriptStart)).empty()) return;
+    const auto from = static_cast<std::size_t>(start);
+    pieces_->push_back({{scriptStart, script.size()}, {from, from + size}});
+}
+
+std::optional<Translator::Columns> Translator::placeInProgram(StyledView program, int moduleLine, Columns inModule) {
+    const ModuleLines::Kind kind = moduleLines_.kind(moduleLine);
+    if (kind != ModuleLines::Kind::Statement && kind != ModuleLines::Kind::FunctionHead) return std::nullopt;
+    const StyledView line = lineOf(program, moduleLines_.programLine(moduleLine));
+    std::vector<Piece> pieces;
+    std::string script;
+    setWorkingStatement(line, workingLine_);
+    allowArguments(line.size());
+    pieces_ = &pieces;
+    translate(workingLine_, script);
+    pieces_ = nullptr;
+    const std::size_t leading = std::min(script.find_first_not_of(' '), script.size());  // not in the module
+    std::optional<Columns> place;
+    for (const Piece& piece : pieces) {
+        if (piece.script.to <= inModule.from + leading || piece.script.from >= inModule.to + leading) continue;
+        if (!place) place = piece.program;
+        place = Columns{std::min(place->from, piece.program.from), std::max(place->to, piece.program.to)};
+    }
+    if (place) place->to = std::min(place->to, line.size());
+    return place;
 }
 
 std::string Translator::TranslateToken(StyledView word) {

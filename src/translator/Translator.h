@@ -7,8 +7,10 @@
 
 #include <cstddef>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tolvan {
 
@@ -34,6 +36,14 @@ class Translator {
     // One line; a word counts only if a separator follows it. Blanks at both ends are kept.
     std::string TranslateLine(StyledView line);
 
+    // Of the program that was compiled last: the place in its line of what stands at a place of the module's line, both
+    // from 0. Nothing where that is no word of the program's.
+    struct Columns {
+        std::size_t from = 0;
+        std::size_t to = 0;  // the first one behind
+    };
+    std::optional<Columns> placeInProgram(StyledView program, int moduleLine, Columns inModule);
+
     // One word: a keyword, a number, an operator, a text between quotes, or a name. A single character is an operator
     // in the Latin font only; in the other one it is a letter.
     std::string TranslateToken(StyledView word);
@@ -48,13 +58,19 @@ class Translator {
 
     void allowArguments(std::size_t characters);
     void chargeArgument(StyledText& argument);
+    struct Piece {
+        Columns script;
+        Columns program;
+    };
     void translate(const StyledText& workingLine, std::string& script);
-    void scan(StyledView line, std::string& script);
+    void scan(StyledView line, std::ptrdiff_t start, std::string& script);
+    void note(std::ptrdiff_t start, std::size_t size, std::size_t scriptStart, const std::string& script);
     void appendStatement(StyledView line, ModuleBuilder& module);
 
     VariableTable variables_;
     ModuleLines moduleLines_;
-    std::size_t argumentsLeft_ = 0;  // characters of arguments that may still be cut out
+    std::vector<Piece>* pieces_ = nullptr;  // are noted there
+    std::size_t argumentsLeft_ = 0;         // characters of arguments that may still be cut out
     StyledText workingLine_;  // of the line that is compiled; a member so that its memory is reused, like the next:
     std::string statement_;   // its script
 };

@@ -1,9 +1,11 @@
 // Programs run from the editor, to their end, to a stop and to an error.
 #include "EditorFixture.h"
+#include "editor/guide/ProblemPanel.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/picturebox/PictureBox.h"
 #include "runtime/frmExec.h"
+#include "translator/ProgramText.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -166,6 +168,46 @@ TEST_F(RunTest, TheLineThatFailedIsNamedAndSelectedWhateverTheAnswer) {
                       editor->txtRoman().line(static_cast<std::size_t>(line - 1)))
                 << what;
         }
+}
+
+// In both panes, whatever the order of the script is; where nothing is known of it, the whole line.
+TEST_F(RunTest, WhatFailedIsMarkedInItsLine) {
+    const struct {
+        const char* program;
+        const char* part;
+    } cases[] = {
+        {"  a = 7 adhik (1 bhAgile 0) \n", "1 bhAgile 0"},
+        {"mitI ghar(5)\na = 1 adhik  ghar(6)\n", "ghar(6)"},
+        {"mitI ghar(5)\nghar(4 adhik 2) = 3\n", "ghar(4 adhik 2)"},
+        {"vay = #\"#bArA#\"#\ndAkhav #\"#k#\"# & vay guNile 2\n", "vay guNile 2"},
+        {"jar #\"#x#\"# tar\nkorA\nsaMpav jar\n", "#\"#x#\"#"},
+        {"k sAThI 1 te #\"#x#\"# paryaMt\npuDhachA k\n", "k sAThI 1 te #\"#x#\"#"},
+        {"k sAThI 1 te 5 bhAgile 0 paryaMt\npuDhachA k\n", "5 bhAgile 0"},
+        {"(1, 2) pAsun (3, 4 bhAgile 0) paryaMt regh Akh\n", "4 bhAgile 0"},
+        {"dAkhav vargamUL(0 vajA 4)\n", "vargamUL(0 vajA 4)"},
+        {"dAkhav duppaT(4)\n", "duppaT(4)"},
+        {"dAkhav q(1)\nupaprAyojan q(a)\nq = a bhAgile 0\nupaprAyojan saMpav\n", "a bhAgile 0"},
+        {"a = 1 2\n", "2"},
+        {" vAch a \n", "vAch a"},
+    };
+    for (const auto& [program, part] : cases) {
+        setProgram(program);
+        user.errorAnswers = {false};
+        toFront();
+        press(Qt::Key_F5);
+        const auto marked = [&](TextPane& pane) {
+            const auto places = pane.extraSelections();
+            return places.isEmpty() ? QString() : places.back().cursor.selectedText();
+        };
+        EXPECT_EQ(marked(editor->txtRoman()).toStdString(), part) << program;
+        EXPECT_EQ(marked(editor->txtProgram()), toQString(Transliterate(part).text())) << program;
+        const int start = editor->txtRoman().extraSelections().back().cursor.selectionStart();
+        editor->txtRoman().select(0, 0);
+        press(Qt::Key_F8);
+        EXPECT_EQ(editor->txtRoman().textCursor().position(), start) << program;
+        type("x");
+        EXPECT_NE(editor->problems().kind(), "failed-run") << program;
+    }
 }
 
 // Whatever the answer: line, message, sentence; who had which value; what it means, wrong and right. Until a change or

@@ -6,6 +6,7 @@
 #include "support/Cases.h"
 
 #include <gtest/gtest.h>
+#include <sstream>
 
 namespace tolvan::script {
 namespace {
@@ -20,6 +21,16 @@ std::string told(const ErrorReport& report) {
     return text;
 }
 
+// The part of the source that failed.
+std::string failedPart(const std::string& source, const ErrorReport& report) {
+    std::istringstream lines(source);
+    std::string line;
+    for (int i = 0; i < report.line; ++i) std::getline(lines, line);
+    if (report.endColumn == 0) return "";
+    line.resize(static_cast<std::size_t>(report.endColumn - 1), '?');
+    return line.substr(static_cast<std::size_t>(report.column - 1));
+}
+
 TEST(ErrorReport, SaysWhatTookPart) {
     for (const Row& row : rowsOf("script/outcomes.cases", "What took part in an error")) {
         Executor executor;
@@ -27,6 +38,7 @@ TEST(ErrorReport, SaysWhatTookPart) {
         outcome(executor, console, row[0]);
         EXPECT_EQ(executor.error().number, std::stoi(row[1])) << row;
         EXPECT_EQ(told(executor.error()), row[2]) << row;
+        EXPECT_EQ(failedPart(row[0], executor.error()), row[3]) << row;
     }
 }
 

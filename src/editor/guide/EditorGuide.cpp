@@ -13,6 +13,9 @@ EditorGuide::EditorGuide(RomanBox& roman, ProgramBox& program, const RomanInput&
     connect(&watch_, &FindingWatch::findingsChanged, this, &EditorGuide::show);
     connect(&roman, &RomanBox::caretMoved, this, &EditorGuide::followCaret);
     connect(&panel, &ProblemPanel::chosen, this, &EditorGuide::goTo);
+    connect(&panel, &ProblemPanel::failureChosen, this, [this] {
+        if (const guide::Finding* failure = marks_.runFailure()) goTo(failure->line, failure->roman);
+    });
     connect(&panel, &ProblemPanel::correctionWanted, this, &EditorGuide::mend);
 }
 
@@ -22,9 +25,14 @@ void EditorGuide::show() {
     followCaret();
 }
 
+void EditorGuide::setRunFailure(const std::optional<guide::RunFailure>& failure) {
+    marks_.setRunFailure(failure);
+    panel_.setRunFailure(failure);
+}
+
 void EditorGuide::followCaret() {
     const guide::Finding* finding = marks_.atCaret();
-    if (finding != nullptr) panel_.chooseLine(finding->line);
+    if (finding != nullptr && finding->kind != guide::failedRun) panel_.chooseLine(finding->line);
     emit saidAtCaret(finding == nullptr ? StyledText() : finding->text);
 }
 

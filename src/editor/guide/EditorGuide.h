@@ -7,6 +7,7 @@
 
 #include <QObject>
 
+#include <optional>
 #include <string_view>
 
 namespace tolvan {
@@ -23,6 +24,9 @@ class EditorGuide : public QObject {
 
     // For the start of a run: shows findings in the line that is being typed, too.
     void checkNow() { watch_.checkNow(); }
+
+    // How the last run failed: above the list and at its place, until it is taken away with nothing.
+    void setRunFailure(const std::optional<guide::RunFailure>& failure);
 
     // Goes to the next place of the list.
     void goToNext();

@@ -4,6 +4,7 @@
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
 #include "editor/panes/RomanInput.h"
+#include "guide/HelpTopics.h"
 #include "platform/richtext/UnicodeText.h"
 
 #include <QHelpEvent>
@@ -44,6 +45,25 @@ FindingMarks::FindingMarks(RomanBox& roman, ProgramBox& program, const RomanInpu
 
 void FindingMarks::setFindings(const std::vector<guide::Finding>& findings) {
     findings_ = findings;
+    show();
+}
+
+void FindingMarks::setRunFailure(const std::optional<guide::RunFailure>& failure) {
+    if (!failure && !failure_) return;
+    failure_.reset();
+    if (failure && failure->line > 0 && failure->line <= input_.lines().count()) {
+        failure_.emplace();
+        failure_->line = failure->line;
+        failure_->roman = romanPlace(*failure);
+        failure_->kind = guide::failedRun;
+        failure_->text = failure->message;
+    }
+    show();
+}
+
+void FindingMarks::show() {
+    shown_ = findings_;
+    if (failure_) shown_.push_back(*failure_);
     markPlaces(roman_, false);
     markPlaces(program_, true);
 }
@@ -55,10 +75,20 @@ guide::Columns FindingMarks::programPlace(const guide::Finding& finding) const {
             input_.lines().programColumn(line, finding.roman.to)};
 }
 
+// Where it is not known what failed in the line, it is the line without the blanks before it.
+guide::Columns FindingMarks::romanPlace(const guide::RunFailure& failure) const {
+    const std::size_t line = failure.line - 1;
+    if (failure.program.to > failure.program.from)
+        return {input_.lines().romanColumn(line, failure.program.from),
+                input_.lines().romanColumn(line, failure.program.to)};
+    const std::string& roman = input_.lines().roman(line);
+    return {std::min(roman.find_first_not_of(' '), roman.size()), roman.size()};
+}
+
 void FindingMarks::markPlaces(TextPane& pane, bool isProgram) {
     QList<QTextEdit::ExtraSelection> places;
     std::map<int, TextPane::LineMark> lines;
-    for (const guide::Finding& finding : findings_) {
+    for (const guide::Finding& finding : shown_) {
         const int line = static_cast<int>(finding.line);
         const QTextBlock block = pane.document()->findBlockByNumber(line - 1);
         if (!block.isValid()) continue;
@@ -78,7 +108,7 @@ void FindingMarks::markPlaces(TextPane& pane, bool isProgram) {
 
 const guide::Finding* FindingMarks::at(int line, std::size_t column, bool inProgram) const {
     const guide::Finding* inLine = nullptr;
-    for (const guide::Finding& finding : findings_) {
+    for (const guide::Finding& finding : shown_) {
         if (static_cast<int>(finding.line) != line) continue;
         const guide::Columns place = inProgram ? programPlace(finding) : finding.roman;
         if (place.from <= column && column <= place.to) return &finding;

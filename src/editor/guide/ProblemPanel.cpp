@@ -198,7 +198,7 @@ void ProblemPanel::chose(int row) {
     if (const guide::Finding* finding = current())
         emit chosen(finding->line, finding->roman);
     else if (failure_ && failure_->line > 0)
-        emit chosen(failure_->line, {0, 0});
+        emit failureChosen();
 }
 
 bool ProblemPanel::chooseNext() {

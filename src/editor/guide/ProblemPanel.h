@@ -41,6 +41,8 @@ class ProblemPanel : public QWidget {
   signals:
     // The user chose one; columns of the Roman text.
     void chosen(std::size_t line, guide::Columns place);
+    // The user chose how the last run failed, and its line is known.
+    void failureChosen();
     // The number of one of its corrections.
     void correctionWanted(std::size_t number);
 

@@ -23,6 +23,9 @@ struct ErrorOperand {
 struct ErrorCall {
     std::string procedure;  // empty: the statements outside procedures, or the source of Execute or Eval
     int line = 0;           // of the statement that failed or called, 1-based in its module or source
+    // Of what failed or called in that line, 1-based, and the first one behind; 0: not known.
+    int column = 0;
+    int endColumn = 0;
 };
 
 struct ErrorReport {
@@ -30,8 +33,11 @@ struct ErrorReport {
     // 1-based line of the module that was added; of the statement for a run-time error, of the place for a syntax
     // error.
     int line = 0;
-    // 1-based, of the place of a syntax error; 0 if it is not known (run-time errors, names declared twice).
+    // 1-based, of the smallest part of the line that holds what failed, and of the first character behind it; 0 if it
+    // is not known, as where a statement goes on in another line. A syntax error is known by its first column only, and
+    // a name that is declared twice by neither.
     int column = 0;
+    int endColumn = 0;
     std::string description;
     std::string source;
 

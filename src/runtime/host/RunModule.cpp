@@ -17,6 +17,8 @@ void attributeToProgram(script::ErrorReport& report, std::string_view module) {
                                      [own](const script::ErrorCall& call) { return call.line <= own; });
     if (caller == report.stack.end()) return;
     report.line = caller->line;
+    report.column = caller->column;
+    report.endColumn = caller->endColumn;
     report.stack.erase(report.stack.begin(), caller);
 }
 

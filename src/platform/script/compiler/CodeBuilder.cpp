@@ -25,6 +25,7 @@ bool isJumpWithOffsetInside(Op op) {
 std::uint32_t CodeBuilder::emit(Op op, std::uint32_t a, std::uint32_t b, std::uint32_t c) {
     if (std::max({a, b, c}) > largestOperand || procedure_.code.size() > longestCode) refuse();
     const std::uint32_t pc = here();
+    if (place_ != marked_) procedure_.places.push_back({pc, marked_ = place_});
     procedure_.code.push_back(
         {op, static_cast<std::uint16_t>(a), static_cast<std::uint16_t>(b), static_cast<std::uint16_t>(c)});
     return pc;
@@ -80,6 +81,7 @@ void CodeBuilder::bind(Label& label) {
 
 void CodeBuilder::mark(std::uint32_t line) {
     auto& lines = procedure_.lines;
+    place_ = {};
     if (!lines.empty() && lines.back().pc == here()) {
         lines.back().line = line;
         return;

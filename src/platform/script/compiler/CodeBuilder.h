@@ -46,7 +46,11 @@ class CodeBuilder {
     void poll(int* budget, Label& exhausted);
     void bind(Label& label);
 
+    // A statement begins; its instructions have no place in the line but what a CodePlace says.
     void mark(std::uint32_t line);
+
+    // Of the instructions that are emitted now.
+    Columns place() const { return place_; }
 
     // Registers after the variables, taken and given back like a stack.
     std::uint32_t takeRegisters(std::uint32_t count = 1);
@@ -62,10 +66,27 @@ class CodeBuilder {
     std::uint32_t here() const { return static_cast<std::uint32_t>(procedure_.code.size()); }
     void patch(std::uint32_t pc, std::int64_t target);
 
+    friend class CodePlace;
+
     Procedure& procedure_;
     std::uint32_t next_ = 0;
+    Columns place_;                                                             // of the instructions that are emitted
+    Columns marked_;                                                            // of those before
     std::map<std::pair<std::uint32_t, std::uint64_t>, std::uint32_t> numbers_;  // by tag and bits
     std::unordered_map<std::string, std::uint32_t> texts_;
+};
+
+// Says of what place of the line the instructions are that are emitted in a block.
+class CodePlace {
+  public:
+    CodePlace(CodeBuilder& code, Columns columns) : code_(code), outer_(code.place_) { code.place_ = columns; }
+    CodePlace(const CodePlace&) = delete;
+    CodePlace& operator=(const CodePlace&) = delete;
+    ~CodePlace() { code_.place_ = outer_; }
+
+  private:
+    CodeBuilder& code_;
+    Columns outer_;
 };
 
 // Gives temporaries back at the end of a block.

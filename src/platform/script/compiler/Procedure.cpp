@@ -6,9 +6,10 @@ namespace tolvan::script {
 
 namespace {
 
-auto markAfter(const std::vector<LineMark>& lines, std::uint32_t pc) {
-    return std::upper_bound(lines.begin(), lines.end(), pc,
-                            [](std::uint32_t at, const LineMark& mark) { return at < mark.pc; });
+template <class Mark>
+auto markAfter(const std::vector<Mark>& marks, std::uint32_t pc) {
+    return std::upper_bound(marks.begin(), marks.end(), pc,
+                            [](std::uint32_t at, const Mark& mark) { return at < mark.pc; });
 }
 
 }  // namespace
@@ -16,6 +17,11 @@ auto markAfter(const std::vector<LineMark>& lines, std::uint32_t pc) {
 std::uint32_t Procedure::lineAt(std::uint32_t pc) const {
     const auto after = markAfter(lines, pc);
     return after == lines.begin() ? 0 : (after - 1)->line;
+}
+
+Columns Procedure::columnsAt(std::uint32_t pc) const {
+    const auto after = markAfter(places, pc);
+    return after == places.begin() ? Columns() : (after - 1)->columns;
 }
 
 std::uint32_t Procedure::statementAfter(std::uint32_t pc) const {
@@ -28,8 +34,8 @@ void Procedure::countIn(Heap& heap) {
     constexpr std::size_t entry = 48;
     memory = HeapCharge(&heap);
     memory.add(sizeof(Procedure) + code.capacity() * sizeof(Instruction) + constants.capacity() * sizeof(Value) +
-               lines.capacity() * sizeof(LineMark) + variableNames.capacity() * sizeof(NameId) +
-               registers.size() * entry);
+               lines.capacity() * sizeof(LineMark) + places.capacity() * sizeof(PlaceMark) +
+               variableNames.capacity() * sizeof(NameId) + registers.size() * entry);
 }
 
 }  // namespace tolvan::script

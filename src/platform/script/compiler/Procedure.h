@@ -22,6 +22,12 @@ struct LineMark {
     std::uint32_t line;
 };
 
+// The instructions from `pc` to the next mark belong to this place of the statement's line.
+struct PlaceMark {
+    std::uint32_t pc;
+    Columns columns;
+};
+
 // One compiled procedure. Its registers: R[0] the result, then the parameters, the other variables, and temporaries.
 struct Procedure {
     NameId name = 0;
@@ -31,7 +37,8 @@ struct Procedure {
     bool isEvalCode = false;       // source that Eval or Execute runs: sees the names of the procedure that runs it
     std::vector<Instruction> code;
     std::vector<Value> constants;
-    std::vector<LineMark> lines;  // by pc
+    std::vector<LineMark> lines;    // by pc
+    std::vector<PlaceMark> places;  // by pc
 
     std::uint32_t parameterCount = 0;
     std::uint32_t variableCount = 0;  // registers that start as Empty: result, parameters, variables
@@ -56,6 +63,7 @@ struct Procedure {
     void countIn(Heap& heap);
 
     std::uint32_t lineAt(std::uint32_t pc) const;
+    Columns columnsAt(std::uint32_t pc) const;
     // The statement after the one at pc, in the order of the code.
     std::uint32_t statementAfter(std::uint32_t pc) const;
 };

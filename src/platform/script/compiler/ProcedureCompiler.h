@@ -190,6 +190,8 @@ class ProcedureCompiler {
     }
     // Labels stay until the procedure is finished.
     Label& newLabel() { return labels_.emplace_back(); }
+    // Those of an expression; none if it begins in another line than the statement.
+    Columns placeIn(const Expr& expression) const { return expression.line == line_ ? expression.columns : Columns(); }
     void mark(std::uint32_t line) {
         line_ = line;
         code_.mark(line);

@@ -28,6 +28,7 @@ bool isPlain(const Expr& value) {
 }  // namespace
 
 void ProcedureCompiler::assign(const AssignStmt& statement) {
+    const CodePlace place(code_, placeIn(*statement.target));
     switch (statement.target->kind) {
         case ExprKind::Name:
             return assignName(statement);
@@ -68,6 +69,8 @@ void ProcedureCompiler::assignName(const AssignStmt& statement) {
     const Temporaries temporaries(code_);
     const NameId name = statement.target->name;
     const Binding binding = bind(name);
+    // A variable takes any value; what can fail is the value.
+    const CodePlace codePlace(code_, placeIn(binding.isVariable() ? *statement.value : *statement.target));
     if (binding.mayBeVariable() && !statement.isSet && append(statement, binding)) return;
     if (binding.kind == Binding::Kind::Register && !statement.isSet) return assignRegister(statement, binding.index);
     if (binding.kind == Binding::Kind::HostMember) return assignHost(binding.symbol->member, statement, {});
@@ -216,6 +219,7 @@ bool ProcedureCompiler::appendElement(const AssignStmt& statement) {
     const Tails tails(*statement.value);
     if (statement.isSet || !isSameElement(element, *tails.base)) return false;
     if (!mayAppend(tails, element.left->name)) return false;
+    const CodePlace codePlace(code_, placeIn(*statement.value));
     const Temporaries temporaries(code_);
     std::vector<std::uint32_t> registers;
     registers.reserve(tails.parts.size());

@@ -80,6 +80,7 @@ void ProcedureCompiler::passArguments(std::span<Expr* const> arguments, CallFram
 }
 
 void ProcedureCompiler::passReference(const Expr& argument, std::uint32_t target, std::uint32_t pin) {
+    const CodePlace codePlace(code_, placeIn(argument));
     const Temporaries temporaries(code_);
     if (argument.kind == ExprKind::Name) {
         const Binding binding = bind(argument.name);
@@ -168,6 +169,7 @@ const HostObject* ProcedureCompiler::hostObject(const Expr& expression) {
 }
 
 void ProcedureCompiler::callInto(const Expr& call, std::uint32_t target, Wanted wanted) {
+    const CodePlace codePlace(code_, placeIn(call));
     const Expr& callee = *call.left;
     const std::span<Expr* const> arguments = call.arguments;
     if (callee.kind == ExprKind::Member) return memberInto(callee, arguments, target);
@@ -317,6 +319,7 @@ void ProcedureCompiler::callStatement(const CallStmt& statement) {
     const Expr& call = *statement.call;
     const Temporaries temporaries(code_);
     if (call.left->kind == ExprKind::Name) {
+        const CodePlace place(code_, placeIn(*call.left));
         const Binding binding = bind(call.left->name, Use::Callee);
         const bool neverDeclared = binding.kind == Binding::Kind::Undefined;
         if (neverDeclared) return callMissing(call.arguments, errors::undefinedVariable, call.left->name);

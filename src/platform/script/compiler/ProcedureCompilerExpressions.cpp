@@ -198,8 +198,10 @@ void ProcedureCompiler::into(const Expr& expression, std::uint32_t target) {
             return loadConstant(Value::missing(), target);
         case ExprKind::Name:
             return nameInto(expression, target);
-        case ExprKind::Member:
+        case ExprKind::Member: {
+            const CodePlace place(code_, placeIn(expression));
             return memberInto(expression, {}, target);
+        }
         case ExprKind::Call:
             return callInto(expression, target, Wanted::Value);
         case ExprKind::Unary:
@@ -210,6 +212,7 @@ void ProcedureCompiler::into(const Expr& expression, std::uint32_t target) {
         case ExprKind::Group:
             return into(*expression.left, target);
         case ExprKind::New: {
+            const CodePlace place(code_, placeIn(expression));
             const Symbol* symbol = module_.find(expression.name);
             const bool isClass = symbol != nullptr && symbol->kind == Symbol::Kind::Class;
             if (isClass)
@@ -231,6 +234,8 @@ void ProcedureCompiler::into(const Expr& expression, std::uint32_t target) {
 
 void ProcedureCompiler::nameInto(const Expr& name, std::uint32_t target) {
     const Binding binding = bind(name.name);
+    // Nothing is wrong with reading a variable.
+    const CodePlace codePlace(code_, binding.isVariable() ? code_.place() : placeIn(name));
     switch (binding.kind) {
         case Binding::Kind::Register:
             code_.emit(Op::Copy, target, binding.index);
@@ -264,6 +269,7 @@ void ProcedureCompiler::nameInto(const Expr& name, std::uint32_t target) {
 }
 
 void ProcedureCompiler::unaryInto(const Expr& expression, std::uint32_t target) {
+    const CodePlace place(code_, placeIn(expression));
     const Temporaries temporaries(code_);
     const std::uint32_t of = inRegister(operand(*expression.left));
     const Op op = expression.op == Token::Not ? Op::Not : expression.op == Token::Minus ? Op::Negate : Op::Plus;
@@ -271,6 +277,7 @@ void ProcedureCompiler::unaryInto(const Expr& expression, std::uint32_t target) 
 }
 
 void ProcedureCompiler::binaryInto(const Expr& expression, std::uint32_t target) {
+    const CodePlace place(code_, placeIn(expression));
     const Temporaries temporaries(code_);
     const OperationRow& row = operationOf(expression.op);
     Operand first = operandBefore(*expression.left, expression.right);
@@ -309,6 +316,7 @@ ProcedureCompiler::ComparedOperands ProcedureCompiler::comparedOperands(const Ex
 }
 
 void ProcedureCompiler::comparisonInto(const Expr& expression, std::uint32_t target) {
+    const CodePlace place(code_, placeIn(expression));
     const Temporaries temporaries(code_);
     const ComparisonRow* row = comparisonOf(expression.op);
     const auto [left, right, isSwapped] = comparedOperands(expression);
@@ -318,6 +326,7 @@ void ProcedureCompiler::comparisonInto(const Expr& expression, std::uint32_t tar
 
 // Jumps to `target` when the condition is True (jumpWhen), or when it is anything else.
 void ProcedureCompiler::condition(const Expr& expression, Label& target, bool jumpWhen) {
+    const CodePlace place(code_, placeIn(expression));
     const Expr* inside = &expression;
     bool inverted = false;
     while (inside->kind == ExprKind::Group || (inside->kind == ExprKind::Unary && inside->op == Token::Not)) {
@@ -334,6 +343,7 @@ void ProcedureCompiler::condition(const Expr& expression, Label& target, bool ju
 
 // A comparison needs no value; its negation is the opposite comparison, as both are Null together.
 void ProcedureCompiler::comparisonJump(const Expr& expression, bool inverted, Label& target, bool jumpWhen) {
+    const CodePlace place(code_, placeIn(expression));
     const Temporaries temporaries(code_);
     const ComparisonRow* row = comparisonOf(expression.op);
     if (inverted) row = comparisonOf(row->inverse);

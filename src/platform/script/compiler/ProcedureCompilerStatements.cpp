@@ -75,6 +75,7 @@ void ProcedureCompiler::dim(const DimStmt& statement) {
     for (const Variable& variable : statement.variables) {
         if (!variable.isArray) continue;
         const Temporaries temporaries(code_);
+        const CodePlace codePlace(code_, variable.columns);
         makeArray(variable, place(bind(variable.name)));
     }
 }
@@ -87,6 +88,7 @@ void ProcedureCompiler::makeArray(const Variable& variable, std::uint32_t placeR
 void ProcedureCompiler::reDim(const ReDimStmt& statement) {
     for (const ReDimStmt::Target& target : statement.targets) {
         const Temporaries temporaries(code_);
+        const CodePlace codePlace(code_, placeIn(*target.array));
         const bool isVariable = target.array->kind == ExprKind::Name && bind(target.array->name).mayBeVariable();
         if (!isVariable && target.array->kind == ExprKind::Name) {
             const bool isUndefined = bind(target.array->name).kind == Binding::Kind::Undefined;
@@ -102,6 +104,7 @@ void ProcedureCompiler::reDim(const ReDimStmt& statement) {
 
 void ProcedureCompiler::erase(const EraseStmt& statement) {
     const Temporaries temporaries(code_);
+    const CodePlace codePlace(code_, placeIn(*statement.array));
     code_.emit(Op::Erase, placeOf(*statement.array));
 }
 
@@ -131,8 +134,11 @@ void ProcedureCompiler::ifStatement(const IfStmt& statement) {
 void ProcedureCompiler::select(const SelectStmt& statement) {
     const Temporaries temporaries(code_);
     const std::uint32_t subject = code_.takeRegisters();
-    into(*statement.subject, subject);
-    code_.emit(Op::LetTake, subject, subject);
+    {
+        const CodePlace codePlace(code_, placeIn(*statement.subject));
+        into(*statement.subject, subject);
+        code_.emit(Op::LetTake, subject, subject);
+    }
     Value literal;
     const bool isLiteral = literalOf(*statement.subject, literal);
     Label& end = newLabel();
@@ -143,6 +149,7 @@ void ProcedureCompiler::select(const SelectStmt& statement) {
         Label& next = newLabel();
         for (const Expr* value : clause.values) {
             const Temporaries ofValue(code_);
+            const CodePlace codePlace(code_, placeIn(*value));
             Operand right = operand(*value);
             if (isLiteral && right.isConstant) right = {false, inRegister(right)};
             code_.jumpWithWord(right.isConstant ? Op::JumpIfEqualRK : Op::JumpIfEqualRR, subject, right.index, body);
@@ -192,6 +199,8 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
     const std::uint32_t from = limit + 2;
     into(*statement.from, from);
     into(*statement.to, limit);
+    const Columns head{placeIn(*statement.variable).start,
+                       placeIn(statement.step != nullptr ? *statement.step : *statement.to).end};
     Value stepValue = Value::integer(1);
     const bool isFixed = statement.step == nullptr || literalOf(*statement.step, stepValue);
     if (statement.step != nullptr)
@@ -210,7 +219,10 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
     Label& body = newLabel();
     Label& exit = newLabel();
     Label& finished = newLabel();
-    code_.jumpWithWord(Op::ForPrepare, counter, limit, finished);
+    {
+        const CodePlace codePlace(code_, head);
+        code_.jumpWithWord(Op::ForPrepare, counter, limit, finished);
+    }
     leaveAfterError(exit);
     bindLabel(body);
     if (!startsWithPoll(statement.body)) code_.emit(Op::Tick);
@@ -220,6 +232,7 @@ void ProcedureCompiler::forLoop(const ForStmt& statement) {
     loops_.pop_back();
     mark(statement.line);
     if (!isRegister) nameInto(*statement.variable, counter);
+    const CodePlace codePlace(code_, head);
     if (byOne && code_.isAtPoll(body))
         code_.loopWithPoll(Op::ForNextOnePoll, counter, limit, body);
     else
@@ -237,8 +250,11 @@ void ProcedureCompiler::forEach(const ForEachStmt& statement) {
                      binding.name);
     const std::uint32_t state = code_.takeRegisters(2);
     const std::uint32_t element = code_.takeRegisters();
-    into(*statement.group, element);
-    code_.emit(Op::EachPrepare, state, element);
+    {
+        const CodePlace codePlace(code_, placeIn(*statement.group));
+        into(*statement.group, element);
+        code_.emit(Op::EachPrepare, state, element);
+    }
     code_.emit(Op::Clear, element);
     Label& test = newLabel();
     Label& body = newLabel();
@@ -304,8 +320,11 @@ void ProcedureCompiler::with(const WithStmt& statement) {
     const std::uint32_t object = code_.takeRegisters();
     // What an earlier statement left there is not its object, should the first line fail.
     code_.emit(Op::Clear, object);
-    into(*statement.object, object);
-    code_.emit(Op::SetTake, object, object);
+    {
+        const CodePlace codePlace(code_, placeIn(*statement.object));
+        into(*statement.object, object);
+        code_.emit(Op::SetTake, object, object);
+    }
     const std::uint32_t outer = withRegister_;
     withRegister_ = object;
     block(statement.body);

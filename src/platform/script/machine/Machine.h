@@ -58,9 +58,11 @@ struct ErrorTrace {
     struct Call {
         NameId procedure;
         int line;
+        Columns columns;
     };
     bool isRaised = false;
-    int line = 0;  // of the statement that raised it
+    int line = 0;     // of the statement that raised it
+    Columns columns;  // of what raised it, in that line
     FailedOperation operation;
     std::vector<Call> calls;            // the procedures that it left, the innermost first
     std::unique_ptr<ErrorState> state;  // if the engine is watched and nothing catches the error

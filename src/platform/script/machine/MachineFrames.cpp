@@ -91,6 +91,7 @@ bool Machine::recover(const ScriptError& error) {
             trace_.isRaised = true;
             trace_.line = line;
             if (!isCaught(error)) {
+                trace_.columns = frame.procedure->columnsAt(pc);
                 trace_.operation = findFailedOperation(*this, frame, pc);
                 if (isWatched_) keepErrorState(line);
             }
@@ -102,7 +103,8 @@ bool Machine::recover(const ScriptError& error) {
             frame.pc = frame.procedure->code.data() + frame.procedure->statementAfter(pc);
             return true;
         }
-        if (trace_.calls.size() < ErrorReport::deepestStack) trace_.calls.push_back({frame.procedure->name, line});
+        if (trace_.calls.size() < ErrorReport::deepestStack)
+            trace_.calls.push_back({frame.procedure->name, line, frame.procedure->columnsAt(pc)});
         const bool isEntry = frame.isEntry;
         if (recorder_ != nullptr) recorder_->leaving(frame);
         leave();
@@ -121,11 +123,13 @@ bool Machine::isCaught(const ScriptError& error) const {
 
 void Machine::report(ErrorReport& report) {
     report.line = trace_.line;
+    report.column = static_cast<int>(trace_.columns.start);
+    report.endColumn = static_cast<int>(trace_.columns.end);
     report.called = std::move(trace_.operation.called);
     report.operands = std::move(trace_.operation.operands);
     for (const ErrorTrace::Call& call : trace_.calls)
-        report.stack.push_back(
-            {call.procedure == 0 ? std::string() : std::string(names_.spelling(call.procedure)), call.line});
+        report.stack.push_back({call.procedure == 0 ? std::string() : std::string(names_.spelling(call.procedure)),
+                                call.line, static_cast<int>(call.columns.start), static_cast<int>(call.columns.end)});
 }
 
 void Machine::start() {

@@ -12,6 +12,14 @@
 
 namespace tolvan::script {
 
+// Columns of a line, 1-based; `end` is the first one behind. 0: not known, as where the text goes on in another line.
+struct Columns {
+    std::uint32_t start = 0;
+    std::uint32_t end = 0;
+
+    friend bool operator==(const Columns&, const Columns&) = default;
+};
+
 enum class ExprKind : std::uint8_t {
     Literal,
     Name,
@@ -30,7 +38,8 @@ struct Expr {
     ExprKind kind;
     Token op = Token::EndOfFile;  // of Unary and Binary
     std::uint16_t depth = 1;      // of the tree below, this node included
-    std::uint32_t line = 0;
+    std::uint32_t line = 0;       // on which it begins
+    Columns columns{};
     NameId name = 0;
     std::uint32_t literal = 0;
     Expr* left = nullptr;
@@ -86,6 +95,7 @@ struct Variable {
     NameId name;
     bool isArray = false;       // with parentheses
     std::span<Expr*> bounds{};  // upper bounds; none: "Dim a()"
+    Columns columns{};
 };
 
 struct DimStmt : Stmt {

@@ -106,6 +106,8 @@ void Lexer::endLine() {
 
 void Lexer::advance() {
     const std::size_t tokenEnd = state_.next;
+    state_.endLine = state_.line;
+    state_.endColumn = static_cast<std::uint32_t>(tokenEnd - state_.lineStart + 1);
     skipBlanks();
     state_.afterBlank = state_.next != tokenEnd;
     state_.start = state_.next;

@@ -31,6 +31,9 @@ class Lexer {
         std::uint32_t tokenLine = 1;
         std::uint32_t tokenColumn = 1;
         bool afterBlank = false;  // blanks stand before the token
+        // Where the token before ends.
+        std::uint32_t endLine = 1;
+        std::uint32_t endColumn = 1;
     };
 
     void advance();

@@ -54,7 +54,16 @@ class Parser {
     std::span<Expr*> argumentsUpTo(Token end);
     void refuseTooDeep(Expr* node) const;
     Expr* make(ExprKind kind);
-    Expr* node(ExprKind kind, Token op, Expr* left, Expr* right, std::uint32_t line);
+    // Where a node begins.
+    struct Start {
+        std::uint32_t line;
+        std::uint32_t column;
+    };
+    Start start() const { return {line(), lexer_.state().tokenColumn}; }
+    static Start startOf(const Expr* node) { return {node->line, node->columns.start}; }
+    Expr* node(ExprKind kind, Token op, Expr* left, Expr* right, Start at);
+    // The token before is its last one.
+    void finish(Expr* node) const;
     Expr* constantValue();
 
     // Statements (ParserStatements.cpp).

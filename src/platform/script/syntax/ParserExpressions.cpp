@@ -40,15 +40,23 @@ std::uint16_t depthOf(const Expr* node) {
 Expr* Parser::make(ExprKind kind) {
     Expr* made = module_->arena.make<Expr>(kind);
     made->line = line();
+    made->columns = {start().column, start().column + static_cast<std::uint32_t>(lexer_.spelling().size())};
     return made;
 }
 
-Expr* Parser::node(ExprKind kind, Token op, Expr* left, Expr* right, std::uint32_t atLine) {
+void Parser::finish(Expr* node) const {
+    const Lexer::State& state = lexer_.state();
+    node->columns.end = state.endLine == node->line ? state.endColumn : 0;
+}
+
+Expr* Parser::node(ExprKind kind, Token op, Expr* left, Expr* right, Start at) {
     Expr* made = make(kind);
     made->op = op;
     made->left = left;
     made->right = right;
-    made->line = atLine;
+    made->line = at.line;
+    made->columns.start = at.column;
+    finish(made);
     made->depth = static_cast<std::uint16_t>(1 + std::max(depthOf(left), depthOf(right)));
     refuseTooDeep(made);
     return made;
@@ -65,9 +73,9 @@ Expr* Parser::binary(Precedence lowestLevel) {
         const Token op = token();
         const Precedence level = precedence(op);
         if (level == Precedence::None || level < lowestLevel) return left;
-        const std::uint32_t atLine = line();
         lexer_.advance();
-        left = node(ExprKind::Binary, op, left, binary(tighter(level)), atLine);
+        Expr* right = binary(tighter(level));
+        left = node(ExprKind::Binary, op, left, right, startOf(left));
     }
 }
 
@@ -75,10 +83,10 @@ Expr* Parser::unary() {
     const Token op = token();
     if (op != Token::Not && op != Token::Minus && op != Token::Plus) return operand();
     const Level level(*this);
-    const std::uint32_t atLine = line();
+    const Start at = start();
     lexer_.advance();
     Expr* of = binary(op == Token::Not ? Precedence::Comparison : Precedence::Power);
-    return node(ExprKind::Unary, op, of, nullptr, atLine);
+    return node(ExprKind::Unary, op, of, nullptr, at);
 }
 
 Expr* Parser::operand() {
@@ -113,14 +121,15 @@ Expr* Parser::primary() {
             lexer_.advance();
             made = make(ExprKind::New);
             made->name = expectName();
+            finish(made);
             return made;
         case Token::Open: {
             const Level level(*this);
-            const std::uint32_t atLine = line();
+            const Start at = start();
             lexer_.advance();
             Expr* inside = expression();
             expect(Token::Close, Syntax::ExpectedClose);
-            return node(ExprKind::Group, Token::EndOfFile, inside, nullptr, atLine);
+            return node(ExprKind::Group, Token::EndOfFile, inside, nullptr, at);
         }
         default:
             lexer_.fail(Syntax::ExpectedExpression);
@@ -168,24 +177,24 @@ Expr* Parser::postfixes(Expr* start) {
 
 // At the dot.
 Expr* Parser::member(Expr* object) {
-    const std::uint32_t atLine = line();
     lexer_.advance();
-    Expr* made = node(ExprKind::Member, Token::Dot, object, nullptr, atLine);
+    Expr* made = node(ExprKind::Member, Token::Dot, object, nullptr, startOf(object));
     made->name = expectName();
+    finish(made);
     return made;
 }
 
 // At the opening parenthesis.
 Expr* Parser::call(Expr* callee) {
     const Level level(*this);
-    const std::uint32_t atLine = line();
     lexer_.advance();
-    Expr* made = node(ExprKind::Call, Token::Open, callee, nullptr, atLine);
+    Expr* made = node(ExprKind::Call, Token::Open, callee, nullptr, startOf(callee));
     made->arguments = argumentsUpTo(Token::Close);
     for (const Expr* argument : made->arguments)
         made->depth = std::max(made->depth, static_cast<std::uint16_t>(argument->depth + 1));
     refuseTooDeep(made);
     expect(Token::Close, Syntax::ExpectedClose);
+    finish(made);
     return made;
 }
 

@@ -163,11 +163,13 @@ void Parser::assignmentOrCall(Block& into) {
     if (inParentheses) {
         if (target->arguments.size() > 1) lexer_.fail(Syntax::ParenthesesOnSub);
         if (target->arguments.size() == 1 && target->arguments[0]->kind != ExprKind::Missing)
-            target->arguments[0] = node(ExprKind::Group, Token::EndOfFile, target->arguments[0], nullptr, target->line);
+            target->arguments[0] =
+                node(ExprKind::Group, Token::EndOfFile, target->arguments[0], nullptr, startOf(target->arguments[0]));
         if (!atStatementEnd()) lexer_.fail(Syntax::ExpectedEndOfStatement);
     } else {
-        Expr* called = node(ExprKind::Call, Token::Open, target, nullptr, atLine);
+        Expr* called = node(ExprKind::Call, Token::Open, target, nullptr, startOf(target));
         called->arguments = argumentsUpTo(Token::EndOfLine);
+        finish(called);
         target = called;
     }
     add(into, CallStmt{{StmtKind::Call, atLine}, target});
@@ -181,7 +183,7 @@ void Parser::callStatement(Block& into) {
         lexer_.fail(Syntax::ExpectedIdentifier);
     Expr* target = operand();
     if (target->kind == ExprKind::Group) lexer_.fail(Syntax::ExpectedIdentifier);
-    if (target->kind != ExprKind::Call) target = node(ExprKind::Call, Token::Open, target, nullptr, atLine);
+    if (target->kind != ExprKind::Call) target = node(ExprKind::Call, Token::Open, target, nullptr, startOf(target));
     add(into, CallStmt{{StmtKind::Call, atLine}, target});
 }
 
@@ -228,7 +230,8 @@ std::span<Variable> Parser::variables() {
 }
 
 Variable Parser::variable() {
-    Variable declared{expectName()};
+    const Columns columns{start().column, start().column + static_cast<std::uint32_t>(lexer_.spelling().size())};
+    Variable declared{.name = expectName(), .columns = columns};
     if (!accept(Token::Open)) return declared;
     declared.isArray = true;
     std::vector<Expr*> bounds;
