@@ -8,6 +8,7 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QFile>
+#include <QThread>
 
 namespace tolvan {
 namespace {
@@ -16,7 +17,7 @@ const QString service = QStringLiteral("org.freedesktop.portal.Desktop");
 const QString object = QStringLiteral("/org/freedesktop/portal/desktop");
 const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
-const QString colourScheme = QStringLiteral("color-scheme");  // 1: dark, 2: light
+const QString colourScheme = QStringLiteral("color-scheme");  // 1: dark, 2: light, 0: either
 const QString contrast = QStringLiteral("contrast");          // 1: higher
 
 // Asking for a bus that is not there would start one.
@@ -33,10 +34,22 @@ QVariant unwrapped(QVariant value) {
 
 }  // namespace
 
+// A bus that answers late, or never, must not hold up the start.
 DesktopLook::DesktopLook() : start_(look::kindOfDesktop()) {
     if (start_ == look::Kind::Contrast || !hasBus()) return;
+    connector_.reset(QThread::create([] { QDBusConnection::sessionBus(); }));
+    connect(connector_.get(), &QThread::finished, this, &DesktopLook::listen);
+    connector_->start();
+}
+
+DesktopLook::~DesktopLook() {
+    if (connector_) connector_->wait();
+}
+
+void DesktopLook::listen() {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return;
+    qRegisterMetaType<QDBusVariant>();  // a slot whose types are not known by name yet cannot be connected
     bus.connect(service, object, interface, QStringLiteral("SettingChanged"), this,
                 SLOT(settingChanged(QString, QString, QDBusVariant)));
     ask(colourScheme);
@@ -59,11 +72,11 @@ void DesktopLook::settingChanged(const QString& space, const QString& key, const
 }
 
 void DesktopLook::take(const QString& key, const QVariant& value) {
-    if (key == colourScheme && value.toUInt() > 0)
-        start_ = value.toUInt() == 1 ? look::Kind::Dark : look::Kind::Light;
+    if (key == colourScheme)
+        preferred_ = value.toUInt() == 1 ? look::Kind::Dark : value.toUInt() == 2 ? look::Kind::Light : start_;
     else if (key == contrast)
         highContrast_ = value.toUInt() == 1;
-    const look::Kind kind = highContrast_ ? look::Kind::Contrast : start_;
+    const look::Kind kind = highContrast_ ? look::Kind::Contrast : preferred_;
     if (kind != look::kindOfDesktop()) emit changed(kind);
 }
 
