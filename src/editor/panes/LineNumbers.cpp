@@ -55,8 +55,11 @@ void LineNumbers::paintEvent(QPaintEvent* event) {
     painter.fillRect(event->rect(), look::colours().numbers);
     painter.setFont(font_);
     const int right = width() - look::em(0.4);
+    const QRect asked = event->rect();
     qreal top = pane_.firstVisibleTop();
-    for (int line = pane_.firstVisibleLine(); line <= pane_.lineCount() && top < height(); ++line) {
+    for (int line = pane_.firstVisibleLine(); line <= pane_.lineCount() && top <= asked.bottom();
+         ++line, top += pane_.lineHeight()) {
+        if (top + pane_.lineHeight() < asked.top()) continue;
         const QString number = QString::number(line);
         painter.setPen(line == pane_.markedLine() ? look::colours().text : look::colours().dimText);
         painter.drawText(QPointF(right - painter.fontMetrics().horizontalAdvance(number), top + pane_.baseLine()),
@@ -64,7 +67,6 @@ void LineNumbers::paintEvent(QPaintEvent* event) {
         if (const auto mark = pane_.lineMarks().find(line); mark != pane_.lineMarks().end())
             drawLineMark(painter, QRectF(0, top, look::em(0.8), pane_.lineHeight()),
                          mark->second == TextPane::LineMark::Error);
-        top += pane_.lineHeight();
     }
 }
 
