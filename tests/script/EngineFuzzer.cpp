@@ -7,6 +7,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <numeric>
+#include <random>
 
 namespace {
 

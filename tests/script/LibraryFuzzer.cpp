@@ -11,6 +11,7 @@
 
 #include <cmath>
 #include <cstdlib>
+#include <vector>
 
 namespace tolvan {
 namespace {
