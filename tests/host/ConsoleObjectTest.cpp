@@ -80,6 +80,19 @@ TEST_F(ConsoleObjectTest, EndsAtThePollBehindAStop) {
     EXPECT_THAT(console.calls, ElementsAre("file 76"));
 }
 
+// A large array is made, or copied, for longer than a user waits for an answer.
+TEST_F(ConsoleObjectTest, EndsWithinAStatementThatTakesLong) {
+    for (const char* statement : {"Dim a(600000)", "b = whole : b(1) = 1"}) {
+        console.running = true;
+        const std::string last =
+            std::string("parentform.StopExecution\r\n") + statement + "\r\nparentform.PrintString 1";
+        EXPECT_EQ(run("ReDim whole(600000)\r\n" + last), script::errors::timedOut) << statement;
+    }
+    EXPECT_THAT(console.calls, IsEmpty());
+    console.running = true;
+    EXPECT_EQ(run("Dim a(600000)\r\nparentform.PrintString UBound(a)"), 0);
+}
+
 TEST_F(ConsoleObjectTest, CountsTheLineOfAnError) {
     const script::ErrorReport report =
         runModule("Sub Main()\r\nparentform.PrintString 1\r\n\r\nparentform.DrawPoint \"kr\",1\r\nEnd Sub\r\n");

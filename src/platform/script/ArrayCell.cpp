@@ -3,11 +3,15 @@
 #include "platform/script/Heap.h"
 #include "platform/script/ScriptError.h"
 
+#include <algorithm>
 #include <new>
 
 namespace tolvan::script {
 
 namespace {
+
+// Some milliseconds' work where each page of the memory is new.
+constexpr std::size_t elementsBetweenLooks = std::size_t{1} << 18;
 
 // Error 7 for more elements than any memory could hold.
 std::size_t product(std::size_t size, std::uint32_t extent) {
@@ -42,13 +46,17 @@ ArrayCell* ArrayCell::create(Heap& heap, std::span<const std::uint32_t> extents,
     if (size == 0) return cell;
     try {
         cell->items = static_cast<Value*>(heap.allocate(size * sizeof(Value)));
+        cell->capacity = size;
+        while (cell->size < size) {
+            const std::size_t end = std::min(size, cell->size + elementsBetweenLooks);
+            for (; cell->size < end; ++cell->size) new (cell->items + cell->size) Value;
+            if (size > elementsBetweenLooks) heap.lookDuringWork();
+        }
     } catch (...) {
         destroy(cell);
         throw;
     }
-    cell->size = size;
     if (extents.size() == 1) cell->count1 = extents[0];
-    for (std::size_t i = 0; i < size; ++i) new (cell->items + i) Value;
     return cell;
 }
 
@@ -60,7 +68,15 @@ ArrayCell* ArrayCell::createList(Heap& heap, std::size_t count) {
 
 ArrayCell* ArrayCell::copy(Heap& heap, const ArrayCell& other) {
     ArrayCell* cell = create(heap, {other.extents, other.rank}, other.resizable);
-    for (std::size_t i = 0; i < other.size; ++i) cell->items[i] = other.items[i];
+    try {
+        for (std::size_t i = 0; i < other.size; ++i) {
+            cell->items[i] = other.items[i];
+            if ((i + 1) % elementsBetweenLooks == 0) heap.lookDuringWork();
+        }
+    } catch (...) {
+        destroy(cell);
+        throw;
+    }
     return cell;
 }
 
@@ -68,6 +84,7 @@ void ArrayCell::grow(std::uint32_t lastExtent) {
     const std::size_t grown = product(size / extents[rank - 1], lastExtent);
     // realloc may move Values: they hold no pointers to themselves.
     items = static_cast<Value*>(heap->reallocate(items, size * sizeof(Value), grown * sizeof(Value)));
+    capacity = grown;
     for (; size < grown; ++size) new (items + size) Value;
     extents[rank - 1] = lastExtent;
     if (rank == 1) count1 = lastExtent;
@@ -91,7 +108,7 @@ void ArrayCell::destroy(ArrayCell* cell) noexcept {
         ArrayCell* next = waiting;
         waiting = reinterpret_cast<ArrayCell*>(next->extents);
         for (std::size_t i = 0; i < next->size; ++i) next->items[i].~Value();
-        if (next->items != nullptr) next->heap->release(next->items, next->size * sizeof(Value));
+        if (next->items != nullptr) next->heap->release(next->items, next->capacity * sizeof(Value));
         next->heap->release(next, cellSize(next->rank));
     }
     busy = false;

@@ -21,6 +21,7 @@ struct ArrayCell : Cell {
     Value* items = nullptr;            // first index fastest
     std::size_t size = 0;              // elements in all
     Heap* heap = nullptr;
+    std::size_t capacity = 0;  // of `items`: more than `size` only while the array is made
 
     std::span<Value> elements() const { return {items, size}; }
 

@@ -65,6 +65,14 @@ void Executor::setMemoryLimit(std::size_t bytes) {
 void Executor::setLongestText(std::size_t bytes) {
     engine_->machine.heap().setLongestText(bytes);
 }
+void Executor::setInterruption(std::function<bool()> goesOn) {
+    std::function<void()> look;
+    if (goesOn)
+        look = [goesOn = std::move(goesOn)] {
+            if (!goesOn()) throw ScriptError(errors::timedOut);
+        };
+    engine_->machine.heap().setDuringWork(std::move(look));
+}
 std::size_t Executor::memoryUsed() const {
     return engine_->machine.heap().used();
 }

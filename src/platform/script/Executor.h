@@ -15,6 +15,7 @@
 
 #include <chrono>
 #include <cstddef>
+#include <functional>
 #include <memory>
 #include <span>
 #include <string>
@@ -50,6 +51,11 @@ class Executor {
     // Most bytes of one text; the script that asks for more gets error 14. It bounds how long a single statement can
     // take. Start value: no limit but that of the memory.
     void setLongestText(std::size_t bytes);
+
+    // Asked every few milliseconds within a statement that takes long, as one that makes a large array. False ends the
+    // run with errors::timedOut. Must not run or change anything in the engine. Empty (the start value): nobody is
+    // asked.
+    void setInterruption(std::function<bool()> goesOn);
 
     // Not owned; must outlive the engine or its replacement. Null: plain VBScript.
     void setTextForm(const TextForm* form);

@@ -7,6 +7,7 @@
 namespace tolvan::script {
 
 void Heap::abandon() {
+    duringWork_ = nullptr;
     abandoned_ = true;
     if (used_ == 0) delete this;
 }

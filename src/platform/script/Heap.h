@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstddef>
+#include <functional>
 #include <limits>
 #include <utility>
 
@@ -41,6 +42,12 @@ class Heap {
     std::size_t longestText() const { return longestText_; }
     void setLongestText(std::size_t bytes) { longestText_ = bytes; }
 
+    // Called now and then by what works long on memory; may throw a ScriptError, which ends that work. Empty: nobody.
+    void setDuringWork(std::function<void()> look) { duringWork_ = std::move(look); }
+    void lookDuringWork() const {
+        if (duringWork_) duringWork_();
+    }
+
     static constexpr std::size_t defaultLimit = std::size_t{1} << 30;
 
     // For memory from elsewhere that counts all the same (see HeapCharge). Throws like allocate().
@@ -55,6 +62,7 @@ class Heap {
     std::size_t limit_ = defaultLimit;
     std::size_t longestText_ = std::numeric_limits<std::size_t>::max();
     HeapReserve* reserve_ = nullptr;
+    std::function<void()> duringWork_;
     bool abandoned_ = false;
 };
 

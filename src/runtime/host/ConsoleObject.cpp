@@ -171,6 +171,13 @@ Value ConsoleObject::clearScreen(Arguments&) {
     return {};
 }
 
+bool ConsoleObject::mayGoOn() {
+    const bool goesOn = throttle_.poll();
+    throttle_.lookSoon();
+    if (!goesOn) throttle_.mustAsk();
+    return goesOn;
+}
+
 Value ConsoleObject::checkForEvents(Arguments&) {
     bool goesOn = throttle_.poll();
     if (steps_ != nullptr && steps_->needsEveryLine()) {

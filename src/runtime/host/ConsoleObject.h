@@ -45,6 +45,9 @@ class ConsoleObject : public script::HostObject {
     // What the library's functions call besides.
     LibraryObject& scriptLibrary() { return library_; }
 
+    // For a statement that takes long: lets waiting window events run; false when the program is to stop.
+    bool mayGoOn();
+
     std::string_view typeName() const override { return "ParentForm"; }
     int findMember(std::string_view name) const override;
     script::Value call(int member, script::Arguments& arguments) override;

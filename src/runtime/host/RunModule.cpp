@@ -29,11 +29,13 @@ script::ErrorReport runModule(script::Executor& executor, ConsoleObject& console
     console.reset();
     executor.reset();
     executor.setTextForm(&numberText);
+    executor.setInterruption([&console] { return console.mayGoOn(); });
     script::ErrorReport report;
     const bool loaded = executor.addObject("ParentForm", console, script::Executor::Members::AlsoGlobal) &&
                         executor.addObject("Library", console.scriptLibrary()) && executor.addCode(module);
     if (!loaded || (executor.hasProcedure("Main") && !executor.run("Main"))) report = executor.error();
     attributeToProgram(report, module);
+    executor.setInterruption({});
     executor.reset();
     return report;
 }
