@@ -21,7 +21,8 @@ struct Colours {
     QColor numbers;        // of the line numbers
     QColor captionActive;  // title bars
     QColor captionInactive;
-    QColor flash;  // of a word that was put right
+    QColor flash;     // of a word that was put right
+    QColor stepLine;  // the band of the line that is about to run, on paper; a value that has changed
     // Text.
     QColor text;
     QColor dimText;
@@ -44,6 +45,13 @@ struct Colours {
     QColor error;
     QColor advice;
     QColor warning;  // of the sign of an error box, under `textOnAccent`
+    // The board of the trace table, and chalk on it.
+    QColor board;
+    QColor boardChosen;  // the row that is looked at
+    QColor boardLine;    // it need not be seen
+    QColor chalk;
+    QColor dimChalk;
+    QColor newChalk;  // of what has changed
 };
 
 const Colours& coloursOf(Kind kind);

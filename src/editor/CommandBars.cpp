@@ -55,10 +55,27 @@ QIcon iconOf(const char* key) {
     return icon;
 }
 
-QList<QKeySequence> shortcutsOf(std::string_view key) {
+bool holds(When when, bool isBusy, bool isStanding) {
+    switch (when) {
+        case When::Always:
+            return true;
+        case When::Idle:
+            return !isBusy;
+        case When::Busy:
+            return isBusy;
+        case When::OnTheWay:
+            return isBusy && !isStanding;
+        case When::AtRest:
+            return !isBusy || isStanding;
+    }
+    return false;
+}
+
+QList<QKeySequence> shortcutsOf(std::string_view key, bool isBusy, bool isStanding) {
     QList<QKeySequence> keys;
     for (const Shortcut& shortcut : shortcuts())
-        if (shortcut.key == key) keys.append(QKeySequence(QLatin1String(shortcut.keys)));
+        if (shortcut.key == key && holds(shortcut.when, isBusy, isStanding))
+            keys.append(QKeySequence(QLatin1String(shortcut.keys)));
     return keys;
 }
 
@@ -132,7 +149,7 @@ void CommandBars::addMenu(const Menu& menu) {
     for (const MenuItem& item : menu.items) {
         QAction* action = addAction(item.key, item.caption == "-" ? QString() : look::captionText(item.caption));
         action->setSeparator(item.caption == "-");
-        action->setShortcuts(shortcutsOf(item.key));
+        action->setShortcuts(shortcutsOf(item.key, false, false));
         action->setShortcutVisibleInContextMenu(true);
         shown->addAction(action);
     }
@@ -181,9 +198,26 @@ void CommandBars::addToolBarItem() {
 
 // The key that goes to the menu bar.
 void CommandBars::addShortcuts() {
-    auto* toMenu = new QShortcut(QKeySequence(Qt::Key_F10), &window_);
-    connect(toMenu, &QShortcut::activated, menuBar_,
+    toMenu_ = new QShortcut(QKeySequence(Qt::Key_F10), &window_);
+    connect(toMenu_, &QShortcut::activated, menuBar_,
             [this] { menuBar_->setActiveAction(menuBar_->actions().constFirst()); });
+}
+
+// Of two commands with one key only one has it at a time.
+void CommandBars::setKeys(bool isBusy, bool isStanding) {
+    toMenu_->setEnabled(!isBusy);
+    for (const bool isGiven : {false, true})
+        for (const Shortcut& shortcut : shortcuts())
+            if (shortcut.when != When::Always && holds(shortcut.when, isBusy, isStanding) == isGiven)
+                item(shortcut.key)->setShortcuts(shortcutsOf(shortcut.key, isBusy, isStanding));
+}
+
+QByteArray CommandBars::commandOf(const QKeySequence& keys) const {
+    for (const Shortcut& shortcut : shortcuts())
+        if (QAction* const action = item(shortcut.key);
+            action != nullptr && action->isEnabled() && action->shortcuts().contains(keys))
+            return shortcut.key;
+    return {};
 }
 
 void CommandBars::setEnabled(const char* key, bool enabled) {

@@ -10,6 +10,7 @@
 class QAction;
 class QMenu;
 class QMenuBar;
+class QShortcut;
 class QToolBar;
 
 namespace tolvan {
@@ -29,6 +30,11 @@ class CommandBars : public QObject {
     // In the menu and on the toolbar, and with it the shortcut.
     void setEnabled(const char* key, bool enabled);
     bool isEnabled(const char* key) const;
+    // A program is under way, and whether it stands still: gives the commands the keys that they have then.
+    void setKeys(bool isBusy, bool isStanding);
+    // The command that a key would be for; empty if it is for none, or for one that cannot be done now.
+    QByteArray commandOf(const QKeySequence& keys) const;
+
     // The menu's item of a command or separator.
     QAction* item(const char* key) const;
 
@@ -56,6 +62,7 @@ class CommandBars : public QObject {
     QMenuBar* menuBar_;
     QToolBar* toolBar_;
     QMenu* barsMenu_;
+    QShortcut* toMenu_ = nullptr;               // the key that goes to the menu bar
     QMultiHash<QByteArray, QAction*> actions_;  // the last one of a key, as values() gives it, is the menu's
 };
 

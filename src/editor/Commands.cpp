@@ -56,6 +56,8 @@ constexpr MenuItem editItems[] = {
 
 constexpr MenuItem viewItems[] = {
     {"ViewNextPane", "Ês\u009dya -agat ja"_deva},
+    {"mnuSeperator14", separator},
+    {"ViewValues", "ik<mtI"_deva},
     {"mnuSeperator9", separator},
     {"ViewZoomIn", "A]re maeQI kr"_deva},
     {"ViewZoomOut", "A]re lhan kr"_deva},
@@ -66,7 +68,17 @@ constexpr MenuItem viewItems[] = {
 
 constexpr MenuItem runItems[] = {
     {"RunStart", "suê kr"_deva},
+    {"RunGoOn", "puFe calU Qev"_deva},
     {"RunEnd", "wa<bv"_deva},
+    {"RunPause", "jra wa<b"_deva},
+    {"mnuSeperator12", separator},
+    {"RunStepInto", "@k Aae¦ puFe"_deva},
+    {"RunStepOver", "%pàayaejn Aaela<fƒn puFe"_deva},
+    {"RunStepOut", "%pàayaejnaCya baher"_deva},
+    {"RunToHere", "yewpy¡t calv"_deva},
+    {"RunSlowly", "h¦U calv"_deva},
+    {"mnuSeperator13", separator},
+    {"RunBreakPoint", "wa<ba Qev ik<va kaF"_deva},
 };
 
 constexpr MenuItem helpItems[] = {
@@ -101,6 +113,12 @@ constexpr ToolButton buttons[] = {
     {},
     {"RunStart", "suê kr"_deva, "àayaejn suê kr{yasaQI"_deva},
     {"RunEnd", "wa<bv"_deva, "suê Aslele àayaejn wa<bv{yasaQI"_deva},
+    {"RunPause", "jra wa<b"_deva, "calU àayaejn jra wa<bv{yasaQI"_deva},
+    {},
+    {"RunStepInto", "@k Aae¦ puFe"_deva, "puFcI @k Aae¦ calv{yasaQI"_deva},
+    {"RunStepOver", "%pàayaejn Aaela<fƒn puFe"_deva, "%pàayaejn n wa<bta calv{yasaQI"_deva},
+    {"RunStepOut", "%pàayaejnaCya baher"_deva, "%pàayaejn s<pepy¡t calv{yasaQI"_deva},
+    {"RunSlowly", "h¦U calv"_deva, "h¦Uh¦U calv{yasaQI"_deva},
 };
 
 constexpr Shortcut shortcutTable[] = {
@@ -124,13 +142,22 @@ constexpr Shortcut shortcutTable[] = {
     {"EditMend", "Alt+Enter"},
     {"EditFormat", "Ctrl+Shift+F"},
     {"EditSuggest", "Ctrl+Space"},
-    {"ViewNextPane", "F6"},
+    {"ViewNextPane", "F6", When::AtRest},
+    {"ViewValues", "Ctrl+Shift+V"},
     {"ViewZoomIn", "Ctrl++"},
     {"ViewZoomIn", "Ctrl+Shift++"},
     {"ViewZoomIn", "Ctrl+="},  // plus without Shift
     {"ViewZoomOut", "Ctrl+-"},
     {"ViewZoomNormal", "Ctrl+0"},
-    {"RunStart", "F5"},
+    {"RunStart", "F5", When::Idle},
+    {"RunGoOn", "F5", When::Busy},
+    {"RunPause", "F6", When::OnTheWay},
+    {"RunStepInto", "F11"},
+    {"RunStepOver", "F10", When::Busy},  // else it opens the menu bar
+    {"RunStepOut", "Shift+F11", When::Busy},
+    {"RunToHere", "Ctrl+F10"},
+    {"RunSlowly", "Ctrl+F5"},
+    {"RunBreakPoint", "F9"},
     {"RunEnd", "F4"},
     {"RunEnd", "Shift+F5"},
     {"HelpHelp", "F1"},

@@ -4,6 +4,7 @@
 
 #include "platform/encoding/Deva.h"
 
+#include <cstdint>
 #include <span>
 #include <string_view>
 
@@ -35,12 +36,22 @@ struct ToolButton {
 
 std::span<const ToolButton> toolButtons();
 
+// What a running program is doing. Some keys mean something else meanwhile.
+enum class When : std::uint8_t {
+    Always,
+    Idle,      // no program runs
+    Busy,      // one does
+    OnTheWay,  // one does, and does not stand still
+    AtRest,    // none does, or it stands still
+};
+
 struct Shortcut {
     const char* key;
     const char* keys;  // as QKeySequence reads it
+    When when = When::Always;
 };
 
-// The first of a command is shown in its menu item.
+// The first of a command that holds now is shown in its menu item.
 std::span<const Shortcut> shortcuts();
 
 // Keys that begin with it are no commands but show or hide the bar that the rest of the key names.

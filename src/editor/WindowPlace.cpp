@@ -7,6 +7,8 @@
 #include <QSplitter>
 #include <QWidget>
 
+#include <algorithm>
+
 namespace tolvan {
 namespace {
 
@@ -46,6 +48,21 @@ void rememberWindow(Settings& settings, const QWidget& window, const QSplitter& 
     settings.SaveSetting(section, heightKey, QString::number(size.height()));
     settings.SaveSetting(section, maximizedKey, settingText(window.isMaximized()));
     if (whole > 0) settings.SaveSetting(section, shareKey, QString::number(widths.value(0) * 100 / whole));
+}
+
+void placeTogether(QWidget& editor, QWidget& console) {
+    const QRect screen = editor.screen()->availableGeometry();
+    const int least = std::max(look::em(27), editor.minimumSizeHint().width());
+    const int forEditor = screen.width() - console.frameGeometry().width();
+    if (forEditor < least || console.isMaximized()) return;
+    if (editor.isMaximized()) editor.setWindowState(editor.windowState() & ~Qt::WindowMaximized);
+    const int width = std::min(editor.width(), forEditor);
+    const int height = std::min(editor.height(), screen.height());
+    const int left = std::clamp(editor.x(), screen.left(), screen.left() + forEditor - width);
+    const int top = std::clamp(editor.y(), screen.top(), screen.top() + screen.height() - height);
+    editor.setGeometry(left, top, width, height);
+    console.move(left + width,
+                 std::clamp(top, screen.top(), std::max(screen.top(), screen.bottom() - console.height())));
 }
 
 int rememberedZoom(const Settings& settings) {

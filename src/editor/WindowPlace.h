@@ -13,6 +13,10 @@ class Settings;
 void restoreWindow(const Settings& settings, QWidget& window, QSplitter& splitter);
 void rememberWindow(Settings& settings, const QWidget& window, const QSplitter& splitter);
 
+// Puts the console at the right of the editor, so that both are seen, where the screen has the room; the editor becomes
+// narrower for it if need be.
+void placeTogether(QWidget& editor, QWidget& console);
+
 // Percent; 100 where the settings hold nothing.
 int rememberedZoom(const Settings& settings);
 void rememberZoom(Settings& settings, int percent);

@@ -11,6 +11,7 @@
 #include "editor/EditorStatusBar.h"
 #include "editor/FileDialogs.h"
 #include "editor/PaneMenus.h"
+#include "editor/SpeedSlider.h"
 #include "editor/WindowPlace.h"
 #include "editor/frmExamples.h"
 #include "editor/frmFindReplace.h"
@@ -22,6 +23,8 @@
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
 #include "editor/panes/RomanInput.h"
+#include "editor/steps/EditorSteps.h"
+#include "editor/steps/ValuePanel.h"
 #include "guide/HelpTopics.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
@@ -42,8 +45,10 @@
 #include <QScrollBar>
 #include <QSplitter>
 #include <QToolBar>
+#include <QTreeView>
 #include <QUrl>
 
+#include <algorithm>
 #include <chrono>
 
 namespace tolvan {
@@ -56,6 +61,8 @@ constexpr auto recoveryInterval = 2s;
 
 constexpr std::string_view readyText = "tolvn beisk tyar Aahe"_deva;
 constexpr std::string_view notKeptText = "n sQvleLya bdla<cI àt Qevta AalI nahI"_deva;
+constexpr std::string_view lineText = "Aae¦ "_deva;
+constexpr std::string_view runsNextText = " Aata calel"_deva;
 constexpr std::string_view workingText = "q<k leon sué Aahe"_deva;
 constexpr std::string_view runningText = "àayaejn suê Astana bdl krta yet nahI"_deva;
 constexpr std::string_view pastedInPartText = "mjkªr )ar maeQa AsLyane suévatIcI 10 lao A]re \"etlI"_deva;
@@ -74,9 +81,12 @@ frmEditor::frmEditor(EditorState& state, Settings& settings, EditorServices serv
       services_(std::move(services)),
       frame_(new WindowFrame(*this, WindowFrame::Kind::Resizable)),
       bars_(new CommandBars(*this)),
-      splitter_(new QSplitter(this)),
+      work_(new QSplitter(Qt::Vertical, this)),
+      splitter_(new QSplitter(work_)),
       txtRoman_(new RomanBox(splitter_)),
       txtProgram_(new ProgramBox(splitter_)),
+      values_(new ValuePanel(work_)),
+      speed_(new SpeedSlider(this)),
       statusBar_(new EditorStatusBar(this)),
       problems_(new ProblemPanel(this)),
       document_(*this, state.run.ProgramCaption),
@@ -91,6 +101,7 @@ frmEditor::frmEditor(EditorState& state, Settings& settings, EditorServices serv
     setAcceptDrops(true);
     setUpLayout();
     connectPanes();
+    setUpSteps();
     connectDocument();
     connect(&state_.run, &ProgramRun::stateChanged, this, &frmEditor::runChanged);
     connect(bars_, &CommandBars::chosen, this, &frmEditor::TopMenu_UserCommand);
@@ -108,14 +119,18 @@ frmEditor::frmEditor(EditorState& state, Settings& settings, EditorServices serv
 frmEditor::~frmEditor() = default;
 
 void frmEditor::setUpLayout() {
+    splitter_->setObjectName(QStringLiteral("splPanes"));
     splitter_->setChildrenCollapsible(false);
     splitter_->setHandleWidth(look::em(0.3));
+    work_->setChildrenCollapsible(false);
+    work_->setHandleWidth(look::em(0.3));
+    work_->setStretchFactor(0, 1);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
     layout->addWidget(bars_->menuBar());
     layout->addWidget(bars_->toolBar());
-    layout->addWidget(splitter_, 1);
+    layout->addWidget(work_, 1);
     layout->addWidget(problems_);
     layout->addWidget(statusBar_);
 }
@@ -195,6 +210,9 @@ void frmEditor::textChanged() {
 }
 
 void frmEditor::Timer1_Tick() {
+    if (!isUnkept_ && steps_->phase() == EditorSteps::Phase::Standing)
+        return statusBar_->showMessage(std::string(lineText) + std::to_string(steps_->control().line()) +
+                                       std::string(runsNextText));
     statusBar_->showMessage(isUnkept_ ? notKeptText : readyText);
 }
 
@@ -242,6 +260,7 @@ std::string frmEditor::romanText() const {
 }
 
 void frmEditor::setRomanText(std::string_view text) {
+    steps_->breakPoints().clear();
     txtRoman_->setText(text);
 }
 
@@ -412,7 +431,11 @@ void frmEditor::EditMend() {
 }
 
 void frmEditor::ViewNextPane() {
-    (txtRoman_->hasFocus() ? static_cast<QWidget*>(txtProgram_) : txtRoman_)->setFocus();
+    QWidget* const panes[] = {txtRoman_, txtProgram_, &values_->view()};
+    const std::size_t count = values_->isVisible() ? 3 : 2;
+    const auto* const now = std::find_if(panes, panes + count, [](const QWidget* pane) { return pane->hasFocus(); });
+    const auto next = static_cast<std::size_t>(now - panes + 1) % count;
+    (now == panes + count ? txtRoman_ : panes[next])->setFocus();
 }
 
 void frmEditor::ViewZoomIn() {
@@ -445,17 +468,6 @@ void frmEditor::HelpHelp() {
 
 void frmEditor::HelpAbout() {
     showAbout(this);
-}
-
-// What would change the text is greyed while a program runs.
-void frmEditor::enableCommands() {
-    for (const Menu& menu : editorMenus())
-        for (const MenuItem& item : menu.items)
-            if (item.whileRunning == WhileRunning::Greyed) bars_->setEnabled(item.key, !isRunning());
-    bars_->setEnabled("EditUndo", !isRunning() && txtRoman_->document()->isUndoAvailable());
-    bars_->setEnabled("EditRedo", !isRunning() && txtRoman_->document()->isRedoAvailable());
-    bars_->setEnabled("RunStart", !state_.run.IsRunning());
-    bars_->setEnabled("RunEnd", state_.run.IsRunning());
 }
 
 void frmEditor::dragEnterEvent(QDragEnterEvent* event) {

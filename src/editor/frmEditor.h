@@ -25,11 +25,14 @@ namespace tolvan {
 class CommandBars;
 class EditorGuide;
 class EditorStatusBar;
+class EditorSteps;
 class PaneAids;
 class ProblemPanel;
 class ProgramBox;
 class RomanBox;
 class Settings;
+class SpeedSlider;
+class ValuePanel;
 class WindowFrame;
 class WordCorrection;
 class frmEditor;
@@ -59,6 +62,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     RomanBox& txtRoman() const { return *txtRoman_; }
     ProgramBox& txtProgram() const { return *txtProgram_; }
     ProblemPanel& problems() const { return *problems_; }
+    EditorSteps& steps() const { return *steps_; }
     EditorState& state() { return state_; }
     Settings& settings() { return settings_; }
 
@@ -101,6 +105,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void selectRoman(std::size_t start, std::size_t length) override;
     void runFailed(int line, const script::ErrorReport& error) override;
     void bringBack() override;
+    bool takesRunKey(const QKeyEvent& key) override;
 
   public slots:
     void FileNew();
@@ -137,7 +142,16 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
 
     void RunStart();
     void RunEnd();
+    void RunGoOn();
+    void RunPause();
+    void RunStepInto();
+    void RunStepOver();
+    void RunStepOut();
+    void RunToHere();
+    void RunSlowly();
+    void RunBreakPoint();
     void ViewOutput();
+    void ViewValues();
     void ViewNextPane();
     void ViewZoomIn();
     void ViewZoomOut();
@@ -157,6 +171,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void setChanged(bool changed) override;
 
     void setUpLayout();
+    void setUpSteps();
     void connectDocument();
     void connectPanes();
 
@@ -174,17 +189,28 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void runChanged();
     void enableCommands();
 
+    void startRun();
+    void stepsMoved();
+    void stepsPhaseChanged();
+    void showWindowsTogether();
+    void showValues(bool shown);
+
     EditorState& state_;
     Settings& settings_;
     EditorServices services_;
     WindowFrame* frame_;
     CommandBars* bars_;
+    QSplitter* work_;  // the panes above the values
     QSplitter* splitter_;
     RomanBox* txtRoman_;
     ProgramBox* txtProgram_;
+    ValuePanel* values_;
+    SpeedSlider* speed_;
     EditorStatusBar* statusBar_;
     ProblemPanel* problems_;
     std::unique_ptr<PaneAids> aids_;
+    std::unique_ptr<EditorSteps> steps_;
+    bool areTogether_ = false;  // the windows, in this run
     std::unique_ptr<EditorGuide> guide_;
     std::unique_ptr<WordCorrection> wordCorrection_;
     EditorDocument document_;

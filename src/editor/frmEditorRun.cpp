@@ -13,6 +13,7 @@
 #include "editor/guide/ProblemPanel.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
+#include "editor/steps/EditorSteps.h"
 #include "library/AddLibrary.h"
 #include "platform/encoding/Deva.h"
 #include "runtime/DataFiles.h"
@@ -36,7 +37,7 @@ void frmEditor::unloadConsole() {
     if (!isRunning()) console_.reset();
 }
 
-void frmEditor::RunStart() {
+void frmEditor::startRun() {
     if (isRunning()) return;
     if (state_.SaveBeforeExecute && !document_.saveBeforeRun()) return;
     if (state_.FormatBeforeExecute) EditFormat();
@@ -59,13 +60,15 @@ void frmEditor::CompileAndExecute(StyledView program) {
     if (isRunning()) return;
     guide_->setRunFailure(std::nullopt);
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const std::string module = addLibrary(Compile(program), translator_.variables());
+    std::string module = addLibrary(Compile(program), translator_.variables());
     QApplication::restoreOverrideCursor();
     console().show();
     console().raise();
     console().activateWindow();
     console().setFiles(dataFilesOf(document_.path()));
-    console().execute(module, moduleLines());
+    steps_->begin(console(), {std::move(module), moduleLines(), scriptWords(translator_.variables())});
+    console().execute(steps_->program().module, steps_->program().lines);
+    steps_->end();
     if (state_.run.hasDelayed(*this)) close();
 }
 
@@ -109,11 +112,6 @@ void frmEditor::FileSheet() {
     PdfDocument document = newSheets();
     addSheet(sheet, document);
     if (!replaceFile(chosen, document.bytes(file.fileName().toUtf8()))) ShowMessage(messages::notSaved(chosen));
-}
-
-void frmEditor::runChanged() {
-    txtRoman_->setLocked(isRunning());
-    enableCommands();
 }
 
 // The names are those of the program that ran; the text is locked until it has ended.

@@ -95,16 +95,6 @@ std::string scriptFunction(const UsedWord& used) {
     return text += "\r\nEnd Function\r\n";
 }
 
-std::map<std::string, std::string, std::less<>> wordsOf(const VariableTable& names) {
-    std::map<std::string, std::set<std::string>> all;
-    for (const auto& [name, scriptName] : names) all[scriptName].insert(name);
-    std::map<std::string, std::string, std::less<>> words;
-    for (const auto& [scriptName, ofIt] : all)
-        for (const std::string& word : ofIt)
-            words[scriptName].append(words[scriptName].empty() ? "" : " ").append(word);
-    return words;
-}
-
 }  // namespace
 
 std::string addLibrary(std::string module, const VariableTable& names) {
@@ -130,11 +120,21 @@ int ownLines(std::string_view module) {
     return static_cast<int>(std::count(own.begin(), own.end(), '\n')) + 1;
 }
 
+ScriptWords scriptWords(const VariableTable& names) {
+    std::map<std::string, std::set<std::string>> all;
+    for (const auto& [name, scriptName] : names) all[scriptName].insert(name);
+    ScriptWords words;
+    for (const auto& [scriptName, ofIt] : all)
+        for (const std::string& word : ofIt)
+            words[scriptName].append(words[scriptName].empty() ? "" : " ").append(word);
+    return words;
+}
+
 RunnableProgram runnableProgram(StyledView program) {
     Translator translator;
     std::string module = translator.Compile(program);
     return {addLibrary(std::move(module), translator.variables()), translator.moduleLines(),
-            wordsOf(translator.variables())};
+            scriptWords(translator.variables())};
 }
 
 std::string runnableModule(StyledView program) {

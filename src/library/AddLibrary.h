@@ -23,11 +23,15 @@ std::string addLibrary(std::string module, const VariableTable& names);
 // library functions, all.
 int ownLines(std::string_view module);
 
+// What the script names of a program stand for, in font codes: where one stands for several words, these parted by
+// blanks.
+using ScriptWords = std::map<std::string, std::string, std::less<>>;
+ScriptWords scriptWords(const VariableTable& names);
+
 struct RunnableProgram {
     std::string module;  // with the library's functions
     ModuleLines lines;   // of the program's own part
-    // What its script names stand for, in font codes: where one stands for several words, these parted by blanks.
-    std::map<std::string, std::string, std::less<>> words = {};
+    ScriptWords words = {};
 };
 RunnableProgram runnableProgram(StyledView program);
 

@@ -5,6 +5,8 @@
 #include <cstddef>
 #include <string>
 
+class QKeyEvent;
+
 namespace tolvan::script {
 struct ErrorReport;
 }
@@ -30,6 +32,9 @@ class ProgramMarker {
     virtual void runFailed(int line, const script::ErrorReport& error) = 0;
     // Visible, in front, with the keyboard.
     virtual void bringBack() = 0;
+    // A key was pressed on the console while the program runs. True if it is that of a command of the editor for
+    // running programs, which has been done.
+    virtual bool takesRunKey(const QKeyEvent& key) = 0;
 };
 
 }  // namespace tolvan

@@ -27,6 +27,9 @@ namespace {
 // once.
 constexpr std::size_t longestText = std::size_t{16} << 20;
 
+// Bytes of a printed line that are kept for a later look at this moment.
+constexpr std::size_t longestLine = std::size_t{16} << 10;
+
 struct SystemItem {
     std::string_view caption;
     const char* command;  // a method of the console
@@ -79,6 +82,9 @@ frmExec::frmExec(ProgramRun& run, ProgramMarker* editor)
       inputNote_(new PictureBox(display_)),
       scrollBack_(new ScrollBack(*display_, text_)),
       strip_(new MessageStrip(*display_)),
+      past_(new PictureBox(display_)),
+      pastText_(*past_),
+      pastStrip_(new MessageStrip(*past_)),
       parentForm_(*this) {
     setObjectName(QStringLiteral("frmExec"));
     display_->setObjectName(QStringLiteral("Display"));
@@ -108,7 +114,9 @@ void frmExec::setUpControls() {
     setFocusProxy(display_);
 
     inputBox_->hide();
-    for (PictureBox* const picture : {inputBoxTip_, inputNote_}) {
+    past_->setObjectName(QStringLiteral("Past"));
+    past_->setAccessibleName(accessible::unicode("magaeva"_deva));
+    for (PictureBox* const picture : {inputBoxTip_, inputNote_, past_}) {
         picture->hide();
         picture->setFocusPolicy(Qt::NoFocus);
     }
@@ -129,12 +137,14 @@ void frmExec::updateTitle() {
 }
 
 void frmExec::PrintString(std::string_view text) {
+    if (log_.isKept()) keep({.kind = ConsoleLog::Kind::Print, .text = std::string(text.substr(0, longestLine))});
     text_.PrintString(text);
     reader_->printed();
 }
 
 void frmExec::ClearScreen() {
     display_->FinishPicture();
+    log_.clear(*parentForm_.callCount());
     text_.ClearScreen();
     hasDrawn_ = false;
 }
@@ -199,6 +209,7 @@ void frmExec::displayResized() {
     if (inputIsVisible()) placeInput();
     strip_->placeAtBottom();
     scrollBack_->setGeometry(display_->rect());
+    past_->setGeometry(display_->rect());
 }
 
 // Whether the key copies a selection, which stops no program.
@@ -215,6 +226,7 @@ bool frmExec::keyPressed(QObject* control, const QKeyEvent& key) {
         run_.stop();
         return isCtrlC(key);
     }
+    if (run_.IsRunning() && editor_ != nullptr && editor_->takesRunKey(key)) return true;
     if (run_.IsRunning() && control != inputBox_ && keys_.add(key)) return true;
     // Repetitions of a held key do not count: Enter held a little too long for the last answer would close the console.
     const bool isTyped = !key.text().isEmpty() && !key.isAutoRepeat();

@@ -6,6 +6,7 @@
 
 #include "platform/picturebox/PictureBox.h"
 #include "platform/script/Executor.h"
+#include "runtime/ConsoleLog.h"
 #include "runtime/ConsoleSize.h"
 #include "runtime/ConsoleText.h"
 #include "runtime/KeyQueue.h"
@@ -28,6 +29,7 @@ class ModuleLines;
 class ProgramMarker;
 class ProgramRun;
 class ScrollBack;
+class StepControl;
 class WindowFrame;
 
 class frmExec : public QWidget, public ConsoleOperations {
@@ -43,6 +45,19 @@ class frmExec : public QWidget, public ConsoleOperations {
     // the module's lines came from; without it, the line of an error is computed from the module's usual layout.
     void execute(std::string_view module, const ModuleLines& lines);
 
+    // How the programs that are run from now on are gone through. Null: at full speed, and nobody looks into them.
+    // Must outlive its use.
+    void setSteps(StepControl* steps);
+    // Of the running program, to look into it while it calls the console.
+    script::Executor& executor() { return executor_; }
+    // From now on until the end of the run everything that the program does is recorded, and what it does to the
+    // console is kept. Once in a run; the recording must outlive that.
+    void record(script::Recording& recording);
+    // Shows the console as it was after so many calls of the recorded run (see ConsoleObject::callCount), over the
+    // present one; false if that is forgotten.
+    bool showMoment(std::uint64_t calls);
+    void showPresent();
+
     // The program's calls of the console from the next run on.
     void setTrace(ConsoleObject::Trace trace) { parentForm_.setTrace(std::move(trace)); }
     LibraryObject& scriptLibrary() { return parentForm_.scriptLibrary(); }
@@ -57,6 +72,7 @@ class frmExec : public QWidget, public ConsoleOperations {
     void StopExecution() override;
     std::string ReadKey() override { return keys_.take(); }
     void Wait(double seconds) override;
+    bool StandStill(double mostSeconds) override;
     void DrawPoint(Point at, std::optional<Colour> colour) override;
     void DrawLine(std::optional<Point> start, Point end, std::optional<Colour> colour) override;
     void DrawBox(std::optional<Point> start, Point end, std::optional<Colour> colour, Fill fill) override;
@@ -112,6 +128,10 @@ class frmExec : public QWidget, public ConsoleOperations {
     void focusInput();
     void inputLostFocus();
 
+    void waitForEvents(double mostSeconds);
+    void keep(ConsoleLog::Call call);
+    void bringForward();
+
     QColor colourOf(std::optional<Colour> colour) const;
     Point startOf(std::optional<Point> start) const;
 
@@ -129,9 +149,15 @@ class frmExec : public QWidget, public ConsoleOperations {
     MessageStrip* strip_;
     KeyQueue keys_;
     std::chrono::steady_clock::time_point lastPause_;  // its end
-    bool hasDrawn_ = false;                            // since the display was cleared
-    bool hasFailed_ = false;                           // the program, and was not only stopped
-    std::size_t printedByProgram_ = 0;                 // lines, without those that tell its end
+    PictureBox* past_;                                 // an earlier moment, over the display
+    ConsoleText pastText_;
+    MessageStrip* pastStrip_;
+    ConsoleLog log_;
+    StepControl* steps_ = nullptr;
+    bool hasStood_ = false;             // the program, in this run
+    bool hasDrawn_ = false;             // since the display was cleared
+    bool hasFailed_ = false;            // the program, and was not only stopped
+    std::size_t printedByProgram_ = 0;  // lines, without those that tell its end
     bool keepInputFocus_ = false;
     ConsoleObject parentForm_;
     script::Executor executor_;

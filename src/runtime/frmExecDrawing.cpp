@@ -47,23 +47,43 @@ ConsoleOperations::Point frmExec::startOf(std::optional<Point> start) const {
 
 void frmExec::DrawPoint(Point at, std::optional<Colour> colour) {
     hasDrawn_ = true;
+    keep({.kind = ConsoleLog::Kind::Point, .x1 = at.x, .y1 = at.y, .colour = colourOf(colour).rgb()});
     display_->PSet(at.x, at.y, colourOf(colour));
 }
 
 void frmExec::DrawLine(std::optional<Point> start, Point end, std::optional<Colour> colour) {
     hasDrawn_ = true;
     const Point from = startOf(start);
+    keep({.kind = ConsoleLog::Kind::Line,
+          .x1 = from.x,
+          .y1 = from.y,
+          .x2 = end.x,
+          .y2 = end.y,
+          .colour = colourOf(colour).rgb()});
     display_->Line(from.x, from.y, end.x, end.y, colourOf(colour));
 }
 
 void frmExec::DrawBox(std::optional<Point> start, Point end, std::optional<Colour> colour, Fill fill) {
     hasDrawn_ = true;
     const Point from = startOf(start);
+    keep({.kind = ConsoleLog::Kind::Box,
+          .x1 = from.x,
+          .y1 = from.y,
+          .x2 = end.x,
+          .y2 = end.y,
+          .colour = colourOf(colour).rgb(),
+          .isSolid = fill == Fill::Solid});
     display_->Box(from.x, from.y, end.x, end.y, colourOf(colour), styleOf(fill));
 }
 
 void frmExec::DrawCircle(Point centre, float radius, std::optional<Colour> colour, Fill fill) {
     hasDrawn_ = true;
+    keep({.kind = ConsoleLog::Kind::Circle,
+          .x1 = centre.x,
+          .y1 = centre.y,
+          .x2 = radius,
+          .colour = colourOf(colour).rgb(),
+          .isSolid = fill == Fill::Solid});
     display_->Circle(centre.x, centre.y, radius, colourOf(colour), styleOf(fill));
 }
 

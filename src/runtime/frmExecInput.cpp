@@ -12,7 +12,6 @@
 #include "runtime/host/InputValue.h"
 
 #include <QCoreApplication>
-#include <QDeadlineTimer>
 #include <QTimer>
 
 #include <algorithm>
@@ -34,6 +33,7 @@ std::optional<std::string> frmExec::InputString() {
     const std::string value = inputValue(inputBox_->roman());
     endInput();
     if (!run_.IsRunning()) return std::nullopt;
+    if (log_.isKept()) keep({.kind = ConsoleLog::Kind::Input, .text = value});
     text_.eraseLine();
     text_.printRuns(value);
     reader_->printed();
@@ -49,19 +49,26 @@ void frmExec::Wait(double seconds) {
     const auto start = now - lastPause_ <= 50ms ? lastPause_ : now;
     const auto length = std::chrono::duration<double>(std::min(seconds, longest));
     lastPause_ = start + std::chrono::duration_cast<std::chrono::nanoseconds>(length);
-    const QDeadlineTimer end(lastPause_, Qt::PreciseTimer);
-    QTimer alarm;  // ends the wait for events
-    alarm.setTimerType(Qt::PreciseTimer);
-    while (!end.hasExpired() && run_.IsRunning()) {
-        constexpr qint64 longestAlarm = 3'600'000;
-        alarm.start(static_cast<int>(std::clamp<qint64>(end.remainingTime(), 1, longestAlarm)));
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
+    while (run_.IsRunning()) {
+        const std::chrono::duration<double> left = lastPause_ - std::chrono::steady_clock::now();
+        if (left.count() <= 0) break;
+        waitForEvents(left.count());
     }
+}
+
+// Returns after the next event, or after this time.
+void frmExec::waitForEvents(double mostSeconds) {
+    QTimer alarm;
+    alarm.setTimerType(Qt::PreciseTimer);
+    constexpr double longestAlarm = 3600;
+    alarm.start(static_cast<int>(std::ceil(std::clamp(mostSeconds, 0.001, longestAlarm) * 1000)));
+    QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
 }
 
 void frmExec::beginInput() {
     scrollBack_->leave();
     display_->ShowNow();
+    if (hasStood_) bringForward();  // the keyboard is in the editor
     inputBox_->clear();
     const QString question = reader_->lastLine().trimmed();
     inputBox_->setAccessibleName(question.isEmpty() ? accessible::unicode("%Är"_deva) : question);
@@ -86,7 +93,9 @@ void frmExec::placeInput() {
     const int line = qRound(std::ceil(text_.LineHeight()));
     const int note = inputNote_->isHidden() ? 0 : line;
     inputBox_->fitText(display_->width() - qRound(ConsoleText::leftMargin));
-    text_.makeRoom(static_cast<float>(line + inputBox_->height() + note));
+    const auto height = static_cast<float>(line + inputBox_->height() + note);
+    keep({.kind = ConsoleLog::Kind::Room, .x1 = height});
+    text_.makeRoom(height);
     inputBoxTip_->move(qRound(ConsoleText::leftMargin), qRound(display_->CurrentY));
     // On a display that is too low for both, the box still shows.
     inputBox_->move(inputBoxTip_->x(), std::min(inputBoxTip_->y() + line, display_->height() - inputBox_->height()));

@@ -8,6 +8,7 @@
 #include "runtime/ScrollBack.h"
 #include "runtime/frmExec.h"
 #include "runtime/host/RunModule.h"
+#include "runtime/host/StepControl.h"
 #include "translator/ModuleLines.h"
 
 #include <algorithm>
@@ -20,7 +21,12 @@ void frmExec::execute(std::string_view module, const ModuleLines& lines) {
     hasFailed_ = false;
     updateTitle();
     prepareDisplay();
+    executor_.setRecording(nullptr);
+    executor_.setWatched(steps_ != nullptr);
+    if (steps_ != nullptr) steps_->begin(executor_, lines);
     const script::ErrorReport error = runModule(executor_, parentForm_, module);
+    if (steps_ != nullptr) steps_->end();
+    showPresent();
     const bool stays = error.number == 0 || goesOnAfter(error, lines);
     if (stays) printEnd();
     run_.end();
@@ -29,6 +35,8 @@ void frmExec::execute(std::string_view module, const ModuleLines& lines) {
 
 void frmExec::prepareDisplay() {
     keys_.clear();
+    log_.stop();
+    hasStood_ = false;
     lastPause_ = {};
     scrollBack_->leave();
     strip_->hide();

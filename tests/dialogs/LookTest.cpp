@@ -23,13 +23,14 @@ struct Pair {
 };
 
 const std::vector<Role> windows = {&Colours::background, &Colours::paper, &Colours::footer};
-const std::vector<Role> panes = {&Colours::paper, &Colours::caretLine};
+const std::vector<Role> panes = {&Colours::paper, &Colours::caretLine, &Colours::stepLine};
+const std::vector<Role> boards = {&Colours::board, &Colours::boardChosen};
 
 const Pair pairs[] = {
     {"text",
      &Colours::text,
      {&Colours::background, &Colours::paper, &Colours::footer, &Colours::accentLight, &Colours::caretLine,
-      &Colours::numbers, &Colours::captionActive, &Colours::flash},
+      &Colours::numbers, &Colours::captionActive, &Colours::flash, &Colours::stepLine},
      Pair::Text},
     {"dim text",
      &Colours::dimText,
@@ -45,6 +46,9 @@ const Pair pairs[] = {
     {"number", &Colours::number, panes, Pair::Text},
     {"literal", &Colours::literal, panes, Pair::Text},
     {"comment", &Colours::comment, panes, Pair::Text},
+    {"chalk", &Colours::chalk, boards, Pair::Text},
+    {"dim chalk", &Colours::dimChalk, boards, Pair::Text},
+    {"chalk of what has changed", &Colours::newChalk, boards, Pair::Text},
     {"focus", &Colours::focus, windows, Pair::Mark},
     {"error", &Colours::error, {&Colours::paper, &Colours::caretLine, &Colours::numbers}, Pair::Mark},
     {"advice", &Colours::advice, {&Colours::paper, &Colours::caretLine, &Colours::numbers}, Pair::Mark},

@@ -165,7 +165,7 @@ TEST_F(WindowTest, ToolTipsAreDrawnInDevanagari) {
 
 TEST_F(WindowTest, TheToolbarIsHiddenAndShown) {
     QToolBar* bar = editor->commandBars().toolBar();
-    EXPECT_EQ(bar->actions().size(), 16);
+    EXPECT_EQ(bar->actions().size(), 23);
     press(Qt::Key_T, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_FALSE(bar->isVisible());
     EXPECT_EQ(setting("Settings", "Toolbar_general"), QStringLiteral("False"));
@@ -176,7 +176,7 @@ TEST_F(WindowTest, TheToolbarIsHiddenAndShown) {
 }
 
 TEST_F(WindowTest, SizeAndSplitterAreRemembered) {
-    auto& splitter = *editor->findChild<QSplitter*>();
+    auto& splitter = *editor->findChild<QSplitter*>(QStringLiteral("splPanes"));
     EXPECT_EQ(splitter.widget(0), &editor->txtRoman());
     editor->resize(640, 480);
     QApplication::processEvents();
@@ -185,7 +185,7 @@ TEST_F(WindowTest, SizeAndSplitterAreRemembered) {
     EXPECT_TRUE(editor->close());
     open();
     EXPECT_EQ(editor->size(), QSize(640, 480));
-    const QList<int> sizes = editor->findChild<QSplitter*>()->sizes();
+    const QList<int> sizes = editor->findChild<QSplitter*>(QStringLiteral("splPanes"))->sizes();
     EXPECT_NEAR(sizes[0] * 100.0 / (sizes[0] + sizes[1]), 70, 2);
 }
 

@@ -43,6 +43,7 @@ class NotingEditor : public ProgramMarker {
     void selectRoman(std::size_t start, std::size_t length) override { romanSelections.emplace_back(start, length); }
     void runFailed(int line, const script::ErrorReport& error) override { failures.emplace_back(line, error.number); }
     void bringBack() override { ++broughtBack; }
+    bool takesRunKey(const QKeyEvent&) override { return false; }
 };
 
 // A module as the translator makes it: a poll before each statement.

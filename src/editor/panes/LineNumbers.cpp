@@ -5,10 +5,11 @@
 #include "editor/panes/TextPane.h"
 #include "platform/fonts/Fonts.h"
 
-#include <QEvent>
+#include <QMouseEvent>
 #include <QPainter>
 
 #include <algorithm>
+#include <cmath>
 
 namespace tolvan {
 namespace {
@@ -19,6 +20,7 @@ constexpr qreal smaller = 0.8;
 }  // namespace
 
 LineNumbers::LineNumbers(TextPane& pane) : QWidget(&pane), pane_(pane) {
+    setObjectName(QStringLiteral("margin"));
     pane.installEventFilter(this);
     connect(&pane, &TextPane::blockCountChanged, this, &LineNumbers::fit);
     connect(&pane, &TextPane::zoomChanged, this, &LineNumbers::fit);
@@ -50,24 +52,50 @@ bool LineNumbers::eventFilter(QObject* watched, QEvent* event) {
     return QWidget::eventFilter(watched, event);
 }
 
+void LineNumbers::mousePressEvent(QMouseEvent* event) {
+    const qreal row = (event->position().y() - pane_.firstVisibleTop()) / pane_.lineHeight();
+    const int line = pane_.firstVisibleLine() + static_cast<int>(std::floor(row));
+    if (event->button() == Qt::LeftButton && line <= pane_.lineCount()) emit pane_.marginClicked(line);
+}
+
 void LineNumbers::paintEvent(QPaintEvent* event) {
     QPainter painter(this);
     painter.fillRect(event->rect(), look::colours().numbers);
     painter.setFont(font_);
-    const int right = width() - look::em(0.4);
     const QRect asked = event->rect();
     qreal top = pane_.firstVisibleTop();
     for (int line = pane_.firstVisibleLine(); line <= pane_.lineCount() && top <= asked.bottom();
          ++line, top += pane_.lineHeight()) {
-        if (top + pane_.lineHeight() < asked.top()) continue;
-        const QString number = QString::number(line);
-        painter.setPen(line == pane_.markedLine() ? look::colours().text : look::colours().dimText);
-        painter.drawText(QPointF(right - painter.fontMetrics().horizontalAdvance(number), top + pane_.baseLine()),
-                         number);
-        if (const auto mark = pane_.lineMarks().find(line); mark != pane_.lineMarks().end())
-            drawLineMark(painter, QRectF(0, top, look::em(0.8), pane_.lineHeight()),
-                         mark->second == TextPane::LineMark::Error);
+        if (top + pane_.lineHeight() >= asked.top()) paintLine(painter, line, top);
     }
+}
+
+// The number of a break point stands on a shield, and the line that is about to run has an arrow.
+void LineNumbers::paintLine(QPainter& painter, int line, qreal top) {
+    const look::Colours& colours = look::colours();
+    const QString number = QString::number(line);
+    const int right = width() - look::em(0.4);
+    const qreal left = right - painter.fontMetrics().horizontalAdvance(number);
+    const bool isBreakPoint = pane_.breakPoints().contains(line);
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    if (isBreakPoint) {
+        painter.setBrush(colours.accent);
+        const QRectF shield(left - look::em(0.3), top, right - left + look::em(0.5), pane_.lineHeight());
+        painter.drawRoundedRect(shield.adjusted(0, 1, 0, -1), look::em(0.3), look::em(0.3));
+    }
+    if (line == pane_.stepLine()) {
+        painter.setBrush(colours.warning);
+        const qreal middle = top + pane_.lineHeight() / 2;
+        const qreal size = look::em(0.35);
+        painter.drawPolygon(QPolygonF(
+            {{width() - size, middle - size}, {static_cast<qreal>(width()), middle}, {width() - size, middle + size}}));
+    }
+    painter.setPen(isBreakPoint ? colours.textOnAccent : line == pane_.markedLine() ? colours.text : colours.dimText);
+    painter.drawText(QPointF(left, top + pane_.baseLine()), number);
+    if (const auto mark = pane_.lineMarks().find(line); mark != pane_.lineMarks().end())
+        drawLineMark(painter, QRectF(0, top, look::em(0.8), pane_.lineHeight()),
+                     mark->second == TextPane::LineMark::Error);
 }
 
 }  // namespace tolvan

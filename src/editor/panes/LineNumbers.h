@@ -1,4 +1,5 @@
-// The numbers of the lines, left of a pane's text, in the digits of the Devanagari font.
+// The numbers of the lines, left of a pane's text, in the digits of the Devanagari font, and the marks beside them:
+// what the guide found, where a program is to stand still (a click says so), and before which line it stands.
 #pragma once
 
 #include <QWidget>
@@ -15,10 +16,12 @@ class LineNumbers : public QWidget {
 
   protected:
     void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
     void fit();
+    void paintLine(QPainter& painter, int line, qreal top);
     void follow(const QRect& changed, int scrolledBy);
 
     TextPane& pane_;

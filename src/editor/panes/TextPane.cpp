@@ -122,6 +122,30 @@ void TextPane::setMarkedLine(int line) {
     emit markedLineChanged();
 }
 
+void TextPane::setStepLine(int line) {
+    const int before = std::exchange(stepLine_, line);
+    if (before == line) return;
+    viewport()->update(lineBand(before));
+    viewport()->update(lineBand(line));
+    emit lineMarksChanged();
+}
+
+// The value of the bar is a line, from 0.
+void TextPane::showLine(int line) {
+    QScrollBar& bar = *verticalScrollBar();
+    const int index = line - 1;
+    if (index < bar.value())
+        bar.setValue(index);
+    else if (index > bar.value() + bar.pageStep() - 2)
+        bar.setValue(index - bar.pageStep() / 2);
+}
+
+void TextPane::setBreakPoints(std::set<int> lines) {
+    if (lines == breakPoints_) return;
+    breakPoints_ = std::move(lines);
+    emit lineMarksChanged();
+}
+
 void TextPane::flash(std::size_t length) {
     flashed_ = textCursor();
     flashed_.setPosition(std::max(0, flashed_.position() - static_cast<int>(length)), QTextCursor::KeepAnchor);
@@ -139,6 +163,16 @@ void TextPane::paintFlash() {
     QTextCursor start(document());
     start.setPosition(flashed_.selectionStart());
     QPainter(viewport()).fillRect(cursorRect(start).united(cursorRect(end)), look::colours().flash);
+}
+
+// With an edge, since the ground alone is a matter of colour.
+void TextPane::paintStepLine() {
+    QPainter painter(viewport());
+    const QRect band = lineBand(stepLine_);
+    painter.fillRect(band, look::colours().stepLine);
+    const int edge = std::max(1, look::em(0.08));
+    painter.fillRect(band.x(), band.top(), band.width(), edge, look::colours().warning);
+    painter.fillRect(band.x(), band.bottom() + 1 - edge, band.width(), edge, look::colours().warning);
 }
 
 void TextPane::setLineMarks(std::map<int, LineMark> marks) {
@@ -216,6 +250,7 @@ bool TextPane::viewportEvent(QEvent* event) {
 
 void TextPane::paintEvent(QPaintEvent* event) {
     if (markedLine_ > 0) QPainter(viewport()).fillRect(lineBand(markedLine_), look::colours().caretLine);
+    if (stepLine_ > 0) paintStepLine();
     paintFlash();
     QPlainTextEdit::paintEvent(event);
     paintFocus();

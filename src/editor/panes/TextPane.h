@@ -11,6 +11,7 @@
 
 #include <cstddef>
 #include <map>
+#include <set>
 
 namespace tolvan {
 
@@ -47,6 +48,16 @@ class TextPane : public QPlainTextEdit {
     void setMarkedLine(int line);
     int markedLine() const { return markedLine_; }
 
+    // The line (from 1) that a program is about to run, on a band of its own; 0: none.
+    void setStepLine(int line);
+    int stepLine() const { return stepLine_; }
+    // Scrolls up or down until the line is in view.
+    void showLine(int line);
+
+    // Lines at which a program is to stand still.
+    void setBreakPoints(std::set<int> lines);
+    const std::set<int>& breakPoints() const { return breakPoints_; }
+
     // Lights up so many characters before the caret for a moment.
     void flash(std::size_t length);
 
@@ -69,6 +80,8 @@ class TextPane : public QPlainTextEdit {
     void zoomChanged();
     void markedLineChanged();
     void lineMarksChanged();
+    // The margin was clicked beside a line.
+    void marginClicked(int line);
     // The colours of the windows are others now.
     void lookChanged();
 
@@ -86,11 +99,14 @@ class TextPane : public QPlainTextEdit {
     QPointF onLetters(QPointF place) const;
     QRect lineBand(int line) const;
     void paintFlash();
+    void paintStepLine();
     void paintFocus();
 
     EvenLines* lines_;  // owned by the document
     PaneFonts fonts_;
     int markedLine_ = 0;
+    int stepLine_ = 0;
+    std::set<int> breakPoints_;
     std::map<int, LineMark> lineMarks_;
     QTextCursor flashed_;  // its selection; none: nothing is lit
 };

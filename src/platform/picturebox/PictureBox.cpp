@@ -180,6 +180,14 @@ QImage PictureBox::Image() {
     return image;
 }
 
+void PictureBox::SetImage(const QImage& image) {
+    Cls();
+    const auto columns = static_cast<std::size_t>(std::min(image.width(), surface_.width()));
+    for (int y = 0; y < std::min(image.height(), surface_.height()); ++y)
+        std::memcpy(surface_.row(y), image.constScanLine(y), columns * sizeof(Pixel));
+    changed();
+}
+
 QImage PictureBox::ShownImage() {
     return finished_.isNull() ? Image() : finished_;
 }

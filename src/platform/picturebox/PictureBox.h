@@ -61,6 +61,9 @@ class PictureBox : public QWidget {
     // Shows at once what has been drawn.
     void ShowNow();
 
+    // Wipes everything and draws a copy that Image() made of a picture of this size; where it was larger or smaller,
+    // from the top left corner.
+    void SetImage(const QImage& image);
     // A copy of what has been drawn, in device pixels.
     QImage Image();
     // What has been drawn since it was wiped, as lines and text; empty where that is too much, see PictureRecord.

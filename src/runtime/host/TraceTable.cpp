@@ -53,19 +53,40 @@ std::vector<TraceTable::Cell> TraceTable::cells(std::uint64_t row, std::span<con
     return cells;
 }
 
-std::vector<TraceTable::Element> TraceTable::elements(std::uint64_t row, std::size_t column, std::size_t first,
+std::vector<ValueTable::Element> TraceTable::elements(std::uint64_t row, std::size_t column, std::size_t first,
                                                       std::size_t most) {
-    std::vector<Element> list;
+    std::vector<ValueTable::Element> list;
     std::size_t level = 0;
     const std::size_t place = columns()[column].place;
     const script::Value* const value = find(row, columns()[column], level);
     if (value == nullptr || !value->is(script::Type::Array)) return list;
     const script::ArrayCell& array = *value->array();
     for (std::size_t i = first; i < array.size && i - first < most; ++i)
-        list.push_back(
-            {ValueText::indexesOf(array, i),
-             {text_.of(array.items[i]), recording_.isElementChanged(level, place, static_cast<std::uint32_t>(i))}});
+        list.push_back({ValueText::indexesOf(array, i), ValueTable::kindOf(array.items[i]), text_.of(array.items[i]),
+                        recording_.isElementChanged(level, place, static_cast<std::uint32_t>(i))});
     return list;
+}
+
+TraceTable::Moment TraceTable::moment(std::uint64_t row) {
+    Moment moment;
+    const auto add = [&](bool ofFunctions) {
+        for (std::size_t i = 0; i < columns_.size(); ++i) {
+            const Column& column = columns_[i];
+            std::size_t level = 0;
+            const script::Value* const value =
+                column.function.empty() == ofFunctions ? nullptr : find(row, column, level);
+            if (value == nullptr) continue;
+            const std::size_t elements = value->is(script::Type::Array) ? value->array()->size : 0;
+            moment.values.push_back({column.word, column.function, ValueTable::kindOf(*value), text_.of(*value),
+                                     recording_.isChanged(level, column.place), elements, level,
+                                     recording_.depth() - level});
+            moment.columns.push_back(i);
+        }
+    };
+    columns();
+    add(true);
+    add(false);
+    return moment;
 }
 
 std::size_t TraceTable::elementCount(std::uint64_t row, std::size_t column) {

@@ -6,6 +6,7 @@
 
 #include "library/AddLibrary.h"
 #include "platform/script/Recording.h"
+#include "runtime/host/ValueTable.h"
 #include "runtime/host/ValueText.h"
 
 #include <cstddef>
@@ -54,13 +55,17 @@ class TraceTable {
     // `columns`: by their places in columns().
     std::vector<Cell> cells(std::uint64_t row, std::span<const std::size_t> columns);
 
-    struct Element {
-        std::vector<std::uint32_t> indexes;
-        Cell cell;
-    };
     // The elements of an array from `first` on, as many as `most`, in the order of their numbers. None where there is
     // no array.
-    std::vector<Element> elements(std::uint64_t row, std::size_t column, std::size_t first, std::size_t most);
+    std::vector<ValueTable::Element> elements(std::uint64_t row, std::size_t column, std::size_t first,
+                                              std::size_t most);
+    // All variables of the procedures that were active after the row, as one who looked then would have seen them:
+    // those of the function first; and which columns they are.
+    struct Moment {
+        std::vector<ValueTable::Row> values;
+        std::vector<std::size_t> columns;
+    };
+    Moment moment(std::uint64_t row);
     std::size_t elementCount(std::uint64_t row, std::size_t column);
 
   private:

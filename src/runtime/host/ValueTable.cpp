@@ -9,19 +9,6 @@ namespace tolvan {
 namespace {
 
 using script::Type;
-using Kind = ValueTable::Kind;
-
-Kind kindOf(const script::Value& value) {
-    if (value.is(Type::Empty)) return Kind::NoValue;
-    if (value.is(Type::String)) return Kind::Text;
-    if (value.is(Type::Boolean)) return Kind::Truth;
-    if (value.is(Type::Date)) return Kind::Date;
-    if (value.is(Type::Array)) return Kind::Array;
-    const bool isNumber =
-        value.isOneOf(bits(Type::Byte, Type::Integer, Type::Long, Type::Single, Type::Double, Type::Currency));
-    return isNumber ? Kind::Number : Kind::Other;
-}
-
 // Tells two values of a variable from each other where the shown text does not: all of a text, all of an array.
 std::size_t fingerprint(const script::Value& value) {
     if (value.is(Type::String)) return std::hash<std::string_view>{}(value.view());
@@ -38,7 +25,18 @@ std::size_t fingerprint(const script::Value& value) {
 
 }  // namespace
 
-const std::vector<ValueTable::Row>& ValueTable::read() {
+ValueTable::Kind ValueTable::kindOf(const script::Value& value) {
+    if (value.is(Type::Empty)) return Kind::NoValue;
+    if (value.is(Type::String)) return Kind::Text;
+    if (value.is(Type::Boolean)) return Kind::Truth;
+    if (value.is(Type::Date)) return Kind::Date;
+    if (value.is(Type::Array)) return Kind::Array;
+    const bool isNumber =
+        value.isOneOf(bits(Type::Byte, Type::Integer, Type::Long, Type::Single, Type::Double, Type::Currency));
+    return isNumber ? Kind::Number : Kind::Other;
+}
+
+const std::vector<ValueTable::Row>& ValueTable::read(std::size_t mostLevels) {
     const script::Inspection inspection = executor_.inspect();
     rows_.clear();
     names_.clear();
@@ -47,12 +45,15 @@ const std::vector<ValueTable::Row>& ValueTable::read() {
         const auto found = program_.words.find(name);
         return found == program_.words.end() ? std::string() : found->second;
     };
-    for (std::size_t level = 0; level < inspection.depth(); ++level) {
+    const std::size_t depth = inspection.depth();
+    for (std::size_t level = 0; level < depth; ++level) {
+        if (level >= mostLevels) level = depth - 1;
         const std::string function = wordOf(inspection.procedure(level));
         for (const script::InspectedVariable& variable : inspection.variables(level)) {
-            Row row{wordOf(variable.name), function, kindOf(variable.value), text_.of(variable.value), false, 0, level};
+            Row row{wordOf(variable.name), function, kindOf(variable.value), text_.of(variable.value), false, 0, level,
+                    depth - level};
             if (row.kind == Kind::Array) row.elements = variable.value.array()->size;
-            const std::pair place(inspection.depth() - level, variable.name);
+            const std::pair place(depth - level, variable.name);
             const auto& seen = now[place] = {inspection.procedure(level) + row.text, fingerprint(variable.value)};
             const auto before = last_.find(place);
             row.isChanged = before != last_.end() ? before->second != seen : row.kind != Kind::NoValue;

@@ -33,15 +33,19 @@ class ValueTable {
         bool isChanged = false;
         std::size_t elements = 0;  // of an array
         std::size_t level = 0;     // as Inspection counts: 0 is the innermost
+        std::size_t depth = 0;     // of its procedure; 1 is the main program
     };
-    // Those of the innermost procedure first. What has changed is told against the last call.
-    const std::vector<Row>& read();
+    // Those of the innermost procedure first; of a deep recursion only so many of these, and the main program. What has
+    // changed is told against the last call.
+    const std::vector<Row>& read(std::size_t mostLevels = SIZE_MAX);
 
     struct Element {
         std::vector<std::uint32_t> indexes;
         Kind kind = Kind::NoValue;
         std::string text;
+        bool isChanged = false;  // not told of the present
     };
+    static Kind kindOf(const script::Value& value);
     // Elements of an array among the rows that were read last, from number `first` on.
     std::vector<Element> elements(std::size_t row, std::size_t first, std::size_t most) const;
 

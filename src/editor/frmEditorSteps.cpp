@@ -1,0 +1,167 @@
+// The commands of the editor that go through a running program.
+#include "editor/CommandBars.h"
+#include "editor/Commands.h"
+#include "editor/EditorStatusBar.h"
+#include "editor/SpeedSlider.h"
+#include "editor/WindowPlace.h"
+#include "editor/frmEditor.h"
+#include "editor/panes/ProgramBox.h"
+#include "editor/panes/RomanBox.h"
+#include "editor/steps/EditorSteps.h"
+#include "editor/steps/ValuePanel.h"
+#include "platform/encoding/Deva.h"
+#include "platform/settings/Settings.h"
+#include "runtime/frmExec.h"
+
+#include <QAction>
+#include <QKeyEvent>
+#include <QSplitter>
+#include <QTextBlock>
+#include <QToolBar>
+
+namespace tolvan {
+namespace {
+
+const QString section = QStringLiteral("Settings");
+const QString valuesKey = QStringLiteral("ShowValues");
+const QString speedKey = QStringLiteral("StepSpeed");
+
+constexpr std::string_view breakPointSet = "yewe wa<ba Qevla"_deva;
+constexpr std::string_view breakPointTaken = "yewla wa<ba kaFla"_deva;
+
+}  // namespace
+
+void frmEditor::setUpSteps() {
+    steps_ = std::make_unique<EditorSteps>(*txtRoman_, *txtProgram_, *values_);
+    values_->hide();
+    bars_->item("ViewValues")->setCheckable(true);
+    bars_->toolBar()->addWidget(speed_);
+    if (const int speed = settings_.GetSetting(section, speedKey).toInt(); speed > 0) speed_->setValue(speed);
+    connect(speed_, &QSlider::valueChanged, this, [this](int speed) {
+        settings_.SaveSetting(section, speedKey, QString::number(speed));
+        if (steps_->control().speed() > 0) steps_->control().setSpeed(speed);
+    });
+    connect(steps_.get(), &EditorSteps::moved, this, &frmEditor::stepsMoved);
+    connect(steps_.get(), &EditorSteps::phaseChanged, this, &frmEditor::stepsPhaseChanged);
+    connect(values_, &ValuePanel::closed, this, &frmEditor::ViewValues);
+}
+
+void frmEditor::runChanged() {
+    txtRoman_->setLocked(isRunning());
+    areTogether_ = areTogether_ && isRunning();
+    enableCommands();
+}
+
+// What would change the text is greyed while a program runs.
+void frmEditor::enableCommands() {
+    const bool isStanding = steps_->phase() == EditorSteps::Phase::Standing;
+    const bool isOnTheWay = state_.run.IsRunning() && !isStanding;
+    for (const Menu& menu : editorMenus())
+        for (const MenuItem& item : menu.items)
+            if (item.whileRunning == WhileRunning::Greyed) bars_->setEnabled(item.key, !isRunning());
+    bars_->setEnabled("EditUndo", !isRunning() && txtRoman_->document()->isUndoAvailable());
+    bars_->setEnabled("EditRedo", !isRunning() && txtRoman_->document()->isRedoAvailable());
+    bars_->setEnabled("RunStart", !state_.run.IsRunning());
+    bars_->setEnabled("RunEnd", state_.run.IsRunning());
+    bars_->setEnabled("RunGoOn", isStanding || (isOnTheWay && steps_->isSlow()));
+    bars_->setEnabled("RunPause", isOnTheWay);
+    for (const char* key : {"RunStepInto", "RunToHere", "RunSlowly"})
+        bars_->setEnabled(key, !isRunning() || isStanding);
+    bars_->setEnabled("RunSlowly", !isRunning() || state_.run.IsRunning());
+    for (const char* key : {"RunStepOver", "RunStepOut"}) bars_->setEnabled(key, isStanding);
+    bars_->setKeys(isRunning(), isStanding);
+}
+
+void frmEditor::RunStart() {
+    if (isRunning()) return;
+    steps_->control().setSpeed(0);
+    steps_->control().goOn();  // not to a line, as a command said whose run did not begin
+    startRun();
+}
+
+// At full speed, and with the keyboard in the program's window: it may read keys.
+void frmEditor::RunGoOn() {
+    steps_->control().setSpeed(0);
+    steps_->control().goOn();
+    if (isRunning() && console_) console_->activateWindow();
+    enableCommands();
+}
+
+void frmEditor::RunPause() {
+    steps_->control().pause();
+}
+
+void frmEditor::RunStepInto() {
+    steps_->control().setSpeed(0);
+    steps_->control().stepInto();
+    startRun();
+}
+
+void frmEditor::RunStepOver() {
+    steps_->control().setSpeed(0);
+    steps_->control().stepOver();
+}
+
+void frmEditor::RunStepOut() {
+    steps_->control().setSpeed(0);
+    steps_->control().stepOut();
+}
+
+void frmEditor::RunToHere() {
+    steps_->control().setSpeed(0);
+    steps_->control().runTo(txtRoman_->currentLine());
+    startRun();
+}
+
+void frmEditor::RunSlowly() {
+    steps_->control().setSpeed(speed_->value());
+    steps_->control().goOn();
+    startRun();
+    enableCommands();
+}
+
+void frmEditor::RunBreakPoint() {
+    const bool isSet = steps_->breakPoints().toggle(txtRoman_->currentLine());
+    statusBar_->showMessage(isSet ? breakPointSet : breakPointTaken);
+    timer1_.start();
+}
+
+void frmEditor::ViewValues() {
+    const bool shown = values_->isHidden();
+    settings_.SaveSetting(section, valuesKey, settingText(shown));
+    showValues(shown);
+}
+
+void frmEditor::showValues(bool shown) {
+    values_->setVisible(shown);
+    if (shown) work_->setSizes({3000, 2000});  // shared out in this proportion
+    bars_->item("ViewValues")->setChecked(shown);
+}
+
+// The program is seen at a line.
+void frmEditor::stepsMoved() {
+    if (!isRunning()) return;
+    if (!areTogether_) showWindowsTogether();
+    if (steps_->control().state() != StepControl::State::Standing) return;
+    if (!isActiveWindow()) bringBack();
+    const QTextBlock line = txtRoman_->document()->findBlockByNumber(steps_->control().line() - 1);
+    if (line.isValid()) txtRoman_->setTextCursor(QTextCursor(line));
+}
+
+void frmEditor::showWindowsTogether() {
+    areTogether_ = true;
+    placeTogether(*this, *console_);
+    if (readSetting(settings_.GetSetting(section, valuesKey), true)) showValues(true);
+}
+
+void frmEditor::stepsPhaseChanged() {
+    enableCommands();
+    Timer1_Tick();
+}
+
+bool frmEditor::takesRunKey(const QKeyEvent& key) {
+    const QByteArray command = bars_->commandOf(QKeySequence(key.keyCombination()));
+    return command.startsWith("Run") && TopMenu_UserCommand(command);
+}
+
+}  // namespace tolvan
