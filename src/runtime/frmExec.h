@@ -50,6 +50,7 @@ class frmExec : public QWidget, public ConsoleOperations {
     void setSteps(StepControl* steps);
     // Of the running program, to look into it while it calls the console.
     script::Executor& executor() { return executor_; }
+    bool mayLook() const { return !parentForm_.isWithinStatement(); }
     // From now on until the end of the run everything that the program does is recorded, and what it does to the
     // console is kept. Once in a run; the recording must outlive that.
     void record(script::Recording& recording);

@@ -132,10 +132,10 @@ void EditorSteps::showLine(int line) {
 }
 
 void EditorSteps::showValues() {
-    if (moment_ || !values_ || !panel_.isVisible()) return;
+    if (moment_ || !values_ || !panel_.isVisible() || !mayLook()) return;
     ValueModel::Source source;
     source.elements = [this](std::size_t row, std::size_t first, std::size_t most) {
-        return values_ ? values_->elements(row, first, most) : std::vector<ValueTable::Element>();
+        return values_ && mayLook() ? values_->elements(row, first, most) : std::vector<ValueTable::Element>();
     };
     if (control_.state() == StepControl::State::Standing)
         source.assign = [this](std::size_t row, const std::vector<std::uint32_t>& indexes, std::string_view roman) {
@@ -160,7 +160,7 @@ void EditorSteps::showMoment(std::optional<std::uint64_t> row) {
     console_->showMoment(table->callsAfter(*row));
     panel_.setTitle(std::string(lineText) + std::to_string(line) + std::string(valuesAfter));
     panel_.model().show(shown_.values, {[this, at = *row](std::size_t place, std::size_t first, std::size_t most) {
-                                            return isRecorded_ && at >= trace_->firstRow() &&
+                                            return trace() != nullptr && at >= trace_->firstRow() &&
                                                            place < shown_.columns.size()
                                                        ? trace_->elements(at, shown_.columns[place], first, most)
                                                        : std::vector<ValueTable::Element>();
@@ -181,7 +181,7 @@ bool EditorSteps::eventFilter(QObject* watched, QEvent* event) {
 std::optional<std::string> EditorSteps::valueOf(std::string_view word) {
     if (panel_.model().isConcealed()) return std::nullopt;
     if (!moment_ && values_) {
-        if (control_.state() == StepControl::State::Off) return std::nullopt;
+        if (control_.state() == StepControl::State::Off || !mayLook()) return std::nullopt;
         std::string text = values_->textOf(word);
         return text.empty() ? std::nullopt : std::optional(std::move(text));
     }

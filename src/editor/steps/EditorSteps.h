@@ -45,8 +45,9 @@ class EditorSteps : public QObject {
 
     // Recording from the first line on, in the runs that begin from now on.
     void setRecordAll(bool all) { recordsAll_ = all; }
-    // Of the run that is under way, or of the last one; null where nothing was recorded.
-    TraceTable* trace() { return isRecorded_ ? trace_.get() : nullptr; }
+    // Of the run that is under way, or of the last one; null where nothing was recorded, or
+    // while the program cannot be looked into.
+    TraceTable* trace() { return isRecorded_ && mayLook() ? trace_.get() : nullptr; }
     // What was run.
     const RunnableProgram& program() const { return program_; }
 
@@ -70,6 +71,7 @@ class EditorSteps : public QObject {
   private:
     void stateChanged();
     void setPhase(Phase phase);
+    bool mayLook() const { return !console_ || console_->mayLook(); }
     void startRecording();
     void showHere();
     void showValues();

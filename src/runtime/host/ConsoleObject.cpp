@@ -172,7 +172,9 @@ Value ConsoleObject::clearScreen(Arguments&) {
 }
 
 bool ConsoleObject::mayGoOn() {
+    isWithinStatement_ = true;
     const bool goesOn = throttle_.poll();
+    isWithinStatement_ = false;
     throttle_.lookSoon();
     if (!goesOn) throttle_.mustAsk();
     return goesOn;

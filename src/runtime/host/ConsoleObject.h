@@ -39,6 +39,10 @@ class ConsoleObject : public script::HostObject {
     // Who goes through the program line by line; null: nobody. Must outlive its use.
     void setSteps(StepControl* steps) { steps_ = steps; }
 
+    // Whether the program is in the middle of a statement that takes long, and not in a call of the console: nobody may
+    // look into it then.
+    bool isWithinStatement() const { return isWithinStatement_; }
+
     // Before a run: closes the file that an earlier run left open.
     void reset();
 
@@ -87,6 +91,7 @@ class ConsoleObject : public script::HostObject {
     Trace trace_;
     std::uint64_t callCount_ = 0;
     StepControl* steps_ = nullptr;
+    bool isWithinStatement_ = false;
 };
 
 }  // namespace tolvan
