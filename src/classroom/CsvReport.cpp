@@ -1,5 +1,5 @@
+#include "classroom/ReportTexts.h"
 #include "classroom/Reports.h"
-#include "classroom/Texts.h"
 
 namespace tolvan::classroom {
 namespace {
@@ -8,7 +8,7 @@ namespace {
 std::string cell(const std::string& text) {
     constexpr std::string_view formulas = "=+-@\t\r";
     const bool isFormula = !text.empty() && formulas.find(text[0]) != std::string_view::npos;
-    const std::string safe = isFormula ? "'" + text : text;
+    std::string safe = isFormula ? "'" + text : text;
     if (safe.find_first_of(",\"\r\n") == std::string::npos) return safe;
     std::string quoted = "\"";
     for (const char c : safe) quoted.append(c == '"' ? 2U : 1U, c);

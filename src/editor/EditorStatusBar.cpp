@@ -98,8 +98,8 @@ void EditorStatusBar::showMessage(std::string_view text) {
 
 void EditorStatusBar::showRefused(std::u32string_view characters) {
     constexpr std::size_t most = 20;
-    const QString shown =
-        QString::fromUcs4(characters.data(), static_cast<qsizetype>(std::min(characters.size(), most)));
+    characters = characters.substr(0, most);
+    const QString shown = QString::fromUcs4(characters.data(), static_cast<qsizetype>(characters.size()));
     message_->setTextFormat(Qt::RichText);
     message_->setText(QStringLiteral("%1 <span style=\"font-family: '%2'\">%3</span>")
                           .arg(toQString("he #we ilihta yet nahI"_deva).toHtmlEscaped(),

@@ -50,7 +50,7 @@ QString askSaveFile(const FileRequest& request) {
 }
 
 QString startFolder() {
-    const QString application = QCoreApplication::applicationDirPath();
+    QString application = QCoreApplication::applicationDirPath();
     if (QFileInfo(application).isWritable()) return application;
     // A fresh account may have no such folder yet; the dialog would propose its name for the file.
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);

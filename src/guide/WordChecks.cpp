@@ -101,7 +101,7 @@ void checkStart(const Program& program, std::size_t number, std::size_t start, R
     report.add(number, word, sentence(texts::unknownCommand, {typed}), std::move(corrections));
 }
 
-// Where the comparison begins: behind the last word that parts conditions.
+// Where the comparison begins: after the last word that parts conditions.
 std::size_t startOfComparison(const Line& line, std::size_t word) {
     while (word > 0) {
         const Word& before = line.words[word - 1];
@@ -125,6 +125,7 @@ void find::misspelt(const Reading& reading, Report& report) {
         const NameUse* use = program.use(word.glyphs);
         if (use != nullptr && use->isSet()) continue;
         std::vector<Correction> corrections;
+        corrections.reserve(unknown.suggestion.words.size());
         for (const std::string& other : unknown.suggestion.words)
             corrections.push_back(replaceWord(unknown.line, word, other, unknown.suggestion.sure));
         const std::string_view typed = line.romanOf(word);

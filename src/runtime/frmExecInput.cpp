@@ -30,7 +30,7 @@ bool frmExec::inputIsVisible() const {
 std::optional<std::string> frmExec::InputString() {
     beginInput();
     while (inputIsVisible() && run_.IsRunning()) QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-    const std::string value = inputValue(inputBox_->roman());
+    std::string value = inputValue(inputBox_->roman());
     endInput();
     if (!run_.IsRunning()) return std::nullopt;
     if (log_.isKept()) keep({.kind = ConsoleLog::Kind::Input, .text = value});

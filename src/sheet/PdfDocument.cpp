@@ -55,7 +55,7 @@ QByteArray fileOf(const QRawFont& font) {
     put(head, static_cast<quint16>(tables.size()));
     for (int unused = 0; unused < 3; ++unused) put(head, quint16{0});
     QByteArray body;
-    const auto start = static_cast<qsizetype>(12 + 16 * tables.size());
+    const qsizetype start = 12 + 16 * std::ssize(tables);
     for (const auto& [tag, table] : tables) {
         head += tag;
         put(head, quint32{0});  // a sum that readers of PDF do not look at

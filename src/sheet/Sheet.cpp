@@ -238,9 +238,9 @@ void SheetWriter::numberPages() {
     const int last = document_.pages();
     for (int page = firstPage_; page <= last; ++page) {
         StyledText text = marathi("पान ");
-        text.append(digits(static_cast<std::size_t>(page - firstPage_ + 1)));
+        text.append(digits(static_cast<std::size_t>(page - firstPage_) + 1));
         text.append(" / ", Font::Latin);
-        text.append(digits(static_cast<std::size_t>(last - firstPage_ + 1)));
+        text.append(digits(static_cast<std::size_t>(last - firstPage_) + 1));
         document_.setPage(page);
         document_.drawText({margin + textWidth - document_.width(text, smallSize), 842 - margin}, text, smallSize, dim);
     }

@@ -345,7 +345,8 @@ void RomanBox::unindentLines() {
 // Without selected lines Tab indents and Shift+Tab leaves the box.
 bool RomanBox::focusNextPrevChild(bool next) {
     if (!next && selectsLines() && !isLocked()) return false;
-    return next ? TextPane::focusNextPrevChild(next) : QWidget::focusNextPrevChild(next);
+    if (next) return TextPane::focusNextPrevChild(next);
+    return QWidget::focusNextPrevChild(next);  // NOLINT(bugprone-parent-virtual-call): QPlainTextEdit stays in the text
 }
 
 void RomanBox::applyFonts(const PaneFonts& fonts) {

@@ -241,6 +241,7 @@ std::vector<std::size_t> searchHelp(const std::vector<HelpTopic>& topics, std::s
         if (const Rank rank = rankOf(topics[i], needle); rank != Nowhere) found.emplace_back(rank, i);
     std::sort(found.begin(), found.end());
     std::vector<std::size_t> numbers;
+    numbers.reserve(found.size());
     for (const auto& [rank, number] : found) numbers.push_back(number);
     return numbers;
 }
