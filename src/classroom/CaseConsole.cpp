@@ -41,7 +41,8 @@ CaseConsole::CaseConsole(const CaseInput& input, std::uint64_t outputBytes, std:
       result_(result) {
     timeIsOver = 0;
     std::signal(SIGPROF, [](int) {
-        if (timeIsOver != 0) std::signal(SIGPROF, SIG_DFL);  // it does not ask: the next one ends it
+        if (timeIsOver != 0)
+            std::signal(SIGPROF, SIG_DFL);  // it never looks whether it is late: the next signal ends it
         timeIsOver = 1;
     });
 }
@@ -58,7 +59,7 @@ void CaseConsole::tell(Told what, std::string_view text) {
     if (waiting_.size() > pieceSize) flush();
 }
 
-// Nobody is left to be told where it cannot be written.
+// Where nobody reads the pipe any more, there is nobody to tell it to.
 void CaseConsole::flush() {
     if (result_.write(waiting_) != 0) ::_exit(1);
     waiting_.clear();

@@ -193,7 +193,7 @@ void Checker::addPoints(HandInResult& result) const {
         if (result.cases[i].verdict == Verdict::Right) result.points += task_.cases[i].points;
 }
 
-// Whether its process has come to its end, by itself or because it was time.
+// Reads on; true when the process of the job has ended, or has to be ended since it is late or tells too much.
 bool Checker::advance(Job& job, bool hasResult) {
     const bool mayTellMore = !hasResult || job.child.read();
     const std::size_t most = job.examined ? mostResult(task_.options.limits) : mostExamination;
@@ -210,6 +210,7 @@ void Checker::runAll(std::vector<Job>& waiting, const std::function<void(Job&)>&
             startNext(*running.back());
         }
         std::vector<pollfd> results;
+        results.reserve(running.size());
         for (const auto& job : running) results.push_back({job->child.descriptor(), POLLIN, 0});
         static_cast<void>(::poll(results.data(), results.size(), 50));
         for (std::size_t i = running.size(); i-- > 0;) {
@@ -237,7 +238,7 @@ ClassResult Checker::check(const std::vector<HandIn>& handIns) {
         ++checked;
         if (options_.progress) options_.progress(checked);
     };
-    // The last first, so that the first is the first to be checked.
+    // From the last to the first, since runAll begins with the last of the jobs.
     for (std::size_t place = handIns.size(); place-- > 0 && !mustStop();) {
         HandInContent content = readHandIn(handIns[place]);
         std::optional<HandInResult> known;

@@ -24,7 +24,7 @@ void closeAllFrom(unsigned first) {
     for (long number = static_cast<long>(first); number < most; ++number) ::close(static_cast<int>(number));
 }
 
-// Nothing of the parent but the pipe, which becomes `resultNumber`.
+// Closes whatever the parent has open, but for the pipe, which gets the number `resultNumber`.
 void leaveParentsFiles(int result) {
     if (result != resultNumber) ::dup2(result, resultNumber);
     ::fcntl(resultNumber, F_SETFD, 0);
@@ -45,7 +45,7 @@ void dieWithParent(pid_t parent) {
     ::setsid();
     for (const int number : {SIGINT, SIGTERM, SIGPIPE, SIGHUP, SIGALRM}) std::signal(number, SIG_DFL);
     leaveParentsFiles(result);
-    ::tzset();  // reads a file
+    ::tzset();  // reads a file, which it could not once it is confined
     if (::chdir(folder.c_str()) != 0) ::_exit(1);
     limitProcess(limits);
     confineProcess(folder);

@@ -40,7 +40,8 @@ std::string utf8Of(std::u32string_view characters) {
     return utf8;
 }
 
-// Both spellings of candra e are one; joiners are not seen.
+// Appends a character as normal form C has it. Joiners cannot be seen and are left out, and of the two characters for
+// candra e one is taken.
 void appendComposed(char32_t c, std::u32string& text) {
     if (c == devanagari::joiner || c == devanagari::nonJoiner) return;
     if (c == U'ऍ') c = U'ॲ';
@@ -80,7 +81,8 @@ std::u32string withSpaces(std::u32string_view text, Exactness::Spaces spaces) {
     return kept;
 }
 
-// What of a line counts; equal lines have equal keys, unless digits after the point are cut.
+// What of a line is compared: lines that count as equal have equal keys. Only where some digits after the point count,
+// different keys may be equal, too.
 std::u32string keyOf(std::string_view line, const Exactness& exactness) {
     std::u32string key = withSpaces(composed(line), exactness.spaces);
     if (exactness.sameNumerals) std::transform(key.begin(), key.end(), key.begin(), latinDigit);
@@ -187,17 +189,17 @@ void showLine(std::string_view expectedLine, std::string_view printedLine, const
     const std::size_t shorter = std::min(expected.size(), printed.size());
     std::size_t same = 0;
     while (same < shorter && equal(expected[same], printed[same])) ++same;
-    std::size_t behind = 0;
-    while (behind < shorter - same &&
-           equal(expected[expected.size() - 1 - behind], printed[printed.size() - 1 - behind]))
-        ++behind;
+    std::size_t sameEnd = 0;
+    while (sameEnd < shorter - same &&
+           equal(expected[expected.size() - 1 - sameEnd], printed[printed.size() - 1 - sameEnd]))
+        ++sameEnd;
     difference.reason = reasonOf(expected, printed);
     if (difference.reason == Difference::Reason::Blanks) {
         difference.expectedBlanks = blanksAt(expected, same);
         difference.printedBlanks = blanksAt(printed, same);
     }
-    difference.expected = excerptOf(expected, same, behind);
-    difference.printed = excerptOf(printed, same, behind);
+    difference.expected = excerptOf(expected, same, sameEnd);
+    difference.printed = excerptOf(printed, same, sameEnd);
 }
 
 using Keys = std::vector<std::u32string>;

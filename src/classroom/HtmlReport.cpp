@@ -1,7 +1,7 @@
 #include "classroom/HtmlParts.h"
 #include "classroom/PictureSvg.h"
+#include "classroom/ReportTexts.h"
 #include "classroom/Reports.h"
-#include "classroom/Texts.h"
 
 #include <algorithm>
 #include <array>

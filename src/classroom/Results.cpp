@@ -87,7 +87,7 @@ PrintedExcerpt excerptOf(std::vector<PrintedLine> printed) {
 
 Screen screenOf(const Picture& picture, const std::vector<PrintedLine>& printed, std::size_t shown) {
     constexpr std::size_t mostFigures = 1500;
-    constexpr std::size_t mostLines = 15;  // that the display holds
+    constexpr std::size_t mostLines = 15;  // the display shows no more
     Screen screen;
     if (picture.empty()) return screen;
     const std::vector<Figure>& figures = picture.figures();

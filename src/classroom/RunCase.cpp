@@ -70,7 +70,8 @@ CaseRun::End endOf(const script::ErrorReport& report, const CaseConsole& console
     if (console.isLate()) return CaseRun::End::Time;
     if (report.number == 0 || console.isStopped()) return CaseRun::End::Ended;
     if (report.number == script::errors::outOfMemory) return CaseRun::End::Memory;
-    // In its own folder nothing else refuses a file than what keeps the program there.
+    // The program has a folder that it may write: a file is refused only where it lies outside, or the limit is
+    // reached.
     if (report.number == script::errors::diskFull || report.number == script::errors::permissionDenied)
         return CaseRun::End::Files;
     return CaseRun::End::Error;
@@ -165,7 +166,7 @@ CaseRun readCaseRun(std::string_view result, int signal) {
 }
 
 std::size_t mostResult(const CaseLimits& limits) {
-    // A letter of the font is three bytes of Unicode at least, and a line's frame has sixteen bytes.
+    // One printed byte may be a whole conjunct in UTF-8, and the shortest line, of one byte, has a frame of 16 more.
     return mostPicture + static_cast<std::size_t>(limits.outputBytes) * 20;
 }
 

@@ -21,7 +21,7 @@
 namespace tolvan::classroom {
 namespace {
 
-// Rights on files that newer kernels than the headers know, by the version of Landlock that has them.
+// Rights on files that the headers of Debian 12 do not name yet, with the version of Landlock that brought them.
 constexpr std::uint64_t referRight = 1ULL << 13;     // version 2
 constexpr std::uint64_t truncateRight = 1ULL << 14;  // 3
 constexpr std::uint64_t deviceRight = 1ULL << 15;    // 5
@@ -32,14 +32,14 @@ constexpr std::uint64_t socketsAndSignals = 3;  // to other processes; version 6
 constexpr std::uint64_t rightsInFolder = LANDLOCK_ACCESS_FS_READ_FILE | LANDLOCK_ACCESS_FS_READ_DIR |
                                          LANDLOCK_ACCESS_FS_WRITE_FILE | LANDLOCK_ACCESS_FS_MAKE_REG | truncateRight;
 
-// As the kernel reads it; it takes the beginning that it knows.
+// What the kernel is given; an older kernel gets only the first members, see sizeOfRuleset.
 struct Ruleset {
     std::uint64_t files = 0;
     std::uint64_t network = 0;
     std::uint64_t scopes = 0;
 };
 
-// 0 where there is none.
+// 0 where the kernel has no Landlock.
 long landlockVersion() {
     const long version = ::syscall(SYS_landlock_create_ruleset, nullptr, 0, LANDLOCK_CREATE_RULESET_VERSION);
     return version > 0 ? version : 0;

@@ -1,5 +1,5 @@
+#include "classroom/ReportTexts.h"
 #include "classroom/Reports.h"
-#include "classroom/Texts.h"
 #include "platform/encoding/Unicode.h"
 #include "platform/encoding/Utf8.h"
 

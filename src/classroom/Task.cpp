@@ -59,7 +59,7 @@ bool comesBefore(const std::string& a, const std::string& b) {
     return a < b;
 }
 
-// The options without what they say of the cases that are not open.
+// The text of task.ini for pupils: without the sections of cases that are not open to them.
 std::string openOptions(const Task& task) {
     std::string kept = "title = " + task.title + "\n";
     bool keeps = true;

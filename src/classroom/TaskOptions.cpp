@@ -59,8 +59,8 @@ using Options = TaskOptions;
 
 struct Key {
     std::string_view name;
-    std::string_view values;  // for the teacher
-    // False for what is no value.
+    std::string_view values;  // what may be given, for the message to the teacher
+    // False for what is no such value.
     bool (*set)(Options&, std::string_view value);
 };
 

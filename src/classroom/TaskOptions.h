@@ -56,7 +56,7 @@ struct TaskOptions {
 // Throws Problem for what is no option or no value of one, with its line.
 TaskOptions readTaskOptions(std::string_view text);
 
-// "64K", "10M" and "1G" are bytes, too. Nothing for what is none.
+// A number of bytes, also as "64K", "10M" or "1G". Nothing for any other text.
 std::optional<std::uint64_t> readByteCount(std::string_view text);
 
 }  // namespace tolvan::classroom

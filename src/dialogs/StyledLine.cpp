@@ -60,7 +60,7 @@ ControlText controlText(StyledView text, const QString& name) {
     return result;
 }
 
-// A format behind the others adds to them.
+// A format after the others adds to them.
 void embolden(ControlText& text, std::size_t start, std::size_t length) {
     QTextCharFormat bold;
     bold.setFontWeight(QFont::Bold);

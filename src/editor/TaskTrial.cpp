@@ -1,7 +1,7 @@
 #include "editor/TaskTrial.h"
 
 #include "classroom/Checker.h"
-#include "classroom/Texts.h"
+#include "classroom/ReportTexts.h"
 #include "editor/DocumentMessages.h"
 #include "platform/encoding/Unicode.h"
 #include "platform/encoding/Utf8.h"

@@ -72,9 +72,9 @@ std::size_t placeOfEnd(const Program& program, const BlockFault& fault) {
 
 // With the empty lines in which its next line may be typed.
 std::size_t lastLineOf(const Program& program, const BlockFault& fault) {
-    std::size_t behind = placeOfEnd(program, fault);
-    while (behind < fault.limit && program.line(behind).words.empty()) ++behind;
-    return behind - 1;
+    std::size_t next = placeOfEnd(program, fault);
+    while (next < fault.limit && program.line(next).words.empty()) ++next;
+    return next - 1;
 }
 
 Correction putEnd(const Program& program, const BlockFault& fault) {
@@ -116,15 +116,15 @@ void missingIn(const Line& line, std::size_t number, const Sentence& sentenceFor
         const std::string_view word = sentenceForm.needed[i];
         if (word.empty() || findOneOf(line, word) != nullptr) continue;
         const std::string_view first = word.substr(0, word.find('/'));
-        const Word* behind = nullptr;  // the next needed word that is there
-        for (std::size_t j = i + 1; j < sentenceForm.needed.size() && behind == nullptr; ++j)
-            if (!sentenceForm.needed[j].empty()) behind = findOneOf(line, sentenceForm.needed[j]);
+        const Word* following = nullptr;  // the next needed word that is there
+        for (std::size_t j = i + 1; j < sentenceForm.needed.size() && following == nullptr; ++j)
+            if (!sentenceForm.needed[j].empty()) following = findOneOf(line, sentenceForm.needed[j]);
         std::vector<Correction> corrections;
-        if (behind != nullptr && (behind->is("kADh") || behind->is("Akh")))
-            corrections.push_back(insertAt(number, behind->roman.from, std::string(first) + " ", true));
-        else if (behind == nullptr)
+        if (following != nullptr && (following->is("kADh") || following->is("Akh")))
+            corrections.push_back(insertAt(number, following->roman.from, std::string(first) + " ", true));
+        else if (following == nullptr)
             corrections.push_back(insertAt(number, line.words.back().roman.to, " " + std::string(first), true));
-        const Word& place = behind != nullptr ? *behind : line.words.back();
+        const Word& place = following != nullptr ? *following : line.words.back();
         return report.add(number, place, sentence(texts::missingWord, {shown(first)}), std::move(corrections));
     }
     // In front of a colour the radius needs its second word.

@@ -12,7 +12,7 @@
 
 namespace tolvan::guide {
 
-// Columns of a line, from 0; `to` is the first one behind.
+// Columns of a line, from 0; `to` is the first one after them.
 struct Columns {
     std::size_t from = 0;
     std::size_t to = 0;

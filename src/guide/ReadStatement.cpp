@@ -89,9 +89,9 @@ class StatementReader {
     // The variable stands before its word; where that is missing, at the start.
     void readLoop() {
         const auto loop = std::find_if(words_.begin(), words_.end(), [](const Word& word) { return word.is("sAThI"); });
-        const std::size_t behind = loop == words_.end() ? 1 : static_cast<std::size_t>(loop - words_.begin());
+        const std::size_t firstRead = loop == words_.end() ? 1 : static_cast<std::size_t>(loop - words_.begin());
         for (std::size_t i = 0; i < words_.size(); ++i)
-            if (isName(i)) (i < behind ? statement_.sets : statement_.reads).push_back(i);
+            if (isName(i)) (i < firstRead ? statement_.sets : statement_.reads).push_back(i);
     }
 
     // One simple statement or, around the words of a condition and after colons, several.

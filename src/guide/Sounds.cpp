@@ -145,11 +145,11 @@ constexpr auto spreads = std::to_array<Spread>({
 double dropping(const Sounds& sounds, std::size_t position) {
     const unsigned char sound = sounds[position];
     const unsigned char before = position > 0 ? sounds[position - 1] : firstOtherCharacter;
-    const unsigned char behind = position + 1 < sounds.size() ? sounds[position + 1] : firstOtherCharacter;
+    const unsigned char next = position + 1 < sounds.size() ? sounds[position + 1] : firstOtherCharacter;
     if (isConsonantCode(sound) && sound == before) return 0.1;
     if (sound == code(Sound::Virama)) return 0.2;
     const bool between = (isConsonantCode(before) || before == code(Sound::Anusvara)) &&
-                         (isConsonantCode(behind) || behind == code(Sound::Anusvara));
+                         (isConsonantCode(next) || next == code(Sound::Anusvara));
     if (sound == code(Sound::A) && position > 0 && position + 1 == sounds.size()) return 0;
     if (sound == code(Sound::A) && between) return 0.2;
     if (sound == code(Sound::Anusvara) || sound == code(Sound::Visarga) || sound == code(Sound::Ha)) return 0.4;

@@ -10,7 +10,7 @@ namespace {
 // The lines around a line that make it a whole.
 struct Frame {
     std::string_view before;
-    std::string_view behind;
+    std::string_view after;
 };
 
 Frame frameOf(Role role) {
@@ -60,7 +60,7 @@ int syntaxError(const Line& line) {
         statement.append(" ", Font::Latin);
         const Frame frame = frameOf(line.statement.role);
         std::string module(frame.before);
-        module.append(Translator().TranslateLine(statement)).append(frame.behind);
+        module.append(Translator().TranslateLine(statement)).append(frame.after);
         line.checkedSyntax = parse(module);
     }
     return *line.checkedSyntax;

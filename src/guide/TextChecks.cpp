@@ -125,12 +125,12 @@ void checkWords(const Line& line, std::size_t number, Report& report) {
     if (kind == right && !head) {
         if (commentAt == std::string::npos) return;
         const bool own = commentAt == 0 || IsSeparator(whole[commentAt - 1], line.program.font(commentAt - 1));
-        const std::size_t behind = commentAt + words::comment.size();
-        const bool ends = behind == whole.size() || IsSeparator(whole[behind], line.program.font(behind));
+        const std::size_t end = commentAt + words::comment.size();
+        const bool ends = end == whole.size() || IsSeparator(whole[end], line.program.font(end));
         if (own && ends) return;
         std::string_view name = line.slice(*line.comment);
         name = name.substr(0, name.find(' '));
-        return report.add(number, {line.comment->from, line.comment->from + name.size()}, {commentAt, behind},
+        return report.add(number, {line.comment->from, line.comment->from + name.size()}, {commentAt, end},
                           sentence(texts::commentInName, {shown(name)}));
     }
     const bool inComment =

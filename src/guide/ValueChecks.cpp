@@ -173,8 +173,8 @@ bool beginsOperand(const Word& word) {
 const Word* findLonely(const Line& line) {
     for (std::size_t i = 0; i < line.words.size(); ++i) {
         if (!isOperator(line.words[i])) continue;
-        const bool behind = i + 1 < line.words.size() && beginsOperand(line.words[i + 1]);
-        if (!behind) return &line.words[i];
+        const bool hasRight = i + 1 < line.words.size() && beginsOperand(line.words[i + 1]);
+        if (!hasRight) return &line.words[i];
     }
     return nullptr;
 }

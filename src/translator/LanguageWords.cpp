@@ -34,7 +34,7 @@ constexpr auto table = std::to_array<LanguageWord>({
     {"paryaMt", "mojaNI regh kiMvA Ayat ithe saMpate", "counted loop, line, box: as far as"},
     {"puDhachA", "mojaNIchA puDhachA aMk ghyA", "next"},
     {"jovar", "aT kharI ase paryaMt punhA punhA chAlavA", "while"},
-    {"tovar", "jovar naMtarachyA aTIchA shevaT", "behind the condition of while"},
+    {"tovar", "jovar naMtarachyA aTIchA shevaT", "after the condition of while"},
     {"kar", "jovarache Avartan ithe saMpate", "end of while"},
     {"thAMb", "prAyojan thAMbavA", "stop"},
     {"suchanA", "vAchakAsAThI TIp jI chAlavalI jAt nAhI", "comment", "sUchanA"},

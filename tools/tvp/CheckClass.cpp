@@ -1,8 +1,8 @@
 #include "tvp/CheckClass.h"
 
 #include "classroom/Checker.h"
+#include "classroom/ReportTexts.h"
 #include "classroom/Reports.h"
-#include "classroom/Texts.h"
 #include "platform/files/ReplaceFile.h"
 
 #include <csignal>

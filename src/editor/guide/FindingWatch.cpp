@@ -11,7 +11,7 @@ namespace {
 
 using namespace std::chrono_literals;
 
-constexpr auto pause = 300ms;  // behind the last key
+constexpr auto pause = 300ms;  // after the last key
 
 }  // namespace
 
@@ -51,7 +51,7 @@ void FindingWatch::textChanged() {
     show();
 }
 
-// So many lines were put in behind `changed`, or taken away.
+// So many lines were put in after `changed`, or taken away.
 void FindingWatch::move(guide::Finding& finding, int changed, int more) {
     const auto moved = [more](std::size_t line) {
         return static_cast<std::size_t>(std::max(1, static_cast<int>(line) + more));

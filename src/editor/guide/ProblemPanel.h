@@ -27,7 +27,7 @@ class ProblemPanel : public QWidget {
     // Above the findings, until it is taken away with nothing.
     void setRunFailure(const std::optional<guide::RunFailure>& failure);
 
-    // Goes to the one chosen, or from it to the next one, the first again behind the last. False if there is none.
+    // Goes to the one chosen, or from it to the next one, the first again after the last. False if there is none.
     bool chooseNext();
 
     // Chooses that of the line, if another line's is chosen. For the caret's line.

@@ -34,7 +34,7 @@ class RomanBox : public TextPane {
 
     std::string selectedText() const;
 
-    // The letters at the caret, before and behind it.
+    // The letters at the caret, before and after it.
     std::string wordAtCaret() const;
 
     // Replaces the selection. Tabs in the new text become blanks up to the next multiple of six.

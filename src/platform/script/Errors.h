@@ -53,10 +53,10 @@ namespace tolvan::script {
     X(pathAccess, 75, "Path/File access error") \
     X(pathNotFound, 76, "Path not found")
 
-// Found in the text of a module before anything of it runs. TooBig: also nested too deep, or with too many names or
-// arguments. (A translated program whose poll finds it stopped raises 1001, too; a host tells the two apart by its own
-// state, since a module that is too big does not run.) Of the documented numbers the language never has a use for 1003 (':'), 1027 (a statement may end where
-// While and Until are expected: 1028), 1034 (comments end with their line) and 1043 (every argument can be assigned to).
+// Found in the text of a module before anything of it runs. TooBig: also nested too deep, or too many names or arguments.
+// (A translated program that was stopped raises 1001, too: its host knows by its own state.) Of the documented numbers
+// these have no use: 1003 (':'), 1027 (a statement may end where While and Until are expected: 1028), 1034 (comments end
+// with their line) and 1043 (every argument can be assigned to).
 #define TOLVAN_SYNTAX_ERRORS(X) \
     X(OutsideWith, 505, "Invalid or unqualified reference") \
     X(TooBig, 1001, "Out of memory") \

@@ -63,7 +63,7 @@ bool beginsSpelling(std::string_view letters) {
 
 using NeighbourTable = std::array<std::array<Neighbours, soundCount>, soundCount>;
 
-// Of two sounds, the first and the one behind it.
+// Of two sounds, the first and the one after it.
 Neighbours neighboursOf(Sound first, Sound second) {
     static const NeighbourTable table = [] {
         NeighbourTable made{};

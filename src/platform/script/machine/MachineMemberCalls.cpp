@@ -48,7 +48,7 @@ void Machine::putHost(const HostMember& member, Value* base, std::uint32_t count
     clearArguments(base, count + 1);
 }
 
-// Tells the recorder, as the quick poll does. The frame's pc is behind the instruction.
+// Tells the recorder, as the quick poll does. The frame's pc is after the instruction.
 Machine::AfterPoll Machine::pollHost(const HostMember& member, Value& answer) {
     checkClock();
     Arguments arguments(*this, {});

@@ -1,4 +1,4 @@
-#include "classroom/Texts.h"
+#include "classroom/ReportTexts.h"
 
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Utf8.h"
