@@ -318,6 +318,11 @@ TEST_F(RunTest, SavesAndFormatsBeforeARunIfThePreferencesSaySo) {
     user.files = {path("again.tvp")};
     press(Qt::Key_F5);
     EXPECT_TRUE(QFile::exists(path("again.tvp")));
+    toFront();
+    writeFile("again.tvp", "\nof another");
+    user.answers = {0};
+    press(Qt::Key_F5);
+    EXPECT_EQ(contentOf(path("again.tvp")), QByteArray("\nof another"));
 }
 
 // As long as it lives, no file can be written.
@@ -359,6 +364,8 @@ TEST_F(RunTest, TheOutputIsShownUnderTheCaption) {
     editor->ViewOutput();
     EXPECT_TRUE(console()->isVisible());
     EXPECT_THAT(console()->windowTitle().toStdString(), testing::StartsWith("navTolbasic Output..."));
+    EXPECT_TRUE(editor->close());
+    EXPECT_FALSE(console()->isVisible());
 }
 
 }  // namespace

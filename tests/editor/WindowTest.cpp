@@ -187,6 +187,10 @@ TEST_F(WindowTest, SizeAndSplitterAreRemembered) {
     EXPECT_EQ(editor->size(), QSize(640, 480));
     const QList<int> sizes = editor->findChild<QSplitter*>(QStringLiteral("splPanes"))->sizes();
     EXPECT_NEAR(sizes[0] * 100.0 / (sizes[0] + sizes[1]), 70, 2);
+    editor->showMaximized();
+    QApplication::processEvents();
+    EXPECT_TRUE(editor->close());
+    EXPECT_EQ(setting("Settings", "EditorWidth"), QStringLiteral("640"));
 }
 
 TEST_F(WindowTest, HelpIsThereIfItsFileIs) {
@@ -314,6 +318,7 @@ TEST(FindText, Edges) {
     EXPECT_EQ(findBackwards("#\"#ka#\"# ka", "\"ka\"", 7, LetterCase::Exact), std::nullopt);
     EXPECT_EQ(findForwards("#\"#ka#\"# ka", "\"ka\"", 1, LetterCase::Exact), std::nullopt);
     EXPECT_EQ(findForwards("a#B#c", "ABC", 0, LetterCase::Same), (FoundText{0, 5}));
+    EXPECT_EQ(findForwards("#a#b#c#", "bc", 0, LetterCase::Same), (FoundText{3, 4}));  // the mark before is of the "a"
 }
 
 }  // namespace

@@ -140,7 +140,10 @@ std::string programOf(std::string written) {
 bool offers(const Finding& finding, const std::string& text) {
     if (text == "-") return finding.corrections.empty();
     return std::any_of(finding.corrections.begin(), finding.corrections.end(), [&](const Correction& correction) {
-        return text.starts_with('+') ? correction.text.ends_with(text.substr(1)) : correction.text == text;
+        const std::size_t plus = text.find('+');  // after the line, where that matters
+        if (plus == std::string::npos) return correction.text == text;
+        return (plus == 0 || text.substr(0, plus) == std::to_string(correction.line)) &&
+               correction.text.ends_with(text.substr(plus + 1));
     });
 }
 

@@ -93,20 +93,6 @@ TEST_F(ConsoleObjectTest, EndsWithinAStatementThatTakesLong) {
     EXPECT_EQ(run("Dim a(600000)\r\nparentform.PrintString UBound(a)"), 0);
 }
 
-TEST_F(ConsoleObjectTest, CountsTheLineOfAnError) {
-    const script::ErrorReport report =
-        runModule("Sub Main()\r\nparentform.PrintString 1\r\n\r\nparentform.DrawPoint \"kr\",1\r\nEnd Sub\r\n");
-    EXPECT_EQ(report.number, 13);
-    EXPECT_EQ(report.line, 4);
-    EXPECT_EQ(runModule("Sub Main()\r\nparentform.PrintString 1\r\nif 1 then then\r\nEnd Sub\r\n").line, 3);
-}
-
-TEST_F(ConsoleObjectTest, RunsAModuleWithoutMain) {
-    EXPECT_EQ(runModule("").number, 0);
-    EXPECT_EQ(runModule("ParentForm.PrintString 1\r\n").number, 0);
-    EXPECT_THAT(console.calls, ElementsAre("print 1"));
-}
-
 TEST_F(ConsoleObjectTest, TracesCallsButNotPolls) {
     startTrace();
     console.answers = {"kr"};

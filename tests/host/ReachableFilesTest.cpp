@@ -24,7 +24,7 @@ using Reach = ReachableFiles::Reach;
 class ReachableFilesTest : public testing::Test {
   protected:
     ReachableFilesTest() : files(around / "own") {
-        for (const char* inner : {"own/data", "own/.config", "ownother"}) fs::create_directories(around / inner);
+        for (const char* inner : {"own/data/.git", "own/.config", "ownother"}) fs::create_directories(around / inner);
         for (const char* file : {"secret", "ownother/secret", "own/marks.txt", "own/data/marks.txt", "own/.hidden",
                                  "own/.config/secret", "own/prog.tvp", "own/prog.EXE", "own/tool", "own/shared"})
             around.write(file, "kept");
@@ -88,6 +88,7 @@ TEST_F(ReachableFilesTest, ReachesItsFolderAndAsksAboutEverythingElse) {
         {".hidden", FileError::PermissionDenied, FileError::PermissionDenied},
         {".new", FileError::PermissionDenied, FileError::PermissionDenied},
         {".config/secret", FileError::PermissionDenied, FileError::PermissionDenied},
+        {"data/.git/new", FileError::PermissionDenied, FileError::PermissionDenied},
         {"pipe", FileError::PathAccess, FileError::PathAccess},
         {"data", FileError::PathAccess, FileError::PathAccess},
         {".", FileError::PathAccess, FileError::PathAccess},

@@ -129,6 +129,12 @@ TEST(PictureBox, ScrollMovesEverythingUp) {
     EXPECT_EQ(pictureOf(box), "...\n...\n...\n...\n...\n...\n");
 }
 
+TEST(PixelSurface, LettersHaveTheirColour) {
+    PixelSurface surface(1, 1, black);
+    surface.drawText({.left = 0, .top = 0, .width = 1, .height = 1, .values = {255}}, 0, 0, 0xFFFFFFFF);
+    EXPECT_EQ(surface.row(0)[0], 0xFFFFFFFF);
+}
+
 TEST(PictureBox, KeepsThePictureWhenItIsResized) {
     TestBox box(4, 3);
     box.ScrollUp(1);

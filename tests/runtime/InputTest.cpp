@@ -46,6 +46,9 @@ TEST_F(InputTest, WhatIsTypedIsTheAnswer) {
 
 TEST_F(InputTest, TheAnswerStandsOnItsLine) {
     console->PrintString("nav");
+    display().Box(10, display().CurrentY, 700, display().CurrentY + 20, Qt::red, PictureBox::FillStyle::Solid);
+    display().CurrentX = 0;
+    display().CurrentY -= 20;
     answerWith("kamal 1");
     console->PrintString("v");
     EXPECT_EQ(picture(), printed({"nav", "kml 1", "v"}));

@@ -49,12 +49,6 @@ Value compared(const ComparisonRow& row, Order order) {
     return Value::boolean(order == Order::Less ? row.less : order == Order::Equal ? row.equal : row.greater);
 }
 
-// Values and how a script writes them.
-struct Written {
-    const char* text;
-    Value value;
-};
-
 class MachineAgreement : public ::testing::Test {
   protected:
     Value anyValue() {
@@ -117,10 +111,38 @@ class MachineAgreement : public ::testing::Test {
     void define(const std::string& name, const std::string& expression) {
         module += "Function " + name + "(a, b)\n" + name + " = " + expression + "\nEnd Function\n";
     }
-    // As conditions are compiled on their own.
-    void defineCondition(const std::string& name, const std::string& expression) {
-        module += "Function " + name + "(a, b)\n" + name + " = False\nIf " + expression + " Then " + name +
-                  " = True\nEnd Function\n";
+    // A function for each operator between these operands, and for each comparison as a condition, which is compiled on
+    // its own.
+    void defineAll(const std::string& form, const std::string& left, const std::string& right) {
+        const auto between = [&](const char* sign) { return left + ' ' + sign + ' ' + right; };
+        for (std::size_t i = 0; i < std::size(operatorRows); ++i)
+            define("Op" + form + std::to_string(i), between(operatorRows[i].sign));
+        for (std::size_t i = 0; i < std::size(comparisonRows); ++i) {
+            const std::string name = form + std::to_string(i);
+            define("Cmp" + name, between(comparisonRows[i].sign));
+            module += "Function If" + name + "(a, b)\nIf" + name + " = False\nIf " + between(comparisonRows[i].sign) +
+                      " Then If" + name + " = True\nEnd Function\n";
+        }
+    }
+    // Calls these functions with the arguments, which make the operands `left` and `right`.
+    void compareAll(const std::string& form, const std::vector<Value>& arguments, const Value& left, const Value& right,
+                    Literal literal) {
+        SCOPED_TRACE(shown(left) + " and " + shown(right) + " as " + form);
+        for (std::size_t i = 0; i < std::size(operatorRows); ++i)
+            ASSERT_EQ(ran("Op" + form + std::to_string(i), arguments),
+                      expected([&] { return operatorRows[i].apply(context, left, right); }))
+                << operatorRows[i].sign;
+        for (std::size_t i = 0; i < std::size(comparisonRows); ++i) {
+            const auto order = [&] {
+                return compared(comparisonRows[i], script::compare(context, left, right, literal));
+            };
+            const auto taken = [&] {
+                const Value value = order();
+                return Value::boolean(value.is(Type::Boolean) && value.isTrue());
+            };
+            ASSERT_EQ(ran("Cmp" + form + std::to_string(i), arguments), expected(order)) << comparisonRows[i].sign;
+            ASSERT_EQ(ran("If" + form + std::to_string(i), arguments), expected(taken)) << comparisonRows[i].sign;
+        }
     }
 
     script::Executor engine;
@@ -129,88 +151,29 @@ class MachineAgreement : public ::testing::Test {
     std::mt19937_64 random{7};
 };
 
-TEST_F(MachineAgreement, OnVariables) {
-    for (std::size_t i = 0; i < std::size(operatorRows); ++i)
-        define("Op" + std::to_string(i), std::string("a ") + operatorRows[i].sign + " b");
-    for (std::size_t i = 0; i < std::size(comparisonRows); ++i) {
-        define("Cmp" + std::to_string(i), std::string("a ") + comparisonRows[i].sign + " b");
-        defineCondition("If" + std::to_string(i), std::string("a ") + comparisonRows[i].sign + " b");
+TEST_F(MachineAgreement, OnVariablesAndLiterals) {
+    const std::pair<const char*, Value> literals[] = {
+        {"7", Value::integer(7)},          {"0", Value::integer(0)},       {"32767", Value::integer(32767)},
+        {"2.5", Value::number(2.5)},       {"\"7\"", Value::text("7")},    {"100000", Value::longInteger(100000)},
+        {"\"text\"", Value::text("text")}, {"True", Value::boolean(true)}, {"#1/1/1900#", Value::date(2)}};
+    defineAll("V", "a", "b");
+    for (std::size_t k = 0; k < std::size(literals); ++k) {
+        defineAll("L" + std::to_string(k) + '_', literals[k].first, "a");
+        defineAll("R" + std::to_string(k) + '_', "a", literals[k].first);
     }
     define("Minus", "-a");
     define("Inverse", "Not a");
     ASSERT_TRUE(engine.addCode(module)) << engine.error().description;
 
-    for (int round = 0; round < 5000; ++round) {
+    for (int round = 0; round < 5000 && !HasFatalFailure(); ++round) {
         const Value a = anyValue();
         const Value b = anyValue();
-        SCOPED_TRACE(shown(a) + " and " + shown(b));
-        for (std::size_t i = 0; i < std::size(operatorRows); ++i)
-            ASSERT_EQ(ran("Op" + std::to_string(i), {a, b}),
-                      expected([&] { return operatorRows[i].apply(context, a, b); }))
-                << operatorRows[i].sign;
-        for (std::size_t i = 0; i < std::size(comparisonRows); ++i) {
-            const auto order = [&] { return compared(comparisonRows[i], script::compare(context, a, b)); };
-            ASSERT_EQ(ran("Cmp" + std::to_string(i), {a, b}), expected(order)) << comparisonRows[i].sign;
-            const auto taken = [&] {
-                const Value value = order();
-                return Value::boolean(value.is(Type::Boolean) && value.isTrue());
-            };
-            ASSERT_EQ(ran("If" + std::to_string(i), {a, b}), expected(taken)) << comparisonRows[i].sign;
-        }
-        ASSERT_EQ(ran("Minus", {a, b}), expected([&] { return script::negate(context, a); }));
-        ASSERT_EQ(ran("Inverse", {a, b}), expected([&] { return script::logicalNot(context, a); }));
-    }
-}
-
-TEST_F(MachineAgreement, OnLiterals) {
-    const Written literals[] = {{"7", Value::integer(7)},          {"0", Value::integer(0)},
-                                {"32767", Value::integer(32767)},  {"100000", Value::longInteger(100000)},
-                                {"2.5", Value::number(2.5)},       {"\"7\"", Value::text("7")},
-                                {"\"text\"", Value::text("text")}, {"True", Value::boolean(true)},
-                                {"#1/1/1900#", Value::date(2)}};
-    const auto name = [](const char* kind, std::size_t literal, std::size_t row) {
-        return kind + std::to_string(literal) + "_" + std::to_string(row);
-    };
-    for (std::size_t k = 0; k < std::size(literals); ++k) {
-        const std::string text = literals[k].text;
-        for (std::size_t i = 0; i < std::size(operatorRows); ++i) {
-            define(name("Left", k, i), text + ' ' + operatorRows[i].sign + " a");
-            define(name("Right", k, i), std::string("a ") + operatorRows[i].sign + ' ' + text);
-        }
-        for (std::size_t i = 0; i < std::size(comparisonRows); ++i) {
-            define(name("CmpLeft", k, i), text + ' ' + comparisonRows[i].sign + " a");
-            define(name("CmpRight", k, i), std::string("a ") + comparisonRows[i].sign + ' ' + text);
-            defineCondition(name("IfRight", k, i), std::string("a ") + comparisonRows[i].sign + ' ' + text);
-        }
-    }
-    ASSERT_TRUE(engine.addCode(module)) << engine.error().description;
-
-    for (int round = 0; round < 5000; ++round) {
-        const Value a = anyValue();
+        compareAll("V", {a, b}, a, b, Literal::Neither);
         const std::size_t k = random() % std::size(literals);
-        const Value& b = literals[k].value;
-        SCOPED_TRACE(shown(a) + " and " + literals[k].text);
-        for (std::size_t i = 0; i < std::size(operatorRows); ++i) {
-            ASSERT_EQ(ran(name("Left", k, i), {a, a}), expected([&] { return operatorRows[i].apply(context, b, a); }))
-                << operatorRows[i].sign;
-            ASSERT_EQ(ran(name("Right", k, i), {a, a}), expected([&] { return operatorRows[i].apply(context, a, b); }))
-                << operatorRows[i].sign;
-        }
-        for (std::size_t i = 0; i < std::size(comparisonRows); ++i) {
-            const auto order = [&] {
-                return compared(comparisonRows[i], script::compare(context, a, b, Literal::Right));
-            };
-            ASSERT_EQ(ran(name("CmpLeft", k, i), {a, a}), expected([&] {
-                          return compared(comparisonRows[i], script::compare(context, b, a, Literal::Left));
-                      }))
-                << comparisonRows[i].sign;
-            ASSERT_EQ(ran(name("CmpRight", k, i), {a, a}), expected(order)) << comparisonRows[i].sign;
-            const auto taken = [&] {
-                const Value value = order();
-                return Value::boolean(value.is(Type::Boolean) && value.isTrue());
-            };
-            ASSERT_EQ(ran(name("IfRight", k, i), {a, a}), expected(taken)) << comparisonRows[i].sign;
-        }
+        compareAll("L" + std::to_string(k) + '_', {a, b}, literals[k].second, a, Literal::Left);
+        compareAll("R" + std::to_string(k) + '_', {a, b}, a, literals[k].second, Literal::Right);
+        ASSERT_EQ(ran("Minus", {a, b}), expected([&] { return script::negate(context, a); })) << shown(a);
+        ASSERT_EQ(ran("Inverse", {a, b}), expected([&] { return script::logicalNot(context, a); })) << shown(a);
     }
 }
 

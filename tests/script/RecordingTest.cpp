@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 #include <map>
 #include <random>
+#include <sstream>
 
 namespace tolvan::script {
 namespace {
@@ -74,116 +75,69 @@ class Witness : public ScriptConsole {
     Recording& recording_;
 };
 
-// "!" is the poll.
-std::string moduleOf(std::string_view lines) {
+// With a poll after each line of a procedure.
+std::string moduleOf(const std::string& lines) {
     std::string module;
-    for (const char c : lines)
-        if (c == '!')
-            module += "if not parentform.checkforevents then err.raise 1001\n";
-        else
-            module += c;
+    std::istringstream rest(lines);
+    for (std::string line; std::getline(rest, line);) {
+        module += line + "\n";
+        const bool ends = line.starts_with("End Sub") || line.starts_with("End Function");
+        if (!ends) module += "if not parentform.checkforevents then err.raise 1001\n";
+    }
     return module;
 }
 
 const char* const program = R"(Sub Main
-!
 total = 0
-!
 Dim a(3), grid(2, 1)
-!
 For i = 0 To 3
-!
 a(i) = i * i
-!
 text = text & "x" & i
-!
 grid(i Mod 3, i Mod 2) = text
-!
 Next
-!
 b = a
-!
 b(1) = "own"
-!
 a(0) = a
-!
 a(0)(2) = "deep"
-!
 grow text, b(2), i + 1
-!
 x = fact(5) + fact(3)
-!
 While Len(text) < 20
-!
 text = text + "ab"
-!
 ' nothing
-!
 Wend
-!
 For Each e In b
-!
 last = e
-!
 Next
-!
 On Error Resume Next
-!
 fails 7
-!
 b = Array(fact(2), fact(0))
-!
 ReDim Preserve b(4)
-!
 b(4) = b(4) & "t"
-!
 b(4) = b(4) & "u"
-!
 InputString b(3)
-!
 InputString last
-!
 Erase b
-!
 End Sub
 Sub grow(t, element, n)
-!
 t = t & "longer" & n
-!
 element = element & t
-!
 n = n + 1
-!
 If n > 5 Then
-!
 n = -n
-!
 Else
-!
 n = 0
-!
 End If
-!
 End Sub
 Function fact(n)
-!
 If n > 1 Then
-!
 fact = n * fact(n - 1)
-!
 Else
-!
 fact = 1
-!
 End If
-!
 End Function
 Sub fails(n)
-!
 m = n
-!
 m = m / 0
-!
 End Sub
 )";
 
@@ -239,8 +193,8 @@ TEST(Recording, IsBoundedAndSaysThatItsBeginningIsGone) {
         Executor executor;
         executor.setRecording(&recording);
         ScriptConsole console;
-        const std::string module = "Sub Main\n!\nFor i = 1 To " + std::to_string(passes) + "\n!\n" + line +
-                                   "\n!\nNext\nEnd Sub\nSub deep(n)\n!\nx = n\n!\nIf n > 0 Then deep n - 1\n!\nEnd Sub";
+        const std::string module = "Sub Main\nFor i = 1 To " + std::to_string(passes) + "\n" + line +
+                                   "\nNext\nEnd Sub\nSub deep(n)\nx = n\nIf n > 0 Then deep n - 1\nEnd Sub";
         EXPECT_EQ(outcome(executor, console, moduleOf(module)), "") << line;
         EXPECT_TRUE(recording.isBeginningGone());
         EXPECT_LE(recording.bytes(), bound) << line;

@@ -84,7 +84,7 @@ TEST(CommandLine, SpeaksUnicode) {
         "ghe nAv\r\ndAkhav #\"#namaskAr, #\xE9 \"# + nAv\r\ndAkhav nAv + #\"\\\"#\r\n\r\nA = 1 bhAgile 0";
     EXPECT_EQ(tvp.runProgram({"program", "--unicode"}, roman).output,
               "घे नाव\nदाखव \"नमस्कार, é \" + नाव\nदाखव नाव + \"\\\"\n\nआ = १ भागिले ०\n");
-    const TvpResult result = tvp.runProgram({"run", "--unicode"}, roman, "ऋषी-५\n");
+    const TvpResult result = tvp.runProgram({"run", "--unicode"}, roman, "ऋषी-५\r\n");
     EXPECT_EQ(result.output, "नमस्कार, é ऋषी-५\nऋषी-५\\\n");
     EXPECT_THAT(result.errors,
                 StartsWith("ओळ 5: शुन्यने भगाकार तोलवन बेसिकला करता येत नाही: आ = १ भागिले ०\nभागाकारात भाजक शून्य आहे."));
@@ -101,6 +101,13 @@ TEST(CommandLine, ReportsErrorsWithNumberAndScriptLine) {
     }
     for (const char* memory : {"--memory=0", "--memory=300", "--memory=9000"})
         EXPECT_EQ(TvpProcess().runProgram({"run", memory}, "dAkhav 1").errors, "error 7 line 0\n") << memory;
+}
+
+TEST(CommandLine, CountsAllLinesAgainstTheLimitOfOutput) {
+    const std::string loop = "k sAThI 1 te 500 paryaMt\r\n";
+    EXPECT_EQ(TvpProcess().runProgram({"run", "--output=100"}, loop + "dAkhav 12345\r\npuDhachA k").status, 3);
+    const std::string writes = "ughaD #\"f\"#, lihiNyAsAThI\r\n" + loop + "lihI 12345\r\npuDhachA k";
+    EXPECT_EQ(TvpProcess().runProgram({"run", "--output=5K"}, writes).errors, "error 61 line 7\n");
 }
 
 TEST(CommandLine, RunsScripts) {
@@ -172,7 +179,7 @@ TEST(CommandLine, SendsNoControlCodesToATerminal) {
 
 TEST(CommandLine, EndsAtCtrlC) {
     TvpProcess tvp;
-    tvp.interruptAfter(200, SIGINT);
+    tvp.interruptWhen([&] { return !tvp.folder().read(".output").empty(); }, SIGINT);
     const TvpResult result = tvp.runProgram({"run", "--trace"}, "dAkhav 1\r\njovar 1 = 1 tovar\r\nkar");
     EXPECT_EQ(result.status, 128 + SIGINT);
     EXPECT_EQ(result.output, "1\n") << "what was printed before is not lost";

@@ -37,9 +37,8 @@ TvpResult TvpProcess::run(const std::vector<std::string>& arguments, std::string
         ::_exit(127);
     }
     if (signal_ != 0) {
-        ::usleep(static_cast<useconds_t>(interruptAfter_) * 1000);
         siginfo_t ended{};
-        while (ready_ && !ready_() && ended.si_pid == 0) {
+        while (!ready_() && ended.si_pid == 0) {
             ::usleep(10'000);
             ::waitid(P_PID, static_cast<id_t>(child), &ended, WEXITED | WNOWAIT | WNOHANG);
         }

@@ -23,12 +23,7 @@ class TvpProcess {
 
     // Where its output goes instead of into the result.
     void sendOutputTo(std::string path) { outputPath_ = std::move(path); }
-    // A signal to send after so many milliseconds, unless it has ended.
-    void interruptAfter(int milliseconds, int signal) {
-        interruptAfter_ = milliseconds;
-        signal_ = signal;
-    }
-    // A signal to send as soon as `ready` says so.
+    // A signal to send as soon as `ready` says so; its output is in ".output" in the folder.
     void interruptWhen(std::function<bool()> ready, int signal) {
         ready_ = std::move(ready);
         signal_ = signal;
@@ -42,7 +37,6 @@ class TvpProcess {
   private:
     TemporaryFolder folder_;
     std::string outputPath_ = folder_ / ".output";
-    int interruptAfter_ = 0;
     std::function<bool()> ready_;
     int signal_ = 0;
 };

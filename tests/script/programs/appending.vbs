@@ -10,6 +10,7 @@ grow x, "y" : PrintString x       '> xxxyy
 n = n & "from Empty" : PrintString n '> from Empty
 m = Null : m = m & Null : PrintString TypeName(m) '> Null
 m = m & "text" & Null : PrintString m '> text
+n = Null : m = m & n : PrintString m '> text
 k = 5 : k = k & 6 : PrintString k & TypeName(k) '> 56String
 g = "g" : g = g & change() : PrintString g '> gc
 Dim list(1)

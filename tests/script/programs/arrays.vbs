@@ -10,6 +10,7 @@ ReDim b(1) : b(1) = "kept" : ReDim Preserve b(4)
 PrintString UBound(b) & b(1) & "[" & b(4) & "]" '> 4kept[]
 kept = b : ReDim Preserve b(6) : ReDim Preserve kept(1)
 PrintString UBound(b) & UBound(kept) & b(1) & kept(1) '> 61keptkept
+kept = a : ReDim kept(9) : PrintString UBound(kept) '> 9
 ReDim b(2, 3) : b(2, 3) = "corner" : ReDim Preserve b(2, 5)
 PrintString b(2, 3) & UBound(b, 2)       '> corner5
 Erase b
