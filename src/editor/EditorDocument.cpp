@@ -242,7 +242,11 @@ bool EditorDocument::saveTo(const QString& path) {
 bool EditorDocument::write(const QString& path) {
     const QByteArray content = QByteArray::fromStdString(writeProgramFile(caption_, text_.romanText()));
     if (readWholeFile(path).value_or(content) != content) emit replacing(path);
-    if (!replaceFile(path, content)) return false;
+    if (!replaceFile(path, content)) {
+        // What got there all the same is no change by somebody else.
+        if (path == path_ && readWholeFile(path) == content) fingerprint_ = fingerprintOf(content);
+        return false;
+    }
     fingerprint_ = fingerprintOf(content);
     setState(name_, false);
     emit saved(path);

@@ -217,6 +217,8 @@ void find::wrongEnds(const Reading& reading, Report& report) {
 }
 
 void find::tooDeep(const Reading& reading, Report& report) {
+    // The module, the procedure and the poll before each statement are levels, too.
+    constexpr std::size_t tooDeepNesting = script::Parser::deepestNesting - 2;
     std::size_t depth = 0;
     for (std::size_t i = 0; i < reading.program.lines().size(); ++i) {
         const Line& line = reading.program.meant(i);
@@ -227,7 +229,7 @@ void find::tooDeep(const Reading& reading, Report& report) {
             case Role::If:
             case Role::For:
             case Role::While:
-                if (++depth == std::size_t{script::Parser::deepestNesting})
+                if (++depth == tooDeepNesting)
                     report.add(i, reading.program.line(i).words[0], sentence(texts::tooDeep));
                 break;
             case Role::EndIf:

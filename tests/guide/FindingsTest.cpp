@@ -4,10 +4,12 @@
 #include "guide/RandomProgram.h"
 #include "library/LibraryWords.h"
 #include "platform/encoding/Unicode.h"
+#include "platform/script/Executor.h"
 #include "support/Cases.h"
 #include "support/Examples.h"
 #include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
+#include "translator/Translator.h"
 
 #include <algorithm>
 #include <cstdio>
@@ -123,6 +125,20 @@ TEST(Findings, comeOfAnyText) {
         std::printf("%zu bytes: %zu findings, %.0f ms\n", text.size(), found,
                     1000.0 * static_cast<double>(std::clock() - start) / CLOCKS_PER_SEC);
         EXPECT_LE(found, 1000U);
+    }
+}
+
+// Blocks within each other, as many as the engine takes and one more.
+TEST(Findings, nameTheBlockThatIsTooDeep) {
+    bool wasRefused = false;
+    for (int depth = 190; !wasRefused; ++depth) {
+        std::string program;
+        for (int i = 0; i < depth; ++i) program += i % 2 == 0 ? "jar 1 = 1 tar\r\n" : "jovar 1 = 2\r\n";
+        for (int i = depth; i-- > 0;) program += i % 2 == 0 ? "saMpav jar\r\n" : "kar\r\n";
+        script::Executor engine;
+        wasRefused = !engine.addCode(Translator().Compile(ProgramText(program)));
+        EXPECT_EQ(said(program).starts_with(std::to_string(depth) + ":1-"), wasRefused) << depth << said(program);
+        ASSERT_LE(depth, 210);
     }
 }
 
