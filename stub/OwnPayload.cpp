@@ -2,13 +2,14 @@
 
 #include "stub/ExecutableExtent.h"
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 
 namespace tolvan {
 
 std::optional<Payload> payloadOf(const std::string& path) {
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
     const auto extent = executableExtent(file);
     if (!extent) return std::nullopt;
     file.seekg(static_cast<std::streamoff>(*extent));

@@ -19,7 +19,7 @@ struct RuntimeCheck {
     std::uint64_t place;     // where it stands, in bytes from the start of the file
 };
 
-// Of the ELF program at the start of `file`: of all that the system loads of it, but for the ELF header, which tools
+// Of the program at the start of `file`: of all that the system loads of it, but for the headers, which tools
 // that remove symbols change, and the checksum itself. Nothing if it is no such program, if a part is missing, or if
 // the mark is not found once.
 std::optional<RuntimeCheck> checkRuntime(std::istream& file, std::string_view mark);

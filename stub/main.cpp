@@ -4,6 +4,7 @@
 #include "dialogs/NoDisplay.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/Fonts.h"
+#include "platform/process/OwnProgram.h"
 #include "runtime/DataFiles.h"
 #include "runtime/ProgramRun.h"
 #include "runtime/frmExec.h"
@@ -16,6 +17,7 @@
 
 #include <cstdint>
 #include <cstdlib>
+#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <utility>
@@ -27,11 +29,11 @@ using tolvan::operator""_deva;
 // Written by the build after linking; volatile, since the compiler is not to know the checksum.
 const volatile tolvan::RuntimeSeal seal = {TOLVAN_SEAL_MARK, 0};
 
-bool isWhole(const char* path) {
+bool isWhole(const std::string& path) {
     std::string mark;
     for (const volatile char& c : seal.mark)
         if (c != '\0') mark += c;
-    std::ifstream file(path, std::ios::binary);
+    std::ifstream file(std::filesystem::path(path), std::ios::binary);
     const auto check = tolvan::checkRuntime(file, mark);
     return check && check->checksum == seal.checksum;
 }
@@ -67,7 +69,7 @@ int main(int, char** arguments) {
     tolvan::loadStandIns();
     tolvan::look::apply(application);
 
-    constexpr const char* ownFile = "/proc/self/exe";
+    const std::string ownFile = tolvan::ownProgramFile();
     auto payload = tolvan::payloadOf(ownFile);
     if (!payload || !isWhole(ownFile)) {
         tolvan::ShowMessage(damaged);

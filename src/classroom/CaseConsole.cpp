@@ -1,21 +1,19 @@
 #include "classroom/CaseConsole.h"
 
+#include "classroom/Sandbox.h"
 #include "platform/encoding/Ascii.h"
+#include "platform/process/Interruption.h"
 #include "platform/richtext/UnicodeText.h"
 #include "platform/script/ScriptError.h"
 #include "platform/transliteration/UnicodeToRoman.h"
 #include "runtime/host/InputValue.h"
 #include "translator/Blanks.h"
 
-#include <unistd.h>
-
 namespace tolvan::classroom {
 namespace {
 
 constexpr std::size_t pieceSize = std::size_t{32} << 10;
 constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-
-volatile std::sig_atomic_t timeIsOver = 0;
 
 std::deque<std::string> linesOf(std::string_view text) {
     std::deque<std::string> lines;
@@ -39,16 +37,11 @@ CaseConsole::CaseConsole(const CaseInput& input, std::uint64_t outputBytes, std:
       space_(outputBytes),
       questions_(std::move(questions)),
       result_(result) {
-    timeIsOver = 0;
-    std::signal(SIGPROF, [](int) {
-        if (timeIsOver != 0)
-            std::signal(SIGPROF, SIG_DFL);  // it never looks whether it is late: the next signal ends it
-        timeIsOver = 1;
-    });
+    watchTime();
 }
 
 bool CaseConsole::isLate() const {
-    return timeIsOver != 0;
+    return isTimeOver();
 }
 
 void CaseConsole::tell(Told what, std::string_view text) {
@@ -61,7 +54,7 @@ void CaseConsole::tell(Told what, std::string_view text) {
 
 // Where nobody reads the pipe any more, there is nobody to tell it to.
 void CaseConsole::flush() {
-    if (result_.write(waiting_) != 0) ::_exit(1);
+    if (result_.write(waiting_) != 0) endNow(1);
     waiting_.clear();
 }
 

@@ -5,7 +5,6 @@
 #include "classroom/RunCase.h"
 #include "runtime/host/ConsoleOperations.h"
 
-#include <csignal>
 #include <deque>
 #include <set>
 #include <string>

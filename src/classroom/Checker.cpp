@@ -6,7 +6,6 @@
 #include <cerrno>
 #include <cstring>
 #include <memory>
-#include <poll.h>
 
 namespace tolvan::classroom {
 namespace {
@@ -16,6 +15,7 @@ constexpr double examinationSeconds = 10;
 constexpr std::uint64_t engineMemory = std::uint64_t{256} << 20;  // beyond what the program itself holds
 constexpr std::size_t mostExamination = std::size_t{8} << 20;
 constexpr int internalError = 51;
+constexpr int patience = 50;  // milliseconds
 
 ProcessLimits processLimits(const CaseLimits& limits) {
     return {limits.seconds, 2 * limits.memoryBytes + engineMemory, limits.fileBytes};
@@ -61,6 +61,8 @@ struct Checker::Job {
 };
 
 Checker::Checker(const Task& task, CheckOptions options) : task_(task), options_(std::move(options)) {
+    if (!ChildProcess::isPossible())
+        throw Problem{"या संगणकावर वर्ग तपासण्याची सोय अजून नाही", "on Windows a class cannot be checked yet"};
     options_.jobs = std::max(options_.jobs, 1U);
     solve();
 }
@@ -103,8 +105,7 @@ CaseRun Checker::runSolution(const TaskCase& own) {
         processLimits(limits));
     if (!child.isStarted()) throw cannotStart(errno);
     while (!child.isLate() && child.result().size() <= mostResult(limits)) {
-        pollfd wait{child.descriptor(), POLLIN, 0};
-        const bool isReady = ::poll(&wait, 1, 50) > 0;
+        const bool isReady = ChildProcess::waitFor({&child}, patience).front();
         if ((isReady && !child.read()) || mustStop()) break;
     }
     child.end();
@@ -209,13 +210,13 @@ void Checker::runAll(std::vector<Job>& waiting, const std::function<void(Job&)>&
             waiting.pop_back();
             startNext(*running.back());
         }
-        std::vector<pollfd> results;
-        results.reserve(running.size());
-        for (const auto& job : running) results.push_back({job->child.descriptor(), POLLIN, 0});
-        static_cast<void>(::poll(results.data(), results.size(), 50));
+        std::vector<const ChildProcess*> processes;
+        processes.reserve(running.size());
+        for (const auto& job : running) processes.push_back(&job->child);
+        const std::vector<bool> ready = ChildProcess::waitFor(processes, patience);
         for (std::size_t i = running.size(); i-- > 0;) {
             Job& job = *running[i];
-            if (!advance(job, results[i].revents != 0)) continue;
+            if (!advance(job, ready[i])) continue;
             takeResult(job);
             if (!job.isDone(task_)) {
                 startNext(job);

@@ -9,13 +9,16 @@
 #include <functional>
 #include <string>
 #include <string_view>
-#include <sys/types.h>
+#include <vector>
 
 namespace tolvan::classroom {
 
 class ChildProcess {
   public:
     using Work = std::function<void(const Descriptor& result)>;
+
+    // Whether this system can have such processes; Windows not yet.
+    static bool isPossible();
 
     // Starts `work`, confined to `folder`, which is its working folder. errno says why where it does not start.
     static ChildProcess start(const Work& work, const std::string& folder, const ProcessLimits& limits);
@@ -28,8 +31,8 @@ class ChildProcess {
 
     bool isStarted() const { return process_ > 0; }
 
-    // Where its result comes from, to be waited for.
-    int descriptor() const { return pipe_.number(); }
+    // Waits for a result of one of them, so many milliseconds at most; true for each that has one, or has ended.
+    static std::vector<bool> waitFor(const std::vector<const ChildProcess*>& processes, int milliseconds);
     // Takes what is there; false when there will be no more.
     bool read();
     const std::string& result() const { return result_; }
@@ -44,7 +47,7 @@ class ChildProcess {
     int signal() const { return signal_; }
 
   private:
-    pid_t process_ = 0;
+    int process_ = 0;
     Descriptor pipe_;
     std::string result_;
     std::chrono::steady_clock::time_point latest_;

@@ -3,14 +3,13 @@
 #include "classroom/Problem.h"
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Utf8.h"
-#include "platform/files/Descriptor.h"
+#include "platform/files/FileEntry.h"
+#include "platform/files/OpenFile.h"
 
 #include <algorithm>
 #include <cerrno>
-#include <fcntl.h>
 #include <filesystem>
 #include <map>
-#include <sys/stat.h>
 
 namespace tolvan::classroom {
 namespace {
@@ -69,7 +68,7 @@ std::vector<HandIn> findHandIns(const std::string& folder, const std::string& ta
         const bool isAlone = isInFolder && countInFolder[program.begin()->string()] == 1;
         fs::path name = isAlone ? *program.begin() : program;
         if (!isAlone) name.replace_extension();
-        handIns.push_back({shownName(name), (fs::path(folder) / program).string()});
+        handIns.push_back({shownName(name), (fs::path(folder) / program).generic_string()});
     }
     std::sort(handIns.begin(), handIns.end(),
               [](const HandIn& a, const HandIn& b) { return std::pair(a.name, a.path) < std::pair(b.name, b.path); });
@@ -78,12 +77,11 @@ std::vector<HandIn> findHandIns(const std::string& folder, const std::string& ta
 
 HandInContent readHandIn(const HandIn& handIn) {
     using Why = HandInContent::Problem;
-    constexpr int flags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK | O_NOFOLLOW;
-    const Descriptor file(::open(handIn.path.c_str(), flags));
+    const Descriptor file = openFile(handIn.path, FileUse::Read, Links::Refuse);
     if (!file.isOpen()) return {errno == ELOOP ? Why::IsLink : Why::CannotRead, {}};
-    struct stat entry {};
-    if (::fstat(file.number(), &entry) != 0) return {Why::CannotRead, {}};
-    if (!S_ISREG(entry.st_mode)) return {Why::NoFile, {}};
+    const std::optional<FileEntry> entry = entryOf(file);
+    if (!entry) return {Why::CannotRead, {}};
+    if (entry->kind != FileEntry::Kind::File) return {Why::NoFile, {}};
     HandInContent content;
     const int error = file.readAll(content.bytes, largestHandIn);
     if (error == EFBIG) return {Why::TooLarge, {}};

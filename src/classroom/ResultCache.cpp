@@ -1,14 +1,13 @@
 #include "classroom/ResultCache.h"
 
-#include "platform/files/Descriptor.h"
+#include "platform/files/OpenFile.h"
 #include "platform/files/ReplaceFile.h"
+#include "platform/process/OwnProgram.h"
 
 #include <array>
 #include <chrono>
 #include <cstdint>
 #include <cstdio>
-#include <cstdlib>
-#include <fcntl.h>
 #include <filesystem>
 
 namespace tolvan::classroom {
@@ -20,7 +19,7 @@ constexpr std::size_t largestEntry = std::size_t{16} << 20;
 constexpr std::string_view suffix = ".checked";
 
 std::string contentOf(const std::string& path) {
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+    const Descriptor file = openFile(path, FileUse::Read);
     std::string content;
     if (!file.isOpen() || file.readAll(content, std::size_t{256} << 20) != 0) content.clear();
     return content;
@@ -79,10 +78,8 @@ void ResultCache::keep(const std::string& program, const HandInResult& result) c
 }
 
 std::string ResultCache::usualFolder() {
-    const char* const caches = std::getenv("XDG_CACHE_HOME");
-    if (caches != nullptr && *caches == '/') return std::string(caches) + "/tolbasic/check";
-    const char* const home = std::getenv("HOME");
-    return home != nullptr && *home == '/' ? std::string(home) + "/.cache/tolbasic/check" : std::string();
+    const std::string caches = userCacheFolder();
+    return caches.empty() ? caches : caches + "/check";
 }
 
 }  // namespace tolvan::classroom

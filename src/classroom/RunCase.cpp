@@ -1,6 +1,7 @@
 #include "classroom/RunCase.h"
 
 #include "classroom/CaseConsole.h"
+#include "classroom/Sandbox.h"
 #include "guide/Explanations.h"
 #include "library/AddLibrary.h"
 #include "platform/encoding/Ascii.h"
@@ -10,7 +11,6 @@
 #include "translator/ProgramText.h"
 #include "translator/Translator.h"
 
-#include <csignal>
 #include <new>
 
 namespace tolvan::classroom {
@@ -122,7 +122,7 @@ void readEnd(PackReader pack, CaseRun& run) {
 }
 
 CaseRun::End endBySignal(int signal) {
-    if (signal == SIGPROF || signal == SIGXCPU || signal == SIGKILL) return CaseRun::End::Time;
+    if (isSignalOfTime(signal)) return CaseRun::End::Time;
     return CaseRun::End::Crashed;
 }
 

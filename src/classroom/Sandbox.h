@@ -24,8 +24,15 @@ enum class Wall : std::uint8_t {
 // Those that this system lacks.
 std::vector<Wall> missingWalls();
 
-// When the seconds are over, the signal SIGPROF comes, and again every 0.2 seconds; some two seconds later, the end.
+// When the seconds are over, a signal comes, and again every 0.2 seconds; some two seconds later, the end.
 void limitProcess(const ProcessLimits& limits);
+
+// From now on that signal makes isTimeOver() true, and ends the process only when it comes for the third time.
+void watchTime();
+bool isTimeOver();
+
+// Whether a process that this signal ended was ended for its time.
+bool isSignalOfTime(int signal);
 
 // From now on, of all files only those in `folder` and below can be opened; no processes are started, no other process
 // is reached, no sockets opened.

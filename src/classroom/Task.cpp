@@ -2,11 +2,10 @@
 
 #include "classroom/TarArchive.h"
 #include "platform/encoding/Ascii.h"
-#include "platform/files/Descriptor.h"
+#include "platform/files/OpenFile.h"
 
 #include <algorithm>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 #include <map>
 #include <numeric>
@@ -24,7 +23,7 @@ Problem cannotRead(const std::string& path, int error) {
 }
 
 std::string contentOf(const std::string& path) {
-    const Descriptor file(::open(path.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK));
+    const Descriptor file = openFile(path, FileUse::Read);
     std::string content;
     const int error = file.isOpen() ? file.readAll(content, largestTask) : errno;
     if (error != 0) throw cannotRead(path, error);
@@ -43,7 +42,7 @@ std::vector<NamedFile> filesOfFolder(const fs::path& folder) {
          place.increment(failure)) {
         const fs::path name = place->path().lexically_relative(folder);
         if (isHidden(name) || !place->is_regular_file(failure)) continue;
-        files.push_back({name.string(), contentOf(place->path().string())});
+        files.push_back({name.generic_string(), contentOf(place->path().string())});
         size += files.back().content.size();
         if (size > largestTask) throw cannotRead(folder.string(), EFBIG);
     }

@@ -1,11 +1,10 @@
 #include "classroom/WorkFolder.h"
 
-#include "platform/files/Descriptor.h"
+#include "platform/files/FileEntry.h"
+#include "platform/files/OpenFile.h"
 
 #include <cerrno>
-#include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <filesystem>
 
 namespace tolvan::classroom {
@@ -21,7 +20,7 @@ Problem cannotWrite(const std::string& path, int error) {
 void writeFile(const fs::path& path, std::string_view content) {
     std::error_code ignored;
     fs::create_directories(path.parent_path(), ignored);
-    Descriptor file(::open(path.c_str(), O_WRONLY | O_CREAT | O_EXCL | O_CLOEXEC, 0600));
+    const Descriptor file = openFile(path.generic_string(), FileUse::Create, Links::Follow, 0600);
     if (!file.isOpen()) throw cannotWrite(path.string(), errno);
     if (const int error = file.write(content); error != 0) throw cannotWrite(path.string(), error);
 }
@@ -29,10 +28,8 @@ void writeFile(const fs::path& path, std::string_view content) {
 }  // namespace
 
 WorkFolder::WorkFolder() {
-    std::error_code failure;
-    const fs::path place = fs::temp_directory_path(failure);
-    path_ = ((failure ? fs::path("/tmp") : place) / "tolvan-check-XXXXXX").string();
-    if (::mkdtemp(path_.data()) == nullptr) throw cannotWrite(path_, errno);
+    path_ = makeTemporaryFolder("tolvan-check");
+    if (path_.empty()) throw cannotWrite("tolvan-check-*", errno);
 }
 
 WorkFolder::~WorkFolder() {
@@ -45,7 +42,7 @@ std::string WorkFolder::makeFolder(const std::vector<NamedFile>& files) {
     fs::create_directory(folder, failure);
     if (failure) throw cannotWrite(folder.string(), failure.value());
     for (const NamedFile& file : files) writeFile(folder / file.name, file.content);
-    return folder.string();
+    return folder.generic_string();
 }
 
 void WorkFolder::removeFolder(const std::string& folder) {

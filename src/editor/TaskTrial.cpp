@@ -5,12 +5,12 @@
 #include "editor/DocumentMessages.h"
 #include "platform/encoding/Unicode.h"
 #include "platform/encoding/Utf8.h"
+#include "platform/filenames/FileName.h"
 #include "platform/richtext/RtfWriter.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "platform/transliteration/UnicodeToRoman.h"
 
 #include <QCoreApplication>
-#include <QFile>
 
 namespace tolvan {
 namespace {
@@ -81,7 +81,7 @@ std::string tryWithTask(const QString& taskFile, const std::string& program) {
         return false;
     };
     try {
-        const Task task = readTask(QFile::encodeName(taskFile).toStdString());
+        const Task task = readTask(fileBytes(taskFile));
         return resultMessage(task, Checker(task, {.jobs = 1, .mustStop = staysAlive}).checkProgram(program));
     } catch (const Problem& problem) {
         return fragmentOf(problem.marathi);

@@ -1,5 +1,6 @@
 #include "editor/WholeFile.h"
 
+#include "platform/filenames/FileName.h"
 #include "platform/files/ReplaceFile.h"
 
 #include <QFile>
@@ -16,9 +17,9 @@ std::optional<QByteArray> readWholeFile(const QString& path) {
 }
 
 bool replaceFile(const QString& path, const QByteArray& content, unsigned permissions) {
-    const auto name = [](const QString& file) { return QFile::encodeName(file).toStdString(); };
-    sweepUnfinishedSavings(name(QFileInfo(path).absolutePath()));
-    return replaceFile(name(path), {content.constData(), static_cast<std::size_t>(content.size())}, permissions) == 0;
+    sweepUnfinishedSavings(fileBytes(QFileInfo(path).absolutePath()));
+    return replaceFile(fileBytes(path), {content.constData(), static_cast<std::size_t>(content.size())}, permissions) ==
+           0;
 }
 
 }  // namespace tolvan

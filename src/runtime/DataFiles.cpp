@@ -1,9 +1,9 @@
 #include "runtime/DataFiles.h"
 
 #include "platform/encoding/Deva.h"
+#include "platform/filenames/FileName.h"
 #include "platform/richtext/RtfWriter.h"
 
-#include <QFile>
 #include <QFileInfo>
 #include <QStandardPaths>
 
@@ -22,11 +22,11 @@ ReachableFiles dataFilesOf(const QString& programFile) {
     const bool isUsable = !programFile.isEmpty() && folder.isWritable();
     const QString chosen =
         isUsable ? folder.absoluteFilePath() : QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
-    return ReachableFiles(QFile::encodeName(chosen).toStdString());
+    return ReachableFiles(fileBytes(chosen));
 }
 
 std::string fileQuestion(const std::string& path, bool writing) {
-    const QString name = QFile::decodeName(path.c_str());
+    const QString name = fileName(path);
     return std::string(writing ? wantsToWrite : wantsToRead)
         .append(RtfEscape(std::u16string_view(QStringView(name).utf16(), static_cast<std::size_t>(name.size()))))
         .append(writing ? mayWrite : mayRead);

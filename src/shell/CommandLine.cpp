@@ -37,7 +37,7 @@ bool isFile(const std::string& path) {
 // Without "." and ".." parts, unless that leads elsewhere (past a link).
 std::string tidied(const std::string& path) {
     std::error_code failure;
-    std::string tidy = fs::path(path).lexically_normal().string();
+    std::string tidy = fs::path(path).lexically_normal().generic_string();
     return fs::equivalent(path, tidy, failure) ? tidy : path;
 }
 
@@ -45,7 +45,7 @@ std::string tidied(const std::string& path) {
 std::string findFile(std::string_view word, const CommandLineFolders& folders) {
     const std::string typed = forwardSlashes(word);
     std::vector<std::string> places;
-    if (typed.starts_with('/')) places.push_back(typed);
+    if (isFromRoot(typed)) places.push_back(typed);
     places.push_back(folders.current + "/" + typed);
     places.push_back(folders.application + "/" + typed);
     for (const std::string& place : places) {

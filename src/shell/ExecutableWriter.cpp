@@ -1,7 +1,7 @@
 #include "shell/ExecutableWriter.h"
 
 #include "library/AddLibrary.h"
-#include "platform/files/Descriptor.h"
+#include "platform/files/OpenFile.h"
 #include "runtime/host/FileError.h"
 #include "shell/Payload.h"
 #include "translator/ProgramFile.h"
@@ -9,7 +9,6 @@
 
 #include <cerrno>
 #include <exception>
-#include <fcntl.h>
 #include <new>
 
 namespace tolvan {
@@ -35,8 +34,9 @@ void check(int error) {
     if (error != 0) fail(fileError(error));
 }
 
-Descriptor open(const std::string& path, int flags) {
-    Descriptor file(::open(path.c_str(), flags | O_CLOEXEC, 0777));
+Descriptor open(const std::string& path, FileUse use) {
+    constexpr unsigned mayRun = 0777;
+    Descriptor file = openFile(path, use, Links::Follow, mayRun);
     if (!file.isOpen()) fail(openFileError(errno, path));
     return file;
 }
@@ -48,9 +48,9 @@ std::string contentOf(const Descriptor& file) {
 }
 
 void write(const ExecutableFiles& files, std::string& caption) {
-    const Descriptor source = open(files.program, O_RDONLY);
-    const std::string engine = contentOf(open(files.engine, O_RDONLY));
-    Descriptor executable = open(files.executable, O_WRONLY | O_CREAT | O_TRUNC);
+    const Descriptor source = open(files.program, FileUse::Read);
+    const std::string engine = contentOf(open(files.engine, FileUse::Read));
+    Descriptor executable = open(files.executable, FileUse::Replace);
     check(executable.write(engine));
     const ProgramFile program = readProgramFile(contentOf(source));
     caption = program.caption;

@@ -5,6 +5,8 @@
 #include "editor/FileDialogs.h"
 #include "editor/frmEditor.h"
 #include "platform/encoding/Deva.h"
+#include "platform/filenames/FileName.h"
+#include "platform/files/FileEntry.h"
 #include "platform/files/PathLookup.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/RtfWriter.h"
@@ -15,12 +17,9 @@
 #include "translator/MessageTable.h"
 
 #include <QApplication>
-#include <QFile>
 #include <QFileInfo>
 
-#include <cerrno>
 #include <filesystem>
-#include <unistd.h>
 
 namespace tolvan {
 namespace {
@@ -41,8 +40,8 @@ constexpr std::string_view made = "\\f1Svt<Ç cal[are àayaejn tyar Hale\\f0: "_
 QString engineFile(const Settings& settings) {
     const QString folder = settings.GetSetting(QStringLiteral("Installation"), QStringLiteral("Directory"),
                                                QApplication::applicationDirPath());
-    const std::string wanted = forwardSlashes(QFile::encodeName(folder).toStdString()) + "/engine.dat";
-    const QString found = QFile::decodeName(findPath(wanted).c_str());
+    const std::string wanted = forwardSlashes(fileBytes(folder)) + "/engine.dat";
+    const QString found = fileName(findPath(wanted));
     return QFileInfo(found).isFile() ? found : QString();
 }
 
@@ -52,7 +51,7 @@ std::string aboutFile(const QString& path, std::string_view rest) {
 
 // One file, by whatever names.
 bool isSameFile(const QString& one, const QString& other) {
-    const auto path = [](const QString& name) { return std::filesystem::path(QFile::encodeName(name).toStdString()); };
+    const auto path = [](const QString& name) { return std::filesystem::path(fileBytes(name)); };
     std::error_code missing;
     return std::filesystem::equivalent(path(one), path(other), missing);
 }
@@ -63,15 +62,15 @@ bool mayBeReplaced(const QString& path) {
 
 // The number of the failure, or nothing.
 std::optional<int> remove(const QString& path) {
-    if (::unlink(QFile::encodeName(path).constData()) == 0) return std::nullopt;
-    return static_cast<int>(fileError(errno));
+    const int error = removeFile(fileBytes(path));
+    return error == 0 ? std::nullopt : std::optional(static_cast<int>(fileError(error)));
 }
 
 std::optional<int> write(const QString& engine, const QString& source, const QString& executable,
                          std::string& caption) {
     QApplication::setOverrideCursor(Qt::WaitCursor);
-    const auto bytes = [](const QString& path) { return QFile::encodeName(path).toStdString(); };
-    const std::optional<int> failure = writeExecutable({bytes(engine), bytes(source), bytes(executable)}, caption);
+    const std::optional<int> failure =
+        writeExecutable({fileBytes(engine), fileBytes(source), fileBytes(executable)}, caption);
     QApplication::restoreOverrideCursor();
     return failure;
 }

@@ -4,25 +4,17 @@
 
 #include <QObject>
 
-#include <array>
-
-class QSocketNotifier;
-
 namespace tolvan {
 
 class TerminationSignals : public QObject {
     Q_OBJECT
   public:
-    // One at a time in a process. Without effect where the system has no pipe left.
+    // One at a time in a process. On Linux without effect where the system has no pipe left.
     explicit TerminationSignals(QObject* parent = nullptr);
     ~TerminationSignals() override;
 
   signals:
     void received();
-
-  private:
-    std::array<int, 2> pipe_{-1, -1};
-    QSocketNotifier* notifier_ = nullptr;
 };
 
 }  // namespace tolvan

@@ -2,13 +2,13 @@
 #include "dialogs/MarathiTexts.h"
 #include "dialogs/NoDisplay.h"
 #include "platform/fonts/Fonts.h"
+#include "platform/process/OwnProgram.h"
 #include "platform/settings/Settings.h"
 #include "shell/mdlMain.h"
 
 #include <QApplication>
 #include <QTimer>
 
-#include <algorithm>
 #include <string>
 #include <vector>
 
@@ -24,7 +24,7 @@ int main(int argumentCount, char** arguments) {
     tolvan::look::apply(application);
     tolvan::MarathiTexts::installIn(application);
 
-    const std::vector<std::string> words(arguments + std::min(1, argumentCount), arguments + argumentCount);
+    const std::vector<std::string> words = tolvan::commandLineWords(argumentCount, arguments);
     tolvan::Settings settings(tolvan::Settings::userFile());
     tolvan::mdlMain start(settings);
     QTimer::singleShot(0, &start, [&] { start.Main(words); });

@@ -3,6 +3,7 @@
 #include "dialogs/Look.h"
 #include "editor/frmEditor.h"
 #include "editor/panes/ProgramBox.h"
+#include "platform/filenames/FileName.h"
 #include "platform/files/PathLookup.h"
 #include "platform/fonts/Fonts.h"
 #include "platform/settings/Settings.h"
@@ -15,7 +16,6 @@
 
 #include <QApplication>
 #include <QDir>
-#include <QFile>
 #include <QFileInfo>
 #include <QTimer>
 
@@ -25,13 +25,9 @@ namespace tolvan {
 namespace {
 
 QString findHelpFile() {
-    const std::string wanted = QFile::encodeName(QApplication::applicationDirPath()).toStdString() + "/tolbasic.hlp";
-    const QString found = QFile::decodeName(findPath(wanted).c_str());
+    const std::string wanted = fileBytes(QApplication::applicationDirPath()) + "/tolbasic.hlp";
+    const QString found = fileName(findPath(wanted));
     return QFileInfo(found).isFile() ? found : QString();
-}
-
-QString fileName(const std::string& bytes) {
-    return QFile::decodeName(bytes.c_str());
 }
 
 }  // namespace
@@ -86,9 +82,8 @@ void mdlMain::Main(const std::vector<std::string>& arguments) {
 }
 
 CommandLine mdlMain::readCommandLine(const std::vector<std::string>& arguments) {
-    const auto bytes = [](const QString& path) { return QFile::encodeName(path).toStdString(); };
-    CommandLine commandLine = parseCommandLine(joinArguments(arguments),
-                                               {bytes(QDir::currentPath()), bytes(QApplication::applicationDirPath())});
+    CommandLine commandLine = parseCommandLine(
+        joinArguments(arguments), {fileBytes(QDir::currentPath()), fileBytes(QApplication::applicationDirPath())});
     for (const CommandLine::Problem problem : commandLine.problems) {
         showPlainMessage(problemText(problem));
         unloadEditor();

@@ -1,11 +1,12 @@
 // A folder of a test's own, gone with all it holds when the test ends.
 #pragma once
 
+#include "platform/files/FileEntry.h"
+
 #include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <stdexcept>
-#include <stdlib.h>
 #include <string>
 #include <string_view>
 #include <utility>
@@ -15,8 +16,8 @@ namespace tolvan {
 class TemporaryFolder {
   public:
     TemporaryFolder() {
-        std::string name = (std::filesystem::temp_directory_path() / "tolvan-XXXXXX").string();
-        if (::mkdtemp(name.data()) == nullptr) throw std::runtime_error("no temporary folder");
+        const std::string name = makeTemporaryFolder("tolvan");
+        if (name.empty()) throw std::runtime_error("no temporary folder");
         path_ = name;
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
@@ -26,8 +27,8 @@ class TemporaryFolder {
         std::filesystem::remove_all(path_, ignored);
     }
 
-    std::string operator/(std::string_view name) const { return (path_ / name).string(); }
-    std::string path() const { return path_.string(); }
+    std::string operator/(std::string_view name) const { return (path_ / name).generic_string(); }
+    std::string path() const { return path_.generic_string(); }
 
     void write(std::string_view name, std::string_view content) const {
         std::ofstream(path_ / name, std::ios::binary) << content;

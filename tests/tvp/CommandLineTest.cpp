@@ -1,15 +1,11 @@
 #include "platform/encoding/Deva.h"
-#include "platform/files/Descriptor.h"
 #include "support/Cases.h"
 #include "tvp/TvpProcess.h"
 
-#include <fcntl.h>
 #include <gmock/gmock.h>
 #include <iterator>
 #include <random>
-#include <signal.h>
 #include <sstream>
-#include <sys/stat.h>
 
 namespace tolvan {
 namespace {
@@ -138,9 +134,6 @@ TEST(CommandLine, TakesAnyBytes) {
 
 TEST(CommandLine, TakesOrdinaryFilesOfUpTo64MiB) {
     TvpProcess tvp;
-    ASSERT_EQ(::mkfifo((tvp.folder() / "pipe").c_str(), 0600), 0);
-    EXPECT_THAT(tvp.run({"run", "pipe"}).errors, HasSubstr("no ordinary file"));
-    EXPECT_THAT(tvp.run({"run", "/dev/zero"}).errors, HasSubstr("no ordinary file"));
     tvp.folder().write("sparse.tvp", "caption\r\n");
     std::filesystem::resize_file(tvp.folder() / "sparse.tvp", (64U << 20) + 1);
     EXPECT_THAT(tvp.run({"run", "sparse.tvp"}).errors, HasSubstr("File too large"));
@@ -156,34 +149,6 @@ TEST(CommandLine, TakesOrdinaryFilesOfUpTo64MiB) {
     std::string oneLine(largeFile / 10, '7');
     tvp.folder().write("line.txt", oneLine);
     EXPECT_EQ(tvp.run({"convert", "line.txt"}).output.size(), oneLine.size());
-}
-
-TEST(CommandLine, SaysWhenItsOutputCannotBeWritten) {
-    TvpProcess tvp;
-    tvp.sendOutputTo("/dev/full");
-    const TvpResult result = tvp.runProgram({"run"}, "jovar 1 = 1 tovar\r\ndAkhav 1\r\nkar");
-    EXPECT_EQ(result.status, 2) << "an endless program ends when nobody can read it";
-    EXPECT_THAT(result.errors, HasSubstr("cannot write the output: No space left on device"));
-}
-
-TEST(CommandLine, SendsNoControlCodesToATerminal) {
-    const Descriptor terminal(::posix_openpt(O_RDWR | O_NOCTTY));
-    ASSERT_TRUE(terminal.isOpen() && ::grantpt(terminal.number()) == 0 && ::unlockpt(terminal.number()) == 0);
-    TvpProcess tvp;
-    tvp.sendOutputTo(::ptsname(terminal.number()));
-    tvp.runProgram({"run"}, "dAkhav #\"\x1B]0;\x07 \x9B \xC2\x9B \xE0\xA4\x95\"#");
-    std::string shown;
-    EXPECT_EQ(terminal.read(shown, 1000), 0);
-    EXPECT_EQ(shown, "{?]0;? ? ? \xE0\xA4\x95}\r\n");
-}
-
-TEST(CommandLine, EndsAtCtrlC) {
-    TvpProcess tvp;
-    tvp.interruptWhen([&] { return !tvp.folder().read(".output").empty(); }, SIGINT);
-    const TvpResult result = tvp.runProgram({"run", "--trace"}, "dAkhav 1\r\njovar 1 = 1 tovar\r\nkar");
-    EXPECT_EQ(result.status, 128 + SIGINT);
-    EXPECT_EQ(result.output, "1\n") << "what was printed before is not lost";
-    EXPECT_EQ(result.errors, "PrintString 1\n");
 }
 
 }  // namespace

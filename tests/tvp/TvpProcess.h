@@ -23,7 +23,7 @@ class TvpProcess {
 
     // Where its output goes instead of into the result.
     void sendOutputTo(std::string path) { outputPath_ = std::move(path); }
-    // A signal to send as soon as `ready` says so; its output is in ".output" in the folder.
+    // A signal to send as soon as `ready` says so, where there are signals; its output is in ".output" in the folder.
     void interruptWhen(std::function<bool()> ready, int signal) {
         ready_ = std::move(ready);
         signal_ = signal;

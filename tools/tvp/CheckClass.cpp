@@ -4,12 +4,13 @@
 #include "classroom/ReportTexts.h"
 #include "classroom/Reports.h"
 #include "platform/files/ReplaceFile.h"
+#include "platform/process/Interruption.h"
+#include "platform/process/OwnProgram.h"
 
 #include <csignal>
 #include <cstring>
 #include <filesystem>
 #include <thread>
-#include <unistd.h>
 
 namespace tolvan {
 namespace {
@@ -20,12 +21,7 @@ constexpr int interrupted = 130;
 
 volatile std::sig_atomic_t mustStop = 0;
 
-// Ctrl+C, the end of the session, and kill: the report of what there is comes all the same.
-void stopOnSignals() {
-    struct sigaction action {};
-    action.sa_handler = [](int) { mustStop = 1; };
-    for (const int signal : {SIGINT, SIGTERM, SIGHUP}) ::sigaction(signal, &action, nullptr);
-}
+constexpr int standardError = 2;
 
 void writeReport(const std::string& path, const std::string& content) {
     const int error = path.empty() ? 0 : replaceFile(path, content);
@@ -38,7 +34,7 @@ void writeReport(const std::string& path, const std::string& content) {
 class ProgressLine {
   public:
     ProgressLine(std::size_t all, Language language, Output& messages)
-        : all_(all), language_(language), messages_(messages), isShown_(::isatty(STDERR_FILENO) == 1) {}
+        : all_(all), language_(language), messages_(messages), isShown_(isTerminal(standardError)) {}
     ~ProgressLine() {
         if (isShown_) write("");
     }
@@ -53,7 +49,7 @@ class ProgressLine {
     void write(const std::string& text) {
         messages_.flush();
         const std::string line = "\r\x1B[K" + text;
-        static_cast<void>(!::write(STDERR_FILENO, line.data(), line.size()));
+        static_cast<void>(Descriptor::standard(standardError).write(line));
     }
 
     std::size_t all_;
@@ -70,7 +66,7 @@ unsigned jobsOf(const CheckRequest& request) {
 
 int checkClass(const std::string& folder, const CheckRequest& request, Output& output, Output& messages) {
     const Language language = request.english ? Language::English : Language::Marathi;
-    stopOnSignals();
+    onRequestToEnd([] { mustStop = 1; });  // the report of what there is comes all the same
     const Task task = readTask(request.task);
     const std::vector<HandIn> handIns = findHandIns(folder, request.task);
     if (handIns.empty()) {
@@ -78,7 +74,7 @@ int checkClass(const std::string& folder, const CheckRequest& request, Output& o
     }
     std::optional<ResultCache> cache;
     const std::string cacheFolder = ResultCache::usualFolder();
-    if (request.useCache && !cacheFolder.empty()) cache.emplace(cacheFolder, task, "/proc/self/exe");
+    if (request.useCache && !cacheFolder.empty()) cache.emplace(cacheFolder, task, ownProgramFile());
     ProgressLine progress(handIns.size(), language, messages);
     Checker checker(task, {jobsOf(request), cache ? &*cache : nullptr, [&](std::size_t done) { progress.show(done); },
                            [] { return mustStop != 0; }});

@@ -8,6 +8,7 @@
 #include "platform/encoding/Deva.h"
 #include "platform/encoding/Unicode.h"
 #include "platform/files/PathLookup.h"
+#include "platform/process/Interruption.h"
 #include "platform/richtext/InternalText.h"
 #include "platform/richtext/UnicodeText.h"
 #include "platform/transliteration/MarkRoman.h"
@@ -37,7 +38,6 @@
 #include <limits>
 #include <new>
 #include <optional>
-#include <unistd.h>
 
 namespace tolvan {
 namespace {
@@ -212,7 +212,7 @@ void limitTime(std::uint64_t milliseconds, script::Executor& executor, bool isTr
     if (milliseconds == Limits::none) return;
     if (isTraced)
         executor.setTimeout(static_cast<int>(std::min<std::uint64_t>(milliseconds, std::numeric_limits<int>::max())));
-    endAfter(isTraced ? milliseconds + patience : milliseconds);
+    endAfter(isTraced ? milliseconds + patience : milliseconds, timeIsOver, limitReached);
 }
 
 int runOnTextConsole(const std::string& module, const Invocation& invocation, const TellError& tellError,
@@ -241,7 +241,7 @@ int runOnTextConsole(const std::string& module, const Invocation& invocation, co
         return limitReached;
     }
     if (report.number == script::errors::timedOut) {
-        invocation.messages.writeLine(timeIsOver);
+        invocation.messages.write(timeIsOver);
         return limitReached;
     }
     if (report.number == 0 || console.isStopped()) return succeeded;
@@ -512,8 +512,8 @@ classroom::Language languageOf(const std::vector<std::string>& arguments) {
 }  // namespace
 
 int runCommandLine(const std::vector<std::string>& arguments) {
-    Output output(STDOUT_FILENO);
-    Output messages(STDERR_FILENO);
+    Output output(1);
+    Output messages(2);
     int status = unusable;
     try {
         status = runCommand(arguments, output, messages);

@@ -1,12 +1,11 @@
 #include "tvp/Input.h"
 
+#include "platform/files/FileEntry.h"
+#include "platform/files/OpenFile.h"
 #include "platform/files/PathLookup.h"
 
 #include <cerrno>
 #include <cstring>
-#include <fcntl.h>
-#include <sys/stat.h>
-#include <unistd.h>
 #include <utility>
 
 namespace tolvan {
@@ -19,15 +18,14 @@ InputFailure cannotRead(const std::string& name, int error) {
 }
 
 Descriptor openInput(const std::string& name) {
-    if (name == "-") return Descriptor::standard(STDIN_FILENO);
-    constexpr int flags = O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK;  // a pipe without writer is not waited for
-    Descriptor file(::open(name.c_str(), flags));
-    if (!file.isOpen() && errno == ENOENT) file = Descriptor(::open(findPath(forwardSlashes(name)).c_str(), flags));
+    if (name == "-") return Descriptor::standard(0);
+    Descriptor file = openFile(name, FileUse::Read);
+    if (!file.isOpen() && errno == ENOENT) file = openFile(findPath(forwardSlashes(name)), FileUse::Read);
     if (!file.isOpen()) throw cannotRead(name, errno);
-    struct stat entry {};
-    if (::fstat(file.number(), &entry) != 0) throw cannotRead(name, errno);
-    if (S_ISDIR(entry.st_mode)) throw cannotRead(name, EISDIR);
-    if (!S_ISREG(entry.st_mode)) throw InputFailure{"cannot read " + name + ": it is no ordinary file"};
+    const std::optional<FileEntry> entry = entryOf(file);
+    if (!entry) throw cannotRead(name, errno);
+    if (entry->kind == FileEntry::Kind::Folder) throw cannotRead(name, EISDIR);
+    if (entry->kind != FileEntry::Kind::File) throw InputFailure{"cannot read " + name + ": it is no ordinary file"};
     return file;
 }
 

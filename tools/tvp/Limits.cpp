@@ -3,11 +3,8 @@
 #include "platform/encoding/Ascii.h"
 
 #include <charconv>
-#include <csignal>
 #include <filesystem>
-#include <sys/time.h>
 #include <system_error>
-#include <unistd.h>
 
 namespace tolvan {
 namespace {
@@ -53,18 +50,6 @@ ReachableFiles Limits::filesOf(const std::string& programFile) const {
     const fs::path folder = programFile == "-" ? fs::path() : fs::path(programFile).parent_path();
     const Reach reach = files == "own" ? Reach::Folder : files == "none" ? Reach::Nothing : Reach::Everything;
     return ReachableFiles(folder.empty() ? "." : folder.string(), reach);
-}
-
-void endAfter(std::uint64_t milliseconds) {
-    std::signal(SIGALRM, [](int) {
-        static_cast<void>(!::write(STDERR_FILENO, timeIsOver.data(), timeIsOver.size()));
-        static_cast<void>(!::write(STDERR_FILENO, "\n", 1));
-        ::_exit(limitReached);
-    });
-    itimerval time{};
-    time.it_value.tv_sec = static_cast<time_t>(milliseconds / 1000);
-    time.it_value.tv_usec = static_cast<suseconds_t>(milliseconds % 1000 * 1000);
-    ::setitimer(ITIMER_REAL, &time, nullptr);
 }
 
 }  // namespace tolvan

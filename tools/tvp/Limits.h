@@ -30,9 +30,6 @@ std::optional<std::uint64_t> readMilliseconds(std::string_view seconds);
 
 inline constexpr int limitReached = 3;  // exit status
 
-inline constexpr std::string_view timeIsOver = "tvp: stopped, its time is over";
-
-// From now on, the process ends with that status and a message when the time is over, whatever it is doing.
-void endAfter(std::uint64_t milliseconds);
+inline constexpr std::string_view timeIsOver = "tvp: stopped, its time is over\n";
 
 }  // namespace tolvan

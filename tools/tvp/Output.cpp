@@ -2,8 +2,7 @@
 
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Utf8.h"
-
-#include <unistd.h>
+#include "platform/process/OwnProgram.h"
 
 namespace tolvan {
 namespace {
@@ -31,8 +30,7 @@ std::string withoutControls(std::string_view text) {
 
 }  // namespace
 
-Output::Output(int descriptor)
-    : descriptor_(Descriptor::standard(descriptor)), isTerminal_(::isatty(descriptor) == 1) {}
+Output::Output(int descriptor) : descriptor_(Descriptor::standard(descriptor)), isTerminal_(isTerminal(descriptor)) {}
 
 void Output::write(std::string_view bytes) {
     if (waiting_.size() + bytes.size() > pieceSize) flush();

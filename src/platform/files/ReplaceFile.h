@@ -4,7 +4,6 @@
 
 #include <string>
 #include <string_view>
-#include <sys/types.h>
 
 namespace tolvan {
 
@@ -12,7 +11,9 @@ namespace tolvan {
 // the old content is still there, unless only bringing the change of the folder to the disk failed. Permissions stay,
 // those of a new file are `permissions` less the user's mask; a link stays a link. What is no ordinary file, or may not
 // be written, is left alone.
-int replaceFile(const std::string& path, std::string_view content, mode_t permissions = 0666);
+// On Windows the marks and rights of the old file stay, a new one has those of its folder, and `permissions` say
+// nothing.
+int replaceFile(const std::string& path, std::string_view content, unsigned permissions = 0666);
 
 // Removes what savings into this folder left that did not come to their end, as when the power failed. Savings that are
 // under way keep theirs.

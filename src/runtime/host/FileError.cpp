@@ -1,7 +1,8 @@
 #include "runtime/host/FileError.h"
 
+#include "platform/files/FileEntry.h"
+
 #include <cerrno>
-#include <sys/stat.h>
 
 namespace tolvan {
 
@@ -16,7 +17,9 @@ FileError fileError(int number) {
         case EPERM:
             return FileError::PermissionDenied;
         case ENOSPC:
+#ifdef EDQUOT
         case EDQUOT:
+#endif
         case EFBIG:
             return FileError::DiskFull;
         case EMFILE:
@@ -36,15 +39,6 @@ FileError fileError(int number) {
             return FileError::DeviceError;
     }
 }
-
-namespace {
-
-bool isFolder(const std::string& path) {
-    struct stat entry {};
-    return ::stat(path.c_str(), &entry) == 0 && S_ISDIR(entry.st_mode);
-}
-
-}  // namespace
 
 FileError openFileError(int number, const std::string& path) {
     if (number != ENOENT) return fileError(number);

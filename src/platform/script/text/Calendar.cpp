@@ -20,7 +20,11 @@ std::int64_t floorDivide(std::int64_t a, std::int64_t b) {
 std::tm localTime(std::chrono::system_clock::time_point now) {
     const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
     std::tm broken{};
+#ifdef _WIN32
+    localtime_s(&broken, &seconds);
+#else
     localtime_r(&seconds, &broken);
+#endif
     return broken;
 }
 

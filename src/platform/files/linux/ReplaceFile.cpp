@@ -91,7 +91,7 @@ int look(const fs::path& target, std::optional<mode_t>& permissions) {
 
 }  // namespace
 
-int replaceFile(const std::string& path, std::string_view content, mode_t permissions) {
+int replaceFile(const std::string& path, std::string_view content, unsigned permissions) {
     const fs::path target = linkTarget(path);
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
     std::optional<mode_t> present;

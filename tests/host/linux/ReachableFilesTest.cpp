@@ -1,10 +1,9 @@
 // What a program reaches, with names as a hostile one would give them.
 #include "host/TemporaryFolder.h"
-#include "platform/files/OpenBeneath.h"
+#include "platform/files/linux/OpenBeneathByNames.h"
 #include "runtime/host/ReachableFiles.h"
 
 #include <cerrno>
-#include <fcntl.h>
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
@@ -149,7 +148,7 @@ TEST_F(ReachableFilesTest, BothWaysOfOpeningBeneathAFolderAgree) {
     for (const auto& [path, error] : cases)
         for (const auto way : {&openBeneath, &openBeneathByNames}) {
             errno = 0;
-            EXPECT_EQ(way(around / "own", path, O_RDONLY | O_NONBLOCK).isOpen(), error == 0) << path;
+            EXPECT_EQ(way(around / "own", path, FileUse::Read).isOpen(), error == 0) << path;
             EXPECT_EQ(errno, error) << path;
         }
 }

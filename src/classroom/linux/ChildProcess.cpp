@@ -5,6 +5,7 @@
 #include <csignal>
 #include <ctime>
 #include <fcntl.h>
+#include <poll.h>
 #include <sys/prctl.h>
 #include <sys/resource.h>
 #include <sys/syscall.h>
@@ -59,6 +60,10 @@ double secondsOf(const timeval& time) {
 
 }  // namespace
 
+bool ChildProcess::isPossible() {
+    return true;
+}
+
 ChildProcess ChildProcess::start(const Work& work, const std::string& folder, const ProcessLimits& limits) {
     ChildProcess child;
     int ends[2] = {-1, -1};
@@ -88,6 +93,17 @@ ChildProcess& ChildProcess::operator=(ChildProcess&& other) noexcept {
     processorSeconds_ = other.processorSeconds_;
     signal_ = other.signal_;
     return *this;
+}
+
+std::vector<bool> ChildProcess::waitFor(const std::vector<const ChildProcess*>& processes, int milliseconds) {
+    std::vector<pollfd> results;
+    results.reserve(processes.size());
+    for (const ChildProcess* const process : processes) results.push_back({process->pipe_.number(), POLLIN, 0});
+    static_cast<void>(::poll(results.data(), results.size(), milliseconds));
+    std::vector<bool> ready;
+    ready.reserve(results.size());
+    for (const pollfd& result : results) ready.push_back(result.revents != 0);
+    return ready;
 }
 
 bool ChildProcess::read() {

@@ -1,4 +1,6 @@
-#include "platform/files/OpenBeneath.h"
+#include "platform/files/OpenFile.h"
+
+#include "platform/files/linux/OpenBeneathByNames.h"
 
 #include <cerrno>
 #include <fcntl.h>
@@ -11,7 +13,24 @@
 namespace tolvan {
 namespace {
 
-constexpr unsigned permissions = 0666;  // of a new file, less the user's mask
+constexpr unsigned permissionsBeneath = 0666;  // of a new file, less the user's mask
+
+int flagsOf(FileUse use) {
+    constexpr int always = O_CLOEXEC | O_NOCTTY | O_NONBLOCK;
+    switch (use) {
+        case FileUse::Read:
+            break;
+        case FileUse::Write:
+            return always | O_WRONLY | O_CREAT;
+        case FileUse::Append:
+            return always | O_WRONLY | O_CREAT | O_APPEND;
+        case FileUse::Replace:
+            return always | O_WRONLY | O_CREAT | O_TRUNC;
+        case FileUse::Create:
+            return always | O_WRONLY | O_CREAT | O_EXCL;
+    }
+    return always | O_RDONLY;
+}
 
 Descriptor openFolder(const std::string& folder) {
     return Descriptor(::open(folder.c_str(), O_PATH | O_DIRECTORY | O_CLOEXEC));
@@ -29,19 +48,24 @@ Descriptor failure(int error) {
 
 }  // namespace
 
-Descriptor openBeneath(const std::string& folder, const std::string& path, int flags) {
+Descriptor openFile(const std::string& path, FileUse use, Links links, unsigned permissions) {
+    const int noLinks = links == Links::Refuse ? O_NOFOLLOW : 0;
+    return Descriptor(::open(path.c_str(), flagsOf(use) | noLinks, permissions));
+}
+
+Descriptor openBeneath(const std::string& folder, const std::string& path, FileUse use) {
     const Descriptor start = openFolder(folder);
     if (!start.isOpen()) return Descriptor();
     struct open_how how {};
-    how.flags = static_cast<unsigned>(flags | O_CLOEXEC);
-    how.mode = (flags & O_CREAT) != 0 ? permissions : 0;
+    how.flags = static_cast<unsigned>(flagsOf(use));
+    how.mode = (how.flags & O_CREAT) != 0 ? permissionsBeneath : 0;
     how.resolve = RESOLVE_BENEATH | RESOLVE_NO_SYMLINKS;
     const long number = ::syscall(SYS_openat2, start.number(), path.c_str(), &how, sizeof how);
-    if (number < 0 && (errno == ENOSYS || errno == EPERM)) return openBeneathByNames(folder, path, flags);
+    if (number < 0 && (errno == ENOSYS || errno == EPERM)) return openBeneathByNames(folder, path, use);
     return Descriptor(static_cast<int>(number));
 }
 
-Descriptor openBeneathByNames(const std::string& folder, const std::string& path, int flags) {
+Descriptor openBeneathByNames(const std::string& folder, const std::string& path, FileUse use) {
     if (path.starts_with('/')) return failure(EXDEV);
     Descriptor place = openFolder(folder);
     for (std::string_view rest = path; place.isOpen();) {
@@ -49,7 +73,7 @@ Descriptor openBeneathByNames(const std::string& folder, const std::string& path
         const std::string name(rest.substr(0, slash));
         if (name == "..") return failure(EXDEV);
         if (slash == std::string_view::npos)
-            return Descriptor(::openat(place.number(), name.c_str(), flags | O_NOFOLLOW | O_CLOEXEC, permissions));
+            return Descriptor(::openat(place.number(), name.c_str(), flagsOf(use) | O_NOFOLLOW, permissionsBeneath));
         place = Descriptor(::openat(place.number(), name.c_str(), O_PATH | O_NOFOLLOW | O_CLOEXEC));
         if (isLink(place)) return failure(ELOOP);
         rest.remove_prefix(slash + 1);

@@ -164,6 +164,8 @@ void limitResource(__rlimit_resource resource, std::uint64_t soft, std::uint64_t
     ::setrlimit(resource, &limit);
 }
 
+volatile std::sig_atomic_t timeIsOver = 0;
+
 std::uint64_t addressSpaceUsed() {
     std::uint64_t pages = 0;
     std::ifstream("/proc/self/statm") >> pages;
@@ -194,6 +196,23 @@ void limitProcess(const ProcessLimits& limits) {
     time.it_value.tv_usec = static_cast<suseconds_t>(std::fmod(limits.seconds, 1) * 1e6);
     time.it_interval.tv_usec = 200'000;
     ::setitimer(ITIMER_PROF, &time, nullptr);
+}
+
+void watchTime() {
+    timeIsOver = 0;
+    std::signal(SIGPROF, [](int) {
+        if (timeIsOver != 0)
+            std::signal(SIGPROF, SIG_DFL);  // it never looks whether it is late: the next signal ends it
+        timeIsOver = 1;
+    });
+}
+
+bool isTimeOver() {
+    return timeIsOver != 0;
+}
+
+bool isSignalOfTime(int signal) {
+    return signal == SIGPROF || signal == SIGXCPU || signal == SIGKILL;
 }
 
 void confineProcess(const std::string& folder) {
