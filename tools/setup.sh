@@ -12,7 +12,8 @@ if [ -z "${XDG_RUNTIME_DIR:-}" ]; then
     [ -d "$XDG_RUNTIME_DIR" ] || mkdir -m 700 "$XDG_RUNTIME_DIR"
 fi
 
-build_packages=(cmake ninja-build g++ qt6-base-dev libgtest-dev libgmock-dev libbenchmark-dev fonts-liberation2)
+build_packages=(cmake ninja-build g++ qt6-base-dev libasmjit-dev libgtest-dev libgmock-dev libbenchmark-dev
+    fonts-liberation2)
 
 say() { printf '==> %s\n' "$*"; }
 

@@ -121,6 +121,14 @@ void Executor::setWatched(bool on) {
     engine_->machine.setWatched(on);
 }
 
+void Executor::setMachineCode(const MachineCodeOptions& options) {
+    engine_->machine.setMachineCode(options);
+}
+std::vector<MachineCodeCount> Executor::machineCodeCounts() const {
+    const native::CodeStore* code = engine_->machine.machineCode();
+    return code == nullptr ? std::vector<MachineCodeCount>() : code->counts();
+}
+
 void Executor::setRecording(Recording* recording) {
     if (recording != nullptr) setWatched(true);
     engine_->machine.setRecording(recording);

@@ -12,6 +12,7 @@
 #include "platform/script/ScriptError.h"
 #include "platform/script/TextForm.h"
 #include "platform/script/Value.h"
+#include "platform/script/native/MachineCode.h"
 
 #include <chrono>
 #include <cstddef>
@@ -20,6 +21,7 @@
 #include <span>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace tolvan::script {
 
@@ -81,6 +83,10 @@ class Executor {
     // Compiles the modules that are loaded from now on for inspection (see Inspection.h): no poll is optimised away,
     // and the state of a run that failed is kept until the next run. Start value: off.
     void setWatched(bool on);
+    // Code that runs often becomes machine code, where that is possible; a script does not see it. Concerns what is
+    // loaded after the next reset.
+    void setMachineCode(const MachineCodeOptions& options);
+    std::vector<MachineCodeCount> machineCodeCounts() const;
     // What runs from now on is recorded (see Recording.h); in a script that is running, from its next poll on. Also
     // sets setWatched for the modules that are loaded from now on. Null (the start value): no longer; before a
     // recording is destroyed.

@@ -48,6 +48,8 @@ class CodeBuilder {
 
     // A statement begins; its instructions have no place in the line but what a CodePlace says.
     void mark(std::uint32_t line);
+    // What follows is rarely needed.
+    void markColdCode() { procedure_.coldCode = here(); }
 
     // Of the instructions that are emitted now.
     Columns place() const { return place_; }

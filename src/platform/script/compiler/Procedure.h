@@ -4,6 +4,7 @@
 #include "platform/script/Heap.h"
 #include "platform/script/Value.h"
 #include "platform/script/compiler/Opcode.h"
+#include "platform/script/native/MachineCode.h"
 #include "platform/script/syntax/Ast.h"
 #include "platform/script/syntax/Names.h"
 
@@ -43,6 +44,8 @@ struct Procedure {
     std::uint32_t parameterCount = 0;
     std::uint32_t variableCount = 0;  // registers that start as Empty: result, parameters, variables
     std::uint32_t registerCount = 0;  // all
+    // From here on `code` has what is rarely needed: answers to polls, the rest of conditions that are decided.
+    std::uint32_t coldCode = 0;
     // For each parameter whether its register holds a reference to the caller's variable; otherwise it holds a value.
     // A call that was compiled with the procedure known passes just that. One that was not (a late-bound call, a call
     // of a method) passes references for all parameters; entering the procedure replaces those that it does not expect
@@ -58,6 +61,8 @@ struct Procedure {
     std::unordered_map<NameId, std::uint32_t> registers;
     // The registers from here on belong to names that are bound late: see ProcedureScope::firstLate.
     std::uint32_t firstLate = 0;
+
+    mutable native::CodeOfProcedure machineCode;
 
     HeapCharge memory;  // of this procedure: code, constants and tables
     void countIn(Heap& heap);

@@ -26,6 +26,7 @@ void ProcedureCompiler::compileExpression(const Expr& expression) {
     into(expression, value);
     code_.emit(Op::Take, 0, value);
     code_.emit(Op::Return);
+    code_.markColdCode();
 }
 
 void ProcedureCompiler::block(const Block& body, std::uint32_t endLine) {
@@ -431,6 +432,7 @@ void ProcedureCompiler::poll(const HostMember* polled, const CallStmt& otherwise
 
 // Writing cold code may add more of it to the list.
 void ProcedureCompiler::emitColdCode() {
+    code_.markColdCode();
     for (std::size_t i = 0; i < cold_.size(); ++i) {
         const ColdCode& cold = cold_[i];
         code_.startRegistersAt(cold.firstRegister);

@@ -16,6 +16,7 @@ Machine::Machine()
       frames_(std::make_unique_for_overwrite<Frame[]>(deepestCalls)) {
     if (stack_ == nullptr) throw std::bad_alloc();
     names_.countIn(heap());
+    setMachineCode(machineCodeOptions_);
 }
 
 Machine::~Machine() {
@@ -45,8 +46,32 @@ void Machine::reset() {
     symbols_ = std::make_unique<SymbolTable>(names_, errValue_, heap());
     names_.countIn(heap());
     setWatched(isWatched_);
+    machineCode_.reset();
     randomSeed = firstRandomSeed;
     resetting_ = false;
+}
+
+void Machine::setWatched(bool on) {
+    isWatched_ = symbols_->keepsEveryPoll = on;
+    setMachineCode(machineCodeOptions_);
+}
+
+// What is watched is interpreted.
+void Machine::setMachineCode(const MachineCodeOptions& options) {
+    machineCodeOptions_ = options;
+    const bool isOff = isWatched_ || options.hotAfter >= MachineCodeOptions::never || !native::CodeStore::isAvailable();
+    hotPasses_ = isOff ? MachineCodeOptions::never : options.hotAfter;
+    hotCalls_ = isOff ? std::numeric_limits<std::uint32_t>::max() : options.hotAfter;
+}
+
+native::CodeStore::Outcome Machine::enterHotLoop(const Instruction* head) {
+    if (machineCode_ == nullptr) machineCode_ = std::make_unique<native::CodeStore>(*this, machineCodeOptions_);
+    return machineCode_->enterLoop(head);
+}
+
+native::CodeStore::Outcome Machine::enterHotProcedure() {
+    if (machineCode_ == nullptr) machineCode_ = std::make_unique<native::CodeStore>(*this, machineCodeOptions_);
+    return machineCode_->enterProcedure();
 }
 
 void Machine::setRecording(Recording* recording) {

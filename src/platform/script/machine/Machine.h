@@ -14,10 +14,12 @@
 #include "platform/script/machine/ClassInstance.h"
 #include "platform/script/machine/ErrObject.h"
 #include "platform/script/machine/FailedOperation.h"
+#include "platform/script/native/MachineCode.h"
 
 #include <chrono>
 #include <cstddef>
 #include <cstdint>
+#include <limits>
 #include <map>
 #include <memory>
 #include <span>
@@ -100,9 +102,13 @@ class Machine : public Context {
     void setFailedCall(std::string_view procedure) { trace_.operation.called = procedure; }
 
     // See Inspection.h. Concerns the modules that are loaded from now on.
-    void setWatched(bool on) { isWatched_ = symbols_->keepsEveryPoll = on; }
+    void setWatched(bool on);
     // See Executor.
     void setRecording(Recording* recording);
+
+    // Concerns what becomes hot from now on.
+    void setMachineCode(const MachineCodeOptions& options);
+    const native::CodeStore* machineCode() const { return machineCode_.get(); }
 
     void addInstance(ClassInstance& instance);
     void removeInstance(ClassInstance& instance);
@@ -120,6 +126,8 @@ class Machine : public Context {
     // For Inspection (MachineInspection.cpp) and Recorder.
     friend class Inspection;
     friend class Recorder;
+    // For machine code, which does what the loop of instructions does.
+    friend class native::CodeStore;
     int lineOf(const Frame& frame) const;
     std::vector<InspectedVariable> variablesOf(const Frame& frame);
     std::vector<InspectedVariable> outsideVariables();
@@ -132,8 +140,19 @@ class Machine : public Context {
     void run();
     // Until the procedure entered last has returned, or has to be gone on with in the other loop.
     enum class Left : std::uint8_t { Procedure, Loop };
-    template <bool isRecorded>
+    enum class Mode : std::uint8_t { Plain, Recorded, OneInstruction };
+    template <Mode mode>
     Left execute();
+    // Counts a pass of the loop at `head`, a call of a procedure; whether there have been many.
+    bool isHot(const Instruction* head) {
+        if (head->a >= hotPasses_) [[unlikely]]
+            return true;
+        ++const_cast<Instruction*>(head)->a;
+        return false;
+    }
+    bool isHot(const Procedure& procedure) { return procedure.machineCode.calls++ >= hotCalls_; }
+    native::CodeStore::Outcome enterHotLoop(const Instruction* head);
+    native::CodeStore::Outcome enterHotProcedure();
     // To the recording that the host wants, unless calls within each other are under way.
     void switchRecording();
     void endRecording();
@@ -228,8 +247,12 @@ class Machine : public Context {
     std::chrono::steady_clock::time_point deadline_;
     ErrorTrace trace_;
     bool isWatched_ = false;
-    Recording* recording_ = nullptr;      // as the host wants it
-    std::unique_ptr<Recorder> recorder_;  // as it is
+    MachineCodeOptions machineCodeOptions_ = MachineCodeOptions::fromEnvironment();
+    std::uint32_t hotPasses_ = MachineCodeOptions::never;
+    std::uint32_t hotCalls_ = std::numeric_limits<std::uint32_t>::max();
+    std::unique_ptr<native::CodeStore> machineCode_;  // made when something is hot
+    Recording* recording_ = nullptr;                  // as the host wants it
+    std::unique_ptr<Recorder> recorder_;              // as it is
 
     ClassInstance* instances_ = nullptr;
     ClassInstance* finalizing_ = nullptr;

@@ -4,6 +4,6 @@
 
 namespace tolvan::script {
 
-template Machine::Left Machine::execute<false>();
+template Machine::Left Machine::execute<Machine::Mode::Plain>();
 
 }  // namespace tolvan::script

@@ -1,8 +1,9 @@
 // The loop that executes instructions. What an operation means stands in a function of its own (MachineOperations.cpp,
 // MachineElements.cpp, MachineMemberCalls.cpp); the most frequent operands are worked out in QuickPaths.h.
 //
-// There are two such loops, made from this one: MachineDispatch.cpp has the one that nobody watches,
-// MachineDispatchRecorded.cpp the one that tells a Recorder of everything.
+// There are three such loops, made from this one: MachineDispatch.cpp has the one that nobody watches,
+// MachineDispatchRecorded.cpp the one that tells a Recorder of everything, and MachineDispatchOne.cpp one that ends
+// after a single instruction, which machine code calls for what it does not do itself.
 #pragma once
 
 #include "platform/script/machine/QuickPaths.h"
@@ -16,8 +17,9 @@ namespace tolvan::script {
 
 using namespace quick;
 
-template <bool isRecorded>
+template <Machine::Mode mode>
 Machine::Left Machine::execute() {
+    constexpr bool isRecorded = mode == Mode::Recorded;
     static const void* const labels[] = {
 #define X(name, words) &&L_##name,
         TOLVAN_ALL_OPCODES
@@ -32,9 +34,15 @@ Machine::Left Machine::execute() {
         if (pc == frame->procedure->code.data()) recorder_->entered(*frame);
     }
 
-#define NEXT                                               \
+#define DISPATCH                                           \
     if constexpr (isRecorded) recorder_->note(*frame, pc); \
     goto* labels[static_cast<std::size_t>(pc->op)]
+#define NEXT                                      \
+    if constexpr (mode == Mode::OneInstruction) { \
+        frame->pc = pc;                           \
+        return Left::Procedure;                   \
+    }                                             \
+    DISPATCH
 // After a call that may have entered a procedure of the script, or may have let the host look.
 #define CALLED                                          \
     if constexpr (isRecorded) {                         \
@@ -100,10 +108,16 @@ Machine::Left Machine::execute() {
     const int left = *budget;                 \
     pc += WORD(std::int32_t);                 \
     if (!isRecorded && left > 0) [[likely]] { \
+        HOT_LOOP                              \
         *budget = left - 1;                   \
         pc += 2;                              \
     }                                         \
     NEXT;
+
+// At the Poll or Tick of a loop.
+#define HOT_LOOP                                       \
+    if (mode == Mode::Plain && isHot(pc)) [[unlikely]] \
+        goto hotLoop;
 
 #define COMPARE_LOOP(label, name, right, literal)              \
     L_##label : {                                              \
@@ -127,7 +141,7 @@ Machine::Left Machine::execute() {
     COMPARE_LOOP(LoopIf##name##RK, name, K[pc->b], Literal::Right)
 
     try {
-        NEXT;
+        DISPATCH;
 
         // Moving values.
     L_LoadConstant:
@@ -313,6 +327,7 @@ Machine::Left Machine::execute() {
     L_Tick:
         if (--ticks_ <= 0) [[unlikely]]
             slowTick();
+        HOT_LOOP
         STEP(1);
     L_Poll : {
         int* const budget = WORD(int*);
@@ -320,6 +335,7 @@ Machine::Left Machine::execute() {
         if (left <= 0) [[unlikely]] {
             STEP(pc->bc());
         }
+        HOT_LOOP
         *budget = left - 1;
         if constexpr (isRecorded) recorder_->beginRow(*frame, pc);
         STEP(2);
@@ -440,6 +456,8 @@ Machine::Left Machine::execute() {
         enter(procedure, &A, nullptr, false);
         ++frame;
         if constexpr (isRecorded) recorder_->entered(*frame);
+        if (mode == Mode::Plain && isHot(procedure)) [[unlikely]]
+            goto hotProcedure;
         pc = procedure.code.data();
         R = frame->base;
         K = procedure.constants.data();
@@ -511,6 +529,24 @@ Machine::Left Machine::execute() {
         pc = frame->pc;
         R = frame->base;
         K = frame->procedure->constants.data();
+        NEXT;
+    }
+
+        // Machine code.
+    hotLoop : {
+        const auto outcome = enterHotLoop(pc);
+        if (outcome == native::CodeStore::Outcome::NotEntered) {
+            if (pc->op == Op::Poll) --*WORD(int*);
+            STEP(wordsOf(pc->op));
+        }
+        REFRESH;
+        if (outcome == native::CodeStore::Outcome::Failed) machineCode_->throwError();
+        NEXT;
+    }
+    hotProcedure : {
+        const auto outcome = enterHotProcedure();
+        REFRESH;
+        if (outcome == native::CodeStore::Outcome::Failed) machineCode_->throwError();
         NEXT;
     }
     } catch (...) {

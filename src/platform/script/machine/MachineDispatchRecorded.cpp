@@ -4,6 +4,6 @@
 
 namespace tolvan::script {
 
-template Machine::Left Machine::execute<true>();
+template Machine::Left Machine::execute<Machine::Mode::Recorded>();
 
 }  // namespace tolvan::script

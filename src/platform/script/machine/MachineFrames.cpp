@@ -67,7 +67,7 @@ void Machine::leaveSlowly(Frame& frame) {
 void Machine::run() {
     for (;;) {
         try {
-            while ((recorder_ != nullptr ? execute<true>() : execute<false>()) == Left::Loop) {
+            while ((recorder_ != nullptr ? execute<Mode::Recorded>() : execute<Mode::Plain>()) == Left::Loop) {
             }
             return;
         } catch (const ScriptError& error) {
