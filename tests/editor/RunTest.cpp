@@ -183,6 +183,7 @@ TEST_F(RunTest, WhatFailedIsMarkedInItsLine) {
         {"jar #\"#x#\"# tar\nkorA\nsaMpav jar\n", "#\"#x#\"#"},
         {"k sAThI 1 te #\"#x#\"# paryaMt\npuDhachA k\n", "k sAThI 1 te #\"#x#\"#"},
         {"k sAThI 1 te 5 bhAgile 0 paryaMt\npuDhachA k\n", "5 bhAgile 0"},
+        {"k sAThI 1 te 9000 paryaMt\na = k adhik 10 bhAgile (9000 vajA k)\npuDhachA k\n", "10 bhAgile (9000 vajA k)"},
         {"(1, 2) pAsun (3, 4 bhAgile 0) paryaMt regh Akh\n", "4 bhAgile 0"},
         {"dAkhav vargamUL(0 vajA 4)\n", "vargamUL(0 vajA 4)"},
         {"dAkhav duppaT(4)\n", "duppaT(4)"},
