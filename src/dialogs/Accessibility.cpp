@@ -115,7 +115,8 @@ QAccessibleInterface* ownInterface(const QString& className, QObject* object) {
     auto* const widget = static_cast<QWidget*>(object);
     if (const QVariant role = widget->property(roleProperty); role.isValid())
         return new QAccessibleWidget(widget, static_cast<QAccessible::Role>(role.toInt()));
-    const bool isPlainWindow = widget->isWindow() && widget->windowType() == Qt::Window;
+    const bool isPlainWindow =
+        widget->isWindow() && (widget->windowType() == Qt::Window || widget->windowType() == Qt::SplashScreen);
     return isPlainWindow ? new QAccessibleWidget(widget, QAccessible::Window) : nullptr;
 }
 

@@ -45,16 +45,19 @@ bool takeLetter(QMenu& menu, const QKeyEvent& key) {
 bool takeLetter(QWidget& dialog, const QKeyEvent& key) {
     const QChar letter = letterOf(key);
     if (letter.isNull() || key.modifiers() != Qt::AltModifier) return false;
+    QList<QWidget*> found;
     for (QWidget* control : dialog.findChildren<QWidget*>()) {
         const bool takes = control->isVisible() && control->isEnabled() && control->focusPolicy() != Qt::NoFocus;
         if (!takes || !beginsWith(control->accessibleName(), letter)) continue;
-        auto* const button = qobject_cast<QAbstractButton*>(control);
-        if (button == nullptr && qobject_cast<QLineEdit*>(control) == nullptr) continue;
-        control->setFocus(Qt::ShortcutFocusReason);
-        if (button != nullptr) button->click();
-        return true;
+        if (qobject_cast<QAbstractButton*>(control) != nullptr || qobject_cast<QLineEdit*>(control) != nullptr)
+            found += control;
     }
-    return false;
+    if (found.isEmpty()) return false;
+    QWidget* const chosen = found[(found.indexOf(dialog.focusWidget()) + 1) % found.size()];
+    chosen->setFocus(Qt::ShortcutFocusReason);
+    auto* const button = qobject_cast<QAbstractButton*>(chosen);
+    if (button != nullptr && found.size() == 1) button->click();
+    return true;
 }
 
 }  // namespace tolvan

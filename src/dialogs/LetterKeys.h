@@ -10,8 +10,8 @@ namespace tolvan {
 // In an open menu: chooses the next item with that letter, and does it if it is the only one. False for other keys.
 bool takeLetter(QMenu& menu, const QKeyEvent& key);
 
-// In a dialog, with Alt: presses the button, or goes to the field whose label begins with that letter. False if there
-// is none.
+// In a dialog, with Alt: goes to the next button, or field by its label, with that letter, and presses a button that is
+// the only one. False if there is none.
 bool takeLetter(QWidget& dialog, const QKeyEvent& key);
 
 }  // namespace tolvan

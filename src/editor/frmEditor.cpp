@@ -40,6 +40,7 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QListWidget>
 #include <QMenuBar>
 #include <QMimeData>
 #include <QScrollBar>
@@ -431,11 +432,12 @@ void frmEditor::EditMend() {
 }
 
 void frmEditor::ViewNextPane() {
-    QWidget* const panes[] = {txtRoman_, txtProgram_, &values_->view()};
-    const std::size_t count = values_->isVisible() ? 3 : 2;
-    const auto* const now = std::find_if(panes, panes + count, [](const QWidget* pane) { return pane->hasFocus(); });
-    const auto next = static_cast<std::size_t>(now - panes + 1) % count;
-    (now == panes + count ? txtRoman_ : panes[next])->setFocus();
+    std::vector<QWidget*> panes{txtRoman_, txtProgram_};
+    if (values_->isVisible()) panes.push_back(&values_->view());
+    if (problems_->isVisible()) panes.push_back(&problems_->list());
+    const auto now = std::find_if(panes.begin(), panes.end(), [](const QWidget* pane) { return pane->hasFocus(); });
+    const auto next = static_cast<std::size_t>(now - panes.begin() + 1) % panes.size();
+    (now == panes.end() ? txtRoman_ : panes[next])->setFocus(Qt::ShortcutFocusReason);
 }
 
 void frmEditor::ViewZoomIn() {

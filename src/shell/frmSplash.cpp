@@ -1,5 +1,6 @@
 #include "shell/frmSplash.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
@@ -30,6 +31,7 @@ QPixmap logoPicture() {
 frmSplash::frmSplash() : QWidget(nullptr, Qt::SplashScreen | Qt::FramelessWindowHint), logo_(logoPicture()) {
     setObjectName(QStringLiteral("frmSplash"));
     setWindowTitle(QStringLiteral("Tolvan Basic"));
+    setAccessibleName(accessible::unicode("taelvn beisk"_deva));
     const QSize logo = logo_.deviceIndependentSize().toSize();
     setFixedSize(logo.width(), logo.height() + look::em(4));
     move(screen()->availableGeometry().center() - rect().center());

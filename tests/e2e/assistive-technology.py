@@ -17,6 +17,7 @@ WORD = re.compile('[A-Za-z\u00c0-\u00ff]+')
 dump = open(os.environ.get('TOLVAN_DUMP', os.devnull), 'w', buffering=1)
 faults = []
 heard = []
+focused = []
 
 
 def pump(seconds=0.05):
@@ -115,9 +116,27 @@ def gone(part):
         part in w.name and w.getState().contains(pyatspi.STATE_SHOWING) for w in application()))
 
 
-def key(keys):
-    subprocess.run(['xdotool', 'key', '--clearmodifiers', keys], check=True)
+def xdotool(*words):
+    subprocess.run(['xdotool', *words], check=True)
     pump(0.2)
+
+
+def key(keys):
+    xdotool('key', '--clearmodifiers', keys)
+
+
+def top(node):
+    while node.parent is not None and node.parent.getRoleName() != 'application':
+        node = node.parent
+    return node
+
+
+def onFocus(event):
+    try:
+        if event.detail1 and event.source.getRoleName() == 'menu item':
+            focused.append(event.source.name)
+    except GLib.GError:  # it has gone meanwhile
+        pass
 
 
 def onText(event):
@@ -125,9 +144,11 @@ def onText(event):
         heard.append(str(event.any_data))
 
 
+pyatspi.Registry.registerEventListener(onFocus, 'object:state-changed:focused')
 pyatspi.Registry.registerEventListener(onText, 'object:text-changed:insert')
 wait('Tolbasic', application)
-editor = window('तोलवन बेसिक')
+check(next(iter(application())), 'opening picture')
+editor = wait('the editor', lambda: next(w for w in application() if find('menu bar', None, w)))
 wait('the panes', lambda: find('text', 'देवनागरीत', editor))
 check(editor, 'editor')
 
@@ -135,6 +156,7 @@ check(editor, 'editor')
 for item, title, close, roman in [('निवडी', 'निवडी', 'रद्द', ()), ('शोध. . .', 'शोध', 'बंद कर', ()),
                                   ('तोलवन बेसिक बद्दल', 'बद्दल', 'ठीक आहे', ()),
                                   ('उदाहरणे. . .', 'उदाहरणे', 'रद्द', ()),
+                                  ('छापील प्रत. . .', 'छापील प्रत', 'रद्द', ()),
                                   ('मदत', 'मदत', None, (':', 'devanAgarI'))]:
     choose(item)
     box = window(title) if title != 'मदत' else wait('help', lambda: next(w for w in application() if w.name.strip().endswith('मदत')))
@@ -153,6 +175,33 @@ roman.queryEditableText().insertText(0, program, len(program))
 devanagari = find('text', 'देवनागरीत', editor)
 wait('the program in Devanagari', lambda: 'दाखव "तुझे नाव काय?"\nघे नाव' in textOf(devanagari))
 check(editor, 'editor with a program', ('रोमन',))
+
+# What opens at the panes: their menus, and the words that begin like the one at the caret.
+for pane, item in [(devanagari, 'सर्व निवड'), (roman, 'जोड')]:
+    place = pane.queryComponent().getExtents(pyatspi.DESKTOP_COORDS)
+    xdotool('mousemove', str(place.x + place.width // 2), str(place.y + place.height // 2), 'click', '3')
+    for _ in range(8):
+        key('Down')
+    wait('the menu item ' + item, lambda: item in focused)
+    key('Escape')
+pyatspi.Registry.deregisterEventListener(onFocus, 'object:state-changed:focused')
+for name in focused:
+    if WORD.search(name):
+        faults.append(f'menus of the panes: {name!r}')
+roman.queryText().setCaretOffset(len(program))
+xdotool('type', 'dA')
+key('ctrl+space')
+words = wait('the words', lambda: find('table cell', 'दाखव', None))
+check(words.parent, 'completion', (', ',))
+key('Escape')
+for _ in 'dA':
+    key('BackSpace')
+
+# Boxes that ask.
+choose('नवीन')
+question = wait('the question', lambda: find('push button', 'नाही'))
+check(top(question), 'question box')
+key('Escape')
 choose('साठव')
 saving = wait('the file dialog', lambda: find('file chooser', None) or find('dialog', None))
 check(saving, 'file dialog', ('',))  # Qt's own; it names files
@@ -163,6 +212,14 @@ wait('the file', lambda: os.path.exists(os.environ['HOME'] + '/mira.tvp'))
 saved = open(os.environ['HOME'] + '/mira.tvp', 'rb').read()
 if b'ghe nAv\r\n' not in saved:
     faults.append(f'saved: {saved!r}')
+
+# The file dialogs of the other commands, which name files.
+for item, title in [('जुन्या आवृत्त्या', 'old versions'), ('स्वतंत्र चालणारे प्रायोजन बनव', 'Make EXE')]:
+    choose(item)
+    box = wait(title, lambda: find('file chooser', None) or find('dialog', None))
+    check(box, title, ('',))
+    key('Escape')
+    wait(title + ' to go', lambda: not (find('file chooser', None) or find('dialog', None)))
 
 choose('सुरू कर')
 console = wait('the console', lambda: find('terminal', None))

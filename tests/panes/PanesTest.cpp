@@ -3,6 +3,7 @@
 #include "editor/panes/ProgramLines.h"
 #include "translator/ProgramText.h"
 
+#include <QAccessible>
 #include <QScrollBar>
 #include <QTextBlock>
 #include <QTextLayout>
@@ -335,6 +336,20 @@ TEST_F(PanesTest, linesStandSideBySide) {
         EXPECT_EQ(rowOfProgram, line - 1);
         EXPECT_EQ(roman.markedLine(), line);
         EXPECT_EQ(program.markedLine(), line);
+    }
+}
+
+TEST_F(PanesTest, assistiveTechnologyLearnsWhereEachLetterStands) {
+    type("dAkhav #\"#kshetra#\"# & a");
+    press(Qt::Key_Return);
+    type("a = 5");
+    QAccessibleTextInterface* const text = QAccessible::queryAccessibleInterface(&program)->textInterface();
+    const QRect pane(program.mapToGlobal(QPoint()), program.size());
+    for (int offset = 0; offset < text->characterCount(); ++offset) {
+        if (text->text(offset, offset + 1) == QLatin1String("\n")) continue;
+        const QRect letter = text->characterRect(offset);
+        EXPECT_TRUE(letter.width() > 1 && pane.contains(letter)) << offset;
+        EXPECT_EQ(text->characterRect(text->offsetAtPoint(letter.center())), letter) << offset;
     }
 }
 

@@ -16,7 +16,7 @@ EditorGuide::EditorGuide(RomanBox& roman, ProgramBox& program, const RomanInput&
     connect(&panel, &ProblemPanel::failureChosen, this, [this] {
         if (const guide::Finding* failure = marks_.runFailure()) goTo(failure->line, failure->roman);
     });
-    connect(&panel, &ProblemPanel::correctionWanted, this, &EditorGuide::mend);
+    connect(&panel, &ProblemPanel::correctionWanted, this, &EditorGuide::mendChosen);
 }
 
 void EditorGuide::show() {
@@ -52,12 +52,23 @@ void EditorGuide::goToNext() {
 }
 
 // The text may have changed since the last check; a correction is for the text that was checked.
-void EditorGuide::mend(std::size_t number) {
+void EditorGuide::mend() {
     if (roman_.isLocked()) return;
     watch_.checkNow();
     const guide::Finding* finding = marks_.atCaret();
-    const bool here = finding != nullptr && number < finding->corrections.size();
-    const guide::Correction* correction = here ? &finding->corrections[number] : panel_.correction(number);
+    const bool here = finding != nullptr && !finding->corrections.empty();
+    make(here ? &finding->corrections[0] : panel_.correction());
+}
+
+// The panel may be gone afterwards, with the keyboard.
+void EditorGuide::mendChosen(std::size_t number) {
+    if (roman_.isLocked()) return;
+    watch_.checkNow();
+    make(panel_.correction(number));
+    roman_.setFocus();
+}
+
+void EditorGuide::make(const guide::Correction* correction) {
     if (correction == nullptr) return;
     const guide::Correction made = *correction;
     roman_.replaceText(guide::corrected(roman_.text(), made));

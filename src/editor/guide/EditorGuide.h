@@ -31,8 +31,8 @@ class EditorGuide : public QObject {
     // Goes to the next place of the list.
     void goToNext();
 
-    // Makes a correction of the finding at the caret, else of the one chosen in the panel, as one step of undo.
-    void mend(std::size_t correction = 0);
+    // Makes the best correction of the finding at the caret, else of the one chosen in the panel, as one step of undo.
+    void mend();
 
     // What F1 explains: the kind of the finding at the caret, else guide::failedRun if that is chosen in the panel;
     // empty if there is nothing.
@@ -46,6 +46,8 @@ class EditorGuide : public QObject {
     void show();
     void followCaret();
     void goTo(std::size_t line, guide::Columns place);
+    void mendChosen(std::size_t correction);
+    void make(const guide::Correction* correction);
 
     RomanBox& roman_;
     ProblemPanel& panel_;

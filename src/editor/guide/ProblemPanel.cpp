@@ -104,7 +104,10 @@ ProblemPanel::ProblemPanel(QWidget* parent)
     layout->addLayout(side);
     layout->addWidget(lstProblems_, 1);
     connect(lstProblems_, &QListWidget::itemClicked, this, [this] { chose(lstProblems_->currentRow()); });
+    connect(lstProblems_, &QListWidget::itemActivated, this, [this] { chose(lstProblems_->currentRow()); });
     connect(lstProblems_, &QListWidget::currentRowChanged, this, &ProblemPanel::showButtons);
+    setTabOrder(cmdMend_, cmdMendOther_);
+    setTabOrder(cmdMendOther_, lstProblems_);
     fill();
 }
 
@@ -112,7 +115,7 @@ QPushButton* ProblemPanel::addButton(const char* name, std::size_t correction) {
     auto* const button = new QPushButton(this);
     button->setObjectName(QLatin1String(name));
     button->setFont(look::controlFont(Font::Devanagari));
-    button->setFocusPolicy(Qt::NoFocus);
+    button->setFocusPolicy(Qt::TabFocus);
     setCaption(*button, look::captionText(mendText));
     connect(button, &QPushButton::clicked, this, [this, correction] { emit correctionWanted(correction); });
     return button;

@@ -30,6 +30,9 @@ class ProblemPanel : public QWidget {
     // Goes to the one chosen, or from it to the next one, the first again after the last. False if there is none.
     bool chooseNext();
 
+    // It takes the keyboard; Enter goes to the chosen one.
+    QListWidget& list() const { return *lstProblems_; }
+
     // Chooses that of the line, if another line's is chosen. For the caret's line.
     void chooseLine(std::size_t line);
 

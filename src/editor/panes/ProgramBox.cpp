@@ -67,8 +67,33 @@ class ProgramInterface : public accessible::ReadText {
         cursor.setPosition(box_.documentPositionOf(end), QTextCursor::KeepAnchor);
         box_.setTextCursor(cursor);
     }
+    // Several characters may be drawn by one code, and codes without a width above or below others.
+    QRect characterRect(int offset) const override {
+        const int behind = box_.documentPositionOf(offset + 1);
+        int at = std::max(behind - 1, 0);
+        const QTextBlock block = box_.document()->findBlock(at);
+        const QRect end = caretRect(block.contains(behind) ? behind : at);
+        while (at > block.position() && block.contains(behind) && caretRect(at).left() >= end.left()) --at;
+        const QRect start = caretRect(at);
+        const QRect area(start.topLeft(), QSize(std::max(end.left() - start.left(), 1), start.height()));
+        return area.translated(box_.viewport()->mapToGlobal(QPoint()));
+    }
+    int offsetAtPoint(const QPoint& point) const override {
+        const QPoint place = box_.viewport()->mapFromGlobal(point);
+        if (!box_.viewport()->rect().contains(place)) return -1;
+        const QTextBlock block = box_.cursorForPosition(place).block();
+        int at = block.position();
+        while (block.contains(at + 1) && caretRect(at + 1).left() <= place.x()) ++at;
+        return box_.unicodePosition(at);
+    }
 
   private:
+    QRect caretRect(int position) const {
+        QTextCursor caret(box_.document());
+        caret.setPosition(position);
+        return box_.cursorRect(caret);
+    }
+
     ProgramBox& box_;
 };
 
