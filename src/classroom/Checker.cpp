@@ -10,7 +10,10 @@
 namespace tolvan::classroom {
 namespace {
 
-constexpr double hurriedSeconds = 0.2;  // for the other cases of a program that took too long
+constexpr double hurriedSeconds = 0.1;  // for the other cases of a program that took too long
+// Where the task does not say how long a case may take: so many times as long as its solution, in these limits.
+constexpr double timesTheSolution = 100;
+constexpr double leastSeconds = 0.5;
 constexpr double examinationSeconds = 10;
 constexpr std::uint64_t engineMemory = std::uint64_t{256} << 20;  // beyond what the program itself holds
 constexpr std::size_t mostExamination = std::size_t{8} << 20;
@@ -87,14 +90,16 @@ void Checker::solve() {
 }
 
 void Checker::addReadings(const TaskCase& own, const CaseRun* solution) {
+    solutionSeconds_.push_back(solution != nullptr ? solution->seconds : 0);
     readings_.push_back(own.output ? readingsOf(*own.output) : readingsOf(solution->printed));
     pictures_.push_back(solution != nullptr ? solution->picture : Picture());
-    screens_.push_back(solution != nullptr ? screenOf(solution->picture, solution->printed, solution->shown)
-                                           : Screen());
+    screens_.push_back(solution != nullptr
+                           ? screenOf(solution->picture, solution->printed, solution->shown, options_.mostFigures)
+                           : Screen());
     if (!own.picture) return;
     PackReader picture(*own.picture);
     pictures_.back() = Picture::read(picture);
-    screens_.back() = screenOf(pictures_.back(), {}, 0);
+    screens_.back() = screenOf(pictures_.back(), {}, 0, options_.mostFigures);
 }
 
 CaseRun Checker::runSolution(const TaskCase& own) {
@@ -110,11 +115,16 @@ CaseRun Checker::runSolution(const TaskCase& own) {
     }
     child.end();
     WorkFolder::removeFolder(folder);
-    return readCaseRun(child.result(), child.signal());
+    CaseRun run = readCaseRun(child.result(), child.signal());
+    run.seconds = child.processorSeconds();
+    return run;
 }
 
 CaseLimits Checker::limitsOf(const Job& job) const {
     CaseLimits limits = task_.options.limits;
+    const double& solution = solutionSeconds_[job.result.cases.size()];
+    if (!task_.options.hasSeconds && solution > 0)
+        limits.seconds = std::clamp(timesTheSolution * solution, leastSeconds, limits.seconds);
     if (job.tookTooLong) limits.seconds = std::min(limits.seconds, hurriedSeconds);
     return limits;
 }
@@ -166,8 +176,9 @@ CaseResult Checker::judge(std::size_t number, CaseRun run) const {
     result.message = std::move(run.message);
     result.explanation = std::move(run.explanation);
     result.english = std::move(run.english);
+    result.explanationInEnglish = std::move(run.explanationInEnglish);
     result.seconds = run.seconds;
-    result.screen = screenOf(run.picture, run.printed, run.shown);
+    result.screen = screenOf(run.picture, run.printed, run.shown, options_.mostFigures);
     if (result.verdict == Verdict::Right) {
         result.difference = comparePrinted(readings_[number], run.printed, task_.options.exactness);
         const Picture& expected = pictures_[number];

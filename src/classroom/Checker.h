@@ -19,6 +19,7 @@ struct CheckOptions {
     std::function<void(std::size_t checked)> progress = {};
     // Asked about every 50 ms; after true the check ends with what it has.
     std::function<bool()> mustStop = {};
+    std::size_t mostFigures = 1500;  // of a drawing that are kept to be shown
 };
 
 class Checker {
@@ -58,6 +59,7 @@ class Checker {
     std::vector<Readings> readings_;  // by cases
     std::vector<Picture> pictures_;
     std::vector<Screen> screens_;
+    std::vector<double> solutionSeconds_;  // 0: there is no solution
 };
 
 }  // namespace tolvan::classroom

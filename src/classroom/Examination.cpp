@@ -1,6 +1,7 @@
 #include "classroom/Examination.h"
 
 #include "classroom/Pack.h"
+#include "guide/EnglishFindings.h"
 #include "guide/Guide.h"
 #include "guide/Line.h"
 #include "library/LibraryWords.h"
@@ -90,8 +91,8 @@ Examination examine(std::string_view program, std::string_view start) {
         if (examination.lines.size() < Examination::mostLines) examination.lines.push_back(shown(line));
     for (const guide::Finding& finding : guide::Guide().check(file.roman))
         if (examination.findings.size() < mostFindings)
-            examination.findings.push_back(
-                {static_cast<int>(finding.line), finding.weight == guide::Weight::Error, unicodeOf(finding.text)});
+            examination.findings.push_back({static_cast<int>(finding.line), finding.weight == guide::Weight::Error,
+                                            unicodeOf(finding.text), std::string(guide::kindInEnglish(finding.kind))});
     examination.shape = shapeOf(lines, start.empty() ? std::string() : readProgramFile(start).roman);
     return examination;
 }
@@ -108,6 +109,7 @@ std::string writeExamination(const Examination& examination) {
         pack.number(finding.line);
         pack.number(finding.isError ? 1 : 0);
         pack.text(finding.text);
+        pack.text(finding.english);
     });
     pack.text(examination.shape);
     return pack.bytes();
@@ -129,6 +131,7 @@ Examination readExamination(std::string_view packed) {
         finding.line = static_cast<int>(pack.number());
         finding.isError = pack.number() != 0;
         finding.text = pack.text();
+        finding.english = pack.text();
         return finding;
     });
     examination.shape = pack.text();

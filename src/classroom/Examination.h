@@ -11,7 +11,8 @@ namespace tolvan::classroom {
 struct ShownFinding {
     int line = 0;  // from 1
     bool isError = false;
-    std::string text;  // in Marathi
+    std::string text;     // in Marathi
+    std::string english;  // what it is about
 };
 
 struct ProgramLine {

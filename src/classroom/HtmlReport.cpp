@@ -171,7 +171,7 @@ void Page::writeError(const HandInResult& handIn, const CaseResult& one) {
         const ProgramLine& line = lines[static_cast<std::size_t>(one.line) - 1];
         page_ += "<pre>" + escaped(line.devanagari) + "\n<i>" + escaped(line.roman) + "</i></pre>\n";
     }
-    paragraph(escaped(one.explanation), "dim");
+    paragraph(escaped(language_ == Language::Marathi ? one.explanation : one.explanationInEnglish), "dim");
 }
 
 std::string Page::cutMark(std::size_t letters) const {
@@ -247,7 +247,8 @@ void Page::writeProgram(const HandInResult& handIn) {
                  "</td></tr>\n";
         for (const ShownFinding& finding : examination.findings)
             if (finding.line == line)
-                page_ += "<tr><td></td><td colspan='2' class='finding'>" + escaped(finding.text) + "</td></tr>\n";
+                page_ += "<tr><td></td><td colspan='2' class='finding'>" +
+                         escaped(language_ == Language::Marathi ? finding.text : finding.english) + "</td></tr>\n";
     }
     page_ += "</table>";
     if (examination.lineCount > examination.lines.size())

@@ -37,6 +37,8 @@ class Picture {
     std::size_t count() const { return count_; }
     const std::vector<Figure>& figures() const { return figures_; }
     bool empty() const { return count_ == 0; }
+    // Of the display by rows, 0xBBGGRR; none where nothing was drawn since `add`.
+    const std::vector<Colour>& pixels() const { return pixels_; }
 
     static constexpr std::size_t mostKept = 20'000;
 

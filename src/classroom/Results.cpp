@@ -41,7 +41,9 @@ void writeCase(PackWriter& pack, const CaseResult& result) {
     for (const int value : {static_cast<int>(result.verdict), result.number, result.line, result.hurried ? 1 : 0,
                             result.difference ? 1 : 0})
         pack.number(value);
-    for (const std::string* const text : {&result.message, &result.explanation, &result.english}) pack.text(*text);
+    for (const std::string* const text :
+         {&result.message, &result.explanation, &result.english, &result.explanationInEnglish})
+        pack.text(*text);
     pack.real(result.seconds);
     if (result.difference) result.difference->write(pack);
     writeLines(pack, result.printed.first);
@@ -58,7 +60,9 @@ CaseResult readCase(PackReader& pack) {
     result.line = static_cast<int>(pack.number());
     result.hurried = pack.number() != 0;
     const bool differs = pack.number() != 0;
-    for (std::string* const text : {&result.message, &result.explanation, &result.english}) *text = pack.text();
+    for (std::string* const text :
+         {&result.message, &result.explanation, &result.english, &result.explanationInEnglish})
+        *text = pack.text();
     result.seconds = pack.real();
     if (differs) result.difference = Difference::read(pack);
     readLines(pack, result.printed.first);
@@ -85,8 +89,8 @@ PrintedExcerpt excerptOf(std::vector<PrintedLine> printed) {
     return excerpt;
 }
 
-Screen screenOf(const Picture& picture, const std::vector<PrintedLine>& printed, std::size_t shown) {
-    constexpr std::size_t mostFigures = 1500;
+Screen screenOf(const Picture& picture, const std::vector<PrintedLine>& printed, std::size_t shown,
+                std::size_t mostFigures) {
     constexpr std::size_t mostLines = 15;  // the display shows no more
     Screen screen;
     if (picture.empty()) return screen;

@@ -31,7 +31,8 @@ struct Screen {
     std::vector<Figure> figures;
     Lines text;  // what was printed since the display was wiped
 };
-Screen screenOf(const Picture& picture, const std::vector<PrintedLine>& printed, std::size_t shown);
+Screen screenOf(const Picture& picture, const std::vector<PrintedLine>& printed, std::size_t shown,
+                std::size_t mostFigures);
 
 struct CaseResult {
     Verdict verdict = Verdict::Unreadable;
@@ -39,7 +40,8 @@ struct CaseResult {
     int line = 0;    // of the program, where it failed or was stopped; 0: not known
     std::string message;
     std::string explanation;
-    std::string english;
+    std::string english;  // the message
+    std::string explanationInEnglish;
     double seconds = 0;                    // of processor time
     bool hurried = false;                  // it had a short time only, since a case before had taken too long
     std::optional<Difference> difference;  // of Wrong

@@ -86,12 +86,16 @@ void tellEnd(const script::ErrorReport& report, const Loaded& loaded, CaseConsol
     const bool failed = end != CaseRun::End::Ended;
     pack.text(failed ? unicodeOf(guide::errorMessageText(report.number)) : "");
     const auto wordOf = [&](std::string_view name) { return loaded.wordOf(name); };
-    std::string cause;
-    if (end == CaseRun::End::Error)
-        for (const StyledText& line : guide::explain(report, wordOf))
-            cause.append(cause.empty() ? "" : " ").append(unicodeOf(line));
-    pack.text(cause);
+    const auto causeIn = [&](guide::In language) {
+        std::string cause;
+        if (end == CaseRun::End::Error)
+            for (const StyledText& line : guide::explain(report, wordOf, language))
+                cause.append(cause.empty() ? "" : " ").append(unicodeOf(line));
+        return cause;
+    };
+    pack.text(causeIn(guide::In::Marathi));
     pack.text(failed ? report.description : "");
+    pack.text(causeIn(guide::In::English));
     console.picture().write(pack);
     console.tell(Told::End, pack.bytes());
     console.flush();
@@ -117,6 +121,7 @@ void readEnd(PackReader pack, CaseRun& run) {
     run.message = pack.text();
     run.explanation = pack.text();
     run.english = pack.text();
+    run.explanationInEnglish = pack.text();
     run.picture = Picture::read(pack);
     if (!pack.isWhole()) run.end = CaseRun::End::Crashed;
 }
@@ -140,7 +145,7 @@ void runCase(std::string_view program, const CaseInput& input, const CaseLimits&
         PackWriter piece;
         piece.number(static_cast<std::int64_t>(Told::End));
         for (int empty = 0; empty < 2; ++empty) end.number(0);
-        for (int empty = 0; empty < 3; ++empty) end.text({});
+        for (int empty = 0; empty < 4; ++empty) end.text({});
         Picture().write(end);
         piece.text(end.bytes());
         static_cast<void>(result.write(piece.bytes()));

@@ -42,6 +42,7 @@ struct CaseRun {
     std::string message;      // of the error, in Marathi
     std::string explanation;  // what it usually means, in Marathi
     std::string english;      // the error in English
+    std::string explanationInEnglish;
     std::vector<PrintedLine> printed;
     std::size_t shown = 0;  // the first of the printed lines that stand on the display at the end
     Picture picture;

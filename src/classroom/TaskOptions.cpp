@@ -70,7 +70,11 @@ constexpr Key keys[] = {
          o.title = value;
          return !value.empty();
      }},
-    {"seconds", "0.1 - 60", [](Options& o, std::string_view v) { return setNumber(v, o.limits.seconds, 0.1, 60); }},
+    {"seconds", "0.1 - 60",
+     [](Options& o, std::string_view v) {
+         o.hasSeconds = true;
+         return setNumber(v, o.limits.seconds, 0.1, 60);
+     }},
     {"output", "1 - 16M", [](Options& o, std::string_view v) { return setBytes(v, o.limits.outputBytes, 16 * mega); }},
     {"memory", "1 - 1G", [](Options& o, std::string_view v) { return setBytes(v, o.limits.memoryBytes, 1024 * mega); }},
     {"files", "1 - 64M", [](Options& o, std::string_view v) { return setBytes(v, o.limits.fileBytes, 64 * mega); }},

@@ -31,6 +31,7 @@ struct TaskOptions {
 
     std::string title;  // empty: the name of the folder
     CaseLimits limits;
+    bool hasSeconds = false;  // the time limit is the teacher's own
     Exactness exactness;
     Drawing drawing = Drawing::Picture;  // what is compared where the solution draws
     double tolerance = 2;                // of places in a drawing

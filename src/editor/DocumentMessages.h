@@ -24,6 +24,8 @@ inline constexpr std::string_view tooManyFiles = "\\f1@k pe]a jaSt )a#l AaeFta y
 inline constexpr std::string_view changedOnDisk =
     "\\f1hI )a$l Ês\u009dya iofkIt bdllI Aahe\\f0.\\f1  trI tI saQvaycI ka\\f0?"_deva;
 
+inline constexpr std::string_view notPrinted = "\\f1Dapta Aale nahI\\f0.\\f1 ià<qr tpasa Aai[ puNha Dapa\\f0."_deva;
+
 std::string notSaved(const QString& path);
 std::string notReadable(const QString& path);
 // A dropped file of another kind.

@@ -5,6 +5,7 @@
 #include "editor/DocumentMessages.h"
 #include "editor/EditorStatusBar.h"
 #include "editor/FileDialogs.h"
+#include "editor/PrintSheet.h"
 #include "editor/TaskTrial.h"
 #include "editor/WholeFile.h"
 #include "editor/frmEditor.h"
@@ -100,16 +101,17 @@ void frmEditor::FileSheet() {
     sheet.caption = document_.caption();
     sheet.roman = romanText();
     if (asked->withRun && console_) {
-        sheet.printed = console_->printedLines();
+        for (const std::string& line : console_->printedLines()) sheet.printed.push_back(styledOfInternal(line));
         sheet.picture = console_->drawnPicture();
     }
     const QFileInfo file(document_.path());
+    if (asked->toPrinter) return printSheet(sheet, file.fileName(), this);
     const QString folder = document_.path().isEmpty() ? startFolder() : file.absolutePath();
     const QString name = document_.path().isEmpty() ? QString() : file.completeBaseName();
     const QString chosen =
         askSaveFile({QStringLiteral("PDF साठव..."), QStringLiteral("PDF"), QStringLiteral("pdf"), folder, name});
     if (chosen.isEmpty()) return;
-    PdfDocument document = newSheets();
+    PdfDocument document(sheetSize);
     addSheet(sheet, document);
     if (!replaceFile(chosen, document.bytes(file.fileName().toUtf8()))) ShowMessage(messages::notSaved(chosen));
 }

@@ -1,5 +1,6 @@
 #include "editor/frmSheet.h"
 
+#include "dialogs/Accessibility.h"
 #include "dialogs/Look.h"
 #include "platform/encoding/Deva.h"
 #include "platform/settings/Settings.h"
@@ -37,6 +38,7 @@ frmSheet::frmSheet(Settings& settings, QWidget* parent) : FramedDialog("DapIl à
     chkRun_ = addChoice(*grid, "chkRun", "kay Daple Aai[ kaFle"_deva);
     chkRun_->setChecked(true);
     connect(addButton("cmdSave", "saQv"_deva), &QPushButton::clicked, this, &QDialog::accept);
+    connect(addButton("cmdPrint", "DapŽ Ž Ž "_deva), &QPushButton::clicked, this, [this] { done(toPrinterResult); });
     connect(addButton("cmdCancel", "rÎ"_deva), &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -49,6 +51,8 @@ QLineEdit* frmSheet::addField(QGridLayout& grid, const char* name, std::string_v
     auto* const label = new QLabel(look::captionText(caption), this);
     label->setFont(look::controlFont(Font::Devanagari));
     label->setBuddy(field);
+    label->setAccessibleName(accessible::unicode(caption));
+    field->setAccessibleName(label->accessibleName());
     grid.addWidget(label, row, 0);
     grid.addWidget(field, row, 1);
     return field;
@@ -58,6 +62,7 @@ QCheckBox* frmSheet::addChoice(QGridLayout& grid, const char* name, std::string_
     auto* const choice = new QCheckBox(look::captionText(caption), this);
     choice->setObjectName(QLatin1String(name));
     choice->setFont(look::controlFont(Font::Devanagari));
+    choice->setAccessibleName(accessible::unicode(caption));
     grid.addWidget(choice, grid.rowCount(), 1);
     return choice;
 }
@@ -85,11 +90,11 @@ void frmSheet::remember() {
 
 std::optional<AskedSheet> askSheet(Settings& settings, QWidget* parent) {
     const QPointer<frmSheet> dialog = new frmSheet(settings, parent);
-    const bool accepted = dialog->exec() == QDialog::Accepted;
+    const bool accepted = dialog->exec() != QDialog::Rejected;
     std::optional<AskedSheet> asked;
     if (dialog && accepted) {
         dialog->remember();
-        asked = AskedSheet{dialog->sheet(), dialog->withRun()};
+        asked = AskedSheet{dialog->sheet(), dialog->withRun(), dialog->toPrinter()};
     }
     delete dialog;
     return asked;

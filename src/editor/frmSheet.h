@@ -23,9 +23,12 @@ class frmSheet : public FramedDialog {
     // What was asked; the program and its run are left empty.
     Sheet sheet() const;
     bool withRun() const;
+    bool toPrinter() const { return result() == toPrinterResult; }
     void remember();
 
   private:
+    static constexpr int toPrinterResult = QDialog::Accepted + 1;
+
     QLineEdit* addField(QGridLayout& grid, const char* name, std::string_view caption, const QString& value);
     QCheckBox* addChoice(QGridLayout& grid, const char* name, std::string_view caption);
 
@@ -42,6 +45,7 @@ class frmSheet : public FramedDialog {
 struct AskedSheet {
     Sheet sheet;
     bool withRun = false;
+    bool toPrinter = false;  // else it becomes a file
 };
 
 // Nothing if the user wants none.

@@ -19,13 +19,16 @@ struct ErrorReport;
 
 namespace tolvan::guide {
 
-// All texts are Roman, as a user would type them.
+// All but the last are Roman, as a user would type them.
 struct Explanation {
     std::int32_t number;
     std::string_view meaning;  // a sentence on the cause and one on the cure
     std::string_view wrong;    // an example line of a program that fails so, and the same put right
     std::string_view right;
+    std::string_view english;  // the meaning, for teachers who read no Marathi
 };
+
+enum class In : std::uint8_t { Marathi, English };
 
 std::span<const Explanation> explanations();
 
@@ -40,7 +43,7 @@ using WordOfName = std::function<std::string(std::string_view)>;
 
 // The names and values that took part, where they are known, what the error usually means, and the example: lines of
 // some fifteen words. Empty for a number without an explanation of which nothing else is known.
-std::vector<StyledText> explain(const script::ErrorReport& error, const WordOfName& wordOf);
+std::vector<StyledText> explain(const script::ErrorReport& error, const WordOfName& wordOf, In language = In::Marathi);
 
 // How a run failed, as it is told.
 struct RunFailure {

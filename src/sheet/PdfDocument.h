@@ -1,17 +1,12 @@
 // A PDF file whose text can be searched and copied as Unicode although the Devanagari font knows nothing of it: each
 // letter, as a reader counts them, is written with the glyphs of the font and with the characters that it stands for.
-//
-// Lengths are in points (1/72 inch) from the top left corner of the page. Needs a QGuiApplication.
+// Needs a QGuiApplication.
 #pragma once
 
-#include "platform/richtext/StyledText.h"
+#include "sheet/SheetPages.h"
 
 #include <QByteArray>
-#include <QColor>
-#include <QImage>
-#include <QPointF>
 #include <QRawFont>
-#include <QRectF>
 #include <QSizeF>
 
 #include <array>
@@ -22,22 +17,17 @@
 
 namespace tolvan {
 
-class PdfDocument {
+class PdfDocument : public SheetPages {
   public:
     explicit PdfDocument(QSizeF page);
 
-    // Before the first thing on each page.
-    void newPage();
-    int pages() const { return static_cast<int>(pages_.size()); }
-
-    // Letters stand at the base line. What does not fit on the page is not seen.
-    void drawText(QPointF baseline, StyledView text, double points, QColor colour);
-    double width(StyledView text, double points);
-    void fillRectangle(const QRectF& area, QColor colour);
-    void drawImage(const QRectF& area, const QImage& image);
-
-    // Pages are counted from 1. Draws on a page that was begun before.
-    void setPage(int number) { current_ = static_cast<std::size_t>(number) - 1; }
+    void newPage() override;
+    int pages() const override { return static_cast<int>(pages_.size()); }
+    void setPage(int number) override { current_ = static_cast<std::size_t>(number) - 1; }
+    void drawText(QPointF baseline, StyledView text, double points, QColor colour) override;
+    double width(StyledView text, double points) override;
+    void fillRectangle(const QRectF& area, QColor colour) override;
+    void drawImage(const QRectF& area, const QImage& image) override;
 
     // The file.
     QByteArray bytes(const QByteArray& title) const;

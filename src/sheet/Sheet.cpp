@@ -17,10 +17,9 @@ namespace tolvan {
 namespace {
 
 // In points.
-constexpr QSizeF pageSize(595, 842);
 constexpr double margin = 48;
-constexpr double textWidth = 595 - 2 * margin;
-constexpr double bottom = 842 - margin - 20;  // the footer is below
+constexpr double textWidth = sheetSize.width() - 2 * margin;
+constexpr double bottom = sheetSize.height() - margin - 20;  // the footer is below
 constexpr double programSize = 13;
 constexpr double romanSize = 9;
 constexpr double smallSize = 10;
@@ -70,7 +69,7 @@ ColouredText coloured(const guide::Line& line) {
 
 class SheetWriter {
   public:
-    SheetWriter(const Sheet& sheet, PdfDocument& document) : sheet_(sheet), document_(document) {}
+    SheetWriter(const Sheet& sheet, SheetPages& document) : sheet_(sheet), document_(document) {}
 
     void write() {
         firstPage_ = document_.pages() + 1;
@@ -96,7 +95,7 @@ class SheetWriter {
     StyledText caption() const { return {ReplaceRomanChars(sheet_.caption), Font::Devanagari}; }
 
     const Sheet& sheet_;
-    PdfDocument& document_;
+    SheetPages& document_;
     int firstPage_ = 1;
     double y_ = 0;  // the top of what comes next
 };
@@ -220,11 +219,8 @@ void SheetWriter::writeProgram() {
 
 void SheetWriter::writeRun() {
     if (!sheet_.printed.empty()) heading("काय छापले");
-    for (const std::string& text : sheet_.printed) {
-        StyledText line;
-        for (const InternalTextRun& run : InternalTextRuns(text)) line.append(run.text, run.font);
-        paragraph(line, margin, ink);
-    }
+    for (const StyledText& line : sheet_.printed) paragraph(line, margin, ink);
+    if (!sheet_.end.empty()) paragraph(styledOfUnicode(sheet_.end), margin, dim);
     if (sheet_.picture.isNull()) return;
     const double width = textWidth * 0.7;
     const double height = width * sheet_.picture.height() / sheet_.picture.width();
@@ -242,7 +238,8 @@ void SheetWriter::numberPages() {
         text.append(" / ", Font::Latin);
         text.append(digits(static_cast<std::size_t>(last - firstPage_) + 1));
         document_.setPage(page);
-        document_.drawText({margin + textWidth - document_.width(text, smallSize), 842 - margin}, text, smallSize, dim);
+        document_.drawText({margin + textWidth - document_.width(text, smallSize), sheetSize.height() - margin}, text,
+                           smallSize, dim);
     }
 }
 
@@ -252,12 +249,14 @@ bool isOfDevanagari(char32_t c) {
 
 }  // namespace
 
-PdfDocument newSheets() {
-    return PdfDocument(pageSize);
+void addSheet(const Sheet& sheet, SheetPages& document) {
+    SheetWriter(sheet, document).write();
 }
 
-void addSheet(const Sheet& sheet, PdfDocument& document) {
-    SheetWriter(sheet, document).write();
+StyledText styledOfInternal(std::string_view text) {
+    StyledText line;
+    for (const InternalTextRun& run : InternalTextRuns(text)) line.append(run.text, run.font);
+    return line;
 }
 
 StyledText styledOfUnicode(std::string_view utf8) {

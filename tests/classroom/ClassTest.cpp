@@ -203,6 +203,18 @@ TEST_F(Class, NeedsATaskThatCanBeRead) {
     EXPECT_EQ(check(), "name,points,max,1,alike\na,0.5,0.5,right,\n");
 }
 
+TEST_F(Class, IsExplainedInEnglish) {
+    task("1.out", "1\n");
+    handIn("a", "B = 0\ndAkhav 1 bhAgile B\nsaMpav jar");
+    handIn("b", "B = 0\ndAkhav 1 bhAgile B");
+    check({"--no-cache", "--english", "--html", "out.html"});
+    const std::string page = tvp.folder().read("out.html");
+    for (const char* const part : {"<html lang='en'>", "An end or an else has no beginning.",
+                                   "The value of ब is ०. The divisor is zero.", "Wrong: "})
+        EXPECT_THAT(page, HasSubstr(part));
+    for (const char* const marathi : {"जोडी", "भाजक", "चूक", "गडबड"}) EXPECT_THAT(page, Not(HasSubstr(marathi)));
+}
+
 TEST_F(Class, CanTryATaskFile) {
     task("2.in", "2\n");
     task("10.in", "10\n");

@@ -10,7 +10,9 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
+#include <QPrintDialog>
 #include <QProcess>
+#include <QPushButton>
 #include <QTimer>
 
 #include <gmock/gmock.h>
@@ -58,6 +60,44 @@ TEST_F(PrintedSheet, HasTheProgramAndItsLastRun) {
         dialog.reject();
     });
     EXPECT_TRUE(user.told.empty());
+}
+
+QImage pictureOf(const QString& pdf) {
+    QProcess painter;
+    painter.start(QStringLiteral("pdftoppm"), {QStringLiteral("-r"), QStringLiteral("50"),
+                                               QStringLiteral("-singlefile"), QStringLiteral("-png"), pdf});
+    EXPECT_TRUE(painter.waitForFinished()) << "poppler-utils is needed";
+    return QImage::fromData(painter.readAllStandardOutput()).convertToFormat(QImage::Format_Grayscale8);
+}
+
+TEST_F(PrintedSheet, ComesOutOfThePrinterAsItIsSaved) {
+    type("dAkhav #\"#kshetra#\"#");
+    editor->RunStart();
+    user.files = {path("saved.pdf")};
+    print([](frmSheet& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("cmdSave"))->click(); });
+    QTimer answerer;
+    QObject::connect(&answerer, &QTimer::timeout, [&] {
+        auto* const dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+        if (dialog == nullptr) return;
+        answerer.stop();
+        dialog->findChild<QLineEdit*>(QStringLiteral("filename"))->setText(path("printed.pdf"));
+        dialog->accept();
+    });
+    answerer.start(20);
+    print([](frmSheet& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("cmdPrint"))->click(); });
+    const QImage saved = pictureOf(path("saved.pdf"));
+    const QImage printed = pictureOf(path("printed.pdf"));
+    ASSERT_GT(saved.width(), 300);
+    ASSERT_LE(std::abs(saved.width() - printed.width()), 2);
+    int ink = 0;
+    int different = 0;
+    for (int y = 0; y < std::min(saved.height(), printed.height()); ++y)
+        for (int x = 0; x < std::min(saved.width(), printed.width()); ++x) {
+            ink += saved.pixelColor(x, y).lightness() < 128 ? 1 : 0;
+            different += std::abs(saved.pixelColor(x, y).lightness() - printed.pixelColor(x, y).lightness()) > 160;
+        }
+    EXPECT_GT(ink, 50);
+    EXPECT_LT(different, ink / 2) << "smoothed otherwise, but not elsewhere";
 }
 
 using testing::HasSubstr;

@@ -1,5 +1,7 @@
 // What the guide says about programs: nothing about right ones, and the right thing about wrong ones.
 
+#include "guide/Checks.h"
+#include "guide/EnglishFindings.h"
 #include "guide/Guide.h"
 #include "guide/RandomProgram.h"
 #include "library/LibraryWords.h"
@@ -171,6 +173,10 @@ TEST(Findings, nameTheMistakesOfBeginners) {
                            findings[0].kind == row[2] && offers(findings[0], row[3]);
         EXPECT_TRUE(right) << row << "\n" << said(programOf(row[0]));
     }
+}
+
+TEST(Findings, AreToldInEnglishToo) {
+    for (const Check& check : checks()) EXPECT_FALSE(kindInEnglish(check.kind).empty()) << check.kind;
 }
 
 }  // namespace

@@ -20,7 +20,7 @@ struct SheetTest : testing::Test {
         return folder.read("text");
     }
     std::string textOf(const Sheet& sheet) {
-        PdfDocument document = newSheets();
+        PdfDocument document(sheetSize);
         addSheet(sheet, document);
         folder.write("sheet.pdf", document.bytes("sheet").toStdString());
         return textOf(folder / "sheet.pdf");
@@ -37,7 +37,7 @@ TEST_F(SheetTest, HasTextThatIsFoundAndCopied) {
     sheet.date = "22-11-2026";
     sheet.caption = "kshetraphaL";
     sheet.roman = "suchanA rAShTrAche kArya\r\ndAkhav #\"x < y\"#\r\njar prakRitI barobar 1 tar\r\n";
-    sheet.printed = {"kml{ - 5%}"};
+    sheet.printed = {styledOfInternal("kml{ - 5%}")};
     sheet.withRoman = sheet.withFindings = true;
     const std::string text = textOf(sheet);
     for (const char* const part :
@@ -60,11 +60,13 @@ TEST_F(SheetTest, BreaksPagesBetweenLinesAndNumbersThem) {
 
 TEST_F(SheetTest, AreMadeOfAWholeClass) {
     const std::string made = folder / "class.pdf";
-    const std::string command = programFolder() + "/tvp-sheet " + sourceFolder() + "/docs/classroom/class " + made;
+    const std::string command = programFolder() + "/tvp-sheet --task " + sourceFolder() + "/docs/classroom/task " +
+                                sourceFolder() + "/docs/classroom/class " + made;
     EXPECT_EQ(std::system(command.c_str()), 0);
     const std::string text = textOf(made);
     EXPECT_EQ(std::count(text.begin(), text.end(), '\f'), 5) << "a page for each hand-in, the empty one too";
-    EXPECT_THAT(text, HasSubstr("chitrA"));
+    for (const char* const part : {"chitrA", "काय छापले", "वेळेत प्रायोजन संपले नाही", "बाहेरची फायल"})
+        EXPECT_THAT(text, HasSubstr(part));
     EXPECT_NE(std::system((programFolder() + "/tvp-sheet " + folder.path() + " " + made + " 2>/dev/null").c_str()), 0);
 }
 
