@@ -85,12 +85,25 @@ constexpr const char* styleSheetPattern = R"(
     }
     QCheckBox::indicator:focus, QRadioButton::indicator:focus { border-color: @focus; }
     QCheckBox:focus, QRadioButton:focus { color: @accent; }
+    QTabWidget::pane { border: 2px solid @line; top: -2px; }
+    QTabBar::tab {
+        background: @footer; color: @text; border: 2px solid @line; margin-right: 0.2em;
+        padding: @above 0.9em @below 0.9em;
+    }
+    QTabBar::tab:selected { background: @paper; border-color: @frameActive; border-bottom-color: @paper; }
+    QTabBar::tab:selected:focus { border-color: @focus; }
     QListWidget { outline: none; border: 2px solid @line; }
     QListWidget:focus { border-color: @focus; }
     QLineEdit, QComboBox { background: @paper; color: @text; border: 2px solid @line; padding: 0.1em 0.3em; }
     QLineEdit:focus, QComboBox:focus { border-color: @focus; }
     QListWidget::item { padding: @drop 0.4em 0 0.4em; background: transparent; color: @text; }
     QListWidget::item:selected { background: @accent; color: @textOnAccent; }
+    QSlider::groove:horizontal { height: 0.2em; background: @dimText; }
+    QSlider::handle:horizontal {
+        width: 0.6em; margin: -0.4em 0; background: @accent; border: 2px solid @accent; border-radius: 0.3em;
+    }
+    QSlider::handle:horizontal:focus { border-color: @text; }
+    QSlider::handle:horizontal:disabled { background: @line; border-color: @line; }
     QScrollBar { background: @footer; }
     QScrollBar:vertical { width: 0.8em; }
     QScrollBar:horizontal { height: 0.8em; }

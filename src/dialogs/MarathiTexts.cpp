@@ -115,8 +115,6 @@ constexpr Text texts[] = {
     {"Pages per sheet:", "एका कागदावर पाने:"},
     {"Job Options", "कधी"},
     {"Advanced", "अजून"},
-    {"OK", "ठीक आहे"},
-    {"&OK", "ठीक आहे"},
     // Tabs that do not fit.
     {"Scroll Left", "डावीकडे"},
     {"Scroll Right", "उजवीकडे"},

@@ -11,6 +11,7 @@
 #include <QBoxLayout>
 #include <QDir>
 #include <QListWidget>
+#include <QPainter>
 #include <QPointer>
 #include <QPushButton>
 #include <QScreen>
@@ -26,6 +27,16 @@ constexpr double cellWidth = 10.5;
 constexpr double cellHeight = 9.5;
 constexpr int columns = 4;
 constexpr double visibleRows = 2.6;  // the cut row shows that there are more
+
+// With a frame: the console's ground may be that of the window.
+QIcon framed(const QString& file) {
+    QPixmap picture(file);
+    if (picture.isNull()) return {};
+    QPainter painter(&picture);
+    painter.setPen(QPen(look::colours().line, picture.width() / 80.0));
+    painter.drawRect(picture.rect());
+    return picture;
+}
 
 }  // namespace
 
@@ -64,8 +75,9 @@ void frmExamples::addProgram(const QString& path) {
     const ProgramFile program = readProgramFile(content->toStdString());
     if (program.problem != ProgramFile::Problem::None) return;
     const QFileInfo file(path);
-    const QIcon picture(file.dir().filePath(QStringLiteral("pictures/%1.png").arg(file.completeBaseName())));
-    auto* const item = new QListWidgetItem(picture, toQString(ReplaceRomanChars(program.caption)), lstExamples_);
+    const QString picture = file.dir().filePath(QStringLiteral("pictures/%1.png").arg(file.completeBaseName()));
+    auto* const item =
+        new QListWidgetItem(framed(picture), toQString(ReplaceRomanChars(program.caption)), lstExamples_);
     item->setData(Qt::UserRole, path);
     item->setData(Qt::AccessibleTextRole, accessible::unicode(item->text()));
 }

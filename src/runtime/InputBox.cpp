@@ -5,6 +5,7 @@
 #include "platform/fonts/FontEncoding.h"
 #include "runtime/ConsoleFonts.h"
 
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QValidator>
 
@@ -70,7 +71,8 @@ std::string InputBox::roman() const {
 
 void InputBox::fitText(int mostWidth) {
     constexpr int frame = 12;  // with the caret
-    const int wanted = fontMetrics().horizontalAdvance(QStringLiteral("    ") + text()) + frame;
+    mostWidth_ = mostWidth;
+    const int wanted = fontMetrics().horizontalAdvance(QStringLiteral("    ") + text() + composed_) + frame;
     resize(std::min(wanted, mostWidth), sizeHint().height());
 }
 
@@ -83,6 +85,12 @@ void InputBox::keyPressEvent(QKeyEvent* event) {
     isTyping_ = !event->matches(QKeySequence::Paste);
     QLineEdit::keyPressEvent(event);
     isTyping_ = false;
+}
+
+void InputBox::inputMethodEvent(QInputMethodEvent* event) {
+    composed_ = event->preeditString();
+    QLineEdit::inputMethodEvent(event);
+    fitText(mostWidth_);
 }
 
 void InputBox::focusOutEvent(QFocusEvent* event) {

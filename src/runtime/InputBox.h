@@ -18,7 +18,7 @@ class InputBox : public QLineEdit {
 
     // As 8-bit text.
     std::string roman() const;
-    // Grows with its text, up to this width.
+    // Grows with its text and with what an input method is still composing, up to this width.
     void fitText(int mostWidth);
 
   signals:
@@ -32,9 +32,12 @@ class InputBox : public QLineEdit {
   protected:
     void keyPressEvent(QKeyEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
 
   private:
     class Text;
+    int mostWidth_ = 0;
+    QString composed_;
     bool isTyping_ = false;  // while a key is handled that does not paste
 };
 

@@ -71,6 +71,16 @@ TEST_F(InputTest, TheTipShowsWhatTheLettersMean) {
     });
 }
 
+TEST_F(InputTest, TheBoxHasRoomForWhatIsBeingComposed) {
+    ask([this] {
+        const QString letters = QStringLiteral("सर्वांना नमस्कार");
+        QInputMethodEvent composing(letters, {});
+        QCoreApplication::sendEvent(&inputBox(), &composing);
+        EXPECT_GT(inputBox().width(), inputBox().fontMetrics().horizontalAdvance(letters));
+        enter();
+    });
+}
+
 TEST_F(InputTest, AtTheBottomTheQuestionAboveStaysReadable) {
     for (int i = 0; i < 30; ++i) console->PrintString(std::to_string(i));
     const int line = static_cast<int>(ConsoleText(display()).LineHeight());
