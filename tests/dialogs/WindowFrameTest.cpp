@@ -3,6 +3,7 @@
 #include "dialogs/Look.h"
 #include "dialogs/WindowFrame.h"
 #include "platform/encoding/Deva.h"
+#include "support/DrawnTexts.h"
 
 #include <QMainWindow>
 #include <QMenuBar>
@@ -218,6 +219,11 @@ TEST_F(FramedWindow, LooksActiveOnlyWithTheKeyboard) {
     window.activateWindow();
     ASSERT_TRUE(QTest::qWaitForWindowActive(&window));
     EXPECT_EQ(captionColour(), look::colours().captionActive);
+}
+
+TEST_F(FramedWindow, ALongTitleEndsInAnEllipsis) {
+    frame.setTitle(StyledText(std::string(300, 'k'), Font::Devanagari));
+    EXPECT_TRUE(DrawnTexts(frame.captionBar()).texts.back().second.endsWith(u'\u2026'));
 }
 
 TEST_F(FramedWindow, TitleIsDrawnInItsFontsAndTheDesktopGetsItsLatinPart) {

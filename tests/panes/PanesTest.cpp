@@ -226,7 +226,7 @@ std::string lines(int count) {
 }
 
 TEST_F(PanesTest, scrollTogether) {
-    std::string wide;  // in one pane only
+    std::string wide;  // wider than one of the panes
     for (int i = 0; i < 25; ++i) wide += "chha";
     roman.setText(lines(200) + wide);
     const auto expectSameLines = [&](const char* when) {
@@ -236,7 +236,7 @@ TEST_F(PanesTest, scrollTogether) {
     };
     press(Qt::Key_End, Qt::ControlModifier);
     EXPECT_GT(roman.firstVisibleLine(), 150);
-    EXPECT_NE(roman.horizontalScrollBar()->maximum() > 0, program.horizontalScrollBar()->maximum() > 0);
+    EXPECT_TRUE(roman.horizontalScrollBar()->isVisible() && program.horizontalScrollBar()->isVisible());
     expectSameLines("at the end");
     press(Qt::Key_Return);
     expectSameLines("after a line more");

@@ -15,7 +15,6 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
-#include <ctime>
 #include <gtest/gtest.h>
 #include <limits>
 #include <random>

@@ -166,6 +166,8 @@ TEST(Help, ShowsTheTopicsAndCopiesTheirExamples) {
     EXPECT_TRUE(window->findChild<QLabel*>(QStringLiteral("lblNote"))->isVisible());
     QTest::keyClick(search, Qt::Key_Escape);
     EXPECT_FALSE(topics->isRowHidden(0));
+    showHelp({}, topics->item(5)->text());
+    EXPECT_EQ(topics->currentRow(), 5);
     const QPointer<QWidget> closed = window;
     QTest::keyClick(window, Qt::Key_Escape);
     EXPECT_TRUE(QTest::qWaitFor([&closed] { return closed.isNull(); }));
