@@ -58,6 +58,8 @@ constexpr MenuItem viewItems[] = {
     {"ViewNextPane", "Ês\u009dya -agat ja"_deva},
     {"mnuSeperator14", separator},
     {"ViewValues", "ik<mtI"_deva},
+    {"ViewTrace", "magaeva"_deva},
+    {"ViewScript", "àayaejnacI iS³Pq"_deva},
     {"mnuSeperator9", separator},
     {"ViewZoomIn", "A]re maeQI kr"_deva},
     {"ViewZoomOut", "A]re lhan kr"_deva},
@@ -144,6 +146,7 @@ constexpr Shortcut shortcutTable[] = {
     {"EditSuggest", "Ctrl+Space"},
     {"ViewNextPane", "F6", When::AtRest},
     {"ViewValues", "Ctrl+Shift+V"},
+    {"ViewTrace", "Ctrl+Shift+M"},
     {"ViewZoomIn", "Ctrl++"},
     {"ViewZoomIn", "Ctrl+Shift++"},
     {"ViewZoomIn", "Ctrl+="},  // plus without Shift

@@ -50,7 +50,7 @@ void rememberWindow(Settings& settings, const QWidget& window, const QSplitter& 
     if (whole > 0) settings.SaveSetting(section, shareKey, QString::number(widths.value(0) * 100 / whole));
 }
 
-void placeTogether(QWidget& editor, QWidget& console) {
+void placeTogether(QWidget& editor, QWidget& console, QWidget* below) {
     const QRect screen = editor.screen()->availableGeometry();
     const int least = std::max(look::em(27), editor.minimumSizeHint().width());
     const int forEditor = screen.width() - console.frameGeometry().width();
@@ -61,8 +61,12 @@ void placeTogether(QWidget& editor, QWidget& console) {
     const int left = std::clamp(editor.x(), screen.left(), screen.left() + forEditor - width);
     const int top = std::clamp(editor.y(), screen.top(), screen.top() + screen.height() - height);
     editor.setGeometry(left, top, width, height);
-    console.move(left + width,
-                 std::clamp(top, screen.top(), std::max(screen.top(), screen.bottom() - console.height())));
+    const int lowest = std::max(screen.top(), screen.top() + screen.height() - console.height());
+    console.move(left + width, below != nullptr ? screen.top() : std::clamp(top, screen.top(), lowest));
+    if (below == nullptr || below->isMaximized()) return;
+    const int room = screen.top() + screen.height() - console.geometry().bottom() - 1;
+    below->resize(console.width(), std::max(room, std::max(below->minimumSizeHint().height(), look::em(14))));
+    below->move(console.x(), screen.top() + screen.height() - below->height());
 }
 
 int rememberedZoom(const Settings& settings) {

@@ -14,8 +14,8 @@ void restoreWindow(const Settings& settings, QWidget& window, QSplitter& splitte
 void rememberWindow(Settings& settings, const QWidget& window, const QSplitter& splitter);
 
 // Puts the console at the right of the editor, so that both are seen, where the screen has the room; the editor becomes
-// narrower for it if need be.
-void placeTogether(QWidget& editor, QWidget& console);
+// narrower for it if need be. A third window comes below the console, as far as there is room.
+void placeTogether(QWidget& editor, QWidget& console, QWidget* below = nullptr);
 
 // Percent; 100 where the settings hold nothing.
 int rememberedZoom(const Settings& settings);

@@ -25,6 +25,8 @@
 #include "editor/panes/RomanInput.h"
 #include "editor/steps/EditorSteps.h"
 #include "editor/steps/ValuePanel.h"
+#include "editor/steps/frmScript.h"
+#include "editor/steps/frmTrace.h"
 #include "guide/HelpTopics.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
@@ -125,7 +127,6 @@ void frmEditor::setUpLayout() {
     splitter_->setHandleWidth(look::em(0.3));
     work_->setChildrenCollapsible(false);
     work_->setHandleWidth(look::em(0.3));
-    work_->setStretchFactor(0, 1);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins({});
     layout->setSpacing(0);
@@ -505,7 +506,9 @@ void frmEditor::closeEvent(QCloseEvent* event) {
     if (state_.Closing) keepUnsaved();  // no one has been asked
     recoveryTimer_.stop();
     rememberWindow(settings_, *this, *splitter_);
-    if (findReplace_ != nullptr) findReplace_->close();
+    for (QWidget* window :
+         {static_cast<QWidget*>(findReplace_), static_cast<QWidget*>(trace_), static_cast<QWidget*>(script_)})
+        if (window != nullptr) window->close();
     if (console_) console_->close();
     event->accept();
     if (!state_.Closing && services_.shutDown) services_.shutDown();

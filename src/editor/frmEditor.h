@@ -38,6 +38,8 @@ class WordCorrection;
 class frmEditor;
 class frmExec;
 class frmFindReplace;
+class frmScript;
+class frmTrace;
 
 // What commands of the editor need of the layer above it. A command without one does nothing.
 struct EditorServices {
@@ -152,6 +154,8 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void RunBreakPoint();
     void ViewOutput();
     void ViewValues();
+    void ViewTrace();
+    void ViewScript();
     void ViewNextPane();
     void ViewZoomIn();
     void ViewZoomOut();
@@ -194,6 +198,11 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void stepsPhaseChanged();
     void showWindowsTogether();
     void showValues(bool shown);
+    frmTrace& traceWindow();
+    void saveTraceAsCsv();
+    void saveTraceAsPdf();
+    void fillScript();
+    void goToLine(int line);
 
     EditorState& state_;
     Settings& settings_;
@@ -223,6 +232,9 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     QString helpFile_;
     QString taskFile_;  // with which a program was tried last
     frmFindReplace* findReplace_ = nullptr;
+    frmTrace* trace_ = nullptr;
+    frmScript* script_ = nullptr;
+    QTimer scriptTimer_;  // the script is made anew when nothing has been typed for a while
     Translator translator_;
     std::unique_ptr<frmExec> console_;
 };

@@ -1,26 +1,41 @@
 // The commands of the editor that go through a running program.
+#include "dialogs/Dialogs.h"
 #include "editor/CommandBars.h"
 #include "editor/Commands.h"
+#include "editor/DocumentMessages.h"
 #include "editor/EditorStatusBar.h"
+#include "editor/FileDialogs.h"
 #include "editor/SpeedSlider.h"
+#include "editor/WholeFile.h"
 #include "editor/WindowPlace.h"
 #include "editor/frmEditor.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
 #include "editor/steps/EditorSteps.h"
 #include "editor/steps/ValuePanel.h"
+#include "editor/steps/frmScript.h"
+#include "editor/steps/frmTrace.h"
+#include "library/AddLibrary.h"
 #include "platform/encoding/Deva.h"
 #include "platform/settings/Settings.h"
+#include "platform/transliteration/ReplaceRomanChars.h"
 #include "runtime/frmExec.h"
+#include "sheet/Sheet.h"
+#include "sheet/TableSheet.h"
 
 #include <QAction>
+#include <QFileInfo>
 #include <QKeyEvent>
 #include <QSplitter>
 #include <QTextBlock>
 #include <QToolBar>
 
+#include <chrono>
+
 namespace tolvan {
 namespace {
+
+using namespace std::chrono_literals;
 
 const QString section = QStringLiteral("Settings");
 const QString valuesKey = QStringLiteral("ShowValues");
@@ -28,6 +43,12 @@ const QString speedKey = QStringLiteral("StepSpeed");
 
 constexpr std::string_view breakPointSet = "yewe wa<ba Qevla"_deva;
 constexpr std::string_view breakPointTaken = "yewla wa<ba kaFla"_deva;
+
+QString askTraceFile(const QString& program, const QString& title, const QString& ending) {
+    const QFileInfo file(program);
+    return askSaveFile({title, ending.toUpper(), ending, program.isEmpty() ? startFolder() : file.absolutePath(),
+                        program.isEmpty() ? QString() : file.completeBaseName()});
+}
 
 }  // namespace
 
@@ -49,6 +70,7 @@ void frmEditor::setUpSteps() {
 void frmEditor::runChanged() {
     txtRoman_->setLocked(isRunning());
     areTogether_ = areTogether_ && isRunning();
+    if (isRunning() && trace_ != nullptr && trace_->isVisible()) showWindowsTogether();
     enableCommands();
 }
 
@@ -134,8 +156,74 @@ void frmEditor::ViewValues() {
 
 void frmEditor::showValues(bool shown) {
     values_->setVisible(shown);
-    if (shown) work_->setSizes({3000, 2000});  // shared out in this proportion
+    if (!shown) return;
+    // Shared out in this proportion, once the splitter knows of its new part.
+    QMetaObject::invokeMethod(
+        work_,
+        [this] {
+            work_->setSizes({3000, 2000});
+        },
+        Qt::QueuedConnection);
     bars_->item("ViewValues")->setChecked(shown);
+}
+
+frmTrace& frmEditor::traceWindow() {
+    if (trace_ != nullptr) return *trace_;
+    trace_ = new frmTrace(
+        *steps_, [this](const QKeyEvent& key) { return takesRunKey(key); }, this);
+    connect(trace_, &frmTrace::csvWanted, this, &frmEditor::saveTraceAsCsv);
+    connect(trace_, &frmTrace::pdfWanted, this, &frmEditor::saveTraceAsPdf);
+    return *trace_;
+}
+
+void frmEditor::ViewTrace() {
+    traceWindow().show();
+    traceWindow().raise();
+    traceWindow().activateWindow();
+}
+
+void frmEditor::saveTraceAsCsv() {
+    const QString path = askTraceFile(document_.path(), QStringLiteral("CSV साठव..."), QStringLiteral("csv"));
+    if (path.isEmpty()) return;
+    if (!replaceFile(path, QByteArray::fromStdString(traceWindow().text(true)))) ShowMessage(messages::notSaved(path));
+}
+
+void frmEditor::saveTraceAsPdf() {
+    const QString path = askTraceFile(document_.path(), QStringLiteral("PDF साठव..."), QStringLiteral("pdf"));
+    if (path.isEmpty()) return;
+    PdfDocument document(sheetSize);
+    addTable(traceWindow().sheet(StyledText(ReplaceRomanChars(document_.caption()), Font::Devanagari)), document);
+    if (!replaceFile(path, document.bytes(QFileInfo(path).fileName().toUtf8()))) ShowMessage(messages::notSaved(path));
+}
+
+void frmEditor::ViewScript() {
+    if (script_ == nullptr) {
+        script_ = new frmScript([this](const QKeyEvent& key) { return takesRunKey(key); }, this);
+        connect(script_, &frmScript::lineChosen, this, [this](int line) { goToLine(line); });
+        connect(txtRoman_, &TextPane::caretMoved, script_, [this] { script_->showLine(txtRoman_->currentLine()); });
+        connect(txtRoman_, &TextPane::lineMarksChanged, script_,
+                [this] { script_->setStepLine(txtRoman_->stepLine()); });
+        scriptTimer_.setSingleShot(true);
+        scriptTimer_.setInterval(300ms);
+        connect(&scriptTimer_, &QTimer::timeout, this, &frmEditor::fillScript);
+        connect(txtRoman_->document(), &QTextDocument::contentsChange, &scriptTimer_, qOverload<>(&QTimer::start));
+    }
+    script_->QWidget::show();
+    fillScript();
+    script_->raise();
+    script_->activateWindow();
+}
+
+void frmEditor::fillScript() {
+    if (script_ == nullptr || !script_->isVisible()) return;
+    const StyledText text = txtProgram_->text();
+    script_->show(runnableProgram(text), text);
+    script_->showLine(txtRoman_->currentLine());
+}
+
+void frmEditor::goToLine(int line) {
+    const QTextBlock block = txtRoman_->document()->findBlockByNumber(line - 1);
+    if (block.isValid()) txtRoman_->setTextCursor(QTextCursor(block));
 }
 
 // The program is seen at a line.
@@ -143,14 +231,14 @@ void frmEditor::stepsMoved() {
     if (!isRunning()) return;
     if (!areTogether_) showWindowsTogether();
     if (steps_->control().state() != StepControl::State::Standing) return;
-    if (!isActiveWindow()) bringBack();
-    const QTextBlock line = txtRoman_->document()->findBlockByNumber(steps_->control().line() - 1);
-    if (line.isValid()) txtRoman_->setTextCursor(QTextCursor(line));
+    Timer1_Tick();
+    if (trace_ == nullptr || !trace_->isActiveWindow()) bringBack();
+    goToLine(steps_->control().line());
 }
 
 void frmEditor::showWindowsTogether() {
     areTogether_ = true;
-    placeTogether(*this, *console_);
+    placeTogether(*this, *console_, trace_ != nullptr && trace_->isVisible() ? trace_ : nullptr);
     if (readSetting(settings_.GetSetting(section, valuesKey), true)) showValues(true);
 }
 

@@ -3,12 +3,17 @@
 #include "EditorFixture.h"
 #include "editor/steps/EditorSteps.h"
 #include "editor/steps/ValuePanel.h"
+#include "editor/steps/frmTrace.h"
 #include "platform/picturebox/PictureBox.h"
 #include "runtime/frmExec.h"
 
 #include <QApplication>
+#include <QCheckBox>
+#include <QClipboard>
 #include <QHelpEvent>
 #include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
 #include <QTextBlock>
 #include <QTimer>
 #include <QToolTip>
@@ -66,10 +71,12 @@ class StepsTest : public EditorTest {
         next();
         return stood;
     }
+    void putCaret(int line) {
+        editor->txtRoman().setTextCursor(QTextCursor(editor->txtRoman().document()->findBlockByNumber(line - 1)));
+    }
     void key(const std::string& word) {
         if (word[0] == '@') {
-            const QTextBlock line = editor->txtRoman().document()->findBlockByNumber(std::stoi(word.substr(1)) - 1);
-            editor->txtRoman().setTextCursor(QTextCursor(line));
+            putCaret(std::stoi(word.substr(1)));
             return press(Qt::Key_F10, Qt::ControlModifier);
         }
         const QKeyCombination keys = QKeySequence(QString::fromStdString(word))[0];
@@ -184,6 +191,211 @@ TEST_F(StepsTest, ValuesAreShownAndChanged) {
     EXPECT_THAT(inFunction, ElementsAre("अ=१", "इ=१, बदलले"));
     EXPECT_EQ(tip.toStdString(), "न = २०");
     EXPECT_THAT(console()->printedLines(), ElementsAre("80"));
+}
+
+// However a session ends, nothing hangs, and the editor can be used again.
+TEST_F(StepsTest, SessionsEndInEveryWay) {
+    const auto soon = [this](Action action) { QTimer::singleShot(60, editor.get(), std::move(action)); };
+    const auto keyOnConsole = [this](Qt::Key key) { QTest::keyClick(console()->windowHandle(), key); };
+    const QByteArray endless = "jovar 1 lahAn 2 tovar\na = 1\nkar\n";
+    const QByteArray asking = "dAkhav 1\nghe a\ndAkhav a\n";
+    const struct {
+        const char* what;
+        QByteArray program;
+        const char* keys;
+        Action action;  // of the word "act"
+        const char* lines;
+    } cases[] = {
+        {"the console is closed", endless, "F11 act", [&] { console()->close(); }, "1"},
+        {"stopped on the console", endless, "F11 act", [&] { keyOnConsole(Qt::Key_F4); }, "1"},
+        {"steps by keys on the console", endless, "F11 act act", [&] { keyOnConsole(Qt::Key_F11); }, "1 2 3"},
+        {"stopped while it asks", asking, "F11 F11 act",
+         [&] {
+             soon([&] { keyOnConsole(Qt::Key_F4); });
+             press(Qt::Key_F11);
+         },
+         "1 2"},
+        {"answered, and it stands again", asking, "F11 F11 act",
+         [&] {
+             soon([&] {
+                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_7);
+                 QTest::keyClick(QApplication::focusWidget(), Qt::Key_Return);
+             });
+             press(Qt::Key_F11);
+         },
+         "1 2 3"},
+        {"paused in a loop", "dAkhav 1\n" + endless, "act",
+         [&] {
+             soon([&] { keyOnConsole(Qt::Key_F6); });
+             press(Qt::Key_F5);
+         },
+         nullptr},
+        {"slowly, then at full speed", "dAkhav 1\ndAkhav 2\n", "act",
+         [&] {
+             soon([&] { keyOnConsole(Qt::Key_F5); });
+             press(Qt::Key_F5, Qt::ControlModifier);
+         },
+         ""},
+        {"an error in a step", "a = 0\nb = 1 bhAgile a\n", "F11 F11 F11", {}, "1 2"},
+    };
+    user.errorAnswers = {false};
+    for (const auto& one : cases) {
+        SCOPED_TRACE(one.what);
+        setProgram(one.program);
+        const std::string before = roman();
+        const std::string stood = session(one.keys, {{"act", one.action}});
+        if (one.lines != nullptr)
+            EXPECT_EQ(stood, one.lines);
+        else
+            EXPECT_EQ(stood.size(), 1U);
+        EXPECT_FALSE(editor->isRunning());
+        EXPECT_FALSE(editor->txtRoman().isLocked());
+        EXPECT_EQ(roman(), before);
+    }
+    EXPECT_THAT(user.errors, ElementsAre(std::pair(11, 2)));
+}
+
+TEST_F(StepsTest, AnEditorThatIsClosedWhileTheProgramStandsStopsIt) {
+    setProgram("a = 1\n");
+    EXPECT_EQ(session("F11 close", {{"close", [&] { editor->close(); }}}), "1");
+    EXPECT_FALSE(editor->isVisible());
+}
+
+// All of a deep recursion is there, and only the last calls are shown.
+TEST_F(StepsTest, ARecursionOfAThousandCallsCanBeLookedAt) {
+    setProgram(
+        "dAkhav berij(1000)\n"
+        "upaprAyojan berij(n)\n"
+        "berij = 0\n"
+        "jar n moThA 0 tar\n"
+        "berij = n adhik berij(n vajA 1)\n"
+        "nAhItar\n"
+        "suchanA shevaT\n"
+        "n = 0\n"
+        "saMpav jar\n"
+        "upaprAyojan saMpav\n");
+    std::vector<std::string> rows;
+    EXPECT_EQ(session("@8 look", {{"look",
+                                   [&] {
+                                       rows = shownValues();
+                                       key("F5");
+                                   }}}),
+              "8");
+    ASSERT_GT(rows.size(), 30U);
+    EXPECT_LT(rows.size(), 50U);
+    EXPECT_THAT(rows[1], HasSubstr("बेरिज (१००१): न=०"));
+    EXPECT_THAT(console()->printedLines(), ElementsAre("500500"));
+}
+
+// A class may look at an array of 10,000; only what is seen of it is asked for.
+TEST_F(StepsTest, ALargeArrayUnfolds) {
+    setProgram("mitI a(9999)\na(9999) = 5\ndAkhav a(9999)\n");
+    QString last;
+    session("@3 look", {{"look", [&] {
+                             const QModelIndex array = values().model()->index(0, 0);
+                             values().expand(array);
+                             values().scrollToBottom();
+                             EXPECT_EQ(values().model()->rowCount(array), 10000);
+                             last = values().model()->index(9999, 2, array).data().toString();
+                             key("F5");
+                         }}});
+    EXPECT_EQ(last.toStdString(), "५");
+}
+
+class TraceTest : public StepsTest {
+  protected:
+    // A window of its own, so that the editor has the keyboard only after a while.
+    void openTrace() {
+        press(Qt::Key_M, Qt::ControlModifier | Qt::ShiftModifier);
+        toFront();
+        EXPECT_TRUE(QTest::qWaitFor([this] { return QApplication::activeWindow() == editor.get(); }));
+    }
+    frmTrace& window() const { return *editor->findChild<frmTrace*>(); }
+    std::string shown(int row) const {
+        std::string text;
+        for (int column = 0; column < window().model().columnCount(); ++column)
+            text += (column == 0 ? "" : "|") +
+                    window().model().index(row, column).data(Qt::AccessibleTextRole).toString().toStdString();
+        return text;
+    }
+    void choose(int row) const {
+        QTableView& board = window().board();
+        const QModelIndex index = window().model().index(row, 0);
+        board.scrollTo(index);
+        QTest::mouseClick(board.viewport(), Qt::LeftButton, {}, board.visualRect(index).center());
+    }
+    PictureBox& past() const { return *console()->findChild<PictureBox*>(QStringLiteral("Past")); }
+};
+
+const QByteArray twoPasses =
+    "i sAThI 1 te 2 paryaMt\n"
+    "dAkhav i\n"
+    "puDhachA i\n";
+
+TEST_F(TraceTest, AnEarlierMomentIsShownAgain) {
+    setProgram(twoPasses);
+    openTrace();
+    press(Qt::Key_F5);
+    EXPECT_FALSE(editor->isRunning());
+    ASSERT_EQ(window().model().rowCount(), 5);
+    EXPECT_EQ(shown(0), "१|इ साठी १ ते २ पर्यंत|१, बदलले");
+    EXPECT_EQ(shown(1), "२|दाखव इ|१");
+    EXPECT_EQ(shown(2), "३|पुढचा इ|२, बदलले");
+    const QImage end = console()->grab().toImage();
+    choose(1);
+    EXPECT_EQ(editor->txtProgram().stepLine(), 2);
+    EXPECT_THAT(shownValues(), ElementsAre("इ=१"));
+    ASSERT_TRUE(past().isVisible());
+    const QImage once = past().Image();
+    choose(3);
+    EXPECT_NE(past().Image(), once);  // two lines were printed by then
+    choose(1);
+    EXPECT_EQ(past().Image(), once);
+    QTest::keyClick(&window().board(), Qt::Key_Escape);
+    EXPECT_FALSE(past().isVisible());
+    EXPECT_EQ(console()->grab().toImage(), end);
+    EXPECT_EQ(window().text(true),
+              "line,text,इ\n1,इ साठी १ ते २ पर्यंत,१\n2,दाखव इ,१\n3,पुढचा इ,२\n2,दाखव इ,२\n3,पुढचा इ,३\n");
+    user.files = {path("trace.csv"), path("trace.pdf")};
+    for (const char* button : {"cmdCsv", "cmdPdf", "cmdCopy"})
+        QTest::mouseClick(window().findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
+    EXPECT_EQ(contentOf(path("trace.csv")).toStdString(), window().text(true));
+    EXPECT_TRUE(contentOf(path("trace.pdf")).startsWith("%PDF"));
+    EXPECT_EQ(QApplication::clipboard()->text().toStdString(), window().text(false));
+    toFront();
+    type("x");
+    EXPECT_EQ(window().model().rowCount(), 0);
+}
+
+TEST_F(TraceTest, WhoGuessesFirstSeesValuesWhenAsked) {
+    setProgram(twoPasses);
+    openTrace();
+    QTest::mouseClick(window().findChild<QCheckBox*>(QStringLiteral("chkGuess")), Qt::LeftButton, {}, QPoint(8, 12));
+    ASSERT_TRUE(window().model().isGuessing());
+    std::string covered;
+    session("F11 F11 F11 look", {{"look", [&] {
+                                      covered = shown(1) + ' ' + shownValues()[0];
+                                      QTest::mouseClick(window().findChild<QPushButton*>(QStringLiteral("cmdUncover")),
+                                                        Qt::LeftButton);
+                                      covered += ' ' + shown(1) + ' ' + shownValues()[0];
+                                      state.run.stop();
+                                  }}});
+    EXPECT_EQ(covered, "२|दाखव इ|? इ=? २|दाखव इ|१ इ=१");
+}
+
+TEST_F(StepsTest, TheScriptIsLinkedWithTheProgram) {
+    setProgram(doubling);
+    editor->ViewScript();
+    auto* const table = editor->findChild<QTableView*>(QStringLiteral("tblScript"));
+    ASSERT_NE(table, nullptr);
+    putCaret(4);
+    const QModelIndex now = table->currentIndex();
+    EXPECT_EQ(now.siblingAtColumn(1).data().toString().toStdString(), "अ = दुप्पट(अ)");
+    EXPECT_EQ(now.siblingAtColumn(2).data().toString().toStdString(), "अ = दुप्पट(अ)");
+    const QModelIndex print = now.siblingAtRow(now.row() + 2);
+    EXPECT_THAT(print.siblingAtColumn(2).data().toString().toStdString(), HasSubstr("PrintString अ"));
+    QTest::mouseClick(table->viewport(), Qt::LeftButton, {}, table->visualRect(print).center());
+    EXPECT_EQ(editor->txtRoman().currentLine(), 6);
 }
 
 }  // namespace

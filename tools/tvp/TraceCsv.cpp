@@ -1,9 +1,8 @@
 #include "tvp/TraceCsv.h"
 
-#include "platform/encoding/Ascii.h"
 #include "platform/encoding/Unicode.h"
-#include "platform/richtext/UnicodeText.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
+#include "runtime/host/TraceText.h"
 #include "translator/Blanks.h"
 
 #include <algorithm>
@@ -11,30 +10,6 @@
 
 namespace tolvan {
 namespace {
-
-void appendField(std::string_view field, std::string& row) {
-    if (!row.empty()) row += ',';
-    if (field.find_first_of(",\"\r\n") == std::string_view::npos) {
-        row += field;
-        return;
-    }
-    row += '"';
-    for (const char c : field) {
-        if (c == '"') row += '"';
-        row += c;
-    }
-    row += '"';
-}
-
-std::vector<std::string> unicodeLines(StyledView program) {
-    std::vector<std::string> lines;
-    for (std::size_t start = 0; start <= program.size();) {
-        const std::size_t end = std::min(program.text().find(lineEnd, start), program.size());
-        lines.push_back(unicodeOf(trimBlanks(program.substr(start, end - start))));
-        start = end + lineEnd.size();
-    }
-    return lines;
-}
 
 std::vector<std::size_t> chosenColumns(TraceTable& table, const std::vector<std::string>& words) {
     const std::vector<TraceTable::Column>& all = table.columns();
@@ -65,20 +40,11 @@ std::vector<std::string> wordsOfList(std::string_view list, const RunnableProgra
 }
 
 void writeTraceCsv(TraceTable& table, StyledView program, const std::vector<std::string>& words, Output& output) {
-    const std::vector<std::string> lines = unicodeLines(program);
     const std::vector<std::size_t> columns = chosenColumns(table, words);
-    std::string head = "line,text";
-    for (const std::size_t column : columns) appendField(table.columns()[column].unicodeTitle(), head);
-    output.writeLine(head);
-    for (std::uint64_t row = table.firstRow(); row < table.endRow() && output.failure() == 0; ++row) {
-        const int line = table.programLine(row);
-        const auto index = static_cast<std::size_t>(line);
-        std::string text = std::to_string(line);
-        appendField(index >= 1 && index <= lines.size() ? lines[index - 1] : "", text);
-        for (const TraceTable::Cell& cell : table.cells(row, columns))
-            appendField(unicodeOfInternalText(cell.text), text);
-        output.writeLine(text);
-    }
+    const TraceText text(table, program, TraceText::Form::Csv);
+    output.writeLine(text.head(columns));
+    for (std::uint64_t row = table.firstRow(); row < table.endRow() && output.failure() == 0; ++row)
+        output.writeLine(text.row(row, columns));
 }
 
 }  // namespace tolvan

@@ -1,5 +1,4 @@
-// The table of a recorded run as comma-separated values (RFC 4180, in UTF-8, with LF line ends): a head "line", "text"
-// and the words of the variables, then a row for each line that was executed, with the values after it.
+// The table of a recorded run as comma-separated values (see TraceText), with LF line ends.
 #pragma once
 
 #include "platform/richtext/StyledText.h"

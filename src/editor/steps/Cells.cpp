@@ -1,7 +1,7 @@
 #include "editor/steps/Cells.h"
 
 #include "dialogs/Look.h"
-#include "platform/richtext/InternalText.h"
+#include "sheet/Sheet.h"
 
 #include <QPainter>
 
@@ -20,11 +20,12 @@ ControlText textOf(const QModelIndex& index) {
 
 }  // namespace
 
+StyledText lineOfInternalText(std::string_view internalText) {
+    return styledOfInternal(internalText.substr(0, internalText.find_first_of("\r\n")));
+}
+
 ControlText controlTextOf(std::string_view internalText) {
-    StyledText text;
-    for (const InternalTextRun& run : InternalTextRuns(internalText.substr(0, internalText.find_first_of("\r\n"))))
-        text.append(run.text, run.font);
-    return controlText(text);
+    return controlText(lineOfInternalText(internalText));
 }
 
 QSize CellDelegate::sizeHint(const QStyleOptionViewItem&, const QModelIndex& index) const {

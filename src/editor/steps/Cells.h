@@ -19,6 +19,7 @@ enum CellRole : int {
 };
 
 // Text in internal text form with its fonts; line ends and further lines are left out.
+StyledText lineOfInternalText(std::string_view internalText);
 ControlText controlTextOf(std::string_view internalText);
 
 class CellDelegate : public QStyledItemDelegate {

@@ -59,9 +59,11 @@ void EditorSteps::begin(frmExec& console, RunnableProgram program) {
     forget();
     console_ = &console;
     program_ = std::move(program);
+    text_ = programBox_.text();
     values_ = std::make_unique<ValueTable>(console.executor(), program_);
     trace_ = std::make_unique<TraceTable>(recording_, program_);
     console.setSteps(&control_);
+    emit begun();
 }
 
 // The values that the program ended with can still be seen.

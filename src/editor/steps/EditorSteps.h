@@ -48,8 +48,9 @@ class EditorSteps : public QObject {
     // Of the run that is under way, or of the last one; null where nothing was recorded, or
     // while the program cannot be looked into.
     TraceTable* trace() { return isRecorded_ && mayLook() ? trace_.get() : nullptr; }
-    // What was run.
+    // What was run, and the program's own text.
     const RunnableProgram& program() const { return program_; }
+    const StyledText& programText() const { return text_; }
 
     // Shows in the panes, the table of values and the console the moment after this recorded line; null: the present.
     void showMoment(std::optional<std::uint64_t> row);
@@ -58,6 +59,8 @@ class EditorSteps : public QObject {
     void setConcealed(bool concealed);
 
   signals:
+    // Another run is about to begin.
+    void begun();
     void phaseChanged();
     // The program stands before a line, or goes slowly to another one.
     void moved();
@@ -90,6 +93,7 @@ class EditorSteps : public QObject {
 
     QPointer<frmExec> console_;  // of the program that runs, or of the last one
     RunnableProgram program_;
+    StyledText text_;
     script::Recording recording_;
     std::unique_ptr<ValueTable> values_;  // while a program runs
     std::unique_ptr<TraceTable> trace_;

@@ -1,0 +1,51 @@
+#include "runtime/host/TraceText.h"
+
+#include "platform/encoding/Ascii.h"
+#include "platform/richtext/UnicodeText.h"
+#include "translator/Blanks.h"
+
+#include <algorithm>
+
+namespace tolvan {
+
+std::vector<StyledView> trimmedLines(StyledView program) {
+    std::vector<StyledView> lines;
+    for (std::size_t start = 0; start <= program.size();) {
+        const std::size_t end = std::min(program.text().find(lineEnd, start), program.size());
+        lines.push_back(trimBlanks(program.substr(start, end - start)));
+        start = end + lineEnd.size();
+    }
+    return lines;
+}
+
+TraceText::TraceText(TraceTable& table, StyledView program, Form form) : table_(table), form_(form) {
+    for (const StyledView line : trimmedLines(program)) lines_.push_back(unicodeOf(line));
+}
+
+void TraceText::append(std::string_view field, std::string& row) const {
+    if (!row.empty()) row += form_ == Form::Csv ? ',' : '\t';
+    const bool isQuoted = form_ == Form::Csv && field.find_first_of(",\"\r\n") != std::string_view::npos;
+    if (isQuoted) row += '"';
+    for (const char c : field) {
+        if (c == '"' && isQuoted) row += '"';
+        row += form_ == Form::Tabs && (c == '\t' || c == '\r' || c == '\n') ? ' ' : c;
+    }
+    if (isQuoted) row += '"';
+}
+
+std::string TraceText::head(std::span<const std::size_t> columns) const {
+    std::string head = form_ == Form::Csv ? "line,text" : "line\ttext";
+    for (const std::size_t column : columns) append(table_.columns()[column].unicodeTitle(), head);
+    return head;
+}
+
+std::string TraceText::row(std::uint64_t row, std::span<const std::size_t> columns) const {
+    const int line = table_.programLine(row);
+    const auto index = static_cast<std::size_t>(line);
+    std::string text = std::to_string(line);
+    append(index >= 1 && index <= lines_.size() ? lines_[index - 1] : "", text);
+    for (const TraceTable::Cell& cell : table_.cells(row, columns)) append(unicodeOfInternalText(cell.text), text);
+    return text;
+}
+
+}  // namespace tolvan
