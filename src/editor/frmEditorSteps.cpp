@@ -201,7 +201,7 @@ void frmEditor::ViewScript() {
         script_ = new frmScript([this](const QKeyEvent& key) { return takesRunKey(key); }, this);
         connect(script_, &frmScript::lineChosen, this, [this](int line) { goToLine(line); });
         connect(txtRoman_, &TextPane::caretMoved, script_, [this] { script_->showLine(txtRoman_->currentLine()); });
-        connect(txtRoman_, &TextPane::lineMarksChanged, script_,
+        connect(txtRoman_, &TextPane::stepLineChanged, script_,
                 [this] { script_->setStepLine(txtRoman_->stepLine()); });
         scriptTimer_.setSingleShot(true);
         scriptTimer_.setInterval(300ms);

@@ -25,7 +25,8 @@ LineNumbers::LineNumbers(TextPane& pane) : QWidget(&pane), pane_(pane) {
     connect(&pane, &TextPane::blockCountChanged, this, &LineNumbers::fit);
     connect(&pane, &TextPane::zoomChanged, this, &LineNumbers::fit);
     connect(&pane, &TextPane::updateRequest, this, &LineNumbers::follow);
-    connect(&pane, &TextPane::markedLineChanged, this, qOverload<>(&QWidget::update));
+    connect(&pane, &TextPane::markedLineChanged, this, &LineNumbers::updateLines);
+    connect(&pane, &TextPane::stepLineChanged, this, &LineNumbers::updateLines);
     connect(&pane, &TextPane::lineMarksChanged, this, qOverload<>(&QWidget::update));
     fit();
 }
@@ -45,6 +46,13 @@ void LineNumbers::follow(const QRect& changed, int scrolledBy) {
         update();
     else
         update(0, changed.top(), width(), changed.height());
+}
+
+void LineNumbers::updateLines(int one, int other) {
+    for (const int line : {one, other}) {
+        const qreal top = pane_.firstVisibleTop() + (line - pane_.firstVisibleLine()) * pane_.lineHeight();
+        update(QRectF(0, top, width(), pane_.lineHeight()).toAlignedRect());
+    }
 }
 
 bool LineNumbers::eventFilter(QObject* watched, QEvent* event) {

@@ -23,6 +23,7 @@ class LineNumbers : public QWidget {
     void fit();
     void paintLine(QPainter& painter, int line, qreal top);
     void follow(const QRect& changed, int scrolledBy);
+    void updateLines(int one, int other);
 
     TextPane& pane_;
     QFont font_;

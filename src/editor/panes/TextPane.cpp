@@ -119,7 +119,7 @@ void TextPane::setMarkedLine(int line) {
     if (before == line) return;
     viewport()->update(lineBand(before));
     viewport()->update(lineBand(line));
-    emit markedLineChanged();
+    emit markedLineChanged(before, line);
 }
 
 void TextPane::setStepLine(int line) {
@@ -127,7 +127,7 @@ void TextPane::setStepLine(int line) {
     if (before == line) return;
     viewport()->update(lineBand(before));
     viewport()->update(lineBand(line));
-    emit lineMarksChanged();
+    emit stepLineChanged(before, line);
 }
 
 // The value of the bar is a line, from 0.

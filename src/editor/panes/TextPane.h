@@ -78,8 +78,9 @@ class TextPane : public QPlainTextEdit {
     // After every movement of the caret, by keys, mouse or a change of the text.
     void caretMoved();
     void zoomChanged();
-    void markedLineChanged();
+    void markedLineChanged(int before, int now);
     void lineMarksChanged();
+    void stepLineChanged(int before, int now);
     // The margin was clicked beside a line.
     void marginClicked(int line);
     // The colours of the windows are others now.

@@ -36,18 +36,26 @@ void ValueModel::show(std::vector<ValueTable::Row> rows, Source source) {
         rows_ = std::move(rows);
         return endResetModel();
     }
-    rows_ = std::move(rows);
-    if (rows_.empty()) return;
-    const int last = static_cast<int>(rows_.size()) - 1;
-    emit dataChanged(index(0, 0), index(last, ValueColumn));
-    for (int row = 0; row <= last; ++row)
-        if (const int elements = rowCount(index(row, 0)); elements > 0)
-            emit dataChanged(index(0, 0, index(row, 0)), index(elements - 1, ValueColumn, index(row, 0)));
+    std::swap(rows_, rows);
+    for (int row = 0; row < rowCount(); ++row) {
+        const ValueTable::Row& before = rows[static_cast<std::size_t>(row)];
+        const ValueTable::Row& now = rows_[static_cast<std::size_t>(row)];
+        if (now.isChanged || now.isChanged != before.isChanged || now.text != before.text || now.kind != before.kind)
+            tellChange(row);
+    }
+}
+
+// With the elements of an array.
+void ValueModel::tellChange(int row) {
+    const QModelIndex name = index(row, 0);
+    emit dataChanged(name, index(row, ValueColumn));
+    if (const int elements = rowCount(name); elements > 0)
+        emit dataChanged(index(0, 0, name), index(elements - 1, ValueColumn, name));
 }
 
 void ValueModel::setConcealed(bool concealed) {
-    if (std::exchange(isConcealed_, concealed) == concealed || rows_.empty()) return;
-    show(std::vector(rows_), Source(source_));
+    if (std::exchange(isConcealed_, concealed) == concealed) return;
+    for (int row = 0; row < rowCount(); ++row) tellChange(row);
 }
 
 // The internal number of an element's index is its row's, from 1.

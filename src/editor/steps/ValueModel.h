@@ -57,6 +57,7 @@ class ValueModel : public QAbstractItemModel {
     Cell cell(const QModelIndex& index) const;
     Cell rowCell(const ValueTable::Row& row, int column) const;
     const ValueTable::Element* element(std::size_t row, std::size_t number) const;
+    void tellChange(int row);
     bool isElement(const QModelIndex& index) const { return index.internalId() != 0; }
     std::string nameOf(const ValueTable::Row& row) const;
 
