@@ -218,7 +218,7 @@ void SheetWriter::writeProgram() {
 }
 
 void SheetWriter::writeRun() {
-    if (!sheet_.printed.empty()) heading("काय छापले");
+    if (!sheet_.printed.empty() || !sheet_.end.empty()) heading("काय छापले");
     for (const StyledText& line : sheet_.printed) paragraph(line, margin, ink);
     if (!sheet_.end.empty()) paragraph(styledOfUnicode(sheet_.end), margin, dim);
     if (sheet_.picture.isNull()) return;
