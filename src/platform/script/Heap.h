@@ -39,7 +39,7 @@ class Heap {
     void setReserve(HeapReserve* reserve) { reserve_ = reserve; }
 
     // Of one text, in bytes.
-    std::size_t longestText() const { return longestText_; }
+    const std::size_t& longestText() const { return longestText_; }
     void setLongestText(std::size_t bytes) { longestText_ = bytes; }
 
     // Called now and then by what works long on memory; may throw a ScriptError, which ends that work. Empty: nobody.

@@ -74,6 +74,9 @@ class RegisterNames {
                 return note(at->a, spelled(at[1].word<NameId>()));
             case Op::CallLate:
                 return note(at->a, spelled(at[1].word<LateUse>().name));
+            case Op::Poll:
+            case Op::Tick:
+                return;
             default:
                 return note(at->a, {});
         }

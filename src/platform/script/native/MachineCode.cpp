@@ -1,5 +1,6 @@
 #include "platform/script/native/MachineCode.h"
 
+#include "platform/script/StringCell.h"
 #include "platform/script/machine/Machine.h"
 #include "platform/script/native/UnitCompiler.h"
 
@@ -78,6 +79,7 @@ struct CodeStore::Data {
     static std::uint64_t step(Machine* machine, const Instruction* at);
     static std::uint64_t tick(Machine* machine, const Instruction* at);
     static void release(Value* value) { *value = Value(); }
+    static std::uint64_t append(Machine* machine, Value* text, const Value* tail);
 
     ProcedureCode& codeOf(const Procedure& procedure) {
         auto& code = procedure.machineCode.code;
@@ -118,6 +120,15 @@ std::uint64_t CodeStore::Data::tick(Machine* machine, const Instruction* at) {
     }
 }
 
+std::uint64_t CodeStore::Data::append(Machine* machine, Value* text, const Value* tail) {
+    if (!text->is(Type::String) || !tail->is(Type::String)) return failed;
+    const StringCell& cell = *text->string();
+    const std::size_t length = cell.length + std::size_t{tail->string()->length};
+    if (cell.references != 1 || length > cell.capacity || length > machine->heap().longestText()) return failed;
+    appendText(machine->heap(), *text, tail->view());
+    return returned;
+}
+
 CodeStore::CodeStore(Machine& machine, const MachineCodeOptions& options)
     : data_(std::make_unique<Data>(machine, options)) {
     Surroundings& around = data_->around;
@@ -131,6 +142,8 @@ CodeStore::CodeStore(Machine& machine, const MachineCodeOptions& options)
     around.step = &Data::step;
     around.tick = &Data::tick;
     around.release = &Data::release;
+    around.append = &Data::append;
+    around.longestText = &machine.heap().longestText();
 }
 
 CodeStore::~CodeStore() = default;

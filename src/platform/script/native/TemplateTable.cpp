@@ -47,6 +47,9 @@ UnitCompiler::Template TemplateTable::of(Op op) {
         case Op::ModuloRR:
         case Op::ModuloRK:
             return &Code::modulo;
+        case Op::ConcatenateRR:
+        case Op::ConcatenateRK:
+            return &Code::concatenate;
         case Op::Negate:
             return &Code::negate;
         case Op::Not:

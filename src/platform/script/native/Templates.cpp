@@ -1,5 +1,6 @@
 // The machine code of instructions, those of arrays and calls aside.
 
+#include "platform/script/StringCell.h"
 #include "platform/script/machine/Machine.h"
 #include "platform/script/native/UnitCompiler.h"
 
@@ -397,6 +398,59 @@ void UnitCompiler::negate() {
     else
         guard(Condition::kO, exit(Exit::Why::Guard));
     setWhole(target, of.kind, result);
+}
+
+// A text that grows in its register. What does not fit where it is, and what is no text, is the interpreter's.
+void UnitCompiler::concatenate() {
+    const std::uint32_t text = at()->a;
+    const bool isConstant = at()->op == Op::ConcatenateRK;
+    const bool isInPlace = text == at()->b && kinds_[text] == Kind::Any;
+    if (!isInPlace || (isConstant ? !constant(at()->c).is(Type::String) : kinds_[at()->c] != Kind::Any))
+        return helper();
+    const Label back = cc_.newLabel();
+    const Label slow = aside([this, back] {
+        callHelper();
+        cc_.jmp(back);
+    });
+    if (isConstant && constant(at()->c).view().size() == 1) {
+        const StringCell& any = *constant(at()->c).string();
+        const auto offset = [&any](const void* field) {
+            return static_cast<std::int32_t>(static_cast<const char*>(field) - reinterpret_cast<const char*>(&any));
+        };
+        cc_.cmp(tagOfSlot(text), bits(Type::String));
+        cc_.jne(slow);
+        const Gp cell = temporary64();
+        cc_.mov(cell, payload(text));
+        cc_.cmp(x86::dword_ptr(cell, offset(&any.references)), 1);
+        cc_.jne(slow);
+        const Gp length = temporary64();
+        cc_.mov(length.r32(), x86::dword_ptr(cell, offset(&any.length)));
+        cc_.cmp(length.r32(), x86::dword_ptr(cell, offset(&any.capacity)));
+        cc_.jae(slow);
+        cc_.cmp(length, x86::qword_ptr(address(around_.longestText)));
+        cc_.jae(slow);
+        cc_.mov(x86::byte_ptr(cell, length, 0, offset(any.bytes())), constant(at()->c).view()[0]);
+        cc_.inc(x86::dword_ptr(cell, offset(&any.length)));
+    } else {
+        const Gp target = temporary64();
+        cc_.lea(target, slotOf(text));
+        const Gp tail = temporary64();
+        if (isConstant)
+            cc_.mov(tail, pointer(&constant(at()->c)));
+        else
+            cc_.lea(tail, slotOf(at()->c));
+        const Gp status = temporary64();
+        InvokeNode* call = nullptr;
+        cc_.invoke(&call, imm(reinterpret_cast<std::uintptr_t>(around_.append)),
+                   FuncSignatureT<std::uint64_t, void*, void*, const void*>(CallConvId::kHost));
+        call->setArg(0, pointer(around_.machine));
+        call->setArg(1, target);
+        call->setArg(2, tail);
+        call->setRet(0, status);
+        cc_.test(status, status);
+        cc_.jne(slow);
+    }
+    cc_.bind(back);
 }
 
 // Truth values and bits -----------------------------------------------------------------------------------------------

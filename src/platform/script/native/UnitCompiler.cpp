@@ -316,6 +316,9 @@ UnitCompiler::Xmm UnitCompiler::temporaryReal() {
 UnitCompiler::Mem UnitCompiler::tagOfSlot(std::uint32_t reg) const {
     return x86::dword_ptr(base_, offsetOf(reg) + tagOffset);
 }
+UnitCompiler::Mem UnitCompiler::slotOf(std::uint32_t reg) const {
+    return x86::ptr(base_, offsetOf(reg));
+}
 UnitCompiler::Mem UnitCompiler::payload(std::uint32_t reg) const {
     return x86::ptr(base_, offsetOf(reg) + payloadOffset);
 }
@@ -332,7 +335,7 @@ void UnitCompiler::overwrite(std::uint32_t reg) {
     cc_.test(tagOfSlot(reg), Value::heapTypes);
     cc_.jne(aside([this, reg, back] {
         const Gp slot = temporary64();
-        cc_.lea(slot, x86::ptr(base_, offsetOf(reg)));
+        cc_.lea(slot, slotOf(reg));
         InvokeNode* call = nullptr;
         cc_.invoke(&call, imm(reinterpret_cast<std::uintptr_t>(around_.release)),
                    FuncSignatureT<void, void*>(CallConvId::kHost));

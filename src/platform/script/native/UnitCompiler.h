@@ -35,6 +35,9 @@ struct Surroundings {
     std::uint64_t (*step)(Machine*, const Instruction*) = nullptr;  // does one instruction as the interpreter does
     std::uint64_t (*tick)(Machine*, const Instruction*) = nullptr;  // looks at the clock
     void (*release)(Value*) = nullptr;
+    // Appends a text where it fits into the block; else it returns `failed` and changes nothing.
+    std::uint64_t (*append)(Machine*, Value* text, const Value* tail) = nullptr;
+    const std::size_t* longestText = nullptr;
 };
 
 class UnitCompiler {
@@ -112,6 +115,7 @@ class UnitCompiler {
     Gp temporary64();
     Xmm temporaryReal();
     Mem tagOfSlot(std::uint32_t reg) const;
+    Mem slotOf(std::uint32_t reg) const;
     Mem payload(std::uint32_t reg) const;
     Gp address(const void* of);
     static asmjit::Imm pointer(const void* to) { return asmjit::imm(reinterpret_cast<std::uintptr_t>(to)); }
@@ -182,6 +186,7 @@ class UnitCompiler {
     void integerDivide();
     void modulo();
     void wholeDivision(bool isConstant, bool wantsQuotient);
+    void concatenate();
     void negate();
     void logicalNot();
     void logical();
