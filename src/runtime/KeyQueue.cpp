@@ -1,11 +1,12 @@
 #include "runtime/KeyQueue.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/encoding/Deva.h"
-#include "platform/encoding/Unicode.h"
 #include "platform/encoding/Windows1252.h"
+#include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/InternalText.h"
 #include "platform/transliteration/UnicodeToRoman.h"
-#include "translator/ProgramText.h"
+#include "runtime/host/InputValue.h"
 
 #include <QKeyEvent>
 
@@ -32,16 +33,12 @@ bool isCommand(const QKeyEvent& key) {
     return (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier | Qt::MetaModifier)) != 0;
 }
 
-bool hasDevanagari(const QString& text) {
-    return std::any_of(text.begin(), text.end(), [](QChar character) { return isDevanagari(character.unicode()); });
-}
-
 // The font codes of a Devanagari key, the same as a program gets that spells the letter; a vowel sign counts as its
 // vowel. "" for a sign that is no letter by itself.
-std::string lettersOf(const QString& text) {
+std::string codesOf(const QString& letters) {
     std::u32string unspelled;
-    const std::string roman = romanOfUnicode(text.toStdString(), RomanUse::Program, &unspelled);
-    return unspelled.empty() ? RomanMark(Transliterate(roman)) : std::string();
+    const std::string roman = romanOfUnicode(letters.toStdString(), RomanUse::Program, &unspelled);
+    return unspelled.empty() ? inputValue(roman) : std::string();
 }
 
 }  // namespace
@@ -50,13 +47,13 @@ std::string KeyQueue::nameOf(const QKeyEvent& key) {
     const auto* const named = std::find_if(std::begin(namedKeys), std::end(namedKeys),
                                            [&](const NamedKey& candidate) { return candidate.key == key.key(); });
     if (named != std::end(namedKeys)) return std::string(named->name);
-    if (hasDevanagari(key.text()) && !isCommand(key)) return lettersOf(key.text());
+    if (hasDevanagari(key.text()) && !isCommand(key)) return codesOf(key.text());
     if (key.text().size() != 1 || !key.text().front().isPrint() || isCommand(key)) return {};
     const std::optional<std::uint8_t> code = unicodeToWindows1252(key.text().front().unicode());
     if (!code) return {};
     const std::string character(1, static_cast<char>(*code));
-    const bool isDigit = *code >= '0' && *code <= '9';  // the same in both fonts
-    return isDigit ? character : RomanMark(StyledText(character, Font::Latin));
+    // A digit is the same in both fonts.
+    return isDigit(character[0]) ? character : RomanMark(StyledText(character, Font::Latin));
 }
 
 bool KeyQueue::add(const QKeyEvent& key) {

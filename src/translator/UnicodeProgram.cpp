@@ -18,10 +18,6 @@
 namespace tolvan {
 namespace {
 
-bool isJoiner(char32_t character) {
-    return character == devanagari::nonJoiner || character == devanagari::joiner;
-}
-
 bool hasDevanagari(std::string_view utf8) {
     while (!utf8.empty())
         if (isDevanagari(takeCharacter(utf8))) return true;
@@ -150,10 +146,10 @@ class ProgramReader {
     // The word at the front of `from`; `rest` is left after it.
     std::string spellWord(std::string_view from, std::string_view& rest) {
         while (!rest.empty()) {
-            std::string_view behind = rest;
-            const char32_t character = takeCharacter(behind);
+            std::string_view after = rest;
+            const char32_t character = takeCharacter(after);
             if (!isDevanagari(character) && !isJoiner(character)) break;
-            rest = behind;
+            rest = after;
         }
         std::u32string unspelled;
         std::string roman = romanOfUnicode(from.substr(0, from.size() - rest.size()), RomanUse::Program, &unspelled);

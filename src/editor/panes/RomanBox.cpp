@@ -2,7 +2,6 @@
 
 #include "editor/panes/ShownText.h"
 #include "platform/encoding/Ascii.h"
-#include "platform/encoding/Unicode.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/RtfReader.h"
 #include "translator/UnicodeProgram.h"
@@ -48,10 +47,6 @@ QString withLineFeeds(QString text) {
     for (const QChar other : {QChar(u'\r'), QChar(QChar::LineSeparator), QChar(QChar::ParagraphSeparator)})
         text.replace(other, u'\n');
     return text;
-}
-
-bool hasDevanagari(const QString& text) {
-    return std::any_of(text.begin(), text.end(), [](QChar character) { return isDevanagari(character.unicode()); });
 }
 
 QString plainText(const QMimeData& source) {

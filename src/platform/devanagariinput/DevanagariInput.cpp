@@ -22,20 +22,13 @@
 namespace tolvan {
 namespace {
 
-bool isLetter(QChar character) {
-    return isDevanagari(character.unicode());
-}
-
-bool isJoiner(QChar character) {
-    return character.unicode() == devanagari::nonJoiner || character.unicode() == devanagari::joiner;
-}
-
-bool hasLetters(QStringView text) {
-    return std::any_of(text.begin(), text.end(), isLetter);
-}
-
 bool isRomanLetter(QChar character) {
     return (character >= u'a' && character <= u'z') || (character >= u'A' && character <= u'Z');
+}
+
+// Means nothing by itself, but something after a letter.
+bool isLoneJoiner(const QString& text) {
+    return text.size() == 1 && isJoiner(text[0].unicode());
 }
 
 // Keys that change how others are meant.
@@ -43,15 +36,11 @@ bool isModifier(int key) {
     return key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock;
 }
 
-std::string codesOf(const std::string& roman) {
-    return LineConvert(roman);
-}
-
 // The letters that a Roman word stands for; none if they would not be spelled as the same word.
 QString lettersOf(const std::string& roman) {
-    const std::string codes = codesOf(roman);
+    const std::string codes = LineConvert(roman);
     const std::string unicode = unicodeOfCodes(codes);
-    if (codesOf(romanOfUnicode(unicode, RomanUse::Program)) != codes) return {};
+    if (LineConvert(romanOfUnicode(unicode, RomanUse::Program)) != codes) return {};
     return QString::fromStdString(unicode);
 }
 
@@ -114,7 +103,7 @@ bool DevanagariInput::takeKey(QKeyEvent& event) {
     }
     if (event.matches(QKeySequence::Paste) && qobject_cast<QLineEdit*>(&widget_) != nullptr && paste()) return true;
     const QString text = event.text();
-    if (hasLetters(text) || (isAtCaret() && text.size() == 1 && isJoiner(text[0]))) {
+    if (hasDevanagari(text) || (isLoneJoiner(text) && isAtCaret())) {
         type(text);
         return true;
     }
@@ -125,7 +114,7 @@ bool DevanagariInput::takeKey(QKeyEvent& event) {
 // Pastes Devanagari as Roman text; any other text is left to the box.
 bool DevanagariInput::paste() {
     const QString pasted = QGuiApplication::clipboard()->text();
-    if (!hasLetters(pasted)) return false;
+    if (!hasDevanagari(pasted)) return false;
     close();
     const std::string roman = romanOfUnicode(pasted.simplified().toStdString(), RomanUse::Program);
     text_->replace(0, QString::fromStdString(roman), RomanTextAtCaret::UndoStep::New);
@@ -137,11 +126,8 @@ bool DevanagariInput::takeInputMethod(QInputMethodEvent& event) {
     const QString committed = event.commitString();
     const bool replaces = event.replacementLength() > 0 && isAtCaret();
     preedit_ = event.preeditString();
-    if (!hasLetters(committed) && !replaces) {
-        const bool goesOn = committed.size() == 1 && isJoiner(committed[0]) && isAtCaret();
-        if (goesOn) type(committed);
-        if (goesOn) event.setCommitString({});
-        if (!event.commitString().isEmpty()) close();
+    if (!hasDevanagari(committed) && !replaces && !(isLoneJoiner(committed) && isAtCaret())) {
+        if (!committed.isEmpty()) close();
         return false;
     }
     if (replaces) removeLetters(letters_.size() + event.replacementStart(), event.replacementLength());
@@ -172,7 +158,9 @@ bool DevanagariInput::isAtCaret() const {
 
 void DevanagariInput::type(const QString& text) {
     for (qsizetype start = 0; start < text.size();) {
-        const auto belongs = [&](qsizetype at) { return isLetter(text[at]) || isJoiner(text[at]); };
+        const auto belongs = [&](qsizetype at) {
+            return isDevanagari(text[at].unicode()) || isJoiner(text[at].unicode());
+        };
         const bool letters = belongs(start);
         qsizetype end = start;
         while (end < text.size() && belongs(end) == letters) ++end;

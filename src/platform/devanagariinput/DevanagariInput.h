@@ -44,15 +44,16 @@ class RomanTextAtCaret {
 class DevanagariInput : public QObject {
     Q_OBJECT
   public:
-    // Acts on the keys and input-method events of `widget`, which deletes it unless somebody else does.
+    // Acts on the keys and input-method events of `widget`, which deletes it unless somebody else does. In a line edit
+    // it also takes Devanagari that is pasted.
     DevanagariInput(QWidget& widget, std::unique_ptr<RomanTextAtCaret> text);
     ~DevanagariInput() override;
 
-    // Takes what an input method has not given yet; before something is done with the text.
+    // Takes what an input method has not given yet; to be called before something is done with the text.
     void finish();
 
   signals:
-    // A character that has no Roman spelling and no code. It has not been taken.
+    // A character that has neither a Roman spelling nor a code. It has not been taken.
     void refused(char32_t character);
 
   protected:

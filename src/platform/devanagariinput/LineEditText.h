@@ -10,7 +10,7 @@ namespace tolvan {
 class LineEditText : public RomanTextAtCaret {
   public:
     // With more than `mostCharacters` in it the box takes no key any more.
-    explicit LineEditText(QLineEdit& box, qsizetype mostCharacters) : box_(box), mostCharacters_(mostCharacters) {}
+    LineEditText(QLineEdit& box, qsizetype mostCharacters) : box_(box), mostCharacters_(mostCharacters) {}
 
     bool takesText() const override;
     bool hasSelection() const override { return box_.hasSelectedText(); }

@@ -57,4 +57,8 @@ constexpr bool isDevanagari(char32_t character) {
     return character >= devanagari::first && character <= devanagari::last;
 }
 
+constexpr bool isJoiner(char32_t character) {
+    return character == devanagari::nonJoiner || character == devanagari::joiner;
+}
+
 }  // namespace tolvan

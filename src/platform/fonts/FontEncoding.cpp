@@ -1,8 +1,11 @@
 #include "platform/fonts/FontEncoding.h"
 
+#include "platform/encoding/Unicode.h"
 #include "platform/encoding/Windows1252.h"
 
 #include <QList>
+
+#include <algorithm>
 
 namespace tolvan {
 
@@ -25,6 +28,10 @@ std::optional<char32_t> firstWithoutCode(QStringView text) {
     for (const char32_t character : text.toUcs4())
         if (!unicodeToWindows1252(character)) return character;
     return std::nullopt;
+}
+
+bool hasDevanagari(QStringView unicode) {
+    return std::any_of(unicode.begin(), unicode.end(), [](QChar unit) { return isDevanagari(unit.unicode()); });
 }
 
 }  // namespace tolvan

@@ -18,4 +18,7 @@ std::string toFontEncoded(QStringView text);
 // The first character of a text that has no byte, for the message that refuses it.
 std::optional<char32_t> firstWithoutCode(QStringView text);
 
+// Whether a text, which is Unicode, has characters of the Devanagari block.
+bool hasDevanagari(QStringView unicode);
+
 }  // namespace tolvan
