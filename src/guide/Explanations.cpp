@@ -314,8 +314,7 @@ constexpr std::string_view rightExample = "barobar:";
 
 // A value in internal text form.
 StyledText shownValue(const script::ErrorOperand& operand) {
-    StyledText value;
-    for (const InternalTextRun& run : InternalTextRuns(operand.value)) value.append(run.text, run.font);
+    StyledText value = styledText(operand.value);
     if (operand.kind != "String") return value;
     StyledText quoted = latin("\"");
     quoted.append(value);

@@ -1,8 +1,8 @@
 #include "runtime/ScrollBack.h"
 
 #include "dialogs/Look.h"
-#include "platform/encoding/Unicode.h"
 #include "platform/richtext/Letters.h"
+#include "platform/richtext/UnicodeText.h"
 
 #include <QApplication>
 #include <QClipboard>
@@ -24,18 +24,9 @@ std::size_t lengthOf(const std::vector<InternalTextRun>& runs) {
 }
 
 // The characters from `first` to before `end` of a line of internal text form.
-void appendUnicode(std::string_view line, std::size_t first, std::size_t end, std::string& utf8) {
-    std::size_t start = 0;  // of the run
-    for (const InternalTextRun& run : InternalTextRuns(line)) {
-        const std::size_t from = std::clamp(first, start, start + run.text.size()) - start;
-        const std::size_t to = std::clamp(end, start, start + run.text.size()) - start;
-        const std::string_view part = std::string_view(run.text).substr(from, to - std::min(from, to));
-        if (run.font == Font::Devanagari)
-            appendUnicodeOfCodes(part, utf8);
-        else
-            appendUnicodeOfLatin(part, utf8);
-        start += run.text.size();
-    }
+std::string unicodeOfPart(std::string_view line, std::size_t first, std::size_t end) {
+    const StyledText text = styledText(line);
+    return unicodeOf(text.view().substr(first, end - first));
 }
 
 }  // namespace
@@ -184,7 +175,7 @@ QString ScrollBack::selectedText() const {
     for (std::size_t line = std::max(from.line, lines.begin()); line <= to.line && line < lines.end(); ++line) {
         const std::size_t first = line == from.line ? from.character : 0;
         const std::size_t end = line == to.line ? to.character : std::string::npos;
-        appendUnicode(lines[line], first, end, selected);
+        selected += unicodeOfPart(lines[line], first, end);
         if (line != to.line) selected += '\n';
     }
     return QString::fromStdString(selected);

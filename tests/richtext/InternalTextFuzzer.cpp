@@ -8,7 +8,7 @@ namespace tolvan {
 namespace {
 
 // Each character is followed by its font.
-StyledText styledText(std::string_view bytes) {
+StyledText withFonts(std::string_view bytes) {
     StyledText text;
     for (std::size_t i = 0; i + 1 < bytes.size(); i += 2)
         text.append(bytes.substr(i, 1), static_cast<Font>(static_cast<unsigned char>(bytes[i + 1]) % 3));
@@ -21,7 +21,7 @@ StyledText styledText(std::string_view bytes) {
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
     using namespace tolvan;
     const std::string_view bytes(reinterpret_cast<const char*>(data), size);
-    const StyledText text = styledText(bytes);
+    const StyledText text = withFonts(bytes);
     if (!comesBackFromRtf(text)) std::abort();
     if (!comesBackFromInternalText(text)) std::abort();
 

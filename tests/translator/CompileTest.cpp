@@ -1,12 +1,12 @@
 // Whole programs: the module's layout, functions, names, programs that were made to break it, and programs in Unicode.
 #include "platform/encoding/Deva.h"
+#include "platform/richtext/InternalText.h"
 #include "support/Cases.h"
 #include "support/Folders.h"
 #include "translator/Keywords.h"
 #include "translator/Modules.h"
 #include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
-#include "translator/Styled.h"
 #include "translator/Translator.h"
 #include "translator/UnicodeProgram.h"
 
@@ -24,7 +24,7 @@ namespace {
 TEST(Compile, Modules) {
     Translator translator;
     for (const Section& section : sectionsOf("translator/modules.cases"))
-        EXPECT_EQ(translator.Compile(styled(section.parts().at(0))), moduleText(section.parts("\n").at(1)))
+        EXPECT_EQ(translator.Compile(styledText(section.parts().at(0))), moduleText(section.parts("\n").at(1)))
             << section.title;
     for (const Section& section : sectionsOf("translator/programs.cases"))
         EXPECT_EQ(translator.Compile(ProgramText(section.parts().at(0))), moduleText(section.parts("\n").at(1)))
@@ -43,7 +43,7 @@ TEST(Compile, EveryWordOfTheLanguageAmongOtherWords) {
 }
 
 TEST(Compile, BareLineEndsStayInTheirLine) {
-    EXPECT_EQ(Translator().Compile(styled("{1\n2\r}3{\r\r\n}4")),
+    EXPECT_EQ(Translator().Compile(styledText("{1\n2\r}3{\r\r\n}4")),
               moduleText("Sub Main()\n! 1") + "\n2\r3\r" + moduleText("\n! 4\nEnd Sub\n"));
 }
 
@@ -62,8 +62,8 @@ TEST(Compile, SaysWhereTheLinesOfTheModuleCameFrom) {
         {10, Kind::Statement},
     };
     Translator translator;
-    const std::string module =
-        translator.Compile(styled("\r\na\r\n\r\n  \r\nb{\n1}\r\n\r\n%pàayaejn q(a)\r\na\r\n\r\n%pàayaejn s<pv"_deva));
+    const std::string module = translator.Compile(
+        styledText("\r\na\r\n\r\n  \r\nb{\n1}\r\n\r\n%pàayaejn q(a)\r\na\r\n\r\n%pàayaejn s<pv"_deva));
     const ModuleLines& lines = translator.moduleLines();
     ASSERT_EQ(lines.count(), static_cast<int>(std::size(expected))) << module;
     for (int i = 1; i <= lines.count(); ++i) {
@@ -79,15 +79,15 @@ TEST(Compile, SaysWhereTheLinesOfTheModuleCameFrom) {
 
 TEST(Compile, NamesStartAgainWithEachProgram) {
     Translator translator;
-    translator.Compile(styled("a b c"));
-    EXPECT_EQ(translator.Compile(styled("c \r\nb \r\nc ")), moduleText("Sub Main()\n! @1\n! @2\n! @1\nEnd Sub\n"));
+    translator.Compile(styledText("a b c"));
+    EXPECT_EQ(translator.Compile(styledText("c \r\nb \r\nc ")), moduleText("Sub Main()\n! @1\n! @2\n! @1\nEnd Sub\n"));
     EXPECT_EQ(translator.MapIdentifier("b"), moduleText("@2")) << "the names stay until the next program";
 }
 
 TEST(Compile, ReportsEachLine) {
     std::vector<std::size_t> lines;
     std::size_t characters = 0;
-    Translator().Compile(styled("a\r\n\r\nb"), [&](const CompileProgress& progress) {
+    Translator().Compile(styledText("a\r\n\r\nb"), [&](const CompileProgress& progress) {
         lines.push_back(progress.lines);
         characters = progress.characters;
     });
@@ -137,7 +137,7 @@ TEST(Compile, LoopsNestedByTheThousandInOneLine) {
     std::string statement;
     for (std::size_t i = 0; i < depth; ++i) statement.append("for ").append(names.next()).append(" =    to ");
     statement.append("  ").append(names.next());
-    EXPECT_EQ(Translator().Compile(styled(repeated("te ", depth) + "saQI")),
+    EXPECT_EQ(Translator().Compile(styledText(repeated("te ", depth) + "saQI")),
               moduleText("Sub Main()\n! ") + statement + moduleText("\nEnd Sub\n"));
 }
 
@@ -149,7 +149,7 @@ TEST(Compile, LinesMadeToMultiplyComeToAnEnd) {
     const std::string removals = repeated("py", 300'000) + " te saQI te " + repeated("\xA1t", 300'000);
     const std::string quotes = "{\"}" + repeated("\"", 500'000) + "{\"}";
     for (const std::string& line : {loops, startPoints, removals, quotes}) {
-        const std::string module = Translator().Compile(styled(line + "\r\nkaera"));
+        const std::string module = Translator().Compile(styledText(line + "\r\nkaera"));
         EXPECT_TRUE(module.ends_with(moduleText("\n! parentform.ClearScreen\nEnd Sub\n")));
         EXPECT_LT(module.size(), std::size_t{1} << 30);
     }

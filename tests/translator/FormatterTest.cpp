@@ -1,6 +1,6 @@
 // The formatter, and the table of messages.
-#include "Styled.h"
 #include "platform/encoding/Deva.h"
+#include "platform/richtext/InternalText.h"
 #include "support/Cases.h"
 #include "translator/Formatter.h"
 #include "translator/MessageTable.h"
@@ -23,22 +23,22 @@ TEST(Formatter, Programs) {
             program += bytesOf(line.substr(indent)) + end;
             formatted += line.substr(0, indent) + std::to_string(i) + end;
         }
-        EXPECT_EQ(formatProgram(roman, styled(program)), formatted) << section.title;
-        EXPECT_EQ(formatProgram(formatted, styled(program)), formatted) << section.title << ", once more";
+        EXPECT_EQ(formatProgram(roman, styledText(program)), formatted) << section.title;
+        EXPECT_EQ(formatProgram(formatted, styledText(program)), formatted) << section.title << ", once more";
     }
 }
 
 TEST(Formatter, LinesThatOnlyOneTextHas) {
     EXPECT_EQ(formatProgram("", {}), "");
-    EXPECT_EQ(formatProgram("  ", styled("jr x tr\r\na")), "");
-    EXPECT_EQ(formatProgram(" a \r\n b\r\n c\r\n", styled("jr x tr\r\nb")), "a\r\n      b\r\nc\r\n");
-    EXPECT_EQ(formatProgram("a\nb\r c", styled("x")), "a\nb\r c") << "only CR LF ends a line";
+    EXPECT_EQ(formatProgram("  ", styledText("jr x tr\r\na")), "");
+    EXPECT_EQ(formatProgram(" a \r\n b\r\n c\r\n", styledText("jr x tr\r\nb")), "a\r\n      b\r\nc\r\n");
+    EXPECT_EQ(formatProgram("a\nb\r c", styledText("x")), "a\nb\r c") << "only CR LF ends a line";
 }
 
 TEST(Formatter, BlocksNestedTooDeepForTheMemory) {
     std::string program;
     for (int i = 0; i < 100'000; ++i) program += "jaevr x\r\n";
-    EXPECT_EQ(formatProgram(program, styled(program)), program);
+    EXPECT_EQ(formatProgram(program, styledText(program)), program);
 }
 
 TEST(MessageTable, Bytes) {

@@ -1,8 +1,8 @@
 // Statements one by one: their tokens, their script, and the names that variables get.
+#include "platform/richtext/InternalText.h"
 #include "support/Cases.h"
 #include "translator/Modules.h"
 #include "translator/Scanner.h"
-#include "translator/Styled.h"
 #include "translator/Translator.h"
 #include "translator/VariableTable.h"
 
@@ -23,7 +23,7 @@ TEST(IsSeparator, DependsOnCodeThenOnFont) {
 
 // Each token as its kind's letter and its text: W(ord), S(eparator), L(iteral), X for what is lost.
 std::string tokens(std::string_view internal) {
-    const StyledText statement = styled(internal);
+    const StyledText statement = styledText(internal);
     std::string listed;
     Scanner scanner(statement);
     while (const auto token = scanner.next()) {
@@ -44,7 +44,7 @@ std::string module(std::string_view statement) {
 TEST(Statements, OneByOne) {
     Translator translator;
     for (const Row& row : rowsOf("translator/statements.cases"))
-        EXPECT_EQ(translator.Compile(styled(row[0])), module(row[1])) << row;
+        EXPECT_EQ(translator.Compile(styledText(row[0])), module(row[1])) << row;
 }
 
 TEST(Statements, OtherFontsAreGlyphsInWordsAndLatinInLiterals) {
@@ -56,12 +56,12 @@ TEST(Statements, OtherFontsAreGlyphsInWordsAndLatinInLiterals) {
 }
 
 TEST(Statements, ACommentLeavesOneBlankMoreThanAnotherLine) {
-    EXPECT_EQ(Translator().TranslateLine(styled("{1 sucna 2}")), "  1 ");
+    EXPECT_EQ(Translator().TranslateLine(styledText("{1 sucna 2}")), "  1 ");
 }
 
 TEST(TranslateLine, NeedsASeparatorBehindEveryWord) {
     Translator translator;
-    const auto line = [&](std::string_view internal) { return translator.TranslateLine(styled(internal)); };
+    const auto line = [&](std::string_view internal) { return translator.TranslateLine(styledText(internal)); };
     EXPECT_EQ(line(""), " ");
     EXPECT_EQ(line("   "), "    ");
     EXPECT_EQ(line("kaera"), " ");

@@ -85,6 +85,12 @@ std::vector<InternalTextRun> InternalTextRuns(std::string_view text) {
     return runs;
 }
 
+StyledText styledText(std::string_view internalText) {
+    StyledText text;
+    for (const InternalTextRun& run : InternalTextRuns(internalText)) text.append(run.text, run.font);
+    return text;
+}
+
 std::string plainText(std::string_view internalText) {
     std::string plain;
     for (const InternalTextRun& run : InternalTextRuns(internalText)) plain += run.text;

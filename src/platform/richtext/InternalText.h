@@ -28,6 +28,9 @@ struct InternalTextRun {
 // Latin, and a "}" without "{" makes Latin what came before it.
 std::vector<InternalTextRun> InternalTextRuns(std::string_view text);
 
+// The same text with its fonts, whether dropped or not.
+StyledText styledText(std::string_view internalText);
+
 // The text without its run marks, as for a file name.
 std::string plainText(std::string_view internalText);
 

@@ -1,5 +1,6 @@
 #include "platform/richtext/Letters.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/encoding/EncodingTable.h"
 #include "platform/richtext/InternalText.h"
 
@@ -74,16 +75,6 @@ bool continues(Role last, Role next) {
             return next != Role::Alone && next != Role::Before;
     }
     return false;
-}
-
-StyledText styledText(std::string_view internalText) {
-    StyledText text;
-    for (const InternalTextRun& run : InternalTextRuns(internalText)) text.append(run.text, run.font);
-    return text;
-}
-
-bool isDigit(char c) {
-    return c >= '0' && c <= '9';
 }
 
 // Digits look alike in both fonts.

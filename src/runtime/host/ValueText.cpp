@@ -12,10 +12,7 @@ namespace {
 constexpr std::string_view dots = "{\x85}";
 
 std::string cut(std::string_view text) {
-    StyledText kept;
-    for (const InternalTextRun& run : InternalTextRuns(text.substr(0, ValueText::longestText)))
-        kept.append(run.text, run.font);
-    return RomanMark(kept).append(dots);
+    return RomanMark(styledText(text.substr(0, ValueText::longestText))).append(dots);
 }
 
 }  // namespace

@@ -50,12 +50,6 @@ constexpr std::string_view textFormat = "\\cf1\\fs22 ";
 constexpr std::string_view typedFormat = "\\cf3\\fs20 ";
 constexpr std::string_view newLine = "{\\line}";
 
-StyledText styled(std::string_view internalText) {
-    StyledText text;
-    for (const InternalTextRun& run : InternalTextRuns(internalText)) text.append(run.text, run.font);
-    return text;
-}
-
 // Each line of the example as it is typed, followed by how it is shown.
 std::string exampleBody(const std::vector<std::string>& example) {
     std::string body;
@@ -68,9 +62,9 @@ std::string exampleBody(const std::vector<std::string>& example) {
 
 std::string document(const HelpTopic& topic) {
     std::string rtf = header();
-    rtf.append(titleFormat).append(rtfBody(styled(topic.title))).append(newLine).append(textFormat);
+    rtf.append(titleFormat).append(rtfBody(styledText(topic.title))).append(newLine).append(textFormat);
     for (const std::string& paragraph : topic.paragraphs)
-        rtf.append(newLine).append(rtfBody(styled(paragraph))).append(newLine);
+        rtf.append(newLine).append(rtfBody(styledText(paragraph))).append(newLine);
     rtf.append(newLine).append(exampleBody(topic.example));
     return rtf.append("\\par}");
 }
