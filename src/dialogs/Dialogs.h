@@ -2,7 +2,7 @@
 // the application's events go on meanwhile. The box belongs to the window in front, or to the one that is given. When
 // the application ends or the parent goes while a box is up, the box counts as closed without a button.
 //
-// A text is a rich-text fragment (see messageDocument): its backslashes and braces are escaped by the caller.
+// A text is a rich-text fragment (see MessageDialog::setMessage): its backslashes and braces are escaped by the caller.
 #pragma once
 
 #include "dialogs/Answer.h"

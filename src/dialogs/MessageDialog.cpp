@@ -13,12 +13,12 @@
 
 namespace tolvan {
 
+namespace {
+
 // The share of the screen's width and height that a message may take before it scrolls.
 constexpr double screenShare = 0.6;
 
-std::string messageDocument(std::string_view fragment) {
-    return std::string(RtfHeader()).append(fragment).append("\\par}");
-}
+}  // namespace
 
 MessageDialog::MessageDialog(std::string_view title, MessageSign::Kind sign, const char* messageName, QWidget* parent)
     : FramedDialog(title, parent), view_(new RichTextView(this)) {
@@ -32,7 +32,7 @@ MessageDialog::MessageDialog(std::string_view title, MessageSign::Kind sign, con
 }
 
 void MessageDialog::setMessage(std::string_view fragment) {
-    view_->setTextRtf(messageDocument(fragment));
+    view_->setTextRtf(rtfDocument(fragment));
     view_->setFixedSize(view_->sizeFor(screen()->availableSize() * screenShare));
 }
 

@@ -5,21 +5,18 @@
 #include "dialogs/FramedDialog.h"
 #include "dialogs/MessageSign.h"
 
-#include <string>
 #include <string_view>
 
 namespace tolvan {
 
 class RichTextView;
 
-// The complete rich-text document of a message. `fragment` is rich text with its backslashes and braces escaped; "\f1"
-// switches to the Devanagari font, "\f0" to the Latin one, in which it begins.
-std::string messageDocument(std::string_view fragment);
-
 class MessageDialog : public FramedDialog {
     Q_OBJECT
   public:
-    // The message, a fragment for messageDocument. The box grows with it.
+    // The message: rich text with its backslashes and braces escaped, in which "\f1" switches to the Devanagari font
+    // and
+    // "\f0" to the Latin one, in which it begins. The box grows with it.
     void setMessage(std::string_view fragment);
 
   protected:

@@ -8,8 +8,8 @@
 
 namespace tolvan {
 
-// The message of an error number, as a fragment for messageDocument: the message table's text; for a number that it
-// does not hold, a general text with the program line `errorLine`.
+// The message of an error number, as a fragment for MessageDialog::setMessage: the message table's text; for a number
+// that it does not hold, a general text with the program line `errorLine`.
 std::string errorMessage(std::int32_t number, int errorLine);
 
 class frmErrorBox : public MessageDialog {

@@ -1,4 +1,3 @@
-#include "dialogs/MessageDialog.h"
 #include "dialogs/RichTextView.h"
 #include "platform/encoding/Deva.h"
 #include "platform/richtext/RtfWriter.h"
@@ -23,10 +22,10 @@ TEST(RichTextView, NamesOfAnyScript) {
     const QString name = QString::fromUtf8("/home/डेस्कटॉप/{é😀\\}.tvp");
     const std::string fragment =
         RtfEscape(std::u16string_view(QStringView(name).utf16(), static_cast<std::size_t>(name.size())));
-    EXPECT_EQ(shown(messageDocument("\\f1nahI\\line\\f0 " + fragment + "\\f1 nahI")),
+    EXPECT_EQ(shown(rtfDocument("\\f1nahI\\line\\f0 " + fragment + "\\f1 nahI")),
               QStringLiteral("nahI\n%1nahI").arg(name));
-    EXPECT_EQ(shown(messageDocument("a\\u2325\\par b")), QString::fromUtf8("a\nक")) << "in the place of what follows";
-    EXPECT_EQ(shown(messageDocument("a\\u2325")), QStringLiteral("a"));
+    EXPECT_EQ(shown(rtfDocument("a\\u2325\\par b")), QString::fromUtf8("a\nक")) << "in the place of what follows";
+    EXPECT_EQ(shown(rtfDocument("a\\u2325")), QStringLiteral("a"));
 }
 
 TEST(RichTextView, DamagedTextsAreShownAsFarAsTheyGo) {
@@ -37,7 +36,7 @@ TEST(RichTextView, DamagedTextsAreShownAsFarAsTheyGo) {
                                    "\\bin9", "\\fonttbl{", "\\f1\r\n\ta", "\\fs-4 a"};
     for (const std::string& fragment : damaged) {
         RichTextView view;
-        view.setTextRtf(messageDocument(fragment));
+        view.setTextRtf(rtfDocument(fragment));
         const QSize size = view.sizeFor({300, 200});
         EXPECT_LE(size.width(), 300);
         EXPECT_LE(size.height(), 200);
@@ -45,7 +44,7 @@ TEST(RichTextView, DamagedTextsAreShownAsFarAsTheyGo) {
         view.grab();
         EXPECT_EQ(view.text().contains(QLatin1Char('a')), fragment.find('a') != std::string::npos) << fragment;
     }
-    for (std::size_t length = 0; length < 200; ++length) shown(messageDocument("\\f1nahI {\\cf2 a}").substr(0, length));
+    for (std::size_t length = 0; length < 200; ++length) shown(rtfDocument("\\f1nahI {\\cf2 a}").substr(0, length));
     for (const char* odd : {"{\\rtf1 a}", "{\\rtf1\\f7 a}", "{\\rtf1{\\fonttbl}\\f1 a}"})
         EXPECT_EQ(shown(odd), QStringLiteral("a")) << odd;
     EXPECT_EQ(shown("no rich text"), QStringLiteral("no rich text"));
@@ -89,7 +88,7 @@ TEST(RichTextView, LinesAreEven) {
     RichTextView view;
     std::string text;
     for (int i = 0; i < 9; ++i) text += "nahI ";
-    view.setTextRtf(messageDocument(text));
+    view.setTextRtf(rtfDocument(text));
     const int all = view.sizeFor({100000, 1000}).width();
     const int height = view.sizeFor({all * 8 / 9, 1000}).height();
     const int width = view.sizeFor({all * 8 / 9, 1000}).width();
@@ -100,7 +99,7 @@ TEST(RichTextView, LinesAreEven) {
 TEST(RichTextView, TheWholeTextIsInsideTheSizeItAsksFor) {
     // Marks without a width of their own stand at the ends of words here.
     RichTextView view;
-    view.setTextRtf(messageDocument("\\f1tolvn beiskla Aae¦ 17 Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva));
+    view.setTextRtf(rtfDocument("\\f1tolvn beiskla Aae¦ 17 Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva));
     for (int most = 74; most < 600; most += 7) {  // the widest word fits: parts of one glyph look otherwise
         const QSize size = view.sizeFor({most, 2000});
         view.resize(size);
@@ -120,7 +119,7 @@ TEST(RichTextView, AHugeTextIsShownAtOnce) {
         std::string text;
         while (text.size() < 300000) text += word;
         RichTextView view;
-        view.setTextRtf(messageDocument(text));
+        view.setTextRtf(rtfDocument(text));
         view.resize(view.sizeFor({300, 200}));
         view.scrollByKey(Qt::Key_End);
         EXPECT_GT(inkedLines(view), 3);
@@ -130,7 +129,7 @@ TEST(RichTextView, AHugeTextIsShownAtOnce) {
 TEST(RichTextView, SizesAndColoursOfTheText) {
     const auto look = [](std::string_view fragment) {
         RichTextView view;
-        view.setTextRtf(messageDocument(fragment));
+        view.setTextRtf(rtfDocument(fragment));
         const QSize size = view.sizeFor({1000, 1000});
         view.resize(size);
         return std::pair{size, view.grab().toImage()};

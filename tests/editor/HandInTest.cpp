@@ -109,7 +109,7 @@ class TaskTrial : public EditorTest {
         user.files = {writeFile("double.task", QByteArray::fromStdString(given))};
         EXPECT_TRUE(editor->TopMenu_UserCommand("FileCheck"));
         const std::vector<std::string> told = user.takeTold();
-        return unicodeOf(readRtf(std::string(RtfHeader()) + told.at(0) + "\\par}").text);
+        return unicodeOf(readRtf(rtfDocument(told.at(0))).text);
     }
 };
 

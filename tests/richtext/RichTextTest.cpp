@@ -56,10 +56,6 @@ TEST(InternalText, AnyStyledTextComesBack) {
     }
 }
 
-std::string message(std::string_view body) {
-    return std::string(RtfHeader()).append(body).append("\\par}");
-}
-
 // In internal text form, so that fonts show.
 std::string textOf(std::string_view rtf) {
     const RichDocument document = readRtf(rtf);
@@ -69,11 +65,11 @@ std::string textOf(std::string_view rtf) {
 
 TEST(ReadRtf, TextAndItsFonts) {
     for (const Row& row : rowsOf("richtext/rtf.cases"))
-        EXPECT_EQ(textOf(row.title == "Bodies" ? message(row[0]) : row[0]), row[1]) << row;
+        EXPECT_EQ(textOf(row.title == "Bodies" ? rtfDocument(row[0]) : row[0]), row[1]) << row;
 }
 
 TEST(ReadRtf, FontsColoursAndSizes) {
-    const RichDocument document = readRtf(message("a{\\cf2\\f1 b\\fs32 c}\\cf1 d\\cf9 e\\f5 g"));
+    const RichDocument document = readRtf(rtfDocument("a{\\cf2\\f1 b\\fs32 c}\\cf1 d\\cf9 e\\f5 g"));
     ASSERT_TRUE(isWhole(document));
     std::ostringstream runs;
     for (const RichRun& run : document.runs) {
@@ -92,7 +88,7 @@ TEST(ReadRtf, ColoursOfAnyTable) {
 }
 
 TEST(ReadRtf, EachBeginningOfADocumentGivesABeginningOfItsText) {
-    const std::string whole = message("\\f1 s<pv \\'41 \\f0 (\\{x\\}){\\line}\\f1 \\\\kr\\par -");
+    const std::string whole = rtfDocument("\\f1 s<pv \\'41 \\f0 (\\{x\\}){\\line}\\f1 \\\\kr\\par -");
     const std::string text = readRtf(whole).text.text();
     for (std::size_t length = RtfHeader().size(); length <= whole.size(); ++length)
         EXPECT_TRUE(text.starts_with(readRtf(whole.substr(0, length)).text.text())) << length;

@@ -58,9 +58,13 @@ void appendPiece(std::string_view piece, std::string& rtf) {
 }  // namespace
 
 std::string_view RtfHeader() {
-    return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deftab720{\\fonttbl{\\f0\\fswiss Times New Roman;}{\\f1\\fnil Sanskrit "
-           "1.2;}}"
+    return "{\\rtf1\\ansi\\ansicpg1252\\deff0\\deftab720"
+           "{\\fonttbl{\\f0\\fswiss Times New Roman;}{\\f1\\fnil Sanskrit 1.2;}}"
            "{\\colortbl;\\red0\\green0\\blue0;\\red255\\green255\\blue255;} \\fs20 ";
+}
+
+std::string rtfDocument(std::string_view body) {
+    return std::string(RtfHeader()).append(body).append("\\par}");
 }
 
 std::string RtfEscape(std::string_view text) {
@@ -99,7 +103,7 @@ std::string rtfBody(StyledView text) {
 }
 
 std::string writeRtf(StyledView text) {
-    return std::string(RtfHeader()) + rtfBody(text) + "\\par}";
+    return rtfDocument(rtfBody(text));
 }
 
 }  // namespace tolvan

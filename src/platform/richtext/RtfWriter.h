@@ -9,8 +9,11 @@
 
 namespace tolvan {
 
-// What every document begins with, its final blank included. It ends with "\par}".
+// What every document begins with, its final blank included.
 std::string_view RtfHeader();
+
+// A whole document with this body.
+std::string rtfDocument(std::string_view body);
 
 // The text with "\", "{" and "}" made safe for the body of a document.
 std::string RtfEscape(std::string_view text);

@@ -98,7 +98,7 @@ std::string errorList() {
     for (const Message& message : messageTable()) {
         if (message.number < 0 || message.number >= firstWord) continue;
         const std::string fragment = messageFragment(message.number).value_or(std::string());
-        const RichDocument text = readRtf(std::string(RtfHeader()).append(fragment).append("\\par}"));
+        const RichDocument text = readRtf(rtfDocument(fragment));
         bytes += helpLine(paragraphMark, "{" + std::to_string(message.number) + ":} " + RomanMark(text.text));
     }
     return bytes;
