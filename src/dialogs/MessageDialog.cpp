@@ -12,7 +12,6 @@
 #include <QScreen>
 
 namespace tolvan {
-
 namespace {
 
 // The share of the screen's width and height that a message may take before it scrolls.

@@ -5,7 +5,6 @@
 #include <QPainter>
 
 namespace tolvan {
-
 namespace {
 
 // In the order of the kinds.

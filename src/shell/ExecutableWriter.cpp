@@ -2,6 +2,7 @@
 
 #include "library/AddLibrary.h"
 #include "platform/files/OpenFile.h"
+#include "platform/script/Errors.h"
 #include "runtime/host/FileError.h"
 #include "shell/Payload.h"
 #include "translator/ProgramFile.h"
@@ -14,10 +15,7 @@
 namespace tolvan {
 namespace {
 
-// Beside those of FileError.
 constexpr int unknownFailure = 0;
-constexpr int overflow = 6;
-constexpr int outOfMemory = 7;
 
 constexpr std::size_t largestFile = std::size_t{1} << 30;  // bytes; no runtime and no program is larger
 
@@ -55,7 +53,7 @@ void write(const ExecutableFiles& files, std::string& caption) {
     const ProgramFile program = readProgramFile(contentOf(source));
     caption = program.caption;
     // A file without a line end is shorter than its first line and that line's end.
-    if (program.problem == ProgramFile::Problem::FirstLineWithoutEnd) throw Failure{overflow};
+    if (program.problem == ProgramFile::Problem::FirstLineWithoutEnd) throw Failure{script::errors::overflow};
     check(executable.write(buildPayload({program.caption, runnableModule(ProgramText(program.roman))})));
     check(executable.close());
 }
@@ -69,7 +67,7 @@ std::optional<int> writeExecutable(const ExecutableFiles& files, std::string& ca
     } catch (const Failure& failure) {
         return failure.number;
     } catch (const std::bad_alloc&) {
-        return outOfMemory;
+        return script::errors::outOfMemory;
     } catch (const std::exception&) {
         return unknownFailure;
     }

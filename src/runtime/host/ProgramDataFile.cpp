@@ -1,7 +1,7 @@
 #include "runtime/host/ProgramDataFile.h"
 
 #include "platform/encoding/Ascii.h"
-#include "platform/encoding/Windows1252.h"
+#include "platform/encoding/Unicode.h"
 #include "platform/richtext/InternalText.h"
 #include "translator/Blanks.h"
 
@@ -10,25 +10,11 @@ namespace {
 
 constexpr std::size_t readAhead = std::size_t{64} << 10;
 
-void appendUtf8(std::string& text, char16_t character) {
-    if (character < 0x80) {
-        text += static_cast<char>(character);
-        return;
-    }
-    if (character < 0x800) {
-        text += static_cast<char>(0xC0 | (character >> 6));
-    } else {
-        text += static_cast<char>(0xE0 | (character >> 12));
-        text += static_cast<char>(0x80 | ((character >> 6) & 0x3F));
-    }
-    text += static_cast<char>(0x80 | (character & 0x3F));
-}
-
 }  // namespace
 
 std::string plainFileName(std::string_view internalText) {
     std::string name;
-    for (const char c : plainText(internalText)) appendUtf8(name, windows1252ToUnicode(static_cast<std::uint8_t>(c)));
+    appendUnicodeOfLatin(plainText(internalText), name);
     return name;
 }
 

@@ -6,7 +6,6 @@
 #include <algorithm>
 
 namespace tolvan {
-
 namespace {
 
 // An error in a function of the library is one of the program's line that called it.

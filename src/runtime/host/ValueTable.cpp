@@ -5,7 +5,6 @@
 #include <algorithm>
 
 namespace tolvan {
-
 namespace {
 
 using script::Type;

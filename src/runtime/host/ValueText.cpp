@@ -6,7 +6,6 @@
 #include "runtime/host/NumberText.h"
 
 namespace tolvan {
-
 namespace {
 
 constexpr std::string_view dots = "{\x85}";
