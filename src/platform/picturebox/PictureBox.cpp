@@ -15,7 +15,7 @@ constexpr int frameMilliseconds = 16;
 // How long a finished picture may stay while the program computes the next one; not noticed as a delay.
 constexpr int unfinishedMilliseconds = 100;
 constexpr Pixel background = 0xFF000000U;
-// The narrowest letters of this many reach beyond any screen.
+// So many of even the narrowest letters reach beyond any screen.
 constexpr std::size_t longestText = 4096;
 
 }  // namespace
@@ -112,9 +112,10 @@ void PictureBox::Circle(float x, float y, float radius, QColor colour, FillStyle
 }
 
 void PictureBox::Print(std::string_view text, PictureFont& font) {
-    record_.addText(text.substr(0, longestText), CurrentX, CurrentY + font.baseline(), font.font(), foreground_);
+    text = text.substr(0, longestText);
+    record_.addText(text, CurrentX, CurrentY + font.baseline(), font.font(), foreground_);
     double x = 0;  // device pixels from where the text starts
-    for (text = text.substr(0, longestText); !text.empty();) {
+    while (!text.empty()) {
         const std::string_view piece = text.substr(0, PictureFont::firstPiece(text));
         const PictureFont::Run& run = font.run(piece, pixelRatio_);
         surface_.drawText(run.coverage, std::floor(CurrentX * pixelRatio_ + x + 0.5), device(CurrentY),

@@ -37,15 +37,7 @@ void PictureRecord::add(Shape shape, float x1, float y1, float x2, float y2, QCo
 
 void PictureRecord::addText(std::string_view text, float x, double baseline, const QFont& font, QColor colour) {
     isWhole_ = isWhole_ && hasRoom();
-    if (!isWhole_) return;
-    const bool isLatin = font.family() != fontName(Font::Devanagari);
-    std::string utf8;
-    if (isLatin)
-        appendUnicodeOfLatin(text, utf8);
-    else
-        appendUnicodeOfCodes(text, utf8);
-    texts_.push_back({shapes_.size(), std::move(utf8), x, baseline + scrolled_, QFontInfo(font).pixelSize() * 1.0,
-                      colour.rgb(), isLatin});
+    if (isWhole_) texts_.push_back({shapes_.size(), std::string(text), x, baseline + scrolled_, font, colour.rgb()});
 }
 
 void PictureRecord::clear() {
@@ -79,10 +71,17 @@ void PictureRecord::write(const Drawn& drawn, double scrolled, QByteArray& svg) 
 }
 
 void PictureRecord::write(const Text& text, double scrolled, QByteArray& svg) {
+    const bool isLatin = text.font.family() != fontName(Font::Devanagari);
+    std::string utf8;
+    if (isLatin)
+        appendUnicodeOfLatin(text.text, utf8);
+    else
+        appendUnicodeOfCodes(text.text, utf8);
     svg += "<text" + attribute("x", text.x) + attribute("y", text.baseline - scrolled) +
-           attribute("font-size", text.size) + " fill=\"" + nameOf(text.colour) + "\" font-family=\"" +
-           (text.isLatin ? "Times New Roman, Liberation Serif, serif" : "Noto Serif Devanagari, Mangal, serif") +
-           "\" xml:space=\"preserve\">" + QString::fromStdString(text.utf8).toHtmlEscaped().toUtf8() + "</text>\n";
+           attribute("font-size", QFontInfo(text.font).pixelSize()) + " fill=\"" + nameOf(text.colour) +
+           "\" font-family=\"" +
+           (isLatin ? "Times New Roman, Liberation Serif, serif" : "Noto Serif Devanagari, Mangal, serif") +
+           "\" xml:space=\"preserve\">" + QString::fromStdString(utf8).toHtmlEscaped().toUtf8() + "</text>\n";
 }
 
 QByteArray PictureRecord::svg(QSize size, QColor background) const {

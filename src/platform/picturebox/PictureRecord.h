@@ -1,5 +1,5 @@
 // What was drawn into a picture, one after the other, so that it can be saved as lines and text (SVG) and not as
-// pixels alone. Lengths are in logical pixels.
+// pixels alone. Lengths are in logical pixels. Nothing is worked out before the picture is asked for: most never are.
 #pragma once
 
 #include <QByteArray>
@@ -27,10 +27,10 @@ class PictureRecord {
     void clear();
 
     // The picture as it is now, in Unicode where it has text. Empty when more was drawn than is kept: so much is better
-    // saved by pixels.
+    // saved as pixels.
     QByteArray svg(QSize size, QColor background) const;
 
-    static constexpr std::size_t mostKept = 200'000;
+    static constexpr std::size_t mostKept = 200'000;  // shapes and texts
 
   private:
     struct Drawn {
@@ -42,12 +42,11 @@ class PictureRecord {
     };
     struct Text {
         std::size_t before;  // how many shapes were drawn earlier
-        std::string utf8;
+        std::string text;
         float x;
-        double baseline;
-        double size;
+        double baseline;  // before all scrolling
+        QFont font;
         QRgb colour;
-        bool isLatin;
     };
 
     bool hasRoom() const { return shapes_.size() + texts_.size() < mostKept; }
