@@ -216,7 +216,7 @@ bool EditorDocument::FileSaveUnicode() {
     return false;
 }
 
-// The fingerprint is of the whole content, since two savings within the clock's resolution differ in nothing else.
+// The fingerprint is of the whole content, since two saves within the clock's resolution differ in nothing else.
 bool EditorDocument::changedOnDisk(const QString& path) const {
     if (path != path_ || fingerprint_.isEmpty()) return false;
     const std::optional<QByteArray> content = readWholeFile(path);

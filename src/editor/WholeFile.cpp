@@ -17,7 +17,7 @@ std::optional<QByteArray> readWholeFile(const QString& path) {
 }
 
 bool replaceFile(const QString& path, const QByteArray& content, unsigned permissions) {
-    sweepUnfinishedSavings(fileBytes(QFileInfo(path).absolutePath()));
+    removeUnfinishedSaves(fileBytes(QFileInfo(path).absolutePath()));
     return replaceFile(fileBytes(path), {content.constData(), static_cast<std::size_t>(content.size())}, permissions) ==
            0;
 }

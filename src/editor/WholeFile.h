@@ -14,8 +14,8 @@ inline constexpr qint64 largestFile = qint64{64} * 1024 * 1024;
 // Nothing if there is no ordinary file, or if it cannot be read or is too large.
 std::optional<QByteArray> readWholeFile(const QString& path);
 
-// Saves as platform/files/ReplaceFile.h says, and clears away what was left of savings into the same folder that did
-// not come to their end. False if it failed.
+// Saves as platform/files/ReplaceFile.h says, and removes what interrupted saves left in the same folder. False if it
+// failed.
 bool replaceFile(const QString& path, const QByteArray& content, unsigned permissions = 0666);
 
 }  // namespace tolvan

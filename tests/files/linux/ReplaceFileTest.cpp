@@ -119,13 +119,13 @@ TEST(ReplaceFile, KeepsPermissionsAndLinks) {
     EXPECT_EQ(permissions("private"), static_cast<fs::perms>(0600));
 }
 
-TEST(ReplaceFile, SweepsSavingsThatWereKilled) {
+TEST(ReplaceFile, RemovesWhatKilledSavesLeft) {
     const TemporaryFolder folder;
     folder.write("f", "old");
     for (const char* name : {".tolvan-saving-1-1", ".tolvan-saving-2-1", ".other"}) folder.write(name, "half");
     const int busy = ::open((folder / ".tolvan-saving-2-1").c_str(), O_RDONLY);
     ASSERT_EQ(::flock(busy, LOCK_EX), 0);
-    sweepUnfinishedSavings(folder.path());
+    removeUnfinishedSaves(folder.path());
     EXPECT_FALSE(fs::exists(folder / ".tolvan-saving-1-1"));
     EXPECT_TRUE(fs::exists(folder / ".tolvan-saving-2-1"));  // still being written
     EXPECT_EQ(entriesIn(folder), 3U);

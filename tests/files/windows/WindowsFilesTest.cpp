@@ -89,7 +89,7 @@ TEST(WindowsFiles, SavingKeepsMarksAndSweepsWhatWasKilled) {
     folder.write(".tolvan-saving-1-1", "half");
     const std::wstring place = *windows::systemPath(folder / "f");
     ASSERT_TRUE(::SetFileAttributesW(place.c_str(), FILE_ATTRIBUTE_HIDDEN));
-    sweepUnfinishedSavings(folder.path());
+    removeUnfinishedSaves(folder.path());
     EXPECT_FALSE(std::filesystem::exists(folder / ".tolvan-saving-1-1"));
     EXPECT_EQ(replaceFile(folder / "f", "new"), 0);
     EXPECT_EQ(folder.read("f"), "new");

@@ -30,10 +30,16 @@ fs::path linkTarget(fs::path path) {
     return path;
 }
 
+// A file system that has no fsync is no failure.
+int sync(const Descriptor& file) {
+    if (::fsync(file.number()) == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP) return 0;
+    return errno;
+}
+
 // The file beside the target that is written first. Gone at the end, unless it was put in its place.
 class Unfinished {
   public:
-    // Locked against sweepUnfinishedSavings, where the file system has locks.
+    // Locked against removeUnfinishedSaves, where the file system has locks.
     int create(const fs::path& folder, mode_t permissions) {
         for (int number = 1;; ++number) {
             path_ =
@@ -62,12 +68,6 @@ class Unfinished {
         return file_.close();
     }
 
-    // A file system that has no fsync is no failure.
-    static int sync(const Descriptor& file) {
-        if (::fsync(file.number()) == 0 || errno == EINVAL || errno == ENOSYS || errno == ENOTSUP) return 0;
-        return errno;
-    }
-
   private:
     fs::path path_;
     Descriptor file_;
@@ -76,11 +76,11 @@ class Unfinished {
 
 int syncFolder(const fs::path& folder) {
     const Descriptor descriptor(::open(folder.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC));
-    return descriptor.isOpen() ? Unfinished::sync(descriptor) : 0;
+    return descriptor.isOpen() ? sync(descriptor) : 0;
 }
 
-// The permissions of the file that is there; nothing if there is none.
-int look(const fs::path& target, std::optional<mode_t>& permissions) {
+// The permissions of the file that is there; none if there is no file. An error if it may not be replaced.
+int readPermissions(const fs::path& target, std::optional<mode_t>& permissions) {
     struct stat entry {};
     if (::stat(target.c_str(), &entry) != 0) return errno == ENOENT ? 0 : errno;
     if (S_ISDIR(entry.st_mode)) return EISDIR;
@@ -95,7 +95,7 @@ int replaceFile(const std::string& path, std::string_view content, unsigned perm
     const fs::path target = linkTarget(path);
     const fs::path folder = target.has_parent_path() ? target.parent_path() : fs::path(".");
     std::optional<mode_t> present;
-    if (const int error = look(target, present); error != 0) return error;
+    if (const int error = readPermissions(target, present); error != 0) return error;
     Unfinished unfinished;
     if (const int error = unfinished.create(folder, present.value_or(permissions) & 0777U); error != 0) return error;
     if (const int error = unfinished.write(content, present); error != 0) return error;
@@ -103,7 +103,7 @@ int replaceFile(const std::string& path, std::string_view content, unsigned perm
     return syncFolder(folder);
 }
 
-void sweepUnfinishedSavings(const std::string& folder) {
+void removeUnfinishedSaves(const std::string& folder) {
     std::error_code failure;
     for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end; entry.increment(failure)) {
         if (!entry->path().filename().string().starts_with(unfinishedPrefix)) continue;

@@ -20,7 +20,7 @@ std::wstring folderOf(const std::wstring& path) {
 // The file beside the target that is written first. Gone at the end, unless it was put in its place.
 class Unfinished {
   public:
-    // Open for writing to the end, by which sweepUnfinishedSavings knows it.
+    // Open for writing to the end, by which removeUnfinishedSaves knows it.
     int create(const std::wstring& folder) {
         for (int number = 1;; ++number) {
             const std::string name =
@@ -107,7 +107,7 @@ int replaceFile(const std::string& path, std::string_view content, unsigned) {
     return unfinished.putInPlace(target, isThere);
 }
 
-void sweepUnfinishedSavings(const std::string& folder) {
+void removeUnfinishedSaves(const std::string& folder) {
     namespace fs = std::filesystem;
     std::error_code failure;
     for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end; entry.increment(failure)) {
