@@ -13,7 +13,7 @@
 
 #include <algorithm>
 #include <array>
-#include <unordered_map>
+#include <utility>
 
 namespace tolvan {
 namespace {
@@ -24,11 +24,11 @@ bool hasDevanagari(std::string_view utf8) {
     return false;
 }
 
-struct Replacement {
+struct TypographicMark {
     char32_t character;
     std::string_view plain;
 };
-constexpr auto typography = std::to_array<Replacement>({
+constexpr auto typographicMarks = std::to_array<TypographicMark>({
     {0x00A0, " "},
     {0x2013, "-"},
     {0x2014, "-"},
@@ -40,18 +40,6 @@ constexpr auto typography = std::to_array<Replacement>({
     {0x2026, "..."},
     {0x2212, "-"},
 });
-
-// A word of the language as it is typed; nothing for any other word.
-std::optional<std::string_view> typedWord(const std::string& codes) {
-    static const auto words = [] {
-        std::unordered_map<std::string, std::string_view> typed;
-        for (const LanguageWord& word : languageWords()) typed.emplace(LineConvert(word.roman), word.roman);
-        return typed;
-    }();
-    const auto found = words.find(codes);
-    if (found == words.end()) return std::nullopt;
-    return found->second;
-}
 
 // Writes one line: what must be Latin goes between "#", and what may be either goes with its neighbours.
 class RomanLine {
@@ -159,15 +147,13 @@ class ProgramReader {
             roman.erase(roman.find(utf8), utf8.size());
             leaveOut(character);
         }
-        const auto typed = typedWord(LineConvert(roman));
-        return typed ? std::string(*typed) : roman;
+        const LanguageWord* const word = findLanguageWord(LineConvert(roman));
+        return word != nullptr ? std::string(word->roman) : roman;
     }
 
     void takeOther(char32_t character, RomanLine& line) {
-        const auto* const replacement = std::find_if(
-            typography.begin(), typography.end(), [&](const Replacement& one) { return one.character == character; });
-        if (replacement != typography.end()) {
-            for (const char plain : replacement->plain) takeCode(plain, line);
+        if (const std::string_view plain = keyboardMarks(character); !plain.empty()) {
+            for (const char mark : plain) takeCode(mark, line);
         } else if (const auto code = unicodeToWindows1252(character); code && character != U'#') {
             takeCode(static_cast<char>(*code), line);
         } else {
@@ -211,6 +197,12 @@ std::string utf8OfUtf16(std::string_view bytes, bool bigEndian) {
 
 }  // namespace
 
+std::string_view keyboardMarks(char32_t character) {
+    const auto* const found = std::find_if(typographicMarks.begin(), typographicMarks.end(),
+                                           [&](const TypographicMark& mark) { return mark.character == character; });
+    return found == typographicMarks.end() ? std::string_view() : found->plain;
+}
+
 RomanProgram romanOfUnicodeProgram(std::string_view utf8) {
     return ProgramReader().read(utf8);
 }
@@ -226,7 +218,7 @@ std::optional<std::string> unicodeFileText(std::string_view bytes) {
 
 bool isStatement(std::string_view roman) {
     const std::string codes = LineConvert(roman);
-    return roman.find('=') != std::string_view::npos || typedWord(codes.substr(0, codes.find(' ')));
+    return roman.find('=') != std::string_view::npos || isLanguageWord(codes.substr(0, codes.find(' ')));
 }
 
 std::string unicodeOfProgram(std::string_view roman) {

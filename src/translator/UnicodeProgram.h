@@ -8,9 +8,13 @@
 namespace tolvan {
 
 struct RomanProgram {
-    std::string roman;       // 8-bit, lines parted by CR LF
+    std::string roman;       // 8-bit, lines separated by CR LF
     std::u32string leftOut;  // the characters that have no place in a program, each once, in their order
 };
+
+// What a keyboard has for a typographic quote, dash or blank, which other applications write; empty for any other
+// character.
+std::string_view keyboardMarks(char32_t character);
 
 // Line by line. A line without Devanagari stays as it is. In the others Devanagari is spelled, the words of the
 // language as they are typed; Latin letters and the quotes of texts get their "#"; typographic quotes and dashes are

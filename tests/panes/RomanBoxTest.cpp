@@ -76,8 +76,9 @@ TEST_F(RomanBoxTest, pastes) {
     const Case cases[] = {
         {"line ends of every kind", QStringLiteral("a\nb\r\nc\rd\u2028e\u2029f"), "12a\r\nb\r\nc\r\nd\r\ne\r\nf", U""},
         {"tabs to the next sixth column", QStringLiteral("\tx\n\ty\t\tz"), "12    x\r\n      y           z", U""},
-        {"quotes and dashes of a word processor", QStringLiteral("\u201Cka\u201D \u2013 #\u201E\u2019# 1\u00A0\u2014"),
-         "12#\"#ka#\"# - #\"'# 1 -", U""},
+        {"quotes and dashes of a word processor",
+         QStringLiteral("\u201Cka\u201D \u2013 #\u201E\u2019# 1\u00A0\u2014\u2026"), "12#\"#ka#\"# - #\"'# 1 -...",
+         U""},
         {"letters of windows-1252", QStringLiteral("\u0192\u00EA\u0153"), "12\x83\xEA\x9C", U""},
         {"a text without its letters from elsewhere", QStringLiteral("kamal\nক and খক"), "12kamal\r\n and ", U"কখ"},
         {"Devanagari", QStringLiteral("दाखव \"हो\"\nkamal"), "12dAkhav #\"#ho#\"#\r\nkamal", U""},

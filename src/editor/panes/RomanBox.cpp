@@ -66,16 +66,6 @@ QString startOf(const QString& text) {
     return text.left(lineEnd < 0 ? most : lineEnd + 1);
 }
 
-// Typographic quotes, which other applications write for the plain one.
-constexpr QStringView otherQuotes = u"\u201C\u201D\u201E";
-constexpr QStringView otherApostrophes = u"\u2018\u2019";
-constexpr QStringView otherDashes = u"\u2013\u2014\u2212";
-
-bool isOtherMark(QChar character) {
-    return otherQuotes.contains(character) || otherApostrophes.contains(character) || otherDashes.contains(character) ||
-           character == QChar::Nbsp;
-}
-
 struct Difference {
     qsizetype start;
     qsizetype end;  // in the text before
@@ -238,19 +228,18 @@ void RomanBox::setLocked(bool locked) {
 
 // Outside a span, a quote in pasted text gets a "#" span around it, as a typed quote does.
 QString RomanBox::withKeyboardMarks(const QString& text) const {
-    if (std::none_of(text.begin(), text.end(), isOtherMark)) return text;
+    const auto marksFor = [](QChar character) { return keyboardMarks(character.unicode()); };
+    if (std::all_of(text.begin(), text.end(), [&](QChar character) { return marksFor(character).empty(); }))
+        return text;
     bool inSpan = toPlainText().left(textCursor().selectionStart()).count(u'#') % 2 == 1;
     QString result;
     for (const QChar character : text) {
         if (character == u'#') inSpan = !inSpan;
-        if (otherQuotes.contains(character))
-            result += inSpan ? QLatin1String("\"") : QLatin1String("#\"#");
-        else if (otherApostrophes.contains(character))
-            result += u'\'';
-        else if (otherDashes.contains(character))
-            result += u'-';
+        const std::string_view marks = marksFor(character);
+        if (marks.empty())
+            result += character;
         else
-            result += character == QChar::Nbsp ? QChar(u' ') : character;
+            result += marks == "\"" && !inSpan ? QStringLiteral("#\"#") : toQString(marks);
     }
     return result;
 }
