@@ -6,6 +6,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <utility>
 
 namespace tolvan {
 namespace {
@@ -47,10 +48,15 @@ ConsoleReader::ConsoleReader(PictureBox& display, const ConsoleText& text)
 }
 
 QString ConsoleReader::content() const {
+    return contentFrom(0);
+}
+
+// Without the lines before `first`.
+QString ConsoleReader::contentFrom(std::size_t first) const {
     const PrintedLines& lines = text_.lines();
+    const std::size_t oldest = lines.end() - std::min(lines.end() - lines.begin(), mostLines);
     QStringList texts;
-    for (std::size_t line = lines.end() - std::min(lines.end() - lines.begin(), mostLines); line < lines.end(); ++line)
-        texts += unicodeOfLine(lines[line]);
+    for (std::size_t line = std::max(first, oldest); line < lines.end(); ++line) texts += unicodeOfLine(lines[line]);
     if (!told_.isEmpty()) texts += told_;
     return texts.join(u'\n');
 }
@@ -61,7 +67,10 @@ QString ConsoleReader::lastLine() const {
 }
 
 void ConsoleReader::printed() {
-    if (text_.lines().end() < announced_) announced_ = 0, told_.clear();
+    if (text_.lines().end() < announced_) {
+        announced_ = 0;
+        told_.clear();
+    }
     if (accessible::isUsed() && !timer_.isActive()) timer_.start();
 }
 
@@ -73,14 +82,7 @@ void ConsoleReader::tell(const std::vector<std::string>& sentences) {
 }
 
 void ConsoleReader::announce() {
-    const PrintedLines& lines = text_.lines();
-    QStringList texts;
-    const std::size_t oldest = lines.end() - std::min(lines.end() - lines.begin(), mostLines);
-    for (std::size_t line = std::max(announced_, oldest); line < lines.end(); ++line)
-        texts += unicodeOfLine(lines[line]);
-    announced_ = lines.end();
-    if (!told_.isEmpty()) texts += told_;
-    const QString news = texts.join(u'\n');
+    const QString news = contentFrom(std::exchange(announced_, text_.lines().end()));
     accessible::announce(display_, static_cast<int>(content().size() - news.size()), news);
 }
 

@@ -19,17 +19,18 @@ class ConsoleReader : public QObject {
     // Both must outlive it.
     ConsoleReader(PictureBox& display, const ConsoleText& text);
 
-    // The last lines, in Unicode, parted by line feeds.
+    // The last lines, in Unicode, separated by line feeds.
     QString content() const;
     QString lastLine() const;
 
-    // A line was printed, or all were erased. Costs nothing where nobody reads.
+    // A line was printed, or all lines were erased. Costs nothing where nobody reads.
     void printed();
 
     // Sentences of internal text form that are no lines of the program.
     void tell(const std::vector<std::string>& sentences);
 
   private:
+    QString contentFrom(std::size_t first) const;
     void announce();
 
     PictureBox& display_;

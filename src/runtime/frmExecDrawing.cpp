@@ -1,15 +1,14 @@
 // The part of frmExec that draws for a program, and that saves and copies the picture.
 #include "dialogs/Dialogs.h"
 #include "platform/encoding/Deva.h"
+#include "platform/files/ReplaceFile.h"
 #include "runtime/frmExec.h"
 
+#include <QBuffer>
 #include <QClipboard>
+#include <QFile>
 #include <QFileDialog>
 #include <QGuiApplication>
-#include <QImageWriter>
-#include <QSaveFile>
-
-#include <algorithm>
 
 namespace tolvan {
 namespace {
@@ -20,16 +19,17 @@ FillStyle styleOf(ConsoleOperations::Fill fill) {
     return fill == ConsoleOperations::Fill::Solid ? FillStyle::Solid : FillStyle::Transparent;
 }
 
-bool writePicture(const QImage& picture, const QString& path) {
-    QSaveFile file(path);
-    if (!file.open(QIODevice::WriteOnly)) return false;
-    // commit() does not notice that what was still buffered found no room; flush() does.
-    return QImageWriter(&file, "png").write(picture) && file.flush() && file.commit();
+QByteArray pngOf(const QImage& picture) {
+    QByteArray png;
+    QBuffer buffer(&png);
+    picture.save(&buffer, "PNG");
+    return png;
 }
 
+// What is empty could not be made.
 bool writeFile(const QByteArray& content, const QString& path) {
-    QSaveFile file(path);
-    return file.open(QIODevice::WriteOnly) && file.write(content) == content.size() && file.flush() && file.commit();
+    const std::string_view bytes(content.constData(), static_cast<std::size_t>(content.size()));
+    return !bytes.empty() && replaceFile(QFile::encodeName(path).toStdString(), bytes) == 0;
 }
 
 }  // namespace
@@ -108,15 +108,7 @@ void frmExec::SavePicture() {
                          path.endsWith(QStringLiteral(".svg"), Qt::CaseInsensitive);
     if (!isNamed) path += kind == png ? QStringLiteral(".png") : QStringLiteral(".svg");
     const bool asSvg = path.endsWith(QStringLiteral(".svg"), Qt::CaseInsensitive) && !svg.isEmpty();
-    if (!(asSvg ? writeFile(svg, path) : writePicture(picture, path))) ShowMessage("\\f1icÇ saQvta Aale nahI"_deva);
-}
-
-std::vector<std::string> frmExec::printedLines() const {
-    const PrintedLines& lines = text_.lines();
-    std::vector<std::string> printed;
-    for (std::size_t line = lines.begin(); line < std::min(lines.end(), printedByProgram_); ++line)
-        printed.push_back(lines[line]);
-    return printed;
+    if (!writeFile(asSvg ? svg : pngOf(picture), path)) ShowMessage("\\f1icÇ saQvta Aale nahI"_deva);
 }
 
 void frmExec::CopyPicture() {

@@ -13,6 +13,7 @@
 
 #include <algorithm>
 #include <string>
+#include <vector>
 
 namespace tolvan {
 
@@ -63,14 +64,23 @@ bool frmExec::goesOnAfter(const script::ErrorReport& error, const ModuleLines& l
 // What the program has drawn must stay: then the messages are shown in a strip below.
 void frmExec::printEnd() {
     printedByProgram_ = text_.lines().end();
-    constexpr std::string_view messages[] = {"he àayaejn wa<blele Aahe"_deva, "b<d kr\\{yasaQI kae[tehI bq[ daba"_deva};
+    const std::vector<std::string> messages = {std::string("he àayaejn wa<blele Aahe"_deva),
+                                               std::string("b<d kr\\{yasaQI kae[tehI bq[ daba"_deva)};
     if (hasDrawn_) {
-        reader_->tell({std::string(messages[0]), std::string(messages[1])});
-        return strip_->tell({std::string(messages[0]), std::string(messages[1])});
+        reader_->tell(messages);
+        return strip_->tell(messages);
     }
     PrintString(" ");
     PrintString(" ");
-    for (const std::string_view message : messages) PrintString(message);
+    for (const std::string& message : messages) PrintString(message);
+}
+
+std::vector<std::string> frmExec::printedLines() const {
+    const PrintedLines& lines = text_.lines();
+    std::vector<std::string> printed;
+    for (std::size_t line = lines.begin(); line < std::min(lines.end(), printedByProgram_); ++line)
+        printed.push_back(lines[line]);
+    return printed;
 }
 
 }  // namespace tolvan
