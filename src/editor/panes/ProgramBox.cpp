@@ -269,7 +269,10 @@ QMimeData* ProgramBox::createMimeDataFromSelection() const {
     const int end = textCursor().selectionEnd();
     for (QTextBlock block = document()->findBlock(textCursor().selectionStart());
          block.isValid() && block.position() <= end; block = block.next()) {
-        if (!plain.isNull()) plain += u'\n', html += u'\n';
+        if (!plain.isNull()) {
+            plain += u'\n';
+            html += u'\n';
+        }
         const ProgramLine* line = lineOf(block);
         if (!line) continue;
         const auto from = static_cast<std::size_t>(std::max(textCursor().selectionStart() - block.position(), 0));

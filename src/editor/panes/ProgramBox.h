@@ -2,10 +2,10 @@
 // be selected and copied, as Unicode and with its colours, by keys of its own, not by the commands of its window.
 #pragma once
 
+#include "editor/panes/ColourRun.h"
 #include "editor/panes/ProgramLines.h"
 #include "editor/panes/TextPane.h"
 
-#include <QColor>
 #include <QTextCharFormat>
 
 #include <functional>
@@ -14,12 +14,6 @@
 class QTextBlock;
 
 namespace tolvan {
-
-struct ColourRun {
-    std::size_t start = 0;
-    std::size_t length = 0;
-    QColor colour;
-};
 
 class ProgramBox : public TextPane {
     Q_OBJECT
@@ -40,7 +34,7 @@ class ProgramBox : public TextPane {
     // Colours again the lines that hold this font-encoded text, for which the colouring may give another answer now.
     void colourLinesWith(std::string_view text);
 
-    // In Unicode, lines parted by line feeds; and the places in it that correspond to those of the document.
+    // In Unicode, lines separated by line feeds; and the places in it that correspond to those of the document.
     QString unicodeText() const;
     int unicodePosition(int documentPosition) const;
     int documentPositionOf(int unicodePosition) const;

@@ -1,5 +1,6 @@
 #include "editor/panes/RomanColours.h"
 
+#include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
 #include "editor/panes/RomanInput.h"
 #include "platform/encoding/Ascii.h"
@@ -64,15 +65,11 @@ class Walk {
     }
 
     void add(std::size_t length, QColor colour) {
-        const std::size_t start = std::exchange(at_, at_ + length);
-        if (!colour.isValid()) return;
-        if (!runs_.empty() && runs_.back().colour == colour && runs_.back().start + runs_.back().length == start)
-            runs_.back().length += length;
-        else
-            runs_.push_back({start, length, colour});
+        if (colour.isValid()) appendRun(runs_, at_, length, colour);
+        at_ += length;
     }
 
-    // The first run that ends behind the column.
+    // The first run that ends after the column.
     const ColourRun* runAt(std::size_t column) const {
         const auto found =
             std::upper_bound(colours_.begin(), colours_.end(), column,
@@ -112,8 +109,8 @@ QList<QTextLayout::FormatRange> formatsOf(const std::vector<ColourRun>& runs, co
             formats.append({start, end - start, colour});
         } else {
             if (start < at) formats.append({start, at - start, colour});
-            const int behind = std::max(start, at);
-            formats.append({behind + preedit, end - behind, colour});
+            const int rest = std::max(start, at);
+            formats.append({rest + preedit, end - rest, colour});
         }
     }
     if (preedit > 0)

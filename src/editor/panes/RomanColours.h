@@ -1,17 +1,19 @@
 // Colours the words of the Roman pane as those of the Devanagari one that they stand for.
 #pragma once
 
-#include "editor/panes/ProgramBox.h"
+#include "editor/panes/ColourRun.h"
 #include "editor/panes/ProgramLines.h"
 
 #include <QObject>
 
 #include <string_view>
+#include <vector>
 
 class QTextBlock;
 
 namespace tolvan {
 
+class ProgramBox;
 class RomanBox;
 class RomanInput;
 

@@ -11,28 +11,12 @@
 namespace tolvan {
 namespace {
 
-class Colours {
-  public:
-    void add(std::size_t start, std::size_t length, QColor colour) {
-        if (length == 0) return;
-        if (!runs_.empty() && runs_.back().colour == colour && runs_.back().start + runs_.back().length == start)
-            runs_.back().length += length;
-        else
-            runs_.push_back({start, length, colour});
-    }
-    std::vector<ColourRun> take() { return std::move(runs_); }
-
-  private:
-    std::vector<ColourRun> runs_;
-};
-
-void addWord(Colours& colours, std::size_t start, std::string_view word, const IsOwnWord& isOwn) {
-    if (IsNumber(word))
-        colours.add(start, word.size(), look::colours().number);
-    else if (isLanguageWord(word))
-        colours.add(start, word.size(), look::colours().keyword);
-    else if (const LibraryWord* ready = findLibraryWord(word); ready != nullptr && !isOwn(*ready))
-        colours.add(start, word.size(), look::colours().wordOfLibrary);
+// The colour of a word; none for a name.
+QColor colourOf(std::string_view word, const IsOwnWord& isOwn) {
+    if (IsNumber(word)) return look::colours().number;
+    if (isLanguageWord(word)) return look::colours().keyword;
+    const LibraryWord* const ready = findLibraryWord(word);
+    return ready != nullptr && !isOwn(*ready) ? look::colours().wordOfLibrary : QColor();
 }
 
 }  // namespace
@@ -42,7 +26,10 @@ std::vector<ColourRun> wordColours(StyledView line, const IsOwnWord& isOwn) {
     StyledText statement(line.substr(0, comment));
     statement.append(" ", Font::Latin);  // a word counts only if a separator follows it
 
-    Colours colours;
+    std::vector<ColourRun> runs;
+    const auto add = [&runs](std::size_t start, std::size_t length, QColor colour) {
+        if (length > 0 && colour.isValid()) appendRun(runs, start, length, colour);
+    };
     Scanner scanner(statement);
     std::size_t start = 0;
     bool inLiteral = false;
@@ -51,13 +38,13 @@ std::vector<ColourRun> wordColours(StyledView line, const IsOwnWord& isOwn) {
         const bool isQuote = token->kind == Token::Kind::Separator && token->text[0] == '"';
         if (isQuote) inLiteral = !inLiteral;
         if (token->kind == Token::Kind::Word)
-            addWord(colours, start, token->text.text(), isOwn);
+            add(start, token->text.size(), colourOf(token->text.text(), isOwn));
         else if (isQuote || token->kind == Token::Kind::Literal || (token->kind == Token::Kind::Lost && inLiteral))
-            colours.add(start, length, look::colours().literal);
+            add(start, length, look::colours().literal);
         start += token->text.size();
     }
-    colours.add(comment, line.size() - comment, look::colours().comment);
-    return colours.take();
+    add(comment, line.size() - comment, look::colours().comment);
+    return runs;
 }
 
 }  // namespace tolvan

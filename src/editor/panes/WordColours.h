@@ -2,9 +2,11 @@
 // colour of what the translator takes it for.
 #pragma once
 
-#include "editor/panes/ProgramBox.h"
+#include "editor/panes/ColourRun.h"
+#include "platform/richtext/StyledText.h"
 
 #include <functional>
+#include <vector>
 
 namespace tolvan {
 
