@@ -30,7 +30,7 @@ class RichTextView : public QAbstractScrollArea {
     // A complete rich-text document. A damaged one is shown as far as it can be read.
     void setTextRtf(std::string_view rtf);
 
-    // The characters shown, paragraphs parted by line feeds.
+    // The characters shown, paragraphs separated by line feeds.
     QString text() const;
     QString unicodeText() const { return unicode_; }
     // The text in Unicode, with its colours for whatever takes them.

@@ -22,7 +22,7 @@ QString desktopTitle(StyledView title, const QString& ofFile) {
     std::string latin;
     for (std::size_t i = 0; i < title.size(); ++i)
         if (title.font(i) == Font::Latin) latin += title[i];
-    // Without the dash that parts it from the product's name in the window.
+    // Without the dash that separates it from the product's name in the window.
     const std::size_t start = std::min(latin.find_first_not_of(" -"), latin.size());
     const QString name = (toQString(std::string_view(latin).substr(start)) + ofFile).trimmed();
     return name.isEmpty() ? QLatin1String(productName) : name + QLatin1String(" - ") + QLatin1String(productName);

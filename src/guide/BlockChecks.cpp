@@ -84,7 +84,7 @@ Correction putEnd(const Program& program, const BlockFault& fault) {
                     "\r\n" + std::string(opener.indentation(), ' ') + endOf(program.meant(fault.line)), false);
 }
 
-// A sentence, by the words that it needs; of those parted by '/' one will do.
+// A sentence, by the words that it needs; of those separated by '/' one will do.
 struct Sentence {
     std::string_view itsOwn;  // words of which one makes the line such a sentence
     std::array<std::string_view, 5> needed;

@@ -12,9 +12,9 @@ namespace tolvan::guide {
 
 class Guide {
   public:
-    // What is to be said about a program, whose Roman lines are parted by CR LF: by lines, at most two a line, the most
-    // useful first. A right program has no findings, and neither has a text that is too large to be one. Lines that the
-    // call before has read are not read again.
+    // What is to be said about a program, whose Roman lines are separated by CR LF: by lines, at most two a line, the
+    // most useful first. A right program has no findings, and neither has a text that is too large to be one. Lines
+    // that the call before has read are not read again.
     //
     // A correction is only offered if the finding goes with it and there are not more of others.
     std::vector<Finding> check(std::string_view roman);

@@ -18,7 +18,7 @@ using LinePointer = std::shared_ptr<const Line>;
 // Lines that were read before are not read again. It keeps those of the last text only.
 class LineStore {
   public:
-    // The lines of a text, parted by CR LF; one at least.
+    // The lines of a text, separated by CR LF; one at least.
     std::vector<LinePointer> read(std::string_view roman);
     LinePointer readOne(std::string_view roman);
 

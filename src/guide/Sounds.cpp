@@ -237,7 +237,7 @@ Sounds soundsOf(std::string_view roman) {
         const auto spelled = longestSpelling(roman);
         if (!spelled)
             sounds.push_back(static_cast<unsigned char>(firstOtherCharacter | static_cast<unsigned char>(roman[0])));
-        else if (spelled->sound != Sound::NuktaOrParting)
+        else if (spelled->sound != Sound::NuktaOrSeparator)
             sounds.push_back(code(spelled->sound));
         roman.remove_prefix(spelled ? spelled->length : 1);
     }

@@ -101,7 +101,7 @@ void checkStart(const Program& program, std::size_t number, std::size_t start, R
     report.add(number, word, sentence(texts::unknownCommand, {typed}), std::move(corrections));
 }
 
-// Where the comparison begins: after the last word that parts conditions.
+// Where the comparison begins: after the last word that separates conditions.
 std::size_t startOfComparison(const Line& line, std::size_t word) {
     while (word > 0) {
         const Word& before = line.words[word - 1];

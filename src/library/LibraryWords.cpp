@@ -110,7 +110,7 @@ std::span<const LibraryWord> libraryWords() {
 const LibraryWord* findLibraryWord(std::string_view name) {
     static const auto byName = [] {
         std::map<std::string, const LibraryWord*, std::less<>> words;
-        for (const LibraryWord& row : table) words.emplace(ReplaceRomanChars(row.roman), &row);
+        for (const LibraryWord& row : table) words.emplace(LineConvert(row.roman), &row);
         return words;
     }();
     const auto found = byName.find(name);

@@ -29,7 +29,7 @@ class ScrollBack : public PictureBox {
     bool mouseMoved(const QMouseEvent& event);
     void wheelTurned(int eighthsOfDegrees);
 
-    // What is selected, in Unicode; lines are parted by line feeds.
+    // What is selected, in Unicode; lines are separated by line feeds.
     QString selectedText() const;
 
   protected:

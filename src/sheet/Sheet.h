@@ -16,7 +16,7 @@ struct Sheet {
     std::string roll;
     std::string date;
     std::string caption;              // of the program, in Roman letters
-    std::string roman;                // the program, lines parted by CR LF
+    std::string roman;                // the program, lines separated by CR LF
     std::vector<StyledText> printed;  // in its last run
     std::string end;                  // how that run ended, in UTF-8; empty: as it should
     QImage picture;                   // of that run; null if it drew nothing

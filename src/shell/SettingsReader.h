@@ -28,8 +28,7 @@ struct LookChoice {
 };
 std::span<const LookChoice> lookChoices();
 
-// All are on where the settings say nothing, or nothing that is a yes or a no; the look is the
-// desktop's.
+// All are on where the settings say nothing, or nothing that is a yes or a no; the look is the desktop's.
 void readPreferences(const Settings& settings, EditorState& state);
 
 // Written as "1" and "0".

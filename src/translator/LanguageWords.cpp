@@ -48,7 +48,7 @@ constexpr auto table = std::to_array<LanguageWord>({
     {"biMdU", "ek biMdU", "point"},
     {"vartuL", "vartuL AkRitI", "circle"},
     {"kADh", "Ayat biMdU kiMvA vartuL kADhA", "draw a box, point or circle"},
-    {"pAsun", "AkRitI ithUn suru hote", "line, box, circle: from", "pAsUn"},
+    {"pAsun", "AkRitI ithUn surU hote", "line, box, circle: from", "pAsUn"},
     {"var", "biMdU ithe kADhA", "point: on"},
     {"trijyA", "vartuLAchI trijyA", "circle: radius"},
     {"trijyAche", "vartuLAchI trijyA jyAnaMtar raMg yeto", "circle: of radius, before a colour"},

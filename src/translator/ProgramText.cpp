@@ -6,7 +6,7 @@
 namespace tolvan {
 namespace {
 
-// In a marked text the "#" part Devanagari and Latin in turn.
+// In a marked text each "#" begins Latin text or Devanagari, in turn.
 StyledText transliterateMarked(std::string_view marked) {
     StyledText text;
     bool latin = false;

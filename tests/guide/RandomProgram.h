@@ -15,7 +15,7 @@ class RandomProgram {
   public:
     explicit RandomProgram(unsigned seed) : random_(seed) {}
 
-    // Lines parted by CR LF.
+    // Lines separated by CR LF.
     std::string write();
 
   private:

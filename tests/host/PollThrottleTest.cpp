@@ -11,7 +11,7 @@ using namespace std::chrono_literals;
 
 PollThrottle::Clock::time_point currentTime;
 
-// Plays the engine: statements of a given length, each behind a poll.
+// Plays the engine: statements of a given length, each after a poll.
 class Program {
   public:
     explicit Program(PollThrottle& throttle) : throttle_(throttle) {}

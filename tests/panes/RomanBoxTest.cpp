@@ -157,7 +157,7 @@ TEST_F(RomanBoxTest, replacesItsTextInOneStep) {
     roman.setText("a\r\nb");
     roman.select(4, 0);
     roman.replaceText("      a\r\n      b");
-    EXPECT_EQ(roman.caret(), 16U) << "the caret stays behind its letter";
+    EXPECT_EQ(roman.caret(), 16U) << "the caret stays after its letter";
 }
 
 TEST_F(RomanBoxTest, canBeLocked) {

@@ -100,13 +100,13 @@ std::string coloursOf(const QTextBlock& block) {
 
 using RomanColoursTest = Panes;
 
-// The pane after the text has been typed in any way; lines are parted by "|".
+// The pane after the text has been typed in any way; lines are separated by "|".
 TEST_F(RomanColoursTest, areThoseOfTheProgram) {
     const std::pair<const char*, const char*> cases[] = {
         {"dAkhav #\"#12 tar#\"#", "kkkkkk.tttttttttttt"},
         {"dAkhav \"", "kkkkkk.."},                                      // outside of a span it is a letter
         {"#12# tar", "nnnn.kkk"},                                       // the marks go with what they hold
-        {"dA##khav 1", "kkkkkkkk.n"},                                   // an empty span parts no word
+        {"dA##khav 1", "kkkkkkkk.n"},                                   // an empty span separates no words
         {"jar 1shAsuchanA tar", "kkk.....ccccccccccc"},                 // a comment begins within a word
         {"dAkhav #\"#mI #Ram|tar# tar", "kkkkkk.tttttttttt|.....kkk"},  // a span over two lines
         {"dAkhav #1|tar", "kkkkkk..n|kkk"},                             // a mark that is never closed

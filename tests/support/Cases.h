@@ -28,7 +28,8 @@ struct Section {
     friend std::ostream& operator<<(std::ostream& out, const Section& section) { return out << section.title; }
 };
 
-// Fields that one or more tabs part: a line of a section, or a part of it where "┊" parts several such rows.
+// Fields with one or more tabs between them: a line of a section, or a part of it where "┊" stands between several
+// rows.
 struct Row {
     std::string title;                 // of the section
     std::vector<std::string> written;  // the fields as they stand in the file, in UTF-8

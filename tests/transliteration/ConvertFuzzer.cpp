@@ -13,7 +13,7 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const std::string_view piece = bytes.substr(0, maxConvertLength);
     const std::string encoded = convert(piece);
     if (encoded.size() > 3 * piece.size()) std::abort();
-    // Pieces that a blank parts do not touch each other.
+    // Pieces with a blank between them do not touch each other.
     for (std::size_t blank = piece.find(' '); blank != std::string_view::npos; blank = piece.find(' ', blank + 1))
         if (convert(piece.substr(0, blank)) + " " + convert(piece.substr(blank + 1)) != encoded) std::abort();
     if (piece.find("\r\n") == std::string_view::npos && piece.size() <= maxConvertLength - 3 &&

@@ -51,7 +51,7 @@ inline std::string soundsOf(std::string_view roman) {
             const std::size_t vowel = static_cast<std::size_t>(sound) - static_cast<std::size_t>(Sound::A);
             text += (consonantBefore ? vowelSigns : vowels).at(vowel);
             consonantBefore = false;
-        } else if (sound == Sound::NuktaOrParting) {
+        } else if (sound == Sound::NuktaOrSeparator) {
             if (consonantBefore) addNukta();
         } else if (sound == Sound::Virama) {
             text += "्";

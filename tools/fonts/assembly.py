@@ -23,7 +23,7 @@ class Assembly:
         offset = len(self.lookups)
         for lookup in lookups:
             for rule in calls(lookup):
-                # The last place first: a call that puts a glyph in moves those behind it.
+                # The last place first: a call that puts a glyph in moves those after it.
                 rule.reverse()
                 for record in rule:
                     record.LookupListIndex += offset

@@ -1,7 +1,7 @@
 """The glyph substitutions of the built font.
 
 Text in the 8-bit encoding is in the order in which it is read off the page: the short i before its letters, the reph
-behind its syllable. The source font's own lookups expect just that order once a shaper for Indic scripts has moved
+after its syllable. The source font's own lookups expect just that order once a shaper for Indic scripts has moved
 the characters about. So the built font turns codes back into the source's nominal glyphs, and then applies the
 source's lookups in the order of the Indic features, all under one feature that every script has switched on. Half
 forms, conjuncts, the twelve widths of the short i, the shortened u: all are picked as the source picks them.
@@ -26,7 +26,7 @@ VIRAMA_GLYPH = "uni094D"
 NUKTA_GLYPH = "uni093C"
 SHORT_I_GLYPH = "uni093F"
 REPH_GLYPH = "uni0930094D"
-# The reph alone and with what stands behind it in one glyph.
+# The reph alone and with what stands after it in one glyph.
 REPH_GLYPHS = {REPH_GLYPH: None, "uni0930094D0902": "uni0902", "uni0930094D0901": "uni0901"}
 # Draws nothing and is passed over like a mark.
 NO_GLYPH = "NullMark"
@@ -131,8 +131,8 @@ class Layout:
         return block("split_half", splits) + block("split_halves", rules)
 
     def join_viramas(self):
-        """A virama behind a letter that has no half form in the encoding, before another letter, joins the two;
-        behind the others it was asked for."""
+        """A virama after a letter that has no half form in the encoding, before another letter, joins the two;
+        after the others it was asked for."""
         have_half = texts_with_half_form(self.rows)
         without_half = {
             self.code_glyphs[row.code]
@@ -195,7 +195,7 @@ class Layout:
         )
 
     def move_i(self, full, half, either):
-        """A short i stands behind the last virama that is seen in its cluster."""
+        """A short i stands after the last virama that is seen in its cluster."""
         moves = [
             f"sub {SHORT_I_GLYPH}' lookup drop_i "
             + f"{half}' " * halves

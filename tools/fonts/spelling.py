@@ -1,5 +1,5 @@
 """Spells Unicode Devanagari in the 8-bit encoding, by the rules of the transliteration: longest glyphs first, the
-short i before its letters, the reph behind its syllable."""
+short i before its letters, the reph after its syllable."""
 
 import re
 from functools import lru_cache

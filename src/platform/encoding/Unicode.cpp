@@ -105,7 +105,7 @@ class UnicodeWriter {
             case GlyphKind::Form:
                 utf8_ += glyph.text;
                 last_ = &glyph;
-                lastHasNukta_ = parted_ = joins_ = false;
+                lastHasNukta_ = separated_ = joins_ = false;
                 vowel_ = 0;
                 break;
             case GlyphKind::Reph:
@@ -130,7 +130,7 @@ class UnicodeWriter {
     }
 
     void takeLetters(const Glyph& glyph) {
-        const bool apart = parted_ && wouldJoin(glyph);
+        const bool apart = separated_ && wouldJoin(glyph);
         if (apart) utf8_ += nonJoiner;
         if (!joins_ && cluster_ != none) endCluster();
         if (!joins_ || (apart && !shortI_)) cluster_ = utf8_.size();
@@ -141,7 +141,7 @@ class UnicodeWriter {
         last_ = &glyph;
         lastHasNukta_ = nukta_;
         joins_ = glyph.kind == GlyphKind::Half;
-        nukta_ = parted_ = false;
+        nukta_ = separated_ = false;
         vowel_ = 0;
     }
 
@@ -177,9 +177,9 @@ class UnicodeWriter {
     }
 
     void takeShortI() {
-        const bool parted = parted_;
+        const bool separated = separated_;
         endCluster();
-        parted_ = parted;
+        separated_ = separated;
         shortI_ = true;
     }
 
@@ -213,7 +213,7 @@ class UnicodeWriter {
         }
         if (!glyph.isVirama) endShortI();
         utf8_ += glyph.text;
-        joins_ = parted_ = glyph.isVirama && cluster_ != none;
+        joins_ = separated_ = glyph.isVirama && cluster_ != none;
         vowel_ = 0;
     }
 
@@ -231,7 +231,7 @@ class UnicodeWriter {
         endShortI();
         if (nukta_) utf8_ += nukta;
         cluster_ = none;
-        nukta_ = joins_ = parted_ = false;
+        nukta_ = joins_ = separated_ = false;
         vowel_ = 0;
     }
 
@@ -241,11 +241,11 @@ class UnicodeWriter {
     std::size_t cluster_ = none;   // where the consonants begin that the next reph is sounded before
     const Glyph* last_ = nullptr;  // the letters written last
     bool lastHasNukta_ = false;
-    bool joins_ = false;   // the next letter belongs to the cluster
-    bool parted_ = false;  // by a virama that is seen
-    bool shortI_ = false;  // to be written at the end of the cluster
-    bool nukta_ = false;   // to be written on the next letter
-    char32_t vowel_ = 0;   // the vowel or sign written last, if nothing follows it yet
+    bool joins_ = false;      // the next letter belongs to the cluster
+    bool separated_ = false;  // by a virama that is seen
+    bool shortI_ = false;     // to be written at the end of the cluster
+    bool nukta_ = false;      // to be written on the next letter
+    char32_t vowel_ = 0;      // the vowel or sign written last, if nothing follows it yet
 };
 
 }  // namespace

@@ -31,7 +31,7 @@ struct WideCharacter {
     char16_t unit = 0;
 };
 
-// Lines are parted by CR LF.
+// Lines are separated by CR LF.
 struct RichDocument {
     StyledText text;
     std::vector<RichRun> runs;  // together as long as the text

@@ -109,7 +109,7 @@ struct ClusterEnd {
     std::optional<Sound> bareConsonant = {};  // where the last glyph is a single letter without an added form
 };
 
-// Writes the forms of ya and ra, or a virama, that part a full glyph from the next one at `position`.
+// Writes the forms of ya and ra, or a virama, that stand between a full glyph and the next one at `position`.
 std::size_t writeAfterFull(Letters letters, std::size_t position, ClusterEnd& end, std::string& encoded) {
     for (; position < letters.size() && (letters[position] == ya || letters[position] == ra); ++position) {
         const bool isYa = letters[position] == ya;

@@ -58,7 +58,7 @@ class SyllableWriter {
 
     void takeMark(Sound mark) {
         switch (mark) {
-            case Sound::NuktaOrParting:
+            case Sound::NuktaOrSeparator:
                 if (state_ == State::Cluster) cluster_.addNukta();
                 break;
             case Sound::Virama:

@@ -1,6 +1,7 @@
 #include "platform/transliteration/MarkRoman.h"
 
 #include <array>
+#include <utility>
 
 namespace tolvan {
 namespace {

@@ -65,7 +65,7 @@ enum class Sound : std::uint8_t {
     Candrabindu,
     Visarga,
     Virama,
-    NuktaOrParting,  // after a consonant the nukta; after a vowel it only separates two spellings
+    NuktaOrSeparator,  // after a consonant the nukta; after a vowel it only separates two spellings
 };
 
 constexpr bool isConsonant(Sound sound) {
@@ -152,7 +152,7 @@ inline constexpr auto spellings = std::to_array<Spelling>({
     {"MM", Sound::Candrabindu},
     {"H", Sound::Visarga},
     {"q", Sound::Virama},
-    {"X", Sound::NuktaOrParting},
+    {"X", Sound::NuktaOrSeparator},
 });
 
 // Capitals that read as their small letter wherever no spelling of their own is meant.

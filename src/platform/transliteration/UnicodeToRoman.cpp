@@ -13,7 +13,7 @@
 namespace tolvan {
 namespace {
 
-constexpr std::size_t soundCount = static_cast<std::size_t>(Sound::NuktaOrParting) + 1;
+constexpr std::size_t soundCount = static_cast<std::size_t>(Sound::NuktaOrSeparator) + 1;
 constexpr auto noSound = static_cast<Sound>(soundCount);
 constexpr std::size_t consonantCount = static_cast<std::size_t>(Sound::EyelashRa) + 1;
 
@@ -63,7 +63,7 @@ bool beginsSpelling(std::string_view letters) {
 
 using NeighbourTable = std::array<std::array<Neighbours, soundCount>, soundCount>;
 
-// Of two sounds, the first and the one after it.
+// How the spellings of two sounds are read, one after the other.
 Neighbours neighboursOf(Sound first, Sound second) {
     static const NeighbourTable table = [] {
         NeighbourTable made{};
@@ -159,7 +159,7 @@ class SpelledCharacters {
         addLetter(Role::Mark, Sound::Candrabindu, glyph::candrabindu);
         addLetter(Role::Mark, Sound::Visarga, glyph::visarga);
         addLetter(Role::Virama, Sound::Virama, glyph::virama);
-        addLetter(Role::Nukta, Sound::NuktaOrParting, glyph::nukta);
+        addLetter(Role::Nukta, Sound::NuktaOrSeparator, glyph::nukta);
     }
 
     void addNuktaLetters() {
@@ -334,7 +334,7 @@ class RomanWriter {
         } else if (last_ == Sound::Ra) {
             makeEyelash();
         } else if (last_ != Sound::EyelashRa) {
-            roman_ += romanOfSound[index(Sound::NuktaOrParting)];
+            roman_ += romanOfSound[index(Sound::NuktaOrSeparator)];
             last_ = beforeLast_ = noSound;
         }
     }
@@ -427,7 +427,7 @@ class RomanWriter {
     }
 
     void writeSound(Sound sound) {
-        if (last_ != noSound && isMisread(sound)) part(sound);
+        if (last_ != noSound && isMisread(sound)) separate(sound);
         roman_ += romanOfSound[index(sound)];
         beforeLast_ = last_;
         last_ = sound;
@@ -441,9 +441,9 @@ class RomanWriter {
 
     // Consonants are separated by a virama; after anything else, and after the eyelash ra, the nukta's letter means
     // nothing else.
-    void part(Sound next) {
+    void separate(Sound next) {
         const bool inCluster = isConsonant(last_) && isConsonant(next) && last_ != Sound::EyelashRa;
-        roman_ += romanOfSound[index(inCluster ? Sound::Virama : Sound::NuktaOrParting)];
+        roman_ += romanOfSound[index(inCluster ? Sound::Virama : Sound::NuktaOrSeparator)];
         last_ = noSound;
     }
 

@@ -90,7 +90,7 @@ TEST(ReplaceFile, AnyCallThatFailsLeavesTheOldContentOrSaysNothingWrong) {
 TEST(ReplaceFile, AFailedSyncIsAFailedSave) {
     const TemporaryFolder folder;
     folder.write("f", "old");
-    callsUntilFailure = 4;  // behind open, fchmod and write
+    callsUntilFailure = 4;  // after open, fchmod and write
     errorOfFailure = EIO;
     EXPECT_EQ(replaceFile(folder / "f", "new"), EIO);
     EXPECT_EQ(folder.read("f"), "old");
