@@ -37,7 +37,7 @@ constexpr Text texts[] = {
     {"Show &hidden files", "लपलेल्या फाइली दाखव"},
     {"&New Folder", "नवीन फोल्डर"},
     {"New Folder", "नवीन फोल्डर"},
-    {"%1 already exists.\nDo you want to replace it?", "%1 ही फाइल आधीच आहे.\nतिच्याऐवजी हे प्रायोजन साठवायचे का?"},
+    {"%1 already exists.\nDo you want to replace it?", "%1 ही फाइल आधीच आहे.\nतिच्या जागी नवी साठवायची का?"},
     // Its list of files.
     {"Name", "नाव"},
     {"Size", "आकार"},

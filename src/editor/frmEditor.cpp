@@ -63,7 +63,7 @@ constexpr auto timer1Interval = 1500ms;
 constexpr auto recoveryInterval = 2s;
 
 constexpr std::string_view readyText = "tolvn beisk tyar Aahe"_deva;
-constexpr std::string_view notKeptText = "n sQvleLya bdla<cI àt Qevta AalI nahI"_deva;
+constexpr std::string_view notKeptText = "n saQvleLya bdla<cI àt Qevta AalI nahI"_deva;
 constexpr std::string_view lineText = "Aae¦ "_deva;
 constexpr std::string_view runsNextText = " Aata calel"_deva;
 constexpr std::string_view workingText = "q<k leon sué Aahe"_deva;
