@@ -69,9 +69,7 @@ int checkClass(const std::string& folder, const CheckRequest& request, Output& o
     onRequestToEnd([] { mustStop = 1; });  // the report of what there is comes all the same
     const Task task = readTask(request.task);
     const std::vector<HandIn> handIns = findHandIns(folder, request.task);
-    if (handIns.empty()) {
-        messages.writeLine(filled(texts::noHandIns, language, {folder}));
-    }
+    if (handIns.empty()) messages.writeLine(filled(texts::noHandIns, language, {folder}));
     std::optional<ResultCache> cache;
     const std::string cacheFolder = ResultCache::usualFolder();
     if (request.useCache && !cacheFolder.empty()) cache.emplace(cacheFolder, task, ownProgramFile());

@@ -398,7 +398,7 @@ constexpr Command commands[] = {
      NoFile::IsStandardInput, unicodeOption},
     {"unicode", "unicode [FILE]      font-encoded text to Unicode (UTF-8), line by line", showUnicode,
      NoFile::IsStandardInput},
-    {"roman", "roman [FILE]        Unicode Devanagari to Roman text; what is no Devanagari stays", showRoman,
+    {"roman", "roman [FILE]        Unicode Devanagari to Roman text; what is not Devanagari stays", showRoman,
      NoFile::IsStandardInput},
     {"program", "program FILE.tvp    the program text, Latin runs in braces", showProgram, NoFile::IsWrong,
      unicodeOption},
@@ -431,13 +431,10 @@ std::string usage() {
         text.append("  ").append(option.name).append("  ").append(option.usage).append(" (").append(takers(option)) +=
             ")\n";
     return text +
-           "\nFILE is \"-\" for standard input, which [FILE] stands for when it is left out; otherwise an ordinary "
-           "file of\n"
-           "up to 64 MiB.\n"
-           "Exit status: 0 ended or stopped itself, 1 script error or finding, 2 bad usage or unreadable file, 3 "
-           "stopped at a "
-           "limit of\n"
-           "time or output.\n";
+           "\nFILE is \"-\" for standard input, which [FILE] stands for when it is left out; otherwise an\n"
+           "ordinary file of up to 64 MiB.\n"
+           "Exit status: 0 ended or stopped itself, 1 script error or finding, 2 bad usage or unreadable file,\n"
+           "3 stopped at a limit of time or output.\n";
 }
 
 const Command& findCommand(const std::string& name) {

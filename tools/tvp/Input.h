@@ -6,6 +6,7 @@
 #include <optional>
 #include <string>
 #include <string_view>
+#include <unistd.h>
 #include <utility>
 
 namespace tolvan {
@@ -25,7 +26,7 @@ std::string readInput(const std::string& name);
 // Standard input, or another text, line by line.
 class LineReader {
   public:
-    LineReader() : input_(Descriptor::standard(0)) {}
+    LineReader() : input_(Descriptor::standard(STDIN_FILENO)) {}
     explicit LineReader(std::string text) : buffer_(std::move(text)) {}
 
     // The next line without its line end (LF or CR LF); nothing at the end of the input.
