@@ -9,33 +9,15 @@
 #include "runtime/host/RunModule.h"
 #include "translator/ProgramFile.h"
 #include "translator/ProgramText.h"
-#include "translator/Translator.h"
 
 #include <new>
+#include <optional>
+#include <utility>
 
 namespace tolvan::classroom {
 namespace {
 
 constexpr std::size_t mostPicture = std::size_t{12} << 20;  // bytes of a packed picture at its worst
-
-// A program's text as it can run, and what its script's names stand for.
-struct Loaded {
-    explicit Loaded(std::string_view file) {
-        program = ProgramText(readProgramFile(file).roman);
-        const std::string own = translator.Compile(program);
-        module = addLibrary(own, translator.variables());
-    }
-
-    std::string wordOf(std::string_view scriptName) const {
-        for (const auto& [word, name] : translator.variables())
-            if (name == scriptName) return word;
-        return {};
-    }
-
-    StyledText program;
-    Translator translator;
-    std::string module;
-};
 
 // The text of a line of the module that does nothing but print it; nothing for any other line.
 std::optional<std::string> printedByLine(std::string_view line) {
@@ -77,15 +59,15 @@ CaseRun::End endOf(const script::ErrorReport& report, const CaseConsole& console
     return CaseRun::End::Error;
 }
 
-void tellEnd(const script::ErrorReport& report, const Loaded& loaded, CaseConsole& console) {
+void tellEnd(const script::ErrorReport& report, const RunnableProgram& program, CaseConsole& console) {
     const CaseRun::End end = endOf(report, console);
     PackWriter pack;
     pack.number(static_cast<std::int64_t>(end));
     pack.number(report.number);
-    pack.number(loaded.translator.moduleLines().programLine(report.line));
+    pack.number(program.lines.programLine(report.line));
     const bool failed = end != CaseRun::End::Ended;
     pack.text(failed ? unicodeOf(guide::errorMessageText(report.number)) : "");
-    const auto wordOf = [&](std::string_view name) { return loaded.wordOf(name); };
+    const auto wordOf = [&](std::string_view name) { return program.wordOf(name); };
     const auto causeIn = [&](guide::In language) {
         std::string cause;
         if (end == CaseRun::End::Error)
@@ -101,7 +83,7 @@ void tellEnd(const script::ErrorReport& report, const Loaded& loaded, CaseConsol
     console.flush();
 }
 
-script::ErrorReport run(const Loaded& loaded, const CaseInput& input, const CaseLimits& limits,
+script::ErrorReport run(const RunnableProgram& program, const CaseInput& input, const CaseLimits& limits,
                         const std::string& folder, CaseConsole& console) {
     ConsoleObject object(console);
     object.scriptLibrary().setSeed(input.seed);
@@ -111,7 +93,7 @@ script::ErrorReport run(const Loaded& loaded, const CaseInput& input, const Case
     object.setFiles(std::move(files));
     script::Executor executor;
     executor.setMemoryLimit(limits.memoryBytes);
-    return runModule(executor, object, loaded.module);
+    return runModule(executor, object, program.module);
 }
 
 void readEnd(PackReader pack, CaseRun& run) {
@@ -133,12 +115,12 @@ CaseRun::End endBySignal(int signal) {
 
 }  // namespace
 
-void runCase(std::string_view program, const CaseInput& input, const CaseLimits& limits, const std::string& folder,
+void runCase(std::string_view file, const CaseInput& input, const CaseLimits& limits, const std::string& folder,
              const Descriptor& result) {
     try {
-        const Loaded loaded(program);
-        CaseConsole console(input, limits.outputBytes, questionsOf(loaded.module), result);
-        tellEnd(run(loaded, input, limits, folder, console), loaded, console);
+        const RunnableProgram program = runnableProgram(ProgramText(readProgramFile(file).roman));
+        CaseConsole console(input, limits.outputBytes, questionsOf(program.module), result);
+        tellEnd(run(program, input, limits, folder, console), program, console);
     } catch (const std::bad_alloc&) {
         PackWriter end;
         end.number(static_cast<std::int64_t>(CaseRun::End::Memory));

@@ -49,9 +49,9 @@ struct CaseRun {
     double seconds = 0;
 };
 
-// Runs a program, whose file has these bytes, in its folder, and writes what happens to `result` as it happens. For a
+// Runs a program, whose file has these bytes, in a folder, and writes what happens to `result` as it happens. For a
 // process of its own that has been confined.
-void runCase(std::string_view program, const CaseInput& input, const CaseLimits& limits, const std::string& folder,
+void runCase(std::string_view file, const CaseInput& input, const CaseLimits& limits, const std::string& folder,
              const Descriptor& result);
 
 // What such a process wrote before it ended, by the signal that ended it or 0.

@@ -118,13 +118,8 @@ void frmEditor::FileSheet() {
 
 // The names are those of the program that ran; the text is locked until it has ended.
 void frmEditor::runFailed(int line, const script::ErrorReport& error) {
-    const auto wordOf = [this](std::string_view scriptName) {
-        const VariableTable& names = translator_.variables();
-        const auto found =
-            std::find_if(names.begin(), names.end(), [&](const auto& pair) { return pair.second == scriptName; });
-        return found == names.end() ? std::string() : found->first;
-    };
     const StyledText program = txtProgram_->text();
+    const auto wordOf = [this](std::string_view scriptName) { return steps_->program().wordOf(scriptName); };
     guide::RunFailure failure = guide::runFailure(error, line, program, wordOf);
     if (error.column > 0) {
         const auto from = static_cast<std::size_t>(error.column - 1);

@@ -130,6 +130,11 @@ ScriptWords scriptWords(const VariableTable& names) {
     return words;
 }
 
+std::string RunnableProgram::wordOf(std::string_view scriptName) const {
+    const auto found = words.find(scriptName);
+    return found == words.end() ? std::string() : found->second;
+}
+
 RunnableProgram runnableProgram(StyledView program) {
     Translator translator;
     std::string module = translator.Compile(program);

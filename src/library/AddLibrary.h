@@ -23,8 +23,8 @@ std::string addLibrary(std::string module, const VariableTable& names);
 // library functions, all.
 int ownLines(std::string_view module);
 
-// What the script names of a program stand for, in font codes: where one stands for several words, these parted by
-// blanks.
+// What the script names of a program stand for, in font codes: where one stands for several words, these separated
+// by blanks.
 using ScriptWords = std::map<std::string, std::string, std::less<>>;
 ScriptWords scriptWords(const VariableTable& names);
 
@@ -32,6 +32,9 @@ struct RunnableProgram {
     std::string module;  // with the library's functions
     ModuleLines lines;   // of the program's own part
     ScriptWords words = {};
+
+    // What one script name stands for; empty for a name that is not the program's.
+    std::string wordOf(std::string_view scriptName) const;
 };
 RunnableProgram runnableProgram(StyledView program);
 

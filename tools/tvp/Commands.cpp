@@ -190,10 +190,7 @@ void tellInMarathi(const guide::RunFailure& failure, Output& messages) {
 // Both must outlive it.
 TellError marathiTeller(const RunnableProgram& program, const StyledText& text) {
     return [&](const script::ErrorReport& report, Output& messages) {
-        const auto wordOf = [&](std::string_view scriptName) {
-            const auto found = program.words.find(scriptName);
-            return found == program.words.end() ? std::string() : found->second;
-        };
+        const auto wordOf = [&](std::string_view scriptName) { return program.wordOf(scriptName); };
         const int line = program.lines.programLine(report.line);
         tellInMarathi(guide::runFailure(report, line, text, wordOf), messages);
     };

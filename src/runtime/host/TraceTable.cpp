@@ -16,15 +16,14 @@ std::string TraceTable::Column::internalTitle() const {
 }
 
 std::string TraceTable::wordOf(const std::string& scriptName) const {
-    const auto found = program_.words.find(scriptName);
-    return found == program_.words.end() ? "{" + scriptName + "}" : found->second;
+    std::string word = program_.wordOf(scriptName);
+    return word.empty() ? "{" + scriptName + "}" : word;
 }
 
 const std::vector<TraceTable::Column>& TraceTable::columns() {
     const auto& procedures = recording_.procedures();
     for (std::size_t i = std::max<std::size_t>(knownProcedures_, 1); i < procedures.size(); ++i) {
-        const bool isFunction = program_.words.contains(procedures[i].name);
-        const std::string function = isFunction ? wordOf(procedures[i].name) : std::string();
+        const std::string function = program_.wordOf(procedures[i].name);
         for (std::size_t place = 0; place < procedures[i].variables.size(); ++place)
             if (!procedures[i].variables[place].empty())
                 columns_.push_back({wordOf(procedures[i].variables[place]), function, i, place});

@@ -40,16 +40,18 @@ const std::vector<ValueTable::Row>& ValueTable::read(std::size_t mostLevels) {
     rows_.clear();
     names_.clear();
     decltype(last_) now;
-    const auto wordOf = [this](const std::string& name) {
-        const auto found = program_.words.find(name);
-        return found == program_.words.end() ? std::string() : found->second;
-    };
     const std::size_t depth = inspection.depth();
     for (std::size_t level = 0; level < depth; ++level) {
         if (level >= mostLevels) level = depth - 1;
-        const std::string function = wordOf(inspection.procedure(level));
+        const std::string function = program_.wordOf(inspection.procedure(level));
         for (const script::InspectedVariable& variable : inspection.variables(level)) {
-            Row row{wordOf(variable.name), function, kindOf(variable.value), text_.of(variable.value), false, 0, level,
+            Row row{program_.wordOf(variable.name),
+                    function,
+                    kindOf(variable.value),
+                    text_.of(variable.value),
+                    false,
+                    0,
+                    level,
                     depth - level};
             if (row.kind == Kind::Array) row.elements = variable.value.array()->size;
             const std::pair place(depth - level, variable.name);
