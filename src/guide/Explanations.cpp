@@ -400,8 +400,9 @@ std::vector<StyledText> explain(const script::ErrorReport& error, const WordOfNa
     const int number = callsUnknown ? script::errors::undefinedProcedure : error.number;
     if (const Explanation* const explanation = findExplanation(number)) {
         lines.push_back(isEnglish ? latin(explanation->english) : shown(explanation->meaning));
-        lines.push_back(example(*explanation, isEnglish ? latin("Wrong:") : shown(wrongExample),
-                                isEnglish ? latin("right:") : shown(rightExample)));
+        if (explanation->wrong != explanation->right)
+            lines.push_back(example(*explanation, isEnglish ? latin("Wrong:") : shown(wrongExample),
+                                    isEnglish ? latin("right:") : shown(rightExample)));
     }
     return lines;
 }

@@ -23,7 +23,8 @@ namespace tolvan::guide {
 struct Explanation {
     std::int32_t number;
     std::string_view meaning;  // a sentence on the cause and one on the cure
-    std::string_view wrong;    // an example line of a program that fails so, and the same put right
+    std::string_view wrong;    // an example line of a program that fails so, and the same put right; equal where the
+                               // line is not to blame, and no example is shown
     std::string_view right;
     std::string_view english;  // the meaning, for teachers who read no Marathi
 };
