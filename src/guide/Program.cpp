@@ -1,6 +1,7 @@
 #include "guide/Program.h"
 
 #include "library/LibraryWords.h"
+#include "platform/encoding/Ascii.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "translator/Keywords.h"
 
@@ -10,8 +11,6 @@
 
 namespace tolvan::guide {
 namespace {
-
-constexpr std::string_view lineEnd = "\r\n";
 
 // Looking for the nearest word takes longer than all else; a text of nothing but unknown words is no program.
 constexpr std::size_t mostSuggestions = 400;

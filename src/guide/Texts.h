@@ -29,7 +29,6 @@ inline constexpr std::string_view unopened = "{0} yA shabdAchI joDI nAhI. AdhI {
 inline constexpr std::string_view wrongEnd = "{0} hA vegaLA shevaT Ahe. ithe {1} lihA.";
 
 inline constexpr std::string_view missingWord = "yA oLIt {0} hA shabd nAhI. to lihA.";
-inline constexpr std::string_view missingBefore = "yA oLIt {1} yA shabdAAdhI {0} havA.";
 inline constexpr std::string_view endAlone = "saMpav yA shabdApuDhe kAy saMpate te lihA.";
 inline constexpr std::string_view loopName = "sAThI yA shabdAAdhI ek nAv lihA.";
 inline constexpr std::string_view tooDeep = "ithe khUp bhAg ekAt ek Ahet. kAhI bhAg upaprAyojanAt lihA.";

@@ -2,6 +2,7 @@
 
 #include "editor/panes/RomanBox.h"
 #include "guide/WordMending.h"
+#include "platform/encoding/Ascii.h"
 
 #include <QKeyEvent>
 
@@ -12,10 +13,6 @@ namespace tolvan {
 namespace {
 
 constexpr std::size_t longestLine = 4000;
-
-bool isLetter(char c) {
-    return (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z');
-}
 
 }  // namespace
 
