@@ -118,7 +118,7 @@ TEST(Inspection, AssignsVariablesAndElements) {
     Executor executor;
     executor.setWatched(true);
     Watcher console(executor);
-    console.action = [](Inspection inspection) {
+    console.action = [&executor](Inspection inspection) {
         const std::uint32_t place[] = {1, 0};
         const std::uint32_t outside[] = {2, 0};
         EXPECT_TRUE(inspection.assign(0, "X", {}, Value::text("set")));
@@ -128,6 +128,9 @@ TEST(Inspection, AssignsVariablesAndElements) {
         EXPECT_FALSE(inspection.assign(0, "x", place, Value::integer(7)));
         EXPECT_FALSE(inspection.assign(0, "nobody", {}, Value::integer(7)));
         EXPECT_FALSE(inspection.assign(3, "x", {}, Value::integer(7)));
+        executor.setMemoryLimit(executor.memoryUsed());
+        EXPECT_FALSE(inspection.assign(0, "x", {}, Value::text("no room")));
+        executor.setMemoryLimit(std::size_t{1} << 20);
     };
     EXPECT_EQ(outcome(executor, console,
                       "Dim g\nSub Main\nDim list(1, 1)\ncopy = list\nstops\nPrintString list(1, 0) & copy(1, 0) & g\n"

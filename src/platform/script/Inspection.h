@@ -41,8 +41,8 @@ class Inspection {
     // depth() is the variables outside procedures.
     std::vector<InspectedVariable> variables(std::size_t level) const;
 
-    // Assigns a variable of a level, or an element of it, as Let does. False if there is none, or after an error. Not
-    // for objects.
+    // Assigns a variable of a level, or an element of it, as Let does. False if there is none, after an error, or
+    // if the memory limit leaves no room. Not for objects.
     bool assign(std::size_t level, std::string_view name, std::span<const std::uint32_t> indexes, const Value& value);
 
   private:

@@ -81,23 +81,18 @@ bool Machine::assignVariable(std::size_t level, std::string_view name, std::span
     if (level > depth_ || name.empty() || value.isOneOf(bits(Type::Object, Type::Array))) return false;
     Value* const variable = findVariableOf(level, names_.intern(name));
     if (variable == nullptr) return false;
-    const Value assigned = value.is(Type::String) ? text(value.view()) : value;
+    if (!indexes.empty() && !variable->is(Type::Array)) return false;
     if (recorder_ != nullptr) recorder_->goOn();
-    if (indexes.empty()) {
-        if (recorder_ != nullptr) recorder_->noteAssigned(*variable, nullptr);
-        *variable = assigned;
-        return true;
-    }
     std::vector<Value> places;
     for (const std::uint32_t index : indexes) places.push_back(Value::number(index));
     try {
-        if (!variable->is(Type::Array)) return false;
-        Value& found = element(*variable, places);
-        if (recorder_ != nullptr) recorder_->noteAssigned(*variable, &found);
-        found = assigned;
+        const Value assigned = value.is(Type::String) ? text(value.view()) : value;
+        Value* const found = indexes.empty() ? nullptr : &element(*variable, places);
+        if (recorder_ != nullptr) recorder_->noteAssigned(*variable, found);
+        (found != nullptr ? *found : *variable) = assigned;
         return true;
     } catch (const ScriptError&) {
-        return false;
+        return false;  // no such element, or no memory
     }
 }
 
