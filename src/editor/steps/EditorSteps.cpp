@@ -159,7 +159,7 @@ void EditorSteps::showMoment(std::optional<std::uint64_t> row) {
     shown_ = table->moment(*row);
     const int line = table->programLine(*row);
     showLine(line);
-    console_->showMoment(table->callsAfter(*row));
+    if (console_) console_->showMoment(table->callsAfter(*row));
     panel_.setTitle(std::string(lineText) + std::to_string(line) + std::string(valuesAfter));
     panel_.model().show(shown_.values, {[this, at = *row](std::size_t place, std::size_t first, std::size_t most) {
                                             return trace() != nullptr && at >= trace_->firstRow() &&
