@@ -10,8 +10,8 @@
 
 namespace tolvan::guide {
 
-// The sounds of a word in Roman spelling. The last consonant has its a, typed or not; the mark that only parts
-// spellings is left out. A character that spells nothing stands for itself, after all sounds.
+// The sounds of a word in Roman spelling. The last consonant has its a, typed or not; the mark that only
+// separates spellings is left out. A character that spells nothing stands for itself, after all sounds.
 using Sounds = std::vector<unsigned char>;
 Sounds soundsOf(std::string_view roman);
 

@@ -1,7 +1,7 @@
 // What a program has done to its console, kept so that each earlier moment of it can be shown again without running
 // anything twice. Calls are numbered as ConsoleObject::callCount counts them.
 //
-// The log is parted into chapters, each of which begins with an empty display or with a copy of its picture, so that a
+// The log is divided into chapters, each of which begins with an empty display or with a copy of its picture, so that a
 // moment takes little drawing. It is bounded in bytes: the oldest chapters are given up.
 #pragma once
 

@@ -23,7 +23,7 @@ class FindingMarks : public QObject {
     FindingMarks(RomanBox& roman, ProgramBox& program, const RomanInput& input);
 
     void setFindings(const std::vector<guide::Finding>& findings);
-    // How the last run failed, behind the findings of its line.
+    // How the last run failed, after the findings of its line.
     void setRunFailure(const std::optional<guide::RunFailure>& failure);
     // Null if its line is not known.
     const guide::Finding* runFailure() const { return failure_ ? &*failure_ : nullptr; }

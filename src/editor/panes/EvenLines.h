@@ -16,7 +16,7 @@ class EvenLines : public QPlainTextDocumentLayout {
     QRectF blockBoundingRect(const QTextBlock& block) const override;
 
   protected:
-    // Lays out and paints the lines that now hold what was added. The base class looks for these lines behind the
+    // Lays out and paints the lines that now hold what was added. The base class looks for these lines after the
     // letters that went as well, and so paints everything when a line is replaced or coloured.
     void documentChanged(int from, int removed, int added) override;
 

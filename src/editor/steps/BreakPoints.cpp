@@ -32,7 +32,7 @@ void BreakPoints::setLines(std::set<int> lines) {
     emit changed();
 }
 
-// Lines that came or went did so behind the line of the place, or before it if the place is its start.
+// Lines that came or went did so after the line of the place, or before it if the place is its start.
 void BreakPoints::follow(int position, int, int) {
     const int more = roman_.lineCount() - std::exchange(lineCount_, roman_.lineCount());
     if (more == 0 || lines_.empty()) return;

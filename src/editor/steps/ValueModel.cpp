@@ -87,7 +87,7 @@ const ValueTable::Element* ValueModel::element(std::size_t row, std::size_t numb
     return place < page->second.size() ? &page->second[place] : nullptr;
 }
 
-// A function's own names stand behind its name; where it is active several times, behind the number of the call.
+// A function's own names stand after its name; where it is active several times, after the number of the call.
 std::string ValueModel::nameOf(const ValueTable::Row& row) const {
     if (row.function.empty()) return row.word;
     const bool isRepeated = std::any_of(rows_.begin(), rows_.end(), [&row](const ValueTable::Row& other) {
