@@ -1,8 +1,8 @@
 // How fast programs are translated and formatted, and that both stay linear.
 
 #include "platform/encoding/Deva.h"
+#include "platform/richtext/InternalText.h"
 #include "translator/Formatter.h"
-#include "translator/Styled.h"
 #include "translator/Translator.h"
 
 #include <array>
@@ -44,7 +44,7 @@ void bytesAndComplexity(benchmark::State& state, std::size_t bytes) {
 }
 
 void compile(benchmark::State& state, const std::string& text) {
-    const StyledText program = styled(text);
+    const StyledText program = styledText(text);
     Translator translator;
     for (auto _ : state) benchmark::DoNotOptimize(translator.Compile(program));
     bytesAndComplexity(state, program.size());

@@ -15,8 +15,7 @@ class MessageDialog : public FramedDialog {
     Q_OBJECT
   public:
     // The message: rich text with its backslashes and braces escaped, in which "\f1" switches to the Devanagari font
-    // and
-    // "\f0" to the Latin one, in which it begins. The box grows with it.
+    // and "\f0" to the Latin one, in which it begins. The box grows with it.
     void setMessage(std::string_view fragment);
 
   protected:

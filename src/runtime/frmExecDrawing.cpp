@@ -1,12 +1,12 @@
 // The part of frmExec that draws for a program, and that saves and copies the picture.
 #include "dialogs/Dialogs.h"
 #include "platform/encoding/Deva.h"
+#include "platform/filenames/FileName.h"
 #include "platform/files/ReplaceFile.h"
 #include "runtime/frmExec.h"
 
 #include <QBuffer>
 #include <QClipboard>
-#include <QFile>
 #include <QFileDialog>
 #include <QGuiApplication>
 
@@ -29,7 +29,7 @@ QByteArray pngOf(const QImage& picture) {
 // What is empty could not be made.
 bool writeFile(const QByteArray& content, const QString& path) {
     const std::string_view bytes(content.constData(), static_cast<std::size_t>(content.size()));
-    return !bytes.empty() && replaceFile(QFile::encodeName(path).toStdString(), bytes) == 0;
+    return !bytes.empty() && replaceFile(fileBytes(path), bytes) == 0;
 }
 
 }  // namespace
