@@ -17,6 +17,7 @@
 #include "editor/steps/EditorSteps.h"
 #include "library/AddLibrary.h"
 #include "platform/encoding/Deva.h"
+#include "platform/richtext/InternalText.h"
 #include "runtime/DataFiles.h"
 #include "runtime/frmExec.h"
 #include "translator/ProgramFile.h"
@@ -101,7 +102,7 @@ void frmEditor::FileSheet() {
     sheet.caption = document_.caption();
     sheet.roman = romanText();
     if (asked->withRun && console_) {
-        for (const std::string& line : console_->printedLines()) sheet.printed.push_back(styledOfInternal(line));
+        for (const std::string& line : console_->printedLines()) sheet.printed.push_back(styledText(line));
         sheet.picture = console_->drawnPicture();
     }
     const QFileInfo file(document_.path());

@@ -6,7 +6,6 @@
 #include "platform/encoding/Unicode.h"
 #include "platform/encoding/Utf8.h"
 #include "platform/encoding/Windows1252.h"
-#include "platform/richtext/InternalText.h"
 #include "platform/richtext/Letters.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "platform/transliteration/UnicodeToRoman.h"
@@ -251,12 +250,6 @@ bool isOfDevanagari(char32_t c) {
 
 void addSheet(const Sheet& sheet, SheetPages& document) {
     SheetWriter(sheet, document).write();
-}
-
-StyledText styledOfInternal(std::string_view text) {
-    StyledText line;
-    for (const InternalTextRun& run : InternalTextRuns(text)) line.append(run.text, run.font);
-    return line;
 }
 
 StyledText styledOfUnicode(std::string_view utf8) {

@@ -29,9 +29,6 @@ void addSheet(const Sheet& sheet, SheetPages& document);
 
 inline constexpr QSizeF sheetSize(595, 842);
 
-// A line in internal text form.
-StyledText styledOfInternal(std::string_view text);
-
 // Devanagari in the codes of its font, everything else in the Latin one; "?" for what neither has.
 StyledText styledOfUnicode(std::string_view utf8);
 

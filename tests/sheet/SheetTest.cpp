@@ -1,5 +1,6 @@
 // The sheets that are handed in on paper, as a reader of PDF files sees them.
 #include "host/TemporaryFolder.h"
+#include "platform/richtext/InternalText.h"
 #include "sheet/Sheet.h"
 #include "support/Folders.h"
 
@@ -37,7 +38,7 @@ TEST_F(SheetTest, HasTextThatIsFoundAndCopied) {
     sheet.date = "22-11-2026";
     sheet.caption = "kshetraphaL";
     sheet.roman = "suchanA rAShTrAche kArya\r\ndAkhav #\"x < y\"#\r\njar prakRitI barobar 1 tar\r\n";
-    sheet.printed = {styledOfInternal("kml{ - 5%}")};
+    sheet.printed = {styledText("kml{ - 5%}")};
     sheet.withRoman = sheet.withFindings = true;
     const std::string text = textOf(sheet);
     for (const char* const part :

@@ -1,7 +1,7 @@
 #include "editor/steps/Cells.h"
 
 #include "dialogs/Look.h"
-#include "sheet/Sheet.h"
+#include "platform/richtext/InternalText.h"
 
 #include <QPainter>
 
@@ -21,7 +21,7 @@ ControlText textOf(const QModelIndex& index) {
 }  // namespace
 
 StyledText lineOfInternalText(std::string_view internalText) {
-    return styledOfInternal(internalText.substr(0, internalText.find_first_of("\r\n")));
+    return styledText(internalText.substr(0, internalText.find_first_of("\r\n")));
 }
 
 ControlText controlTextOf(std::string_view internalText) {
