@@ -92,6 +92,11 @@ constexpr const char* styleSheetPattern = R"(
     }
     QTabBar::tab:selected { background: @paper; border-color: @frameActive; border-bottom-color: @paper; }
     QTabBar::tab:selected:focus { border-color: @focus; }
+    QSlider::groove:horizontal { background: @dimText; height: 0.2em; border-radius: 0.1em; }
+    QSlider::handle:horizontal {
+        background: @accent; border: 2px solid @footer; width: 0.7em; margin: -0.4em 0; border-radius: 0.3em;
+    }
+    QSlider::handle:horizontal:focus { border-color: @text; }
     QListWidget { outline: none; border: 2px solid @line; }
     QListWidget:focus { border-color: @focus; }
     QLineEdit, QComboBox { background: @paper; color: @text; border: 2px solid @line; padding: 0.1em 0.3em; }

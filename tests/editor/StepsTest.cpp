@@ -362,6 +362,9 @@ TEST_F(TraceTest, AnEarlierMomentIsShownAgain) {
     EXPECT_EQ(contentOf(path("trace.csv")).toStdString(), window().text(true));
     EXPECT_TRUE(contentOf(path("trace.pdf")).startsWith("%PDF"));
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(), window().text(false));
+    editor->unloadConsole();  // as for another program
+    choose(1);
+    EXPECT_THAT(shownValues(), ElementsAre("इ=१"));
     toFront();
     type("x");
     EXPECT_EQ(window().model().rowCount(), 0);
