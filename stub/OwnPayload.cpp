@@ -1,15 +1,15 @@
 #include "stub/OwnPayload.h"
 
+#include "platform/files/FilePath.h"
 #include "stub/ExecutableExtent.h"
 
-#include <filesystem>
 #include <fstream>
 #include <iterator>
 
 namespace tolvan {
 
 std::optional<Payload> payloadOf(const std::string& path) {
-    std::ifstream file(std::filesystem::path(path), std::ios::binary);
+    std::ifstream file(filePath(path), std::ios::binary);
     const auto extent = executableExtent(file);
     if (!extent) return std::nullopt;
     file.seekg(static_cast<std::streamoff>(*extent));

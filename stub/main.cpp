@@ -3,6 +3,7 @@
 #include "dialogs/Look.h"
 #include "dialogs/NoDisplay.h"
 #include "platform/encoding/Deva.h"
+#include "platform/files/FilePath.h"
 #include "platform/fonts/Fonts.h"
 #include "platform/process/OwnProgram.h"
 #include "runtime/DataFiles.h"
@@ -17,7 +18,6 @@
 
 #include <cstdint>
 #include <cstdlib>
-#include <filesystem>
 #include <fstream>
 #include <memory>
 #include <utility>
@@ -33,7 +33,7 @@ bool isWhole(const std::string& path) {
     std::string mark;
     for (const volatile char& c : seal.mark)
         if (c != '\0') mark += c;
-    std::ifstream file(std::filesystem::path(path), std::ios::binary);
+    std::ifstream file(tolvan::filePath(path), std::ios::binary);
     const auto check = tolvan::checkRuntime(file, mark);
     return check && check->checksum == seal.checksum;
 }

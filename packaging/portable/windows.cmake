@@ -19,6 +19,7 @@ set(CMAKE_FIND_ROOT_PATH_MODE_PACKAGE ONLY)
 # Programs that need nothing but what every Windows has, from Windows 10 on.
 add_compile_definitions(_WIN32_WINNT=0x0A00 WINVER=0x0A00 NTDDI_VERSION=0x0A000000 UNICODE _UNICODE NOMINMAX
                         WIN32_LEAN_AND_MEAN)
-set(CMAKE_EXE_LINKER_FLAGS_INIT "-static")
+# As much stack as on Linux: the depth of what programs nest is measured for that.
+set(CMAKE_EXE_LINKER_FLAGS_INIT "-static -Wl,--stack,16777216")
 
 set(CMAKE_CROSSCOMPILING_EMULATOR ${CMAKE_CURRENT_LIST_DIR}/wine)

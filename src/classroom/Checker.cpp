@@ -64,8 +64,6 @@ struct Checker::Job {
 };
 
 Checker::Checker(const Task& task, CheckOptions options) : task_(task), options_(std::move(options)) {
-    if (!ChildProcess::isPossible())
-        throw Problem{"या संगणकावर वर्ग तपासण्याची सोय अजून नाही", "on Windows a class cannot be checked yet"};
     options_.jobs = std::max(options_.jobs, 1U);
     solve();
 }
@@ -106,8 +104,9 @@ CaseRun Checker::runSolution(const TaskCase& own) {
     const std::string folder = workFolder_.makeFolder(task_.files);
     const CaseLimits& limits = task_.options.limits;
     ChildProcess child = ChildProcess::start(
-        [&](const Descriptor& result) { runCase(task_.solution, own.input, limits, folder, result); }, folder,
-        processLimits(limits));
+        ProcessWork{
+            .kind = ProcessWork::Kind::RunCase, .program = task_.solution, .input = own.input, .limits = limits},
+        folder, processLimits(limits));
     if (!child.isStarted()) throw cannotStart(errno);
     while (!child.isLate() && child.result().size() <= mostResult(limits)) {
         const bool isReady = ChildProcess::waitFor({&child}, patience).front();
@@ -130,19 +129,17 @@ CaseLimits Checker::limitsOf(const Job& job) const {
 }
 
 void Checker::startNext(Job& job) {
-    const std::string& program = job.bytes;
+    ProcessWork work{.program = job.bytes};
     if (!job.examined) {
+        work.start = task_.start;
         job.folder = workFolder_.makeFolder({});
-        job.child = ChildProcess::start(
-            [&](const Descriptor& result) { result.write(writeExamination(examine(program, task_.start))); },
-            job.folder, {examinationSeconds, 2 * engineMemory, 0});
+        job.child = ChildProcess::start(work, job.folder, {examinationSeconds, 2 * engineMemory, 0});
     } else {
-        const CaseInput& input = task_.cases[job.result.cases.size()].input;
-        const CaseLimits limits = limitsOf(job);
+        work.kind = ProcessWork::Kind::RunCase;
+        work.input = task_.cases[job.result.cases.size()].input;
+        work.limits = limitsOf(job);
         job.folder = workFolder_.makeFolder(task_.files);
-        job.child =
-            ChildProcess::start([&](const Descriptor& result) { runCase(program, input, limits, job.folder, result); },
-                                job.folder, processLimits(limits));
+        job.child = ChildProcess::start(work, job.folder, processLimits(work.limits));
     }
     if (!job.child.isStarted()) throw cannotStart(errno);
 }

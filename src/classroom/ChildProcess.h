@@ -2,11 +2,14 @@
 // terminal and no open file of its parent, and ends with it.
 #pragma once
 
+#include "classroom/ProcessWork.h"
 #include "classroom/Sandbox.h"
 #include "platform/files/Descriptor.h"
 
 #include <chrono>
+#include <cstdint>
 #include <functional>
+#include <optional>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,10 +20,13 @@ class ChildProcess {
   public:
     using Work = std::function<void(const Descriptor& result)>;
 
-    // Whether this system can have such processes; Windows not yet.
-    static bool isPossible();
+    // Does the work of a process, if the words of the command line say that the program was started for that. The
+    // result is its exit status. For the start of tvp.
+    static std::optional<int> runIfChild(const std::vector<std::string>& words);
 
     // Starts `work`, confined to `folder`, which is its working folder. errno says why where it does not start.
+    static ChildProcess start(const ProcessWork& work, const std::string& folder, const ProcessLimits& limits);
+    // The same for any work; on Linux only, where the process is a copy of this one.
     static ChildProcess start(const Work& work, const std::string& folder, const ProcessLimits& limits);
 
     ChildProcess() = default;
@@ -43,11 +49,14 @@ class ChildProcess {
 
     // After its end.
     double processorSeconds() const { return processorSeconds_; }
-    // The signal that ended it; 0: none.
+    // The signal that ended it, on Windows its exit status; 0: none.
     int signal() const { return signal_; }
 
   private:
-    int process_ = 0;
+    // By the clock it may take longer than the limit: other processes run, too.
+    void setLatest(const ProcessLimits& limits);
+
+    std::intptr_t process_ = 0;  // its number, or its handle
     Descriptor pipe_;
     std::string result_;
     std::chrono::steady_clock::time_point latest_;

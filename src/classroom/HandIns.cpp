@@ -4,6 +4,7 @@
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Utf8.h"
 #include "platform/files/FileEntry.h"
+#include "platform/files/FilePath.h"
 #include "platform/files/OpenFile.h"
 
 #include <algorithm>
@@ -59,7 +60,7 @@ std::vector<fs::path> programsBelow(const fs::path& folder, const fs::path& task
 }  // namespace
 
 std::vector<HandIn> findHandIns(const std::string& folder, const std::string& taskPath) {
-    const std::vector<fs::path> programs = programsBelow(folder, taskPath);
+    const std::vector<fs::path> programs = programsBelow(filePath(folder), filePath(taskPath));
     std::map<std::string, int> countInFolder;  // of the class's own folders
     for (const fs::path& program : programs) ++countInFolder[program.begin()->string()];
     std::vector<HandIn> handIns;
@@ -68,7 +69,7 @@ std::vector<HandIn> findHandIns(const std::string& folder, const std::string& ta
         const bool isAlone = isInFolder && countInFolder[program.begin()->string()] == 1;
         fs::path name = isAlone ? *program.begin() : program;
         if (!isAlone) name.replace_extension();
-        handIns.push_back({shownName(name), (fs::path(folder) / program).generic_string()});
+        handIns.push_back({shownName(name), (filePath(folder) / program).generic_string()});
     }
     std::sort(handIns.begin(), handIns.end(),
               [](const HandIn& a, const HandIn& b) { return std::pair(a.name, a.path) < std::pair(b.name, b.path); });

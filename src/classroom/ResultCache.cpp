@@ -1,5 +1,6 @@
 #include "classroom/ResultCache.h"
 
+#include "platform/files/FilePath.h"
 #include "platform/files/OpenFile.h"
 #include "platform/files/ReplaceFile.h"
 #include "platform/process/OwnProgram.h"
@@ -42,7 +43,8 @@ void removeOld(const std::string& folder) {
     constexpr std::chrono::hours month{24 * 30};
     const auto now = fs::file_time_type::clock::now();
     std::error_code failure;
-    for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end; entry.increment(failure)) {
+    for (fs::directory_iterator entry(filePath(folder), failure), end; !failure && entry != end;
+         entry.increment(failure)) {
         std::error_code ignored;
         const bool isOld = now - entry->last_write_time(ignored) > month;
         if (isOld && entry->path().extension() == suffix) fs::remove(entry->path(), ignored);
@@ -54,7 +56,7 @@ void removeOld(const std::string& folder) {
 ResultCache::ResultCache(std::string folder, const Task& task, const std::string& executable)
     : folder_(std::move(folder)), key_(longNameOf(task.fingerprint) + longNameOf(contentOf(executable))) {
     std::error_code ignored;
-    fs::create_directories(folder_, ignored);
+    fs::create_directories(filePath(folder_), ignored);
     removeOld(folder_);
 }
 

@@ -1,6 +1,7 @@
 #include "classroom/TarArchive.h"
 
 #include "classroom/Task.h"
+#include "platform/files/FilePath.h"
 
 #include <algorithm>
 #include <array>
@@ -80,7 +81,7 @@ std::optional<std::size_t> getNumber(std::string_view head, Field field) {
 std::string pathOf(std::string_view head) {
     const std::string_view folder = get(head, prefix);
     const std::string path = (folder.empty() ? "" : std::string(folder) + "/") + std::string(get(head, name));
-    return fs::path(path).lexically_normal().generic_string();
+    return filePath(path).lexically_normal().generic_string();
 }
 
 bool staysInside(const fs::path& path) {

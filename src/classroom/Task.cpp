@@ -2,6 +2,7 @@
 
 #include "classroom/TarArchive.h"
 #include "platform/encoding/Ascii.h"
+#include "platform/files/FilePath.h"
 #include "platform/files/OpenFile.h"
 
 #include <algorithm>
@@ -42,7 +43,7 @@ std::vector<NamedFile> filesOfFolder(const fs::path& folder) {
          place.increment(failure)) {
         const fs::path name = place->path().lexically_relative(folder);
         if (isHidden(name) || !place->is_regular_file(failure)) continue;
-        files.push_back({name.generic_string(), contentOf(place->path().string())});
+        files.push_back({name.generic_string(), contentOf(place->path().generic_string())});
         size += files.back().content.size();
         if (size > largestTask) throw cannotRead(folder.string(), EFBIG);
     }
@@ -105,7 +106,7 @@ class TaskMaker {
     }
 
     bool takeOfCase(NamedFile& file) {
-        const fs::path name(file.name);
+        const fs::path name = filePath(file.name);
         const std::string kind = name.extension().string();
         if (name.has_parent_path() || (kind != ".in" && kind != ".out" && kind != ".keys" && kind != ".picture"))
             return false;
@@ -160,7 +161,7 @@ double Task::points() const {
 
 Task readTask(const std::string& path) {
     std::error_code ignored;
-    fs::path place = fs::absolute(path, ignored).lexically_normal();
+    fs::path place = fs::absolute(filePath(path), ignored).lexically_normal();
     if (!place.has_filename()) place = place.parent_path();
     const std::string title = place.stem().string();
     if (fs::is_directory(place, ignored)) return TaskMaker(title, filesOfFolder(place)).make();

@@ -1,6 +1,7 @@
 #include "classroom/WorkFolder.h"
 
 #include "platform/files/FileEntry.h"
+#include "platform/files/FilePath.h"
 #include "platform/files/OpenFile.h"
 
 #include <cerrno>
@@ -37,17 +38,17 @@ WorkFolder::~WorkFolder() {
 }
 
 std::string WorkFolder::makeFolder(const std::vector<NamedFile>& files) {
-    const fs::path folder = fs::path(path_) / std::to_string(++made_);
+    const fs::path folder = filePath(path_) / std::to_string(++made_);
     std::error_code failure;
     fs::create_directory(folder, failure);
     if (failure) throw cannotWrite(folder.string(), failure.value());
-    for (const NamedFile& file : files) writeFile(folder / file.name, file.content);
+    for (const NamedFile& file : files) writeFile(folder / filePath(file.name), file.content);
     return folder.generic_string();
 }
 
 void WorkFolder::removeFolder(const std::string& folder) {
     std::error_code ignored;
-    fs::remove_all(folder, ignored);
+    fs::remove_all(filePath(folder), ignored);
 }
 
 }  // namespace tolvan::classroom

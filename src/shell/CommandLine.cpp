@@ -1,6 +1,7 @@
 #include "shell/CommandLine.h"
 
 #include "platform/encoding/Ascii.h"
+#include "platform/files/FilePath.h"
 #include "platform/files/PathLookup.h"
 
 #include <algorithm>
@@ -31,14 +32,14 @@ void forEachWord(std::string_view arguments, const WordCall& word) {
 
 bool isFile(const std::string& path) {
     std::error_code failure;
-    return fs::is_regular_file(path, failure);
+    return fs::is_regular_file(filePath(path), failure);
 }
 
 // Without "." and ".." parts, unless that leads elsewhere (past a link).
 std::string tidied(const std::string& path) {
     std::error_code failure;
-    std::string tidy = fs::path(path).lexically_normal().generic_string();
-    return fs::equivalent(path, tidy, failure) ? tidy : path;
+    std::string tidy = filePath(path).lexically_normal().generic_string();
+    return fs::equivalent(filePath(path), filePath(tidy), failure) ? tidy : path;
 }
 
 // The absolute path of a file that the user named; empty when there is none.
@@ -85,7 +86,7 @@ CommandLine parseCommandLine(std::string_view arguments, const CommandLineFolder
 std::string pathSpelling(std::string_view path) {
     std::error_code failure;
     std::string found = findPath(path);
-    return fs::exists(found, failure) ? found : std::string();
+    return fs::exists(filePath(found), failure) ? found : std::string();
 }
 
 std::string_view problemText(CommandLine::Problem problem) {

@@ -7,6 +7,7 @@
 #include "platform/encoding/Deva.h"
 #include "platform/filenames/FileName.h"
 #include "platform/files/FileEntry.h"
+#include "platform/files/FilePath.h"
 #include "platform/files/PathLookup.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/RtfWriter.h"
@@ -51,9 +52,8 @@ std::string aboutFile(const QString& path, std::string_view rest) {
 
 // One file, by whatever names.
 bool isSameFile(const QString& one, const QString& other) {
-    const auto path = [](const QString& name) { return std::filesystem::path(fileBytes(name)); };
     std::error_code missing;
-    return std::filesystem::equivalent(path(one), path(other), missing);
+    return std::filesystem::equivalent(filePath(fileBytes(one)), filePath(fileBytes(other)), missing);
 }
 
 bool mayBeReplaced(const QString& path) {

@@ -15,6 +15,10 @@ TEST(WindowsNames, RefusesWhatIsAnotherFileOrNone) {
                              "prog.tvp.", "prog.tvp ", "prog.tvp...", "a*",      "a?",         "a|b",
                              "a<b",       "a\"b",      "a\nb",        "a/b"})
         EXPECT_FALSE(isFileName(name)) << name;
+    std::string longest;
+    for (int i = 0; i < 255; ++i) longest += "\xE0\xA4\xAE";
+    EXPECT_TRUE(isFileName(longest));
+    EXPECT_FALSE(isFileName(longest + "k"));
 }
 
 TEST(WindowsNames, PartsTheRootFromTheNames) {

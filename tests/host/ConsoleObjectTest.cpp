@@ -153,6 +153,7 @@ TEST_F(DataFileTest, ReportsAFileThatDoesNotOpenAndGoesOn) {
     EXPECT_FALSE(std::filesystem::exists(folder / "f"));
 }
 
+#ifndef _WIN32
 TEST_F(DataFileTest, AsksTheConsoleAboutFilesElsewhere) {
     const std::string opening = "parentform.FileOpen \"{/dev/full}\",3\r\nparentform.FileWrite 1";
     EXPECT_EQ(run(opening), 52);
@@ -160,6 +161,7 @@ TEST_F(DataFileTest, AsksTheConsoleAboutFilesElsewhere) {
     console.allowsFiles = true;
     EXPECT_EQ(run(opening), 61) << "asked anew in the next run";
 }
+#endif
 
 TEST_F(DataFileTest, RaisesErrorsOfReadingAndWriting) {
     folder.write("f", "a\r\n");

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "platform/files/FileEntry.h"
+#include "platform/files/FilePath.h"
 
 #include <filesystem>
 #include <fstream>
@@ -18,7 +19,7 @@ class TemporaryFolder {
     TemporaryFolder() {
         const std::string name = makeTemporaryFolder("tolvan");
         if (name.empty()) throw std::runtime_error("no temporary folder");
-        path_ = name;
+        path_ = filePath(name);
     }
     TemporaryFolder(const TemporaryFolder&) = delete;
     TemporaryFolder& operator=(const TemporaryFolder&) = delete;
@@ -27,15 +28,15 @@ class TemporaryFolder {
         std::filesystem::remove_all(path_, ignored);
     }
 
-    std::string operator/(std::string_view name) const { return (path_ / name).generic_string(); }
+    std::string operator/(std::string_view name) const { return (path_ / filePath(name)).generic_string(); }
     std::string path() const { return path_.generic_string(); }
 
     void write(std::string_view name, std::string_view content) const {
-        std::ofstream(path_ / name, std::ios::binary) << content;
+        std::ofstream(path_ / filePath(name), std::ios::binary) << content;
     }
     std::string read(std::string_view name) const {
         std::ostringstream content;
-        content << std::ifstream(path_ / name, std::ios::binary).rdbuf();
+        content << std::ifstream(path_ / filePath(name), std::ios::binary).rdbuf();
         return std::move(content).str();
     }
 

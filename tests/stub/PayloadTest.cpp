@@ -104,6 +104,46 @@ TEST(ExecutableExtent, OfAStrippedRuntimeIsItsSize) {
     EXPECT_EQ(extentOf(contentOf(stripped) + "payload"), std::filesystem::file_size(stripped));
 }
 
+// A program of Windows in small: its headers, a section that is loaded, one that is not kept, and, unless it is
+// stripped, a symbol and its name.
+std::string windowsProgram(bool isStripped) {
+    std::string bytes(0x400, '\0');
+    const auto put = [&](std::size_t place, std::uint32_t number, std::size_t size = 4) {
+        for (std::size_t i = 0; i < size; ++i) bytes[place + i] = static_cast<char>(number >> (8 * i));
+    };
+    bytes.replace(0, 2, "MZ");
+    put(60, 0x80);
+    bytes.replace(0x80, 2, "PE");
+    put(0x86, 2, 2);     // sections
+    put(0x94, 0xF0, 2);  // the size of what stands before their table
+    const std::size_t table = 0x80 + 24 + 0xF0;
+    const std::uint32_t sections[2][4] = {{0x1F0, 0x200, 0x400, 0x60000020}, {0x80, 0x200, 0x600, 0x42000040}};
+    for (std::size_t i = 0; i < 2; ++i) {
+        constexpr std::size_t fields[] = {8, 16, 20, 36};
+        for (std::size_t k = 0; k < 4; ++k) put(table + 40 * i + fields[k], sections[i][k]);
+    }
+    bytes.append(0x200, 'c').append(0x200, 'd');
+    if (isStripped) return bytes;
+    put(0x8C, 0x800);
+    put(0x90, 1);
+    return bytes.append(18, 's').append("\x0A\0\0\0name_\0", 10);
+}
+
+TEST(ExecutableExtent, OfAProgramOfWindows) {
+    for (const bool isStripped : {true, false}) {
+        const std::string program = windowsProgram(isStripped);
+        EXPECT_EQ(extentOf(program), program.size());
+        EXPECT_EQ(extentOf(program + "payload"), program.size());
+        EXPECT_EQ(extentOf(program.substr(0, program.size() - 1)), std::nullopt);
+        std::istringstream file(program);
+        EXPECT_EQ(systemOfProgram(file), ProgramSystem::Windows);
+        const auto parts = loadedParts(file);
+        ASSERT_TRUE(parts && parts->size() == 1);
+        EXPECT_EQ(parts->front().start, 0x400U);
+        EXPECT_EQ(parts->front().size, 0x1F0U);
+    }
+}
+
 TEST(ExecutableExtent, RefusesWhatIsNoProgram) {
     for (const std::string& bytes : {std::string(),
                                      std::string("\x7f"
@@ -116,13 +156,13 @@ TEST(ExecutableExtent, RefusesWhatIsNoProgram) {
 }
 
 TEST(ExecutableExtent, SurvivesDamagedHeaders) {
-    const std::string head = contentOf(programFolder() + "/engine.dat").substr(0, 4096);
     std::mt19937 random(7);
-    for (int i = 0; i < 2000; ++i) {
-        std::string damaged = head;
-        for (int k = 0; k < 3; ++k) damaged[4 + random() % 1000] = static_cast<char>(random());
-        extentOf(damaged);
-    }
+    for (const std::string& head : {contentOf(programFolder() + "/engine.dat").substr(0, 4096), windowsProgram(false)})
+        for (int i = 0; i < 2000; ++i) {
+            std::string damaged = head;
+            for (int k = 0; k < 3; ++k) damaged[4 + random() % 1000] = static_cast<char>(random());
+            extentOf(damaged);
+        }
 }
 
 }  // namespace

@@ -3,6 +3,7 @@
 #include "classroom/Checker.h"
 #include "classroom/ReportTexts.h"
 #include "classroom/Reports.h"
+#include "platform/files/FilePath.h"
 #include "platform/files/ReplaceFile.h"
 #include "platform/process/Interruption.h"
 #include "platform/process/OwnProgram.h"
@@ -86,7 +87,7 @@ int checkClass(const std::string& folder, const CheckRequest& request, Output& o
 int makeTaskFile(const std::string& folder, Output& output) {
     const Task task = readTask(folder);
     const Checker checker(task, {});
-    std::filesystem::path place = std::filesystem::absolute(folder).lexically_normal();
+    std::filesystem::path place = std::filesystem::absolute(filePath(folder)).lexically_normal();
     if (!place.has_filename()) place = place.parent_path();
     const std::string name = place.filename().string() + ".task";
     writeReport(name, packOpenTask(task, checker.expectedLines(), checker.expectedPictures()));

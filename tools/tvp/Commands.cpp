@@ -7,6 +7,7 @@
 #include "platform/encoding/Ascii.h"
 #include "platform/encoding/Deva.h"
 #include "platform/encoding/Unicode.h"
+#include "platform/files/FileEntry.h"
 #include "platform/files/PathLookup.h"
 #include "platform/process/Interruption.h"
 #include "platform/richtext/InternalText.h"
@@ -33,7 +34,6 @@
 #include <cstring>
 #include <ctime>
 #include <deque>
-#include <filesystem>
 #include <functional>
 #include <limits>
 #include <new>
@@ -318,8 +318,7 @@ Value required(std::optional<Value> value, std::string_view option, std::string_
 
 void setFiles(Invocation& invocation, std::string_view value) {
     const bool isWord = value == "own" || value == "none" || value == "all";
-    if (!isWord && !std::filesystem::is_directory(value))
-        throw UsageFailure{"there is no folder " + std::string(value)};
+    if (!isWord && !isFolder(std::string(value))) throw UsageFailure{"there is no folder " + std::string(value)};
     invocation.limits.files = value;
 }
 

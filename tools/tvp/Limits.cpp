@@ -1,6 +1,7 @@
 #include "tvp/Limits.h"
 
 #include "platform/encoding/Ascii.h"
+#include "platform/files/FilePath.h"
 
 #include <charconv>
 #include <filesystem>
@@ -47,9 +48,9 @@ std::optional<std::uint64_t> readMilliseconds(std::string_view text) {
 ReachableFiles Limits::filesOf(const std::string& programFile) const {
     using Reach = ReachableFiles::Reach;
     if (files != "own" && files != "none" && files != "all") return ReachableFiles(files);
-    const fs::path folder = programFile == "-" ? fs::path() : fs::path(programFile).parent_path();
+    const fs::path folder = programFile == "-" ? fs::path() : filePath(programFile).parent_path();
     const Reach reach = files == "own" ? Reach::Folder : files == "none" ? Reach::Nothing : Reach::Everything;
-    return ReachableFiles(folder.empty() ? "." : folder.string(), reach);
+    return ReachableFiles(folder.empty() ? "." : folder.generic_string(), reach);
 }
 
 }  // namespace tolvan

@@ -17,7 +17,6 @@ namespace tolvan::classroom {
 namespace {
 
 constexpr int resultNumber = 3;  // the first after the standard ones
-constexpr std::size_t pieceSize = std::size_t{64} << 10;
 
 void closeAllFrom(unsigned first) {
     if (::syscall(SYS_close_range, first, ~0U, 0) == 0) return;
@@ -60,8 +59,12 @@ double secondsOf(const timeval& time) {
 
 }  // namespace
 
-bool ChildProcess::isPossible() {
-    return true;
+std::optional<int> ChildProcess::runIfChild(const std::vector<std::string>&) {
+    return std::nullopt;
+}
+
+ChildProcess ChildProcess::start(const ProcessWork& work, const std::string& folder, const ProcessLimits& limits) {
+    return start([&](const Descriptor& result) { doWork(work, folder, result); }, folder, limits);
 }
 
 ChildProcess ChildProcess::start(const Work& work, const std::string& folder, const ProcessLimits& limits) {
@@ -73,26 +76,8 @@ ChildProcess ChildProcess::start(const Work& work, const std::string& folder, co
     const pid_t parent = ::getpid();
     child.process_ = ::fork();
     if (child.process_ == 0) runChild(work, ends[1], parent, folder, limits);
-    // By the clock it may take longer: other processes run, too.
-    const auto patience = std::chrono::duration<double>(limits.seconds * 5 + 5);
-    child.latest_ = std::chrono::steady_clock::now() + std::chrono::duration_cast<std::chrono::milliseconds>(patience);
+    child.setLatest(limits);
     return child;
-}
-
-ChildProcess::ChildProcess(ChildProcess&& other) noexcept {
-    *this = std::move(other);
-}
-
-ChildProcess& ChildProcess::operator=(ChildProcess&& other) noexcept {
-    if (this == &other) return *this;
-    end();
-    process_ = std::exchange(other.process_, 0);
-    pipe_ = std::move(other.pipe_);
-    result_ = std::move(other.result_);
-    latest_ = other.latest_;
-    processorSeconds_ = other.processorSeconds_;
-    signal_ = other.signal_;
-    return *this;
 }
 
 std::vector<bool> ChildProcess::waitFor(const std::vector<const ChildProcess*>& processes, int milliseconds) {
@@ -106,13 +91,8 @@ std::vector<bool> ChildProcess::waitFor(const std::vector<const ChildProcess*>& 
     return ready;
 }
 
-bool ChildProcess::read() {
-    const std::size_t before = result_.size();
-    return pipe_.read(result_, pieceSize) == 0 && result_.size() > before;
-}
-
 void ChildProcess::end() {
-    const pid_t process = std::exchange(process_, 0);
+    const auto process = static_cast<pid_t>(std::exchange(process_, 0));
     if (process <= 0) return;
     ::kill(-process, SIGKILL);
     ::kill(process, SIGKILL);

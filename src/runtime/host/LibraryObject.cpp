@@ -1,6 +1,7 @@
 #include "runtime/host/LibraryObject.h"
 
 #include "platform/encoding/Ascii.h"
+#include "platform/process/LocalTime.h"
 #include "platform/richtext/Letters.h"
 #include "platform/script/ScriptError.h"
 
@@ -166,9 +167,7 @@ double LibraryObject::secondsSinceStart() const {
 
 std::tm LibraryObject::localTime() const {
     const std::time_t now = simulatedStart_ ? *simulatedStart_ + static_cast<std::time_t>(waited_) : std::time(nullptr);
-    std::tm local{};
-    localtime_r(&now, &local);
-    return local;
+    return localTimeOf(now);
 }
 
 Value LibraryObject::timeText(Arguments&) {

@@ -2,6 +2,7 @@
 
 #include "platform/encoding/Ascii.h"
 #include "platform/files/FileEntry.h"
+#include "platform/files/FilePath.h"
 #include "platform/files/OpenFile.h"
 #include "platform/files/PathLookup.h"
 
@@ -24,7 +25,7 @@ FileUse useOf(DataFileMode mode) {
 }
 
 bool isNamedAsProgram(const std::string& path) {
-    const std::string suffix = lowerCase(fs::path(path).extension().string());
+    const std::string suffix = lowerCase(filePath(path).extension().string());
     return suffix == ".tvp" || suffix == ".exe" || runsByName(path);
 }
 
@@ -47,7 +48,7 @@ ReachableFiles::ReachableFiles(const std::string& folder, Reach reach) : folder_
 
 FileError ReachableFiles::open(const std::string& name, DataFileMode mode, Descriptor& file) {
     if (reach_ == Reach::Nothing) return FileError::PermissionDenied;
-    const fs::path wanted = (fs::path(folder_) / forwardSlashes(name)).lexically_normal();
+    const fs::path wanted = (filePath(folder_) / filePath(forwardSlashes(name))).lexically_normal();
     if (wanted == folder_ || wanted / "" == folder_) return FileError::PathAccess;
     const std::string path = findPath(wanted.generic_string());
     const bool isOwn = reach_ == Reach::Folder && path.starts_with(folder_) &&
@@ -61,7 +62,7 @@ FileError ReachableFiles::open(const std::string& name, DataFileMode mode, Descr
 
 FileError ReachableFiles::openOwn(const std::string& path, DataFileMode mode, Descriptor& file) {
     std::error_code ignored;
-    if (mode != DataFileMode::Read) fs::create_directories(folder_, ignored);
+    if (mode != DataFileMode::Read) fs::create_directories(filePath(folder_), ignored);
     file = openBeneath(folder_, path.substr(folder_.size()), useOf(mode));
     if (!file.isOpen())
         return errno == ELOOP || errno == EXDEV ? openOther(path, mode, file) : openFileError(errno, path);

@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <array>
+#include <numeric>
 
 namespace tolvan::windows {
 namespace {
@@ -32,6 +33,16 @@ bool isDevice(std::string_view name) {
     return isOneOf(devices, stem) || (isPort && isOneOf(ports, std::string_view(stem).substr(3)));
 }
 
+constexpr std::size_t longestName = 255;
+
+// Each character begins with a byte that does not continue another; one of four bytes counts twice.
+std::size_t sizeInUtf16(std::string_view text) {
+    return static_cast<std::size_t>(std::accumulate(text.begin(), text.end(), 0, [](int sum, char c) {
+        const auto byte = static_cast<unsigned char>(c);
+        return sum + (byte >= 0xF0 ? 2 : (byte & 0xC0U) == 0x80 ? 0 : 1);
+    }));
+}
+
 bool isKept(char c) {
     return static_cast<unsigned char>(c) < ' ' || std::string_view("<>:\"/\\|?*").find(c) != std::string_view::npos;
 }
@@ -52,7 +63,7 @@ bool isSlash(std::string_view path, std::size_t place) {
 }  // namespace
 
 bool isFileName(std::string_view name) {
-    return !name.empty() && !name.ends_with(' ') && !name.ends_with('.') &&
+    return !name.empty() && sizeInUtf16(name) <= longestName && !name.ends_with(' ') && !name.ends_with('.') &&
            std::none_of(name.begin(), name.end(), isKept) && !isDevice(name);
 }
 

@@ -8,8 +8,8 @@
 namespace tolvan::windows {
 
 // Whether a file of exactly this name can be in a folder. Not so: characters that the system keeps for itself, among
-// them the colon of a second stream of a file ("a.txt:b"); a blank or a full stop at the end, which it would drop; and
-// names of devices, whatever their ending ("con.txt").
+// them the colon of a second stream of a file ("a.txt:b"); a blank or a full stop at the end, which it would drop;
+// names of devices, whatever their ending ("con.txt"); and more than 255 units of UTF-16.
 bool isFileName(std::string_view name);
 
 // How many bytes are the drive or share at the start: "C:/" 3, "C:" 2, "//server/share/" 15; "/" 1.

@@ -1,6 +1,7 @@
 #include "platform/files/PathLookup.h"
 
 #include "platform/files/EntryNamed.h"
+#include "platform/files/FilePath.h"
 #include "platform/files/windows/FileNames.h"
 #include "platform/files/windows/SystemPath.h"
 
@@ -54,7 +55,7 @@ std::optional<std::string> entryNamed(const std::string& folder, const std::stri
 
 std::string realPath(const std::string& path) {
     std::error_code failure;
-    const std::filesystem::path absolute = std::filesystem::absolute(path, failure).lexically_normal();
+    const std::filesystem::path absolute = std::filesystem::absolute(filePath(path), failure).lexically_normal();
     const std::string whole = absolute.generic_string();
     const std::size_t root = windows::rootLength(whole);
     for (std::size_t end = whole.size(); end > root; end = whole.rfind('/', end - 1)) {

@@ -1,5 +1,6 @@
 #include "platform/files/ReplaceFile.h"
 
+#include "platform/files/FilePath.h"
 #include "platform/files/windows/SystemPath.h"
 
 #include <algorithm>
@@ -53,7 +54,8 @@ class Unfinished {
     }
 
     // The marks, rights and short name of the old file stay with the name where the file system can do that.
-    int putInPlace(const std::wstring& target, bool isThere) {
+    int putInPlace(const std::wstring& target, DWORD attributes) {
+        const bool isThere = attributes != INVALID_FILE_ATTRIBUTES;
         constexpr DWORD flags = REPLACEFILE_IGNORE_MERGE_ERRORS | REPLACEFILE_IGNORE_ACL_ERRORS;
         const bool isReplaced =
             isThere && ::ReplaceFileW(target.c_str(), path_.c_str(), nullptr, flags, nullptr, nullptr) != 0;
@@ -61,6 +63,7 @@ class Unfinished {
             ::MoveFileExW(path_.c_str(), target.c_str(), MOVEFILE_REPLACE_EXISTING | MOVEFILE_WRITE_THROUGH) == 0)
             return windows::lastErrorNumber();
         file_.close();
+        if (isThere) ::SetFileAttributesW(target.c_str(), attributes);
         return 0;
     }
 
@@ -84,10 +87,10 @@ std::wstring linkTarget(const std::wstring& path) {
 }
 
 // What is at the place, and whether it may be written.
-int look(const std::wstring& target, bool& isThere) {
-    const DWORD attributes = ::GetFileAttributesW(target.c_str());
-    isThere = attributes != INVALID_FILE_ATTRIBUTES;
-    if (!isThere) return ::GetLastError() == ERROR_FILE_NOT_FOUND ? 0 : windows::lastErrorNumber();
+int look(const std::wstring& target, DWORD& attributes) {
+    attributes = ::GetFileAttributesW(target.c_str());
+    if (attributes == INVALID_FILE_ATTRIBUTES)
+        return ::GetLastError() == ERROR_FILE_NOT_FOUND ? 0 : windows::lastErrorNumber();
     if ((attributes & FILE_ATTRIBUTE_DIRECTORY) != 0) return EISDIR;
     if ((attributes & FILE_ATTRIBUTE_DEVICE) != 0) return EINVAL;
     return (attributes & FILE_ATTRIBUTE_READONLY) != 0 ? EACCES : 0;
@@ -99,18 +102,19 @@ int replaceFile(const std::string& path, std::string_view content, unsigned) {
     const std::optional<std::wstring> place = windows::systemPath(path);
     if (!place) return errno;
     const std::wstring target = linkTarget(*place);
-    bool isThere = false;
-    if (const int error = look(target, isThere); error != 0) return error;
+    DWORD attributes = INVALID_FILE_ATTRIBUTES;
+    if (const int error = look(target, attributes); error != 0) return error;
     Unfinished unfinished;
     if (const int error = unfinished.create(folderOf(target)); error != 0) return error;
     if (const int error = unfinished.write(content); error != 0) return error;
-    return unfinished.putInPlace(target, isThere);
+    return unfinished.putInPlace(target, attributes);
 }
 
 void removeUnfinishedSaves(const std::string& folder) {
     namespace fs = std::filesystem;
     std::error_code failure;
-    for (fs::directory_iterator entry(folder, failure), end; !failure && entry != end; entry.increment(failure)) {
+    for (fs::directory_iterator entry(filePath(folder), failure), end; !failure && entry != end;
+         entry.increment(failure)) {
         if (!entry->path().filename().string().starts_with(unfinishedPrefix)) continue;
         const std::optional<std::wstring> place = windows::systemPath(entry->path().generic_string());
         // Does not open while somebody has it open for writing.

@@ -80,7 +80,6 @@ int errorNumber(DWORD error) {
             return EACCES;
         case ERROR_DISK_FULL:
         case ERROR_HANDLE_DISK_FULL:
-        case ERROR_DISK_QUOTA_EXCEEDED:
             return ENOSPC;
         case ERROR_TOO_MANY_OPEN_FILES:
             return EMFILE;

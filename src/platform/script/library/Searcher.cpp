@@ -26,12 +26,18 @@ Searcher::~Searcher() {
 std::size_t Searcher::find(std::string_view text, std::size_t from) const {
     if (from > text.size() || wanted_.size() > text.size() - from) return notFound;
     if (wanted_.empty()) return from;
+#ifdef __GLIBC__
     if (comparison_ == Comparison::Text) return scan(text, from, Forwards());
     const char* start = text.data() + from;
     const std::size_t size = text.size() - from;
     const void* found = wanted_.size() == 1 ? std::memchr(start, static_cast<unsigned char>(wanted_.front()), size)
                                             : memmem(start, size, wanted_.data(), wanted_.size());
     return found == nullptr ? notFound : static_cast<std::size_t>(static_cast<const char*>(found) - text.data());
+#else
+    if (comparison_ == Comparison::Text || wanted_.size() > 1) return scan(text, from, Forwards());
+    const std::size_t found = text.find(wanted_.front(), from);
+    return found == std::string_view::npos ? notFound : found;
+#endif
 }
 
 std::size_t Searcher::findLast(std::string_view text) const {

@@ -1,5 +1,7 @@
 #include "platform/script/text/Calendar.h"
 
+#include "platform/process/LocalTime.h"
+
 #include <chrono>
 #include <cmath>
 #include <ctime>
@@ -19,13 +21,7 @@ std::int64_t floorDivide(std::int64_t a, std::int64_t b) {
 
 std::tm localTime(std::chrono::system_clock::time_point now) {
     const std::time_t seconds = std::chrono::system_clock::to_time_t(now);
-    std::tm broken{};
-#ifdef _WIN32
-    localtime_s(&broken, &seconds);
-#else
-    localtime_r(&seconds, &broken);
-#endif
-    return broken;
+    return localTimeOf(seconds);
 }
 
 }  // namespace
