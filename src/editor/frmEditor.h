@@ -31,6 +31,7 @@ class ProblemPanel;
 class ProgramBox;
 class RomanBox;
 class Settings;
+class SheetPages;
 class SpeedSlider;
 class ValuePanel;
 class WindowFrame;
@@ -200,7 +201,9 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void showValues(bool shown);
     frmTrace& traceWindow();
     void saveTraceAsCsv();
+    void printTrace();
     void saveTraceAsPdf();
+    void addTraceTo(SheetPages& pages);
     void fillScript();
     void goToLine(int line);
 

@@ -5,7 +5,7 @@
 #include "editor/DocumentMessages.h"
 #include "editor/EditorStatusBar.h"
 #include "editor/FileDialogs.h"
-#include "editor/PrintSheet.h"
+#include "editor/PrintPages.h"
 #include "editor/TaskTrial.h"
 #include "editor/WholeFile.h"
 #include "editor/frmEditor.h"
@@ -106,7 +106,11 @@ void frmEditor::FileSheet() {
         sheet.picture = console_->drawnPicture();
     }
     const QFileInfo file(document_.path());
-    if (asked->toPrinter) return printSheet(sheet, file.fileName(), this);
+    if (asked->toPrinter) {
+        PaintedPages pages(sheetSize);
+        addSheet(sheet, pages);
+        return printPages(pages, file.fileName(), this);
+    }
     const QString folder = document_.path().isEmpty() ? startFolder() : file.absolutePath();
     const QString name = document_.path().isEmpty() ? QString() : file.completeBaseName();
     const QString chosen =

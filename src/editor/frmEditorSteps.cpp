@@ -5,6 +5,7 @@
 #include "editor/DocumentMessages.h"
 #include "editor/EditorStatusBar.h"
 #include "editor/FileDialogs.h"
+#include "editor/PrintPages.h"
 #include "editor/SpeedSlider.h"
 #include "editor/WholeFile.h"
 #include "editor/WindowPlace.h"
@@ -172,6 +173,7 @@ frmTrace& frmEditor::traceWindow() {
     trace_ = new frmTrace(
         *steps_, [this](const QKeyEvent& key) { return takesRunKey(key); }, this);
     connect(trace_, &frmTrace::csvWanted, this, &frmEditor::saveTraceAsCsv);
+    connect(trace_, &frmTrace::printWanted, this, &frmEditor::printTrace);
     connect(trace_, &frmTrace::pdfWanted, this, &frmEditor::saveTraceAsPdf);
     return *trace_;
 }
@@ -188,11 +190,21 @@ void frmEditor::saveTraceAsCsv() {
     if (!replaceFile(path, QByteArray::fromStdString(traceWindow().text(true)))) ShowMessage(messages::notSaved(path));
 }
 
+void frmEditor::addTraceTo(SheetPages& pages) {
+    addTable(traceWindow().sheet(StyledText(ReplaceRomanChars(document_.caption()), Font::Devanagari)), pages);
+}
+
+void frmEditor::printTrace() {
+    PaintedPages pages(sheetSize);
+    addTraceTo(pages);
+    printPages(pages, QFileInfo(document_.path()).fileName(), &traceWindow());
+}
+
 void frmEditor::saveTraceAsPdf() {
     const QString path = askTraceFile(document_.path(), QStringLiteral("PDF साठव..."), QStringLiteral("pdf"));
     if (path.isEmpty()) return;
     PdfDocument document(sheetSize);
-    addTable(traceWindow().sheet(StyledText(ReplaceRomanChars(document_.caption()), Font::Devanagari)), document);
+    addTraceTo(document);
     if (!replaceFile(path, document.bytes(QFileInfo(path).fileName().toUtf8()))) ShowMessage(messages::notSaved(path));
 }
 

@@ -9,10 +9,14 @@
 #include "platform/settings/Settings.h"
 #include "support/ScriptedUser.h"
 
+#include <QApplication>
 #include <QFile>
 #include <QLabel>
+#include <QLineEdit>
+#include <QPrintDialog>
 #include <QTemporaryDir>
 #include <QTest>
+#include <QTimer>
 #include <QWindow>
 
 #include <deque>
@@ -64,6 +68,19 @@ class EditorTest : public testing::Test {
         QFile opened(file);
         EXPECT_TRUE(opened.open(QIODevice::ReadOnly)) << qPrintable(file);
         return opened.readAll();
+    }
+
+    // The next print dialog prints into this file.
+    void printInto(const QString& file) const {
+        auto* const answerer = new QTimer(editor.get());
+        QObject::connect(answerer, &QTimer::timeout, [answerer, file] {
+            auto* const dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
+            if (dialog == nullptr) return;
+            answerer->deleteLater();
+            dialog->findChild<QLineEdit*>(QStringLiteral("filename"))->setText(file);
+            dialog->accept();
+        });
+        answerer->start(20);
     }
 
     void press(Qt::Key key, Qt::KeyboardModifiers modifiers = {}) const {

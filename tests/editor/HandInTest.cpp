@@ -10,7 +10,6 @@
 #include <QApplication>
 #include <QCheckBox>
 #include <QLineEdit>
-#include <QPrintDialog>
 #include <QProcess>
 #include <QPushButton>
 #include <QTimer>
@@ -75,15 +74,7 @@ TEST_F(PrintedSheet, ComesOutOfThePrinterAsItIsSaved) {
     editor->RunStart();
     user.files = {path("saved.pdf")};
     print([](frmSheet& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("cmdSave"))->click(); });
-    QTimer answerer;
-    QObject::connect(&answerer, &QTimer::timeout, [&] {
-        auto* const dialog = qobject_cast<QPrintDialog*>(QApplication::activeModalWidget());
-        if (dialog == nullptr) return;
-        answerer.stop();
-        dialog->findChild<QLineEdit*>(QStringLiteral("filename"))->setText(path("printed.pdf"));
-        dialog->accept();
-    });
-    answerer.start(20);
+    printInto(path("printed.pdf"));
     print([](frmSheet& dialog) { dialog.findChild<QPushButton*>(QStringLiteral("cmdPrint"))->click(); });
     const QImage saved = pictureOf(path("saved.pdf"));
     const QImage printed = pictureOf(path("printed.pdf"));

@@ -357,10 +357,11 @@ TEST_F(TraceTest, AnEarlierMomentIsShownAgain) {
     EXPECT_EQ(window().text(true),
               "line,text,इ\n1,इ साठी १ ते २ पर्यंत,१\n2,दाखव इ,१\n3,पुढचा इ,२\n2,दाखव इ,२\n3,पुढचा इ,३\n");
     user.files = {path("trace.csv"), path("trace.pdf")};
-    for (const char* button : {"cmdCsv", "cmdPdf", "cmdCopy"})
+    printInto(path("printed.pdf"));
+    for (const char* button : {"cmdCsv", "cmdPdf", "cmdPrint", "cmdCopy"})
         QTest::mouseClick(window().findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
     EXPECT_EQ(contentOf(path("trace.csv")).toStdString(), window().text(true));
-    EXPECT_TRUE(contentOf(path("trace.pdf")).startsWith("%PDF"));
+    for (const char* file : {"trace.pdf", "printed.pdf"}) EXPECT_TRUE(contentOf(path(file)).startsWith("%PDF")) << file;
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(), window().text(false));
     editor->unloadConsole();  // as for another program
     choose(1);

@@ -86,6 +86,7 @@ frmTrace::frmTrace(EditorSteps& steps, std::function<bool(const QKeyEvent&)> tak
       cmdUncover_(addButton("cmdUncover", "%Är daov"_deva)),
       cmdCopy_(addButton("cmdCopy", "àt"_deva)),
       cmdCsv_(addButton("cmdCsv", "saQv"_deva)),
+      cmdPrint_(addButton("cmdPrint", "DapŽ Ž Ž "_deva)),
       cmdPdf_(addButton("cmdPdf", "DapIl àt"_deva)),
       lblRow_(new QLabel(this)) {
     setObjectName(QStringLiteral("frmTrace"));
@@ -118,6 +119,7 @@ frmTrace::frmTrace(EditorSteps& steps, std::function<bool(const QKeyEvent&)> tak
     connect(cmdCopy_, &QPushButton::clicked, this,
             [this] { QGuiApplication::clipboard()->setText(QString::fromStdString(text(false))); });
     connect(cmdCsv_, &QPushButton::clicked, this, &frmTrace::csvWanted);
+    connect(cmdPrint_, &QPushButton::clicked, this, &frmTrace::printWanted);
     connect(cmdPdf_, &QPushButton::clicked, this, &frmTrace::pdfWanted);
     guess(false);
     model_.begin(steps_.programText());
@@ -164,7 +166,7 @@ void frmTrace::setUpLayout() {
     side->addSpacing(look::em(0.5));
     side->addWidget(columns);
     side->addWidget(lstColumns_, 1);
-    for (QPushButton* button : {cmdCopy_, cmdCsv_, cmdPdf_}) side->addWidget(button);
+    for (QPushButton* button : {cmdCopy_, cmdCsv_, cmdPrint_, cmdPdf_}) side->addWidget(button);
     lstColumns_->setFixedWidth(look::em(11));
     auto* const middle = new QHBoxLayout;
     middle->addWidget(tblTrace_, 1);

@@ -37,6 +37,7 @@ class frmTrace : public QWidget {
 
   signals:
     void csvWanted();
+    void printWanted();
     void pdfWanted();
 
   protected:
@@ -68,6 +69,7 @@ class frmTrace : public QWidget {
     QPushButton* cmdUncover_;
     QPushButton* cmdCopy_;
     QPushButton* cmdCsv_;
+    QPushButton* cmdPrint_;
     QPushButton* cmdPdf_;
     QLabel* lblRow_;
     bool isRefreshing_ = false;

@@ -1,4 +1,4 @@
-#include "editor/PrintSheet.h"
+#include "editor/PrintPages.h"
 
 #include "dialogs/Dialogs.h"
 #include "editor/DocumentMessages.h"
@@ -38,9 +38,7 @@ bool print(const PaintedPages& pages, QPrinter& printer) {
 
 }  // namespace
 
-void printSheet(const Sheet& sheet, const QString& name, QWidget* parent) {
-    PaintedPages pages(sheetSize);
-    addSheet(sheet, pages);
+void printPages(const PaintedPages& pages, const QString& name, QWidget* parent) {
     QPrinter printer(QPrinter::HighResolution);
     printer.setFullPage(true);
     printer.setDocName(name.isEmpty() ? QStringLiteral("Tolvan Basic") : name);
