@@ -244,7 +244,7 @@ CodeStore::Outcome CodeStore::enterLoop(const Instruction* head) {
         code.loops.push_back({pc, {}, 0, false});
         place = code.loops.end() - 1;
     }
-    const auto forget = [head, &data] { const_cast<Instruction*>(head)->a = 0; };
+    const auto forget = [head] { const_cast<Instruction*>(head)->a = 0; };
     if (place->isRefused) {
         forget();
         return Outcome::NotEntered;
