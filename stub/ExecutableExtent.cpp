@@ -158,7 +158,7 @@ std::optional<Program> readProgram(std::istream& stream) {
     const std::optional<ProgramSystem> system = systemOfProgram(stream);
     if (!system) return std::nullopt;
     NumberReader file(stream);
-    const std::optional<Program> program = *system == ProgramSystem::Linux ? readElf(file) : readPe(file);
+    std::optional<Program> program = *system == ProgramSystem::Linux ? readElf(file) : readPe(file);
     if (file.hasFailed() || !program || program->extent > file.fileSize()) return std::nullopt;
     for (const FilePart& part : program->loaded)
         if (part.start + part.size > file.fileSize()) return std::nullopt;

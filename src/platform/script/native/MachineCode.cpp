@@ -162,6 +162,7 @@ std::size_t CodeStore::bytes() const {
 
 std::vector<MachineCodeCount> CodeStore::counts() const {
     std::vector<MachineCodeCount> counts;
+    counts.reserve(operationCount);
     for (std::size_t i = 0; i < operationCount; ++i)
         counts.push_back({operationNames[i], data_->executed[i], data_->handedBack[i]});
     return counts;

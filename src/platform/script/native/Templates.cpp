@@ -139,7 +139,7 @@ void UnitCompiler::letGlobal() {
 
 std::optional<UnitCompiler::Gp> UnitCompiler::referredBy(std::uint32_t reg, std::uint8_t slot) {
     if (isUnboxed(kinds_[reg])) return std::nullopt;
-    const Gp variable = temporary64();
+    Gp variable = temporary64();
     cc_.cmp(tagOfSlot(reg), bits(Type::Reference));
     const Gp tag = temporary32();
     cc_.mov(tag, tagOfSlot(reg));
@@ -518,7 +518,8 @@ UnitCompiler::Comparison UnitCompiler::comparisonOf(Op op) {
 
 // Jumps where the relation holds, or where it does not. A comparison with what is no number (NaN) never holds, but for
 // "not equal".
-void UnitCompiler::jumpWhere(Relation relation, const Number& left, const Number& right, bool holds, Label target) {
+void UnitCompiler::jumpWhere(Relation relation, const Number& left, const Number& right, bool holds,
+                             const Label& target) {
     if (!isNumber(left.kind) || (left.isWhole() && right.isWhole())) {
         constexpr Condition conditions[] = {Condition::kE,  Condition::kNE, Condition::kL,
                                             Condition::kLE, Condition::kG,  Condition::kGE};
@@ -640,7 +641,7 @@ void UnitCompiler::forPrepare() {
 }
 
 // Jumps where the counter is past the limit, in the direction of the step.
-void UnitCompiler::leaveWherePast(const Number& counter, const Number& limit, const Number& step, Label target) {
+void UnitCompiler::leaveWherePast(const Number& counter, const Number& limit, const Number& step, const Label& target) {
     const Label down = cc_.newLabel();
     const Label inside = cc_.newLabel();
     if (step.isWhole()) {

@@ -18,14 +18,15 @@ namespace {
 struct ArrayOffsets {
     ArrayOffsets() {
         const ArrayCell cell;
-        const auto offset = [&cell](const void* field) {
-            return static_cast<std::int32_t>(static_cast<const char*>(field) - reinterpret_cast<const char*>(&cell));
+        const auto offset = [&cell](const auto& field) {
+            return static_cast<std::int32_t>(reinterpret_cast<const char*>(&field) -
+                                             reinterpret_cast<const char*>(&cell));
         };
-        references = offset(&cell.references);
-        count1 = offset(&cell.count1);
-        rank = offset(&cell.rank);
-        extents = offset(&cell.extents);
-        items = offset(&cell.items);
+        references = offset(cell.references);
+        count1 = offset(cell.count1);
+        rank = offset(cell.rank);
+        extents = offset(cell.extents);
+        items = offset(cell.items);
     }
     std::int32_t references;
     std::int32_t count1;
@@ -90,7 +91,7 @@ std::optional<UnitCompiler::Gp> UnitCompiler::elementOf(std::uint32_t array, std
     const Gp cell = temporary64();
     cc_.mov(cell, x86::ptr(holder, offsetof(Value, as)));
     const Label outside = exit(Exit::Why::Guard);
-    const Gp number = temporary64();
+    Gp number = temporary64();
     cc_.mov(number.r32(), whole(firstIndex));
     if (count == 1) {
         cc_.cmp(number.r32(), x86::dword_ptr(cell, offsets.count1));
@@ -173,7 +174,7 @@ void UnitCompiler::callProcedure() {
     const auto* slot = at()[1].word<const ProcedureSlot*>();
     const std::shared_ptr<const Procedure>& callee = slot->procedure;
     const void* inSlot = nullptr;  // where the code reads it
-    std::memcpy(&inSlot, &callee, sizeof inSlot);
+    std::memcpy(static_cast<void*>(&inSlot), static_cast<const void*>(&callee), sizeof inSlot);
     const bool isKnown = callee != nullptr && inSlot == callee.get();
     if (!isKnown || callee->parameterCount != at()->b || callee->checksArguments || callee->owner != nullptr)
         return interpret();

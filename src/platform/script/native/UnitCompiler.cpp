@@ -283,7 +283,7 @@ Label UnitCompiler::exitAt(std::uint32_t pc, Exit::Why why) {
     return aside([this, &made] { writeExit(made); });
 }
 
-void UnitCompiler::guard(Condition fails, Label otherwise) {
+void UnitCompiler::guard(Condition fails, const Label& otherwise) {
     cc_.j(fails, otherwise);
     if (around_.failCountdown == nullptr) return;
     cc_.dec(x86::dword_ptr(address(around_.failCountdown)));
@@ -322,7 +322,7 @@ UnitCompiler::Mem UnitCompiler::slotOf(std::uint32_t reg) const {
 UnitCompiler::Mem UnitCompiler::payload(std::uint32_t reg) const {
     return x86::ptr(base_, offsetOf(reg) + payloadOffset);
 }
-UnitCompiler::Gp UnitCompiler::address(const void* of) {
+UnitCompiler::Gp UnitCompiler::fixedAddress(const void* of) {
     const Gp made = temporary64();
     cc_.mov(made, pointer(of));
     return made;

@@ -104,7 +104,7 @@ class UnitCompiler {
     Label exit(Exit::Why why, std::uint8_t slot = 0, const Gp* seen = nullptr, std::uint32_t wouldBe = 0);
     Label exitAt(std::uint32_t pc, Exit::Why why);
     void writeExit(Exit& exit);
-    void guard(Condition fails, Label otherwise);
+    void guard(Condition fails, const Label& otherwise);
     Label later(std::function<void()> then);
     Label aside(std::function<void()> then);
 
@@ -117,7 +117,11 @@ class UnitCompiler {
     Mem tagOfSlot(std::uint32_t reg) const;
     Mem slotOf(std::uint32_t reg) const;
     Mem payload(std::uint32_t reg) const;
-    Gp address(const void* of);
+    Gp fixedAddress(const void* of);
+    template <class T>
+    Gp address(const T* of) {
+        return fixedAddress(static_cast<const void*>(of));
+    }
     static asmjit::Imm pointer(const void* to) { return asmjit::imm(reinterpret_cast<std::uintptr_t>(to)); }
     void overwrite(std::uint32_t reg);
     void setWhole(std::uint32_t reg, Kind kind, const Gp& number);
@@ -150,8 +154,8 @@ class UnitCompiler {
     };
     static Comparison comparisonOf(Op op);
     bool comparable(std::uint32_t left, std::uint32_t right, bool isConstant, Number& first, Number& second);
-    void jumpWhere(Relation relation, const Number& left, const Number& right, bool holds, Label target);
-    void leaveWherePast(const Number& counter, const Number& limit, const Number& step, Label target);
+    void jumpWhere(Relation relation, const Number& left, const Number& right, bool holds, const Label& target);
+    void leaveWherePast(const Number& counter, const Number& limit, const Number& step, const Label& target);
     Gp dividedByConstant(const Number& left, std::int32_t divisor, bool wantsQuotient);
     void loadFrom(const Gp& variable, std::uint32_t guess);
     void storeTo(const Gp& variable, const Number& value);
