@@ -82,6 +82,7 @@ std::vector<HandInResult> run(const std::vector<HandIn>& handIns, const Request&
 
 std::vector<StyledText> printedLines(const PrintedExcerpt& printed) {
     std::vector<StyledText> lines;
+    lines.reserve(printed.first.size() + 1 + printed.last.size());
     for (const PrintedLine& line : printed.first) lines.push_back(styledOfUnicode(line.text));
     constexpr Language marathi = Language::Marathi;
     if (printed.leftOut > 0)
