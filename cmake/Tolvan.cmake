@@ -55,6 +55,35 @@ function(tolvan_qt_library name)
   tolvan_precompile(${name} <QAccessible> <QApplication> <QMainWindow> <QPainter> <QPlainTextEdit> <QTextBlock>)
 endfunction()
 
+# Where Qt is static, its plugins become part of the program.
+function(tolvan_link_plugins name)
+  get_target_property(kind Qt6::Gui TYPE)
+  if(kind STREQUAL STATIC_LIBRARY)
+    qt_finalize_target(${name})
+  endif()
+endfunction()
+
+# tolvan_program_with_windows(NAME DESCRIPTION)
+#
+# Declares that program NAME has windows. On Windows it gets no console then, but an icon, a version and what it asks of
+# the system.
+function(tolvan_program_with_windows name description)
+  if(WIN32)
+    set(folder ${CMAKE_SOURCE_DIR}/packaging/portable/windows)
+    set(own ${CMAKE_CURRENT_BINARY_DIR}/${name})
+    set(DESCRIPTION ${description})
+    set(MANIFEST ${folder}/program.manifest)
+    set(ICON ${CMAKE_BINARY_DIR}/tolbasic.ico)
+    string(REPLACE . , VERSION_NUMBERS ${PROJECT_VERSION},0)
+    configure_file(${folder}/program.rc.in ${own}.rc @ONLY)
+    set_source_files_properties(${own}.rc PROPERTIES OBJECT_DEPENDS "${ICON};${MANIFEST}")
+    target_sources(${name} PRIVATE ${own}.rc)
+    add_dependencies(${name} tolvan_icon)
+    set_target_properties(${name} PROPERTIES WIN32_EXECUTABLE ON)
+  endif()
+  tolvan_link_plugins(${name})
+endfunction()
+
 # tolvan_test(NAME SOURCES file... [LINKS target...])
 #
 # A GoogleTest program of one folder; windows are drawn off-screen. Each of its tests is a test of its own in ctest.

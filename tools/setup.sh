@@ -14,6 +14,7 @@ fi
 
 build_packages=(cmake ninja-build g++ qt6-base-dev libasmjit-dev libgtest-dev libgmock-dev libbenchmark-dev
     fonts-liberation2)
+cross_packages=(g++-mingw-w64-x86-64-posix wine64 googletest imagemagick) # for Windows, beside those
 
 say() { printf '==> %s\n' "$*"; }
 

@@ -12,8 +12,9 @@ const struct {
     const char* argument;
 } tools[] = {
     {"kinfocenter", nullptr},      {"gnome-control-center", "info-overview"},
-    {"cinnamon-settings", "info"}, {"hardinfo2", nullptr},
-    {"hardinfo", nullptr},         {"lshw-gtk", nullptr},
+    {"cinnamon-settings", "info"}, {"msinfo32", nullptr},
+    {"hardinfo2", nullptr},        {"hardinfo", nullptr},
+    {"lshw-gtk", nullptr},
 };
 
 }  // namespace

@@ -1,5 +1,6 @@
-// What the desktop asks of all applications: a light or a dark look, and more contrast or not. It is told over D-Bus,
-// by the settings portal, now and whenever the user changes it. Without such a desktop nothing is told.
+// What the desktop asks of all applications: a light or a dark look, and more contrast or not; now and whenever the
+// user changes it. On Linux the settings portal tells it over D-Bus, on Windows the registry. Without such a desktop
+// nothing is told.
 #pragma once
 
 #include "dialogs/LookColours.h"
@@ -8,14 +9,12 @@
 
 #include <memory>
 
-class QDBusVariant;
-class QThread;
-
 namespace tolvan {
 
 class DesktopLook : public QObject {
     Q_OBJECT
   public:
+    // From the event loop's next round on, it tells what differs from look::kindOfDesktop.
     DesktopLook();
     ~DesktopLook() override;
 
@@ -23,18 +22,8 @@ class DesktopLook : public QObject {
     // `kind` is not what look::kindOfDesktop says.
     void changed(look::Kind kind);
 
-  private slots:
-    void settingChanged(const QString& space, const QString& key, const QDBusVariant& value);
-
   private:
-    void listen();
-    void ask(const QString& key);
-    void take(const QString& key, const QVariant& value);
-
-    look::Kind start_;  // found when the application started
-    look::Kind preferred_ = start_;
-    bool highContrast_ = false;
-    std::unique_ptr<QThread> connector_;  // connects with the bus, which may take its time
+    std::unique_ptr<QObject> source_;  // hears of it from the system
 };
 
 }  // namespace tolvan

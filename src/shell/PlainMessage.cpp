@@ -1,6 +1,7 @@
 #include "shell/PlainMessage.h"
 
 #include "platform/fonts/Fonts.h"
+#include "platform/process/OwnProgram.h"
 
 #include <QApplication>
 #include <QMessageBox>
@@ -11,6 +12,7 @@ namespace tolvan {
 namespace {
 
 void show(QMessageBox::Icon icon, const QString& caption, QString text) {
+    if (tellTerminal(text.toStdString())) return;
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     QMessageBox box(icon, caption, text, QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);

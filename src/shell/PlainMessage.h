@@ -7,7 +7,8 @@
 
 namespace tolvan {
 
-// A plain box with an OK button, under the application's name. `text` is ASCII; lines are separated by CR LF.
+// A plain box with an OK button, under the application's name, or on Windows a line in the terminal that the
+// application was started from. `text` is ASCII; lines are separated by CR LF.
 void showPlainMessage(std::string_view text);
 
 // Whether the list of the screen's fonts has the two fonts that everything is shown in, each once.

@@ -10,7 +10,10 @@
 
 #include <gmock/gmock.h>
 #include <random>
+#include <sys/socket.h>
 #include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
 
 namespace tolvan {
 namespace {
@@ -129,6 +132,18 @@ TEST_F(StartTest, SplashGoesByItself) {
     const DrivenResult result = process_.run(programFolder() + "/tolbasic", {}, {"frmEditor close"});
     EXPECT_EQ(result.status, 0) << result.errors;
     EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), StartsWith(editorWindow)));
+}
+
+TEST_F(StartTest, ASessionBusThatNeverAnswersHoldsNothingUp) {
+    const std::string path = process_.folder() / "bus";
+    const int bus = ::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0);
+    sockaddr_un address = {AF_UNIX, {}};
+    ASSERT_LT(path.copy(address.sun_path, sizeof address.sun_path), sizeof address.sun_path);
+    ASSERT_EQ(::bind(bus, reinterpret_cast<const sockaddr*>(&address), sizeof address), 0);
+    ASSERT_EQ(::listen(bus, 5), 0);
+    process_.setEnvironment("DBUS_SESSION_BUS_ADDRESS", "unix:path=" + path);
+    EXPECT_EQ(start({}, {"frmEditor close"}).status, 0);
+    ::close(bus);
 }
 
 TEST_F(StartTest, KeepsTheTextWhenTheSystemEndsIt) {

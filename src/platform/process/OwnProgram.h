@@ -2,6 +2,7 @@
 #pragma once
 
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tolvan {
@@ -20,5 +21,10 @@ void prepareStandardStreams();
 
 // Whether somebody looks at what is written to this descriptor.
 bool isTerminal(int descriptor);
+
+// For a program with windows: writes a line, lines in it separated by CR LF, to the terminal that started it, or to
+// where its output was sent. False where there is neither: whoever started it from a desktop sees windows only, as on
+// Linux in any case.
+bool tellTerminal(std::string_view line);
 
 }  // namespace tolvan

@@ -27,4 +27,8 @@ bool isTerminal(int descriptor) {
     return ::isatty(descriptor) == 1;
 }
 
+bool tellTerminal(std::string_view) {
+    return false;
+}
+
 }  // namespace tolvan

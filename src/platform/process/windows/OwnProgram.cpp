@@ -41,4 +41,22 @@ bool isTerminal(int descriptor) {
     return ::GetConsoleMode(reinterpret_cast<HANDLE>(::_get_osfhandle(descriptor)), &mode) != 0;
 }
 
+// Such a program has no console; the one that started it may have one, which it has to ask for.
+bool tellTerminal(std::string_view line) {
+    const std::string text = std::string(line) + "\r\n";
+    DWORD written = 0;
+    const HANDLE sentTo = ::GetStdHandle(STD_OUTPUT_HANDLE);
+    if (sentTo != nullptr && ::GetFileType(sentTo) != FILE_TYPE_UNKNOWN &&
+        ::WriteFile(sentTo, text.data(), static_cast<DWORD>(text.size()), &written, nullptr) != 0)
+        return true;
+    if (::AttachConsole(ATTACH_PARENT_PROCESS) == 0) return false;
+    const HANDLE console =
+        ::CreateFileW(L"CONOUT$", GENERIC_READ | GENERIC_WRITE, FILE_SHARE_WRITE, nullptr, OPEN_EXISTING, 0, nullptr);
+    const std::wstring wide = windows::wideText(text).value_or(std::wstring());
+    const bool told = ::WriteConsoleW(console, wide.data(), static_cast<DWORD>(wide.size()), &written, nullptr) != 0;
+    ::CloseHandle(console);
+    ::FreeConsole();
+    return told;
+}
+
 }  // namespace tolvan

@@ -1,6 +1,4 @@
-#include "shell/DesktopLook.h"
-
-#include "dialogs/Look.h"
+#include "shell/linux/SettingsPortal.h"
 
 #include <QDBusConnection>
 #include <QDBusMessage>
@@ -8,7 +6,10 @@
 #include <QDBusPendingReply>
 #include <QDBusVariant>
 #include <QFile>
-#include <QThread>
+
+#include <chrono>
+#include <cstdio>
+#include <cstdlib>
 
 namespace tolvan {
 namespace {
@@ -19,6 +20,8 @@ const QString interface = QStringLiteral("org.freedesktop.portal.Settings");
 const QString appearance = QStringLiteral("org.freedesktop.appearance");
 const QString colourScheme = QStringLiteral("color-scheme");  // 1: dark, 2: light, 0: either
 const QString contrast = QStringLiteral("contrast");          // 1: higher
+
+constexpr std::chrono::milliseconds patience(200);  // with a bus that has not answered yet when the program ends
 
 // Asking for a bus that is not there would start one.
 bool hasBus() {
@@ -32,21 +35,34 @@ QVariant unwrapped(QVariant value) {
     return value;
 }
 
+// Qt waits for its connections when the process has left main(), for a silent bus without end. By then all of our own
+// is done: the process ends there with its status.
+void endWithoutWaiting() {
+    ::on_exit(
+        [](int status, void*) {
+            std::fflush(nullptr);
+            std::_Exit(status);
+        },
+        nullptr);
+}
+
 }  // namespace
 
 // A bus that answers late, or never, must not hold up the start.
-DesktopLook::DesktopLook() : start_(look::kindOfDesktop()) {
+SettingsPortal::SettingsPortal(DesktopLook& look) : look_(look) {
     if (start_ == look::Kind::Contrast || !hasBus()) return;
     connector_.reset(QThread::create([] { QDBusConnection::sessionBus(); }));
-    connect(connector_.get(), &QThread::finished, this, &DesktopLook::listen);
+    connect(connector_.get(), &QThread::finished, this, &SettingsPortal::listen);
     connector_->start();
 }
 
-DesktopLook::~DesktopLook() {
-    if (connector_) connector_->wait();
+SettingsPortal::~SettingsPortal() {
+    if (!connector_ || connector_->wait(QDeadlineTimer(patience))) return;
+    [[maybe_unused]] const QThread* const left = connector_.release();  // one that runs must not be deleted
+    endWithoutWaiting();
 }
 
-void DesktopLook::listen() {
+void SettingsPortal::listen() {
     QDBusConnection bus = QDBusConnection::sessionBus();
     if (!bus.isConnected()) return;
     qRegisterMetaType<QDBusVariant>();  // a slot whose types are not known by name yet cannot be connected
@@ -56,7 +72,7 @@ void DesktopLook::listen() {
     ask(contrast);
 }
 
-void DesktopLook::ask(const QString& key) {
+void SettingsPortal::ask(const QString& key) {
     QDBusMessage question = QDBusMessage::createMethodCall(service, object, interface, QStringLiteral("Read"));
     question << appearance << key;
     auto* const answer = new QDBusPendingCallWatcher(QDBusConnection::sessionBus().asyncCall(question), this);
@@ -67,17 +83,17 @@ void DesktopLook::ask(const QString& key) {
     });
 }
 
-void DesktopLook::settingChanged(const QString& space, const QString& key, const QDBusVariant& value) {
+void SettingsPortal::settingChanged(const QString& space, const QString& key, const QDBusVariant& value) {
     if (space == appearance) take(key, unwrapped(value.variant()));
 }
 
-void DesktopLook::take(const QString& key, const QVariant& value) {
+void SettingsPortal::take(const QString& key, const QVariant& value) {
     if (key == colourScheme)
         preferred_ = value.toUInt() == 1 ? look::Kind::Dark : value.toUInt() == 2 ? look::Kind::Light : start_;
     else if (key == contrast)
         highContrast_ = value.toUInt() == 1;
     const look::Kind kind = highContrast_ ? look::Kind::Contrast : preferred_;
-    if (kind != look::kindOfDesktop()) emit changed(kind);
+    if (kind != look::kindOfDesktop()) emit look_.changed(kind);
 }
 
 }  // namespace tolvan
