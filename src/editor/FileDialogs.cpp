@@ -21,13 +21,18 @@ QString asFileName(QString name) {
 }
 
 QString ask(const FileRequest& request, QFileDialog::AcceptMode mode) {
-    const QString filter = QStringLiteral("%1 (*.%2)").arg(request.kind, request.suffix);
+    const QList<FileKind> kinds = QList<FileKind>{{request.kind, request.suffix}} + request.otherKinds;
+    QStringList filters;
+    for (const FileKind& kind : kinds) filters << QStringLiteral("%1 (*.%2)").arg(kind.name, kind.suffix);
     const QPointer<QFileDialog> dialog =
-        new QFileDialog(QApplication::activeWindow(), request.title, request.folder, filter);
+        new QFileDialog(QApplication::activeWindow(), request.title, request.folder, filters.join(QLatin1String(";;")));
     dialog->setAcceptMode(mode);
     dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.asksBeforeReplacing);
     dialog->setDefaultSuffix(request.suffix);
+    QObject::connect(dialog, &QFileDialog::filterSelected, dialog, [&](const QString& filter) {
+        dialog->setDefaultSuffix(kinds.value(filters.indexOf(filter)).suffix);
+    });
     if (mode == QFileDialog::AcceptSave) dialog->selectFile(asFileName(request.name));
     // Where the dialog is Qt's own, its list would cut sizes and dates off.
     if (auto* list = dialog->findChild<QTreeView*>())
@@ -51,7 +56,9 @@ QString askSaveFile(const FileRequest& request) {
 
 QString startFolder() {
     QString application = QCoreApplication::applicationDirPath();
-    if (QFileInfo(application).isWritable()) return application;
+    // On Windows the folder of an installation, where nobody looks for programs, is the user's own.
+    const bool isInstalled = QFileInfo::exists(application + QStringLiteral("/uninstall.exe"));
+    if (QFileInfo(application).isWritable() && !isInstalled) return application;
     // A fresh account may have no such folder yet; the dialog would propose its name for the file.
     const QString documents = QStandardPaths::writableLocation(QStandardPaths::DocumentsLocation);
     return QFileInfo(documents).isDir() ? documents : QDir::homePath();
@@ -59,7 +66,7 @@ QString startFolder() {
 
 QString examplesFolder() {
     const QDir application(QCoreApplication::applicationDirPath());
-    for (const char* place : {"../../share/tolbasic/examples", "../../../examples"}) {
+    for (const char* place : {"examples", "../../share/tolbasic/examples", "../../../examples"}) {
         const QDir folder(application.filePath(QLatin1String(place)));
         if (folder.exists()) return folder.canonicalPath();
     }

@@ -3,9 +3,15 @@
 
 #include "dialogs/ReplacedAnswers.h"
 
+#include <QList>
 #include <QString>
 
 namespace tolvan {
+
+struct FileKind {
+    QString name;
+    QString suffix;
+};
 
 struct FileRequest {
     QString title;
@@ -14,15 +20,16 @@ struct FileRequest {
     QString folder;                   // where it begins
     QString name;                     // proposed; only for saving
     bool asksBeforeReplacing = true;  // an existing file; only for saving
+    QList<FileKind> otherKinds = {};  // that may be chosen in place of that one
 };
 
 // The chosen path; empty when the user cancelled. An existing file can be chosen for saving after a question only,
-// unless the request says otherwise; a name without a suffix gets the one of the request.
+// unless the request says otherwise; a name without a suffix gets the one of the chosen kind.
 QString askOpenFile(const FileRequest& request);
 QString askSaveFile(const FileRequest& request);
 
-// Where a file dialog begins: the application's folder; where a user cannot write, the one for documents, or the home
-// folder.
+// Where a file dialog begins: the application's folder; where a user cannot write, or a setup program has put it, the
+// one for documents, or the home folder.
 QString startFolder();
 
 // Where a user who has no programs yet finds some: the examples, installed or in the source tree. Empty if there are

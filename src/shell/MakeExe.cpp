@@ -20,6 +20,7 @@
 #include <QApplication>
 #include <QFileInfo>
 
+#include <algorithm>
 #include <filesystem>
 
 namespace tolvan {
@@ -37,11 +38,11 @@ constexpr std::string_view isProgramFile =
     "\\f1 hI àayaejnacI )a#l Aahe\\f0.\\f1 itCyavr ilihta yet nahI\\f0.\\f1 Êsre nav *a\\f0."_deva;
 constexpr std::string_view made = "\\f1Svt<Ç cal[are àayaejn tyar Hale\\f0: "_deva;
 
-// The runtime in the installation folder; empty when it is not there.
-QString engineFile(const Settings& settings) {
+// That runtime in the installation folder; empty when it is not there.
+QString engineFile(const Settings& settings, const char* runtime) {
     const QString folder = settings.GetSetting(QStringLiteral("Installation"), QStringLiteral("Directory"),
                                                QApplication::applicationDirPath());
-    const std::string wanted = forwardSlashes(fileBytes(folder)) + "/engine.dat";
+    const std::string wanted = forwardSlashes(fileBytes(folder)) + "/" + runtime;
     const QString found = fileName(findPath(wanted));
     return QFileInfo(found).isFile() ? found : QString();
 }
@@ -54,6 +55,12 @@ std::string aboutFile(const QString& path, std::string_view rest) {
 bool isSameFile(const QString& one, const QString& other) {
     std::error_code missing;
     return std::filesystem::equivalent(filePath(fileBytes(one)), filePath(fileBytes(other)), missing);
+}
+
+bool isRuntime(const Settings& settings, const QString& file) {
+    const auto runtimes = {ownRuntime, windowsRuntime.file, linuxRuntime.file};
+    return std::any_of(runtimes.begin(), runtimes.end(),
+                       [&](const char* runtime) { return isSameFile(file, engineFile(settings, runtime)); });
 }
 
 bool mayBeReplaced(const QString& path) {
@@ -75,6 +82,10 @@ std::optional<int> write(const QString& engine, const QString& source, const QSt
     return failure;
 }
 
+FileKind executablesFor(const OtherRuntime& runtime) {
+    return {QStringLiteral("Executable for %1").arg(QLatin1String(runtime.system)), QLatin1String(runtime.suffix)};
+}
+
 bool isUnsaved(const EditorDocument& document) {
     return document.isDirty() || document.path().isEmpty();
 }
@@ -88,19 +99,34 @@ void FileMakeEXE(mdlMain& application) {
     request.title = QStringLiteral("Make EXE as...");
     request.kind = QStringLiteral("Executable");
     request.suffix = QStringLiteral("exe");
+    // Where the runtime of the other system is at hand, either kind may be made, and the ending tells which.
+    const OtherRuntime* other = nullptr;
+    if (!engineFile(application.settings(), windowsRuntime.file).isEmpty())
+        other = &windowsRuntime;
+    else if (!engineFile(application.settings(), linuxRuntime.file).isEmpty())
+        other = &linuxRuntime;
+    if (other != nullptr) {
+        const FileKind own = executablesFor(other == &windowsRuntime ? linuxRuntime : windowsRuntime);
+        request.kind = own.name;
+        request.suffix = own.suffix;
+        request.otherKinds = {executablesFor(*other)};
+    }
     request.folder = QFileInfo(document.path()).absolutePath();
     request.name = toQString(document.caption());
     request.asksBeforeReplacing = false;  // MakeExe does
     const QString chosen = askSaveFile(request);
-    if (!chosen.isEmpty()) MakeExe(application, document.path(), chosen);
+    if (chosen.isEmpty()) return;
+    const bool isOther =
+        other != nullptr && QFileInfo(chosen).suffix().compare(QLatin1String(other->suffix), Qt::CaseInsensitive) == 0;
+    MakeExe(application, document.path(), chosen, isOther ? other->file : ownRuntime);
 }
 
-void MakeExe(mdlMain& application, const QString& source, const QString& executable) {
+void MakeExe(mdlMain& application, const QString& source, const QString& executable, const char* runtime) {
     if (!QFileInfo::exists(source)) return;
-    const QString engine = engineFile(application.settings());
+    const QString engine = engineFile(application.settings(), runtime);
     if (engine.isEmpty()) return ShowMessage(engineMissing);
     if (executable.endsWith(QLatin1String(".tvp"), Qt::CaseInsensitive) || isSameFile(executable, source) ||
-        isSameFile(executable, engine))
+        isRuntime(application.settings(), executable))
         return ShowMessage(aboutFile(executable, isProgramFile));
 
     std::optional<int> failure;

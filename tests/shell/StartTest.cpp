@@ -249,6 +249,17 @@ TEST_F(StartTest, TheMenuWritesAnExecutableBesideTheEditor) {
     EXPECT_GT(fs::file_size(process_.folder() / "n-v.exe"), fs::file_size(programFolder() + "/engine.dat"));
 }
 
+TEST_F(StartTest, TheEndingTellsForWhichSystemTheMenuMakesAnExecutable) {
+    process_.folder().write("engine.dat", "own");
+    process_.folder().write("engine-windows.dat", "other");
+    setInstallationFolder(process_.folder().path());
+    for (const char* name : {"", "for-others.EXE"})
+        start({"prog.tvp"}, {"frmEditor command FileMakeEXE", std::string("QFileDialog type ") + name,
+                             "frmMMsgbox click cmdOK", "frmEditor close"});
+    EXPECT_THAT(process_.folder().read("nAv.run"), StartsWith("own"));
+    EXPECT_THAT(process_.folder().read("for-others.EXE"), StartsWith("other"));
+}
+
 TEST_F(StartTest, AFailureWithoutAReasonIsToldAndTheMenuComesBackWithTheProgram) {
     process_.setEnvironment("LD_PRELOAD", TOLVAN_SILENT_DISK);
     process_.setEnvironment("ASAN_OPTIONS", "verify_asan_link_order=0");
@@ -269,8 +280,9 @@ TEST_F(StartTest, AFailureWithoutAReasonIsToldAndTheMenuComesBackWithTheProgram)
 TEST_F(StartTest, NoProgramFileBecomesAnExecutable) {
     fs::create_hard_link(process_.folder() / "Prog.tvp", process_.folder() / "Prog.exe");
     process_.folder().write("engine.dat", "runtime");
+    process_.folder().write("engine-linux.dat", "runtime");
     setInstallationFolder(process_.folder().path());
-    for (const char* name : {"Prog.exe", "OTHER.TVP", "engine.dat"}) {
+    for (const char* name : {"Prog.exe", "OTHER.TVP", "engine.dat", "engine-linux.dat"}) {
         const DrivenResult result =
             start({"prog.tvp"}, {"frmEditor command FileMakeEXE", std::string("QFileDialog type ") + name,
                                  "frmMMsgbox click cmdOK", "frmEditor close"});
