@@ -134,5 +134,39 @@ TEST(StepControl, RunsSlowlyAndPauses) {
     EXPECT_NEAR(std::chrono::duration<double>(clockNow.time_since_epoch()).count(), 1.7, 1e-3);
 }
 
+// At full speed it is machine code, which asks seldom; from the pause on each line is gone through.
+TEST(StepControl, PausesAProgramThatRunsAsMachineCode) {
+    class Pausing : public Stepper {
+      public:
+        Pausing(StepControl& steps, script::Executor& executor)
+            : Stepper(steps, "i i i i i"), steps_(steps), executor_(executor) {}
+        bool CheckForEvents() override {
+            for (const script::MachineCodeCount& count : executor_.machineCodeCounts()) executed += count.executed;
+            if (executed > 0 && stood.empty()) steps_.pause();
+            return running;
+        }
+        std::uint64_t executed = 0;
+
+      private:
+        StepControl& steps_;
+        script::Executor& executor_;
+    };
+    const StyledText text = ProgramText("jovar 1 lahAn 2 tovar\r\nA = A adhik 1\r\nB = A\r\nkar\r\n");
+    const RunnableProgram program = runnableProgram(text);
+    script::Executor executor;
+    executor.setMachineCode({.counts = true});
+    executor.setWatched(true);
+    StepControl steps;
+    Pausing console(steps, executor);
+    ConsoleObject object(console);
+    object.setSteps(&steps);
+    steps.begin(executor, program.lines);
+    if (!script::native::CodeStore::isAvailable()) steps.pause();
+    EXPECT_EQ(runModule(executor, object, program.module).number, 1001);
+    steps.end();
+    EXPECT_TRUE(std::string("2 3 4 2 3 4 2 3 4").find(console.stood) != std::string::npos) << console.stood;
+    EXPECT_EQ(console.stood.size(), 11U);
+}
+
 }  // namespace
 }  // namespace tolvan

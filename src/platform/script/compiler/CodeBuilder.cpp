@@ -13,7 +13,7 @@ constexpr std::uint32_t largestOperand = 0xffff;
 constexpr std::size_t longestCode = 0x3fffffff;  // offsets fit in 32 bits
 
 bool isJumpWithOffsetInside(Op op) {
-    return op == Op::Jump || op == Op::JumpIf || op == Op::JumpUnless || op == Op::Poll;
+    return op == Op::Jump || op == Op::JumpIf || op == Op::JumpUnless || op == Op::Poll || op == Op::PollAgain;
 }
 
 [[noreturn]] void refuse() {
@@ -60,8 +60,8 @@ void CodeBuilder::loopWithPoll(Op op, std::uint32_t a, std::uint32_t b, Label& t
     procedure_.code.push_back(procedure_.code[static_cast<std::size_t>(target.pc_) + 1]);
 }
 
-void CodeBuilder::poll(int* budget, Label& exhausted) {
-    const std::uint32_t pc = emitWithWord(Op::Poll, 0, 0, 0, budget);
+void CodeBuilder::poll(Op op, int* budget, Label& exhausted) {
+    const std::uint32_t pc = emitWithWord(op, 0, 0, 0, budget);
     exhausted.jumps_.push_back(pc);
     if (exhausted.isBound()) patch(pc, exhausted.pc_);
 }

@@ -42,8 +42,8 @@ class CodeBuilder {
     void loopWithPoll(Op op, std::uint32_t a, std::uint32_t b, Label& target);
     // Whether a label that is bound has a Poll already.
     bool isAtPoll(const Label& label) const;
-    // Emits a Poll, which jumps to `exhausted` when the budget is used up.
-    void poll(int* budget, Label& exhausted);
+    // Emits a Poll or PollAgain, which jumps to `exhausted` when the budget is used up.
+    void poll(Op op, int* budget, Label& exhausted);
     void bind(Label& label);
 
     // A statement begins; its instructions have no place in the line but what a CodePlace says.

@@ -70,6 +70,7 @@ namespace tolvan::script {
     X(JumpUnless, 1)        /* if R[a] is not True jump bc */ \
     X(Tick, 1)              /* watches the time in loops that do not poll */ \
     X(Poll, 2)              /* if the budget at pointer is above 0 count it down, else jump bc; + pointer */ \
+    X(PollAgain, 2)         /* jump bc if the budget at pointer is used up; with nothing but arithmetic since a Poll; + pointer */ \
     X(PollHost, 2)           /* R[a] = what the host answers to the poll; + pointer to HostMember */ \
     X(ForPrepare, 2)        /* R[a] = R[b+2], the start of a loop with the limit R[b] and the step R[b+1]; 13 or 94 if one is no number; jumps if there is no pass; + offset */ \
     X(ForNext, 2)           /* R[a] += step; jumps if not past the limit R[b]; + offset */ \

@@ -408,14 +408,16 @@ bool ProcedureCompiler::isIdlePoll(const Stmt& statement, std::uint32_t endLine)
     return endLine == endsIdly || (endLine != unknownLine && endLine != statement.line + 1);
 }
 
-// A second poll with nothing but arithmetic since the first would get the same answer, and is left out; but only where
-// the answer False ends the procedure, so that no code runs between the two.
+// A second poll with nothing but arithmetic since the first would get the same answer, and is left out, or only asks
+// where each line is looked at; but only where the answer False ends the procedure, so that no code runs between the
+// two.
 void ProcedureCompiler::poll(const HostMember* polled, const CallStmt& otherwise) {
-    if (lastPolled_ == polled && !module_.engine().keepsEveryPoll) return;
+    const bool isRepeated = lastPolled_ == polled;
+    if (isRepeated && !module_.engine().keepsEveryPoll) return;
     Label& asked = newLabel();
     Label& back = newLabel();
     code_.procedure().hasPolls = true;
-    code_.poll(polled->object->pollBudget(polled->member), asked);
+    code_.poll(isRepeated ? Op::PollAgain : Op::Poll, polled->object->pollBudget(polled->member), asked);
     code_.bind(back);
     addColdCode([this, polled, &otherwise, &asked, &back] {
         code_.bind(asked);

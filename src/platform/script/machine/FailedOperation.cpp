@@ -75,6 +75,7 @@ class RegisterNames {
             case Op::CallLate:
                 return note(at->a, spelled(at[1].word<LateUse>().name));
             case Op::Poll:
+            case Op::PollAgain:
             case Op::Tick:
                 return;
             default:

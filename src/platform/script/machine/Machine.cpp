@@ -53,13 +53,11 @@ void Machine::reset() {
 
 void Machine::setWatched(bool on) {
     isWatched_ = symbols_->keepsEveryPoll = on;
-    setMachineCode(machineCodeOptions_);
 }
 
-// What is watched is interpreted.
 void Machine::setMachineCode(const MachineCodeOptions& options) {
     machineCodeOptions_ = options;
-    const bool isOff = isWatched_ || options.hotAfter >= MachineCodeOptions::never || !native::CodeStore::isAvailable();
+    const bool isOff = options.hotAfter >= MachineCodeOptions::never || !native::CodeStore::isAvailable();
     hotPasses_ = isOff ? MachineCodeOptions::never : options.hotAfter;
     hotCalls_ = isOff ? std::numeric_limits<std::uint32_t>::max() : options.hotAfter;
 }

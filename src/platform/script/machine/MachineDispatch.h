@@ -340,6 +340,12 @@ Machine::Left Machine::execute() {
         if constexpr (isRecorded) recorder_->beginRow(*frame, pc);
         STEP(2);
     }
+    L_PollAgain:
+        if (*WORD(const int*) <= 0) [[unlikely]] {
+            STEP(pc->bc());
+        }
+        if constexpr (isRecorded) recorder_->beginRow(*frame, pc);
+        STEP(2);
     L_PollHost:
         frame->pc = pc + 2;
         switch (pollHost(*WORD(const HostMember*), A)) {

@@ -34,6 +34,7 @@ RegisterUse useOf(Op op) {
         case Op::Jump:
         case Op::Tick:
         case Op::Poll:
+        case Op::PollAgain:
         case Op::OnError:
         case Op::ClearError:
         case Op::Raise:
@@ -136,6 +137,7 @@ std::optional<std::int32_t> jumpOf(const Instruction* at) {
         case Op::JumpIf:
         case Op::JumpUnless:
         case Op::Poll:
+        case Op::PollAgain:
             return at->bc();
         case Op::ForPrepare:
         case Op::ForNext:

@@ -86,6 +86,8 @@ UnitCompiler::Template TemplateTable::of(Op op) {
             return &Code::tick;
         case Op::Poll:
             return &Code::poll;
+        case Op::PollAgain:  // it comes after a Poll that has let the script go on
+            return &Code::nothing;
         case Op::ForPrepare:
             return &Code::forPrepare;
         case Op::ForNextOne:

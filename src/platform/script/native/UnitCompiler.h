@@ -200,6 +200,7 @@ class UnitCompiler {
     void jumpOnValue();
     void tick();
     void poll();
+    void nothing() {}
     void forPrepare();
     void forNextOne();
     void forNext();
