@@ -4,6 +4,8 @@
 
 #include <benchmark/benchmark.h>
 #include <string>
+#include <utility>
+#include <vector>
 
 namespace {
 
@@ -71,14 +73,15 @@ BENCHMARK_CAPTURE(buildText, callers, "callers")
     ->Range(10'000, 1'000'000)
     ->Unit(benchmark::kMillisecond);
 
-// A loop of a million passes as the translator lays it out: as it is, with every poll kept for a host that may look,
-// and recorded. The last is to take at most ten times as long as the first.
-enum class Look { None, Watched, Recorded };
+// A counted loop as the translator lays it out, by how it is run: as it is, interpreted, with every poll kept for a
+// host that may look, and recorded. The last is to take at most ten times as long as the second.
+enum class Look { None, Interpreted, Watched, Recorded };
 
-void loop(benchmark::State& state, Look look) {
+void loop(benchmark::State& state, Look look, int passes, const char* start, const std::vector<const char*>& lines) {
     const std::string poll = "if not parentform.checkforevents then err.raise 1001\r\n";
-    const std::string module = "Sub Main()\r\n" + poll + "s = 0\r\n" + poll + "for i = 1 to 1000000\r\n" + poll +
-                               "s = s + i\r\n" + poll + "NEXT\r\nEnd Sub\r\n";
+    std::string module = "Sub Main()\r\n" + poll + start + "\r\n" + poll + "for i = 1 to " + std::to_string(passes);
+    for (const char* line : lines) module += "\r\n" + poll + line;
+    module += "\r\n" + poll + "NEXT\r\nEnd Sub\r\n";
     class Granting : public Host {
       public:
         script::Value call(int, script::Arguments&) override {
@@ -89,7 +92,8 @@ void loop(benchmark::State& state, Look look) {
     Granting host;
     script::Recording recording;
     script::Executor executor;
-    executor.setWatched(look != Look::None);
+    if (look == Look::Interpreted) executor.setMachineCode({.hotAfter = script::MachineCodeOptions::never});
+    executor.setWatched(look == Look::Watched);
     if (look == Look::Recorded) executor.setRecording(&recording);
     executor.addObject("ParentForm", host);
     executor.addCode(module);
@@ -99,9 +103,30 @@ void loop(benchmark::State& state, Look look) {
     }
     executor.setRecording(nullptr);
 }
-BENCHMARK_CAPTURE(loop, plain, Look::None)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(loop, watched, Look::Watched)->Unit(benchmark::kMillisecond);
-BENCHMARK_CAPTURE(loop, recorded, Look::Recorded)->Unit(benchmark::kMillisecond);
+
+void registerLoops() {
+    const struct {
+        const char* name;
+        int passes;
+        const char* start;
+        std::vector<const char*> lines;
+    } loops[] = {
+        {"numbers", 1'000'000, "s = 0", {"s = s + i"}},
+        {"branches", 1'000'000, "s = 0", {"if i mod 3 = 0 then", "s = s + i", "else", "s = s - 1", "end if"}},
+        {"shortTexts", 300'000, "s = 0", {"s = i & \"x\"", "t = s"}},
+        {"textKeptAndAppended", 20'000, "s = \"\"", {"t = s", "s = s & \"x\""}},
+        {"textPrepended", 20'000, "s = \"\"", {"s = \"x\" & s"}},
+    };
+    const std::pair<const char*, Look> looks[] = {{"plain", Look::None},
+                                                  {"interpreted", Look::Interpreted},
+                                                  {"watched", Look::Watched},
+                                                  {"recorded", Look::Recorded}};
+    for (const auto& one : loops)
+        for (const auto& [name, look] : looks)
+            benchmark::RegisterBenchmark((std::string("loop/") + one.name + '/' + name).c_str(), loop, look, one.passes,
+                                         one.start, one.lines)
+                ->Unit(benchmark::kMillisecond);
+}
 
 // A run as the console makes it: reset, load, run.
 void shortRun(benchmark::State& state) {
@@ -118,3 +143,9 @@ void shortRun(benchmark::State& state) {
 BENCHMARK(shortRun)->Unit(benchmark::kMillisecond);
 
 }  // namespace
+
+int main(int argumentCount, char** arguments) {
+    benchmark::Initialize(&argumentCount, arguments);
+    registerLoops();
+    benchmark::RunSpecifiedBenchmarks();
+}

@@ -105,6 +105,16 @@ While Len(text) < 20
 text = text + "ab"
 ' nothing
 Wend
+page = String(300, "p")
+For i = 1 To 3
+kept = page
+page = page & "z"
+page = i & page
+grow page, b(2), i + 1
+page = Left(page, 200) & i & Mid(page, 190)
+Next
+page = kept
+page = 7
 For Each e In b
 last = e
 Next

@@ -7,6 +7,7 @@
 
 #include <algorithm>
 #include <bit>
+#include <cstring>
 #include <limits>
 #include <utility>
 
@@ -48,7 +49,47 @@ bool isSame(const Value& one, const Value& other) {
 
 const Value nobody;
 
+// How many bytes two texts of one length begin with, or end with, that are the same.
+std::uint32_t sameStart(const char* one, const char* other, std::size_t size) {
+    std::size_t same = 0;
+    for (std::size_t block = 4096; block > 0; block /= 16)
+        while (same + block <= size && std::memcmp(one + same, other + same, block) == 0) same += block;
+    return static_cast<std::uint32_t>(same);
+}
+std::uint32_t sameEnd(const char* one, const char* other, std::size_t size) {
+    std::size_t same = 0;
+    for (std::size_t block = 4096; block > 0; block /= 16)
+        while (same + block <= size && std::memcmp(one + size - same - block, other + size - same - block, block) == 0)
+            same += block;
+    return static_cast<std::uint32_t>(same);
+}
+
 }  // namespace
+
+Recording::Difference Recording::Difference::between(std::string_view gone, std::string_view now) {
+    const std::size_t shorter = std::min(gone.size(), now.size());
+    Difference found;
+    found.start = sameStart(gone.data(), now.data(), shorter);
+    const std::size_t left = shorter - found.start;
+    found.end = sameEnd(gone.data() + gone.size() - left, now.data() + now.size() - left, left);
+    found.middle = gone.substr(found.start, gone.size() - found.start - found.end);
+    return found;
+}
+
+Recording::Difference Recording::Difference::readFrom(const Value& kept) {
+    Difference read;
+    std::memcpy(&read.start, kept.view().data(), sizeof read.start);
+    std::memcpy(&read.end, kept.view().data() + sizeof read.start, sizeof read.end);
+    read.middle = kept.view().substr(sizeof read.start + sizeof read.end);
+    return read;
+}
+
+Value Recording::Difference::toKeep() const {
+    std::string bytes(sizeof start + sizeof end, '\0');
+    std::memcpy(bytes.data(), &start, sizeof start);
+    std::memcpy(bytes.data() + sizeof start, &end, sizeof end);
+    return Value::text(bytes.append(middle));
+}
 
 // No limit: what the script holds is counted by the script's own heap.
 class Recording::OwnHeap {
@@ -112,6 +153,18 @@ void Recording::pushHeld(Place place, Value&& value) {
     change.value = std::move(value);
     while (held_ > mostHeld_ && rowEnd_ - rowBegin_ > 1) dropRow();
     if (held_ > mostHeld_) dropChanges(changeEnd_);
+}
+
+void Recording::keepDifference(const Value& now) {
+    Change& change = changeAt(changeEnd_ - 1);
+    if (change.kind != Kind::Value || !change.value.is(Type::String) || !now.is(Type::String)) return;
+    const std::string_view gone = change.value.view();
+    const Difference difference = Difference::between(gone, now.view());
+    if (difference.middle.size() > gone.size() / 2) return;
+    held_ -= sizeOf(change.value);
+    change.value = difference.toKeep();
+    change.kind = Kind::Part;
+    held_ += sizeOf(change.value);
 }
 
 // Doubles the ring or, where that would be too much, gives up the oldest row.
@@ -194,6 +247,8 @@ void Recording::undo(Change& change) {
     switch (change.kind) {
         case Kind::Value:
             return swapValue(change);
+        case Kind::Part:
+            return swapPart(change);
         case Kind::Growth: {
             Value& text = valueAt({change.number, change.element});
             const auto length = static_cast<std::size_t>(change.value.as.c);
@@ -220,6 +275,8 @@ void Recording::redo(Change& change) {
     switch (change.kind) {
         case Kind::Value:
             return swapValue(change);
+        case Kind::Part:
+            return swapPart(change);
         case Kind::Growth: {
             Value& text = valueAt({change.number, change.element});
             if (!text.is(Type::String)) text = Value::text({});
@@ -239,6 +296,18 @@ void Recording::redo(Change& change) {
 
 void Recording::swapValue(Change& change) {
     change.value.swap(valueAt({change.number, change.element}));
+}
+
+void Recording::swapPart(Change& change) {
+    Value& text = valueAt({change.number, change.element});
+    const Difference there = Difference::readFrom(change.value);
+    if (!text.is(Type::String) || text.view().size() < std::size_t{there.start} + there.end) return;  // not kept
+    const std::string_view now = text.view();
+    const Difference after{there.start, there.end, now.substr(there.start, now.size() - there.start - there.end)};
+    std::string before(now.substr(0, there.start));
+    before.append(there.middle).append(now.substr(now.size() - there.end));
+    change.value = after.toKeep();
+    text = Value::text(before);
 }
 
 Value& Recording::valueAt(Place place) {
@@ -310,6 +379,10 @@ bool Recording::isChanged(std::size_t level, std::size_t place) const {
         }
         if (change.kind == Kind::Growth) {
             if (!now.is(Type::String) || now.view().size() != static_cast<std::size_t>(change.value.as.c)) return true;
+        } else if (change.kind == Kind::Part) {
+            const Difference part = Difference::readFrom(change.value);
+            const std::size_t stayed = std::size_t{part.start} + part.end;
+            if (!part.middle.empty() || !now.is(Type::String) || now.view().size() != stayed) return true;
         } else if (!isSame(change.value, now)) {
             return true;
         }

@@ -18,6 +18,7 @@
 #include <functional>
 #include <memory>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace tolvan::script {
@@ -97,6 +98,7 @@ class Recording {
     enum class Kind : std::uint8_t {
         Value,   // an old value
         Growth,  // a text had this length before something was appended; while undone, what was appended
+        Part,    // see Difference: what a text had between a start and an end that stayed; while undone, what it gets
         Enter,   // number: of the first register, element: the procedure
         Leave,   // the same; the values that died come before it
         // Those of a procedure that was left stand at the beginning of the next row.
@@ -106,6 +108,16 @@ class Recording {
         std::uint32_t number = 0;
         std::uint32_t element = whole;
         Kind kind = Kind::Value;
+    };
+    // Of two long texts that are mostly the same; kept as a text.
+    struct Difference {
+        std::uint32_t start = 0;  // bytes that are the same
+        std::uint32_t end = 0;
+        std::string_view middle;  // of the one that is not there
+
+        static Difference between(std::string_view gone, std::string_view now);
+        static Difference readFrom(const Value& kept);
+        Value toKeep() const;
     };
     struct Row {
         std::uint64_t firstChange;
@@ -139,6 +151,8 @@ class Recording {
         return changeAt(changeEnd_++);
     }
     void pushHeld(Place place, Value&& value);
+    // The old text of the last change is gone from its variable, which holds `now`.
+    void keepDifference(const Value& now);
     void makeRoom();
     void growRows();
     void dropRow();
@@ -155,6 +169,7 @@ class Recording {
     void undo(Change& change);
     void redo(Change& change);
     void swapValue(Change& change);
+    void swapPart(Change& change);
     Value& valueAt(Place place);
     const Value& valueAt(Place place) const;
     Place placeOf(std::size_t level, std::size_t place) const;

@@ -6,6 +6,8 @@
 
 #include <algorithm>
 #include <array>
+#include <iterator>
+#include <utility>
 
 namespace tolvan::script {
 
@@ -36,6 +38,7 @@ constexpr Target targetOf(Op op) {
         case Op::JumpUnless:
         case Op::Tick:
         case Op::Poll:
+        case Op::PollAgain:
         case Op::PollHost:
         case Op::EachPrepare:
         case Op::EachNext:
@@ -114,6 +117,8 @@ Value encoded(std::uint32_t number, std::uint32_t element) {
 }
 
 constexpr std::size_t mostElementPlaces = 4096;
+// Longer texts are worth a look at what has changed in them.
+constexpr std::size_t longText = 256;
 
 }  // namespace
 
@@ -162,6 +167,7 @@ void Recorder::beginRow(const Frame& frame, const Instruction* pc) {
 
 // Of the line where the innermost procedure is.
 void Recorder::addRow() {
+    settle();
     Recording& to = recording_;
     const Recording::Call& call = to.frames_.back();
     if (to.rowEnd_ - to.rowBegin_ == to.rows_.size()) to.growRows();
@@ -194,6 +200,7 @@ void Recorder::entered(const Frame& frame) {
 
 // The last values of the variables are the beginning of what follows.
 void Recorder::leaving(const Frame& frame) {
+    settle();
     Recording& to = recording_;
     if (!frame.procedure->hasPolls || to.frames_.empty()) return;
     if (to.isOpen_) {
@@ -222,7 +229,12 @@ Value Recorder::kept(const Value& value) {
 }
 
 void Recorder::noteAt(Place place, const Value& value) {
-    if (value.isOneOf(Value::heapTypes | bits(Type::Reference))) return recording_.pushHeld(place, kept(value));
+    if (value.isOneOf(Value::heapTypes | bits(Type::Reference))) {
+        settle();
+        recording_.pushHeld(place, kept(value));
+        if (value.is(Type::String) && value.view().size() > longText) expectText(place, value);
+        return;
+    }
     Recording::Change& change = recording_.push();
     change.value = value;
     change.number = place.number;
@@ -232,6 +244,27 @@ void Recorder::noteAt(Place place, const Value& value) {
 
 void Recorder::noteHeld(const Value& reg) {
     noteAt({static_cast<std::uint32_t>(&reg - firstRegister_), Recording::whole}, reg);
+}
+
+// Only of a variable that is there until its row is over.
+void Recorder::expectText(Place place, const Value& variable) {
+    if (place.element != Recording::whole) return;
+    if (place.number < Recording::outside) {
+        const auto& calls = recording_.frames_;
+        const auto next =
+            std::upper_bound(calls.begin(), calls.end(), place.number,
+                             [](std::uint32_t number, const Recording::Call& call) { return number < call.base; });
+        if (next == calls.begin()) return;
+        const Recording::Call& call = *std::prev(next);
+        if (place.number - call.base >= recording_.procedures_[call.procedure].variables.size()) return;
+    }
+    expected_ = &variable;
+    expectedEnd_ = recording_.changeEnd_;
+}
+
+void Recorder::settleText() {
+    const Value& now = *std::exchange(expected_, nullptr);
+    if (recording_.changeEnd_ == expectedEnd_ && recording_.changeBegin_ < expectedEnd_) recording_.keepDifference(now);
 }
 
 void Recorder::noteGrowth(Place place, const Value& text) {

@@ -66,6 +66,13 @@ class Recorder : public HeapReserve {
     using Place = Recording::Place;
 
     void noteHeld(const Value& reg);
+    void expectText(Place place, const Value& variable);
+    // What has become of the long text that the last change keeps can be seen now.
+    void settle() {
+        if (expected_ != nullptr) [[unlikely]]
+            settleText();
+    }
+    void settleText();
     void noteAt(Place place, const Value& value);
     void noteGrowth(Place place, const Value& text);
     void noteReferred(const Value& variable);
@@ -82,6 +89,8 @@ class Recorder : public HeapReserve {
     Recording& recording_;
     const Value* firstRegister_;
     const Value* endOfRegisters_;
+    const Value* expected_ = nullptr;  // the variable of the change before expectedEnd_, which held a long text
+    std::uint64_t expectedEnd_ = 0;
     const script::Procedure* lastProcedure_ = nullptr;
     std::uint32_t lastNumber_ = 0;
     std::unordered_map<const script::Procedure*, std::uint32_t> numbers_;
