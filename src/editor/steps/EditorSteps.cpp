@@ -34,16 +34,18 @@ EditorSteps::EditorSteps(RomanBox& roman, ProgramBox& program, ValuePanel& panel
       programBox_(program),
       panel_(panel),
       breakPoints_(roman, program),
-      tips_(roman, program, [this](std::string_view word) { return valueOf(word); }) {
+      tips_(roman, program, [this](std::string_view word, int line) { return valueOf(word, line); }) {
     control_.setListener([this] { stateChanged(); });
-    connect(&breakPoints_, &BreakPoints::changed, this, [this] {
-        control_.clearBreakPoints();
-        for (const int line : breakPoints_.lines()) control_.setBreakPoint(line);
-    });
+    connect(&breakPoints_, &BreakPoints::changed, this, [this] { control_.setBreakPoints(breakPoints_.lines()); });
     onTheWay_.setSingleShot(true);
     onTheWay_.setInterval(noticedTime);
     connect(&onTheWay_, &QTimer::timeout, this, [this] {
         if (control_.state() == StepControl::State::Running) setPhase(Phase::OnTheWay);
+    });
+    frame_.setSingleShot(true);
+    frame_.setInterval(std::chrono::ceil<std::chrono::milliseconds>(StepControl::shortestSeen));
+    connect(&frame_, &QTimer::timeout, this, [this] {
+        if (isSlow() && mayLook()) showHere();
     });
     connect(
         &panel.model(), &ValueModel::assigned, this, [this] { showValues(); }, Qt::QueuedConnection);
@@ -105,7 +107,15 @@ void EditorSteps::stateChanged() {
     if (moment_) showMoment(std::nullopt);
     if (phase_ != Phase::OnTheWay && !onTheWay_.isActive()) onTheWay_.start();
     if (recordsAll_ || control_.needsEveryLine()) startRecording();
-    if (control_.speed() > 0 && control_.line() > 0) showHere();
+    if (control_.speed() > 0 && control_.line() > 0) showOnTheWay();
+}
+
+// Not more often than it can be seen.
+void EditorSteps::showOnTheWay() {
+    if (std::chrono::duration<double>(1 / control_.speed()) > StepControl::shortestSeen)
+        showHere();
+    else if (!frame_.isActive())
+        frame_.start();
 }
 
 void EditorSteps::setPhase(Phase phase) {
@@ -180,15 +190,18 @@ bool EditorSteps::eventFilter(QObject* watched, QEvent* event) {
     return QObject::eventFilter(watched, event);
 }
 
-std::optional<std::string> EditorSteps::valueOf(std::string_view word) {
+// Of the procedure that the line belongs to.
+std::optional<std::string> EditorSteps::valueOf(std::string_view word, int line) {
     if (panel_.model().isConcealed()) return std::nullopt;
+    const std::string function = program_.functionAround(line);
     if (!moment_ && values_) {
         if (control_.state() == StepControl::State::Off || !mayLook()) return std::nullopt;
-        std::string text = values_->textOf(word);
+        std::string text = values_->textOf(word, function);
         return text.empty() ? std::nullopt : std::optional(std::move(text));
     }
-    const auto found = std::find_if(shown_.values.begin(), shown_.values.end(),
-                                    [&](const ValueTable::Row& row) { return row.word == word; });
+    const auto found = std::find_if(shown_.values.begin(), shown_.values.end(), [&](const ValueTable::Row& row) {
+        return row.word == word && row.function == function;
+    });
     return found == shown_.values.end() || found->text.empty() ? std::nullopt : std::optional(found->text);
 }
 

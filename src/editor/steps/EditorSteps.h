@@ -77,10 +77,11 @@ class EditorSteps : public QObject {
     bool mayLook() const { return !console_ || console_->mayLook(); }
     void startRecording();
     void showHere();
+    void showOnTheWay();
     void showValues();
     void showLine(int line);
     void forget();
-    std::optional<std::string> valueOf(std::string_view word);
+    std::optional<std::string> valueOf(std::string_view word, int line);
 
     RomanBox& roman_;
     ProgramBox& programBox_;
@@ -90,6 +91,7 @@ class EditorSteps : public QObject {
     ValueTips tips_;
     Phase phase_ = Phase::Idle;
     QTimer onTheWay_;
+    QTimer frame_;  // runs until a line of a fast program is to be shown
 
     QPointer<frmExec> console_;  // of the program that runs, or of the last one
     RunnableProgram program_;

@@ -27,6 +27,14 @@ void StepControl::pause() {
     if (state_ == State::Running) aim_ = Aim::AnyLine;
 }
 
+void StepControl::setBreakPoints(const std::map<int, int>& passes) {
+    std::erase_if(breakPoints_, [&passes](const auto& known) {
+        const auto kept = passes.find(known.first);
+        return kept == passes.end() || kept->second != known.second.pass;
+    });
+    for (const auto& [line, pass] : passes) breakPoints_.try_emplace(line, BreakPoint{pass, 0});
+}
+
 void StepControl::begin(script::Executor& executor, const ModuleLines& lines) {
     executor_ = &executor;
     lines_ = &lines;
@@ -90,13 +98,17 @@ bool StepControl::standStill(ConsoleOperations& console) {
     return true;
 }
 
-// The line is seen as long as the pace says. A pause in between stands still before it.
+// The line is seen as long as the pace says. A pause in between stands still before it. A console does not wait as
+// exactly as a fast pace needs it: what a line was late is made up for by the next ones, where nobody sees it.
 bool StepControl::goSlowly(ConsoleOperations& console) {
     if (changed_) changed_();
     const Clock::time_point shown = now_();
+    if (shown < due_ || shown - due_ > shortestSeen) due_ = shown;
+    const Clock::time_point begun = due_;
     while (state_ == State::Running && speed_ > 0) {
         if (aim_ == Aim::AnyLine) return standStill(console);
-        const double left = 1 / speed_ - std::chrono::duration<double>(now_() - shown).count();
+        due_ = begun + std::chrono::duration_cast<Clock::duration>(std::chrono::duration<double>(1 / speed_));
+        const double left = std::chrono::duration<double>(due_ - now_()).count();
         if (left <= 0) break;
         if (!console.StandStill(left)) return false;
     }

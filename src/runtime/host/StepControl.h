@@ -48,6 +48,9 @@ class StepControl {
     void runTo(int line);
     void pause();
 
+    // What a screen shows for a shorter time is not seen.
+    static constexpr std::chrono::microseconds shortestSeen{16'667};
+
     // Lines in a second; 0: full speed.
     void setSpeed(double linesPerSecond) { speed_ = linesPerSecond; }
     double speed() const { return speed_; }
@@ -55,9 +58,8 @@ class StepControl {
     // Break points, by lines of the program. `pass`: only when the line is about to run for the n-th time, counted from
     // the beginning of the run or from now on; 0: each time.
     void setBreakPoint(int line, int pass = 0) { breakPoints_[line].pass = pass; }
-    void removeBreakPoint(int line) { breakPoints_.erase(line); }
-    bool isBreakPoint(int line) const { return breakPoints_.contains(line); }
-    void clearBreakPoints() { breakPoints_.clear(); }
+    // All of them, lines with their passes. Those that there were already go on counting.
+    void setBreakPoints(const std::map<int, int>& passes);
 
     // The run's side. Both must outlive the run.
     void begin(script::Executor& executor, const ModuleLines& lines);
@@ -90,6 +92,7 @@ class StepControl {
     std::size_t aimDepth_ = 0;  // where the step began
     int aimLine_ = 0;           // of runTo; 0: none
     double speed_ = 0;
+    Clock::time_point due_;  // when the line after the one seen last was to be seen
     std::map<int, BreakPoint> breakPoints_;
 
     script::Executor* executor_ = nullptr;
