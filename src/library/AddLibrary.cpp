@@ -135,6 +135,22 @@ std::string RunnableProgram::wordOf(std::string_view scriptName) const {
     return found == words.end() ? std::string() : found->second;
 }
 
+std::string RunnableProgram::functionAround(int programLine) const {
+    constexpr std::string_view head = "Function ";
+    std::string function;
+    std::string_view rest = module;
+    const int last = lines.scriptLine(programLine);
+    for (int number = 1; number <= last; ++number) {
+        const std::string_view line = rest.substr(0, rest.find("\r\n"));
+        if (lines.kind(number) == ModuleLines::Kind::FunctionHead && line.size() > head.size())
+            function = wordOf(line.substr(head.size(), line.find_first_of("( ", head.size()) - head.size()));
+        else if (number < last && sameButForCase(line.substr(0, line.find_last_not_of(' ') + 1), "End Function"))
+            function.clear();
+        rest.remove_prefix(std::min(line.size() + 2, rest.size()));
+    }
+    return function;
+}
+
 RunnableProgram runnableProgram(StyledView program) {
     Translator translator;
     std::string module = translator.Compile(program);

@@ -35,6 +35,9 @@ struct RunnableProgram {
 
     // What one script name stands for; empty for a name that is not the program's.
     std::string wordOf(std::string_view scriptName) const;
+    // The function that a line of the program (from 1) belongs to, its head and its end with it; empty: the main
+    // program.
+    std::string functionAround(int programLine) const;
 };
 RunnableProgram runnableProgram(StyledView program);
 

@@ -68,7 +68,7 @@ TEST(ValueTable, ShowsWhatChangesAndTakesWhatIsTyped) {
         }
         if (steps.line() == 4) {
             EXPECT_TRUE(table.assign(1, {}, "7"));
-            EXPECT_EQ(table.textOf(rows[1].word), "7");
+            EXPECT_EQ(table.textOf(rows[1].word, rows[1].function), "7");
         }
     };
     object.setSteps(&steps);

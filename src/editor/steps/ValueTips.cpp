@@ -36,7 +36,7 @@ bool ValueTips::eventFilter(QObject* watched, QEvent* event) {
     const QTextCursor place = pane.cursorForPosition(help->pos());
     const std::string word = wordAt(static_cast<std::size_t>(place.blockNumber()),
                                     static_cast<std::size_t>(place.positionInBlock()), inProgram);
-    const std::optional<std::string> value = word.empty() ? std::nullopt : valueOf_(word);
+    const std::optional<std::string> value = word.empty() ? std::nullopt : valueOf_(word, place.blockNumber() + 1);
     if (!value) return false;
     QToolTip::showText(help->globalPos(),
                        QString::fromStdString(unicodeOfCodes(word) + " = " + unicodeOfInternalText(*value)),

@@ -16,8 +16,9 @@ class RomanBox;
 class ValueTips : public QObject {
     Q_OBJECT
   public:
-    // The value of a word (in font codes) in internal text form; nothing where there is none, and other tips are shown.
-    using ValueOf = std::function<std::optional<std::string>(std::string_view word)>;
+    // The value that a word (in font codes) has where it stands, in a line from 1, in internal text form; nothing where
+    // there is none, and other tips are shown.
+    using ValueOf = std::function<std::optional<std::string>(std::string_view word, int line)>;
 
     // The panes must outlive it.
     ValueTips(RomanBox& roman, ProgramBox& program, ValueOf valueOf);

@@ -83,11 +83,13 @@ bool ValueTable::assign(std::size_t row, std::span<const std::uint32_t> indexes,
     return executor_.inspect().assign(rows_[row].level, names_[row], indexes, script::Value::text(inputValue(roman)));
 }
 
-std::string ValueTable::textOf(std::string_view word) {
-    for (const script::InspectedVariable& variable : executor_.inspect().variables(0)) {
-        const auto found = program_.words.find(variable.name);
-        if (found != program_.words.end() && found->second == word) return text_.of(variable.value);
-    }
+std::string ValueTable::textOf(std::string_view word, std::string_view function) {
+    const script::Inspection inspection = executor_.inspect();
+    std::size_t level = 0;
+    while (level < inspection.depth() && program_.wordOf(inspection.procedure(level)) != function) ++level;
+    if (level == inspection.depth()) return {};
+    for (const script::InspectedVariable& variable : inspection.variables(level))
+        if (program_.wordOf(variable.name) == word) return text_.of(variable.value);
     return {};
 }
 

@@ -53,9 +53,9 @@ class ValueTable {
     // False if it is not there or the whole of an array.
     bool assign(std::size_t row, std::span<const std::uint32_t> indexes, std::string_view roman);
 
-    // The text of a variable by its word, for the place where the program stands: of the innermost procedure. Empty if
-    // it has none.
-    std::string textOf(std::string_view word);
+    // The text of a variable by its word, in a function or (empty) in the main program: of its innermost call. Empty if
+    // there is none.
+    std::string textOf(std::string_view word, std::string_view function);
 
     // Before another run: nothing has changed in it yet.
     void forget() { last_.clear(); }
