@@ -81,6 +81,7 @@ constexpr MenuItem runItems[] = {
     {"RunSlowly", "h¦U calv"_deva},
     {"mnuSeperator13", separator},
     {"RunBreakPoint", "wa<ba Qev ik<va kaF"_deva},
+    {"RunBreakPointAt", "yewe iktVya ve¦I wa<bayceŽ Ž Ž "_deva},
 };
 
 constexpr MenuItem helpItems[] = {
@@ -161,6 +162,7 @@ constexpr Shortcut shortcutTable[] = {
     {"RunToHere", "Ctrl+F10"},
     {"RunSlowly", "Ctrl+F5"},
     {"RunBreakPoint", "F9"},
+    {"RunBreakPointAt", "Ctrl+F9"},
     {"RunEnd", "F4"},
     {"RunEnd", "Shift+F5"},
     {"HelpHelp", "F1"},

@@ -153,6 +153,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void RunToHere();
     void RunSlowly();
     void RunBreakPoint();
+    void RunBreakPointAt();
     void ViewOutput();
     void ViewValues();
     void ViewTrace();
@@ -198,6 +199,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     void stepsMoved();
     void stepsPhaseChanged();
     void showWindowsTogether();
+    void askPass(int line);
     void showValues(bool shown);
     frmTrace& traceWindow();
     void saveTraceAsCsv();

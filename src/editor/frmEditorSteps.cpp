@@ -14,6 +14,7 @@
 #include "editor/panes/RomanBox.h"
 #include "editor/steps/EditorSteps.h"
 #include "editor/steps/ValuePanel.h"
+#include "editor/steps/frmPass.h"
 #include "editor/steps/frmScript.h"
 #include "editor/steps/frmTrace.h"
 #include "library/AddLibrary.h"
@@ -65,6 +66,7 @@ void frmEditor::setUpSteps() {
     });
     connect(steps_.get(), &EditorSteps::moved, this, &frmEditor::stepsMoved);
     connect(steps_.get(), &EditorSteps::phaseChanged, this, &frmEditor::stepsPhaseChanged);
+    connect(&steps_->breakPoints(), &BreakPoints::passWanted, this, &frmEditor::askPass);
     connect(values_, &ValuePanel::closed, this, &frmEditor::ViewValues);
 }
 
@@ -147,6 +149,17 @@ void frmEditor::RunBreakPoint() {
     const bool isSet = steps_->breakPoints().toggle(txtRoman_->currentLine());
     statusBar_->showMessage(isSet ? breakPointSet : breakPointTaken);
     timer1_.start();
+}
+
+void frmEditor::RunBreakPointAt() {
+    askPass(txtRoman_->currentLine());
+}
+
+void frmEditor::askPass(int line) {
+    BreakPoints& points = steps_->breakPoints();
+    const auto known = points.lines().find(line);
+    frmPass dialog(line, known == points.lines().end() ? 0 : known->second, this);
+    if (dialog.exec() == QDialog::Accepted) points.set(line, dialog.pass());
 }
 
 void frmEditor::ViewValues() {

@@ -16,6 +16,7 @@ namespace {
 
 constexpr qsizetype leastDigits = 3;  // so that the text does not move when the tenth line is typed
 constexpr qreal smaller = 0.8;
+constexpr double badgePadding = 0.25;  // em
 
 }  // namespace
 
@@ -27,7 +28,7 @@ LineNumbers::LineNumbers(TextPane& pane) : QWidget(&pane), pane_(pane) {
     connect(&pane, &TextPane::updateRequest, this, &LineNumbers::follow);
     connect(&pane, &TextPane::markedLineChanged, this, &LineNumbers::updateLines);
     connect(&pane, &TextPane::stepLineChanged, this, &LineNumbers::updateLines);
-    connect(&pane, &TextPane::lineMarksChanged, this, qOverload<>(&QWidget::update));
+    connect(&pane, &TextPane::lineMarksChanged, this, &LineNumbers::fit);
     fit();
 }
 
@@ -35,10 +36,15 @@ void LineNumbers::fit() {
     font_ = qtFont(Font::Devanagari, pane_.paneFonts().devanagari.pointSizeF() * smaller);
     const QFontMetrics metrics(font_);
     const qsizetype digits = std::max(leastDigits, QString::number(pane_.lineCount()).size());
-    const int width = metrics.horizontalAdvance(QString(digits, u'0')) + look::em(1.2);
+    int width = metrics.horizontalAdvance(QString(digits, u'0')) + look::em(1.2);
+    for (const auto& [line, pass] : pane_.breakPoints())
+        if (pass > 0)
+            width = std::max(width, metrics.horizontalAdvance(QString::number(pass) + QString::number(line)) +
+                                        look::em(0.7 + badgePadding * 4));
+    update();
+    if (width == this->width()) return;
     pane_.setLeftMargin(width);
     setGeometry(0, 0, width, pane_.height());
-    update();
 }
 
 void LineNumbers::follow(const QRect& changed, int scrolledBy) {
@@ -63,7 +69,8 @@ bool LineNumbers::eventFilter(QObject* watched, QEvent* event) {
 void LineNumbers::mousePressEvent(QMouseEvent* event) {
     const qreal row = (event->position().y() - pane_.firstVisibleTop()) / pane_.lineHeight();
     const int line = pane_.firstVisibleLine() + static_cast<int>(std::floor(row));
-    if (event->button() == Qt::LeftButton && line <= pane_.lineCount()) emit pane_.marginClicked(line);
+    if (event->button() == Qt::LeftButton && line <= pane_.lineCount())
+        emit pane_.marginClicked(line, event->modifiers());
 }
 
 void LineNumbers::paintEvent(QPaintEvent* event) {
@@ -84,13 +91,15 @@ void LineNumbers::paintLine(QPainter& painter, int line, qreal top) {
     const QString number = QString::number(line);
     const int right = width() - look::em(0.4);
     const qreal left = right - painter.fontMetrics().horizontalAdvance(number);
-    const bool isBreakPoint = pane_.breakPoints().contains(line);
+    const auto breakPoint = pane_.breakPoints().find(line);
+    const bool isBreakPoint = breakPoint != pane_.breakPoints().end();
     painter.setRenderHint(QPainter::Antialiasing);
     painter.setPen(Qt::NoPen);
     if (isBreakPoint) {
         painter.setBrush(colours.accent);
         const QRectF shield(left - look::em(0.3), top, right - left + look::em(0.5), pane_.lineHeight());
         painter.drawRoundedRect(shield.adjusted(0, 1, 0, -1), look::em(0.3), look::em(0.3));
+        if (breakPoint->second > 0) paintPass(painter, breakPoint->second, shield);
     }
     if (line == pane_.stepLine()) {
         painter.setBrush(colours.warning);
@@ -104,6 +113,20 @@ void LineNumbers::paintLine(QPainter& painter, int line, qreal top) {
     if (const auto mark = pane_.lineMarks().find(line); mark != pane_.lineMarks().end())
         drawLineMark(painter, QRectF(0, top, look::em(0.8), pane_.lineHeight()),
                      mark->second == TextPane::LineMark::Error);
+}
+
+// At which of its passes the program stands: in a badge of its own, left of the shield.
+void LineNumbers::paintPass(QPainter& painter, int pass, const QRectF& shield) {
+    const look::Colours& colours = look::colours();
+    const QString text = QString::number(pass);
+    const qreal width = painter.fontMetrics().horizontalAdvance(text) + 2 * look::em(badgePadding);
+    const QRectF badge(shield.left() - width - 1, shield.top() + 1, width, shield.height() - 2);
+    painter.setPen(QPen(colours.accent, 1));
+    painter.setBrush(colours.numbers);
+    painter.drawRoundedRect(badge.adjusted(0.5, 0.5, -0.5, -0.5), look::em(0.3), look::em(0.3));
+    painter.setPen(colours.text);
+    painter.drawText(QPointF(badge.left() + look::em(badgePadding), shield.top() + pane_.baseLine()), text);
+    painter.setPen(Qt::NoPen);
 }
 
 }  // namespace tolvan

@@ -22,6 +22,7 @@ class LineNumbers : public QWidget {
   private:
     void fit();
     void paintLine(QPainter& painter, int line, qreal top);
+    void paintPass(QPainter& painter, int pass, const QRectF& shield);
     void follow(const QRect& changed, int scrolledBy);
     void updateLines(int one, int other);
 

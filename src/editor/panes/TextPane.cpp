@@ -140,7 +140,7 @@ void TextPane::showLine(int line) {
         bar.setValue(index - bar.pageStep() / 2);
 }
 
-void TextPane::setBreakPoints(std::set<int> lines) {
+void TextPane::setBreakPoints(std::map<int, int> lines) {
     if (lines == breakPoints_) return;
     breakPoints_ = std::move(lines);
     emit lineMarksChanged();

@@ -11,7 +11,6 @@
 
 #include <cstddef>
 #include <map>
-#include <set>
 
 namespace tolvan {
 
@@ -54,9 +53,9 @@ class TextPane : public QPlainTextEdit {
     // Scrolls up or down until the line is in view.
     void showLine(int line);
 
-    // Lines at which a program is to stand still.
-    void setBreakPoints(std::set<int> lines);
-    const std::set<int>& breakPoints() const { return breakPoints_; }
+    // Lines at which a program is to stand still, and at which of their passes; 0: at each.
+    void setBreakPoints(std::map<int, int> lines);
+    const std::map<int, int>& breakPoints() const { return breakPoints_; }
 
     // Lights up so many characters before the caret for a moment.
     void flash(std::size_t length);
@@ -82,7 +81,7 @@ class TextPane : public QPlainTextEdit {
     void lineMarksChanged();
     void stepLineChanged(int before, int now);
     // The margin was clicked beside a line.
-    void marginClicked(int line);
+    void marginClicked(int line, Qt::KeyboardModifiers modifiers);
     // The colours of the windows are others now.
     void lookChanged();
 
@@ -107,7 +106,7 @@ class TextPane : public QPlainTextEdit {
     PaneFonts fonts_;
     int markedLine_ = 0;
     int stepLine_ = 0;
-    std::set<int> breakPoints_;
+    std::map<int, int> breakPoints_;
     std::map<int, LineMark> lineMarks_;
     QTextCursor flashed_;  // its selection; none: nothing is lit
 };

@@ -4,7 +4,7 @@
 
 #include <QObject>
 
-#include <set>
+#include <map>
 
 namespace tolvan {
 
@@ -14,26 +14,30 @@ class RomanBox;
 class BreakPoints : public QObject {
     Q_OBJECT
   public:
-    // Both must outlive it. A click beside a line sets one or takes it away.
+    // Both must outlive it. A click beside a line sets one or takes it away; with Shift its pass is asked for.
     BreakPoints(RomanBox& roman, ProgramBox& program);
 
-    // Lines are counted from 1.
-    const std::set<int>& lines() const { return lines_; }
+    // Lines are counted from 1. With each goes at which pass the program stands there: the n-th time that the line is
+    // about to run, counted in each run; 0: each time.
+    const std::map<int, int>& lines() const { return lines_; }
     // True if there is one now.
     bool toggle(int line);
+    void set(int line, int pass);
     // For another document.
     void clear() { setLines({}); }
 
   signals:
     void changed();
+    // Which pass is it to be?
+    void passWanted(int line);
 
   private:
-    void setLines(std::set<int> lines);
+    void setLines(std::map<int, int> lines);
     void follow(int position, int removed, int added);
 
     RomanBox& roman_;
     ProgramBox& program_;
-    std::set<int> lines_;
+    std::map<int, int> lines_;
     int lineCount_;
 };
 
