@@ -90,12 +90,33 @@ void ConsoleLog::clear(std::uint64_t number) {
     if (isKept()) beginChapter({number, {}, ConsoleText::leftMargin, 0});
 }
 
-bool ConsoleLog::draw(std::uint64_t number, PictureBox& picture, ConsoleText& text) const {
+std::deque<ConsoleLog::Chapter>::const_iterator ConsoleLog::chapterOf(std::uint64_t number) const {
     const auto after = std::find_if(chapters_.begin(), chapters_.end(),
                                     [number](const Chapter& chapter) { return chapter.from > number; });
+    return after == chapters_.begin() ? chapters_.end() : std::prev(after);
+}
+
+void ConsoleLog::drawRest(std::uint64_t number, PictureBox& picture, ConsoleText& text) const {
+    const auto first = chapterOf(number);
+    double work = 0;
+    for (auto chapter = first; chapter != chapters_.end(); ++chapter) {
+        if (chapter != first && chapter->picture.isNull()) return;
+        for (const Call& call : chapter->calls) {
+            if (call.number <= number) continue;
+            work += workOf(call, picture);
+            const bool isPrint = call.kind == Kind::Print || call.kind == Kind::Input;
+            const bool stays = isPrint ? text.hasRoom() : call.kind != Kind::Room || text.hasRoom(call.x1);
+            if (!stays || work > mostWork) return;
+            make(call, picture, text);
+        }
+    }
+}
+
+bool ConsoleLog::draw(std::uint64_t number, PictureBox& picture, ConsoleText& text) const {
+    const auto found = chapterOf(number);
     text.reset();
-    if (after == chapters_.begin()) return false;
-    const Chapter& chapter = *std::prev(after);
+    if (found == chapters_.end()) return false;
+    const Chapter& chapter = *found;
     if (!chapter.picture.isNull()) picture.SetImage(chapter.picture);
     picture.CurrentX = chapter.x;
     picture.CurrentY = chapter.y;

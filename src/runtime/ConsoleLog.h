@@ -51,6 +51,9 @@ class ConsoleLog {
     // Draws into `picture`, with `text` printing there, what the console showed after the call of this number. False if
     // that is forgotten.
     bool draw(std::uint64_t number, PictureBox& picture, ConsoleText& text) const;
+    // Goes on from there with what came later, as long as what is there stays in its place: it is not wiped, and
+    // nothing moves up.
+    void drawRest(std::uint64_t number, PictureBox& picture, ConsoleText& text) const;
 
   private:
     struct Chapter {
@@ -63,6 +66,8 @@ class ConsoleLog {
         std::size_t bytes = 0;
     };
     void beginChapter(Chapter chapter);
+    // The chapter with the moment after this call, or the end.
+    std::deque<Chapter>::const_iterator chapterOf(std::uint64_t number) const;
 
     std::deque<Chapter> chapters_;
     std::size_t bytes_ = 0;

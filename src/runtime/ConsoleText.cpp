@@ -62,6 +62,10 @@ void ConsoleText::makeRoom(float height) {
     moveTo(std::max(top - distance, 0.F));
 }
 
+bool ConsoleText::hasRoom(float height) const {
+    return display_.CurrentY + height < display_.ScaleHeight();
+}
+
 // Drawn from the lower right corner, so that the position is back at the start of the line.
 void ConsoleText::eraseLine() {
     const float y = display_.CurrentY;
@@ -69,7 +73,7 @@ void ConsoleText::eraseLine() {
 }
 
 void ConsoleText::PrintString(std::string_view text) {
-    if (display_.CurrentY + lineHeight_ >= display_.ScaleHeight()) {
+    if (!hasRoom()) {
         scrollUp(lineHeight_);
         moveTo(display_.ScaleHeight() - lineHeight_);
     } else {

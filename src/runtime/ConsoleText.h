@@ -38,6 +38,9 @@ class ConsoleText {
     // Makes room below the current line: where this height, from the top of the line, would reach over the bottom edge,
     // everything moves up by as many lines as it takes.
     void makeRoom(float height);
+    // Whether a line of this height fits below the last one without moving anything up.
+    bool hasRoom(float height) const;
+    bool hasRoom() const { return hasRoom(lineHeight_); }
     // Erases the current line, right of the margin.
     void eraseLine();
     // Prints internal text form on the current line and goes to the next.

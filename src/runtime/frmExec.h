@@ -55,7 +55,7 @@ class frmExec : public QWidget, public ConsoleOperations {
     // console is kept. Once in a run; the recording must outlive that.
     void record(script::Recording& recording);
     // Shows the console as it was after so many calls of the recorded run (see ConsoleObject::callCount), over the
-    // present one; false if that is forgotten.
+    // present one; what came later is seen faintly. False if that moment is forgotten.
     bool showMoment(std::uint64_t calls);
     void showPresent();
 
