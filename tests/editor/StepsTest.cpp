@@ -11,8 +11,10 @@
 #include <QCheckBox>
 #include <QClipboard>
 #include <QHelpEvent>
+#include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QSpinBox>
 #include <QTableView>
 #include <QTextBlock>
 #include <QTimer>
@@ -109,9 +111,9 @@ class StepsTest : public EditorTest {
         QApplication::sendEvent(pane.viewport(), &rest);
         return QToolTip::text();
     }
-    static void clickMargin(TextPane& pane, int line) {
+    static void clickMargin(TextPane& pane, int line, Qt::KeyboardModifiers modifiers = {}) {
         auto& margin = *pane.findChild<QWidget*>(QStringLiteral("margin"));
-        QTest::mouseClick(&margin, Qt::LeftButton, {},
+        QTest::mouseClick(&margin, Qt::LeftButton, modifiers,
                           QPoint(3, static_cast<int>((line - pane.firstVisibleLine() + 0.5) * pane.lineHeight())));
     }
 };
@@ -150,18 +152,55 @@ TEST_F(StepsTest, KeysGoThroughAProgram) {
 TEST_F(StepsTest, ABreakPointIsSetInTheMarginAndGoesWithItsLine) {
     setProgram(doubling);
     clickMargin(editor->txtProgram(), 4);
-    EXPECT_THAT(editor->txtRoman().breakPoints(), ElementsAre(4));
+    EXPECT_THAT(editor->txtRoman().breakPoints(), ElementsAre(std::pair(4, 0)));
     EXPECT_EQ(session("F5 F5 F5"), "4 4");
     toFront();
     editor->txtRoman().moveCursor(QTextCursor::Start);
     press(Qt::Key_Return);
-    EXPECT_THAT(editor->txtProgram().breakPoints(), ElementsAre(5));
+    EXPECT_THAT(editor->txtProgram().breakPoints(), ElementsAre(std::pair(5, 0)));
     press(Qt::Key_Backspace);
     press(Qt::Key_F9);
-    EXPECT_THAT(editor->txtRoman().breakPoints(), ElementsAre(1, 4));
+    EXPECT_THAT(editor->txtRoman().breakPoints(), ElementsAre(std::pair(1, 0), std::pair(4, 0)));
     clickMargin(editor->txtRoman(), 4);
     setProgram("a = 1\n");
     EXPECT_THAT(editor->txtRoman().breakPoints(), ElementsAre());
+}
+
+TEST_F(StepsTest, ABreakPointAtAPassIsAskedForAndStandsThereOnly) {
+    setProgram(
+        "i sAThI 1 te 9 paryaMt\n"
+        "a = i\n"
+        "puDhachA i\n");
+    const auto answer = [this](const QString& digits) {
+        auto* const answerer = new QTimer(editor.get());
+        QObject::connect(answerer, &QTimer::timeout, [answerer, digits] {
+            if (QApplication::activeModalWidget() == nullptr) return;
+            answerer->deleteLater();
+            auto* const box = QApplication::activeModalWidget()->findChild<QSpinBox*>(QStringLiteral("txtPass"));
+            if (!digits.isEmpty()) QTest::keyClicks(box, digits);
+            QTest::keyClick(box, digits.isEmpty() ? Qt::Key_Escape : Qt::Key_Return);
+        });
+        answerer->start(5);
+    };
+    answer(QStringLiteral("4"));
+    clickMargin(editor->txtRoman(), 2, Qt::ShiftModifier);
+    std::string values;
+    EXPECT_EQ(session("F5 look", {{"look",
+                                   [&] {
+                                       values = shownValues()[0];
+                                       clickMargin(editor->txtRoman(), 1);  // the count goes on
+                                       key("F5");
+                                   }}}),
+              "2");
+    EXPECT_EQ(values, "इ=४, बदलले");
+    toFront();
+    putCaret(2);
+    answer(QStringLiteral("9"));
+    press(Qt::Key_F9, Qt::ControlModifier);
+    EXPECT_THAT(editor->txtProgram().breakPoints(), ElementsAre(std::pair(1, 0), std::pair(2, 9)));
+    answer({});
+    press(Qt::Key_F9, Qt::ControlModifier);
+    EXPECT_EQ(editor->txtProgram().breakPoints().at(2), 9);
 }
 
 // Names of a function are told from those of the main program; what the last line changed is marked.
@@ -169,6 +208,7 @@ TEST_F(StepsTest, ValuesAreShownAndChanged) {
     setProgram(doubling);
     std::vector<std::string> inFunction;
     QString tip;
+    QString tipOfCaller;
     session("F11 F11 F11 look change F5", {{"look",
                                             [&] {
                                                 inFunction = shownValues();
@@ -186,10 +226,12 @@ TEST_F(StepsTest, ValuesAreShownAndChanged) {
                                                 QTest::keyClick(box, Qt::Key_Return);
                                                 QApplication::processEvents();
                                                 tip = tipAt(editor->txtProgram(), 8, QStringLiteral("= n"));
+                                                tipOfCaller = tipAt(editor->txtRoman(), 2, QStringLiteral("a"));
                                                 key("F5");
                                             }}});
     EXPECT_THAT(inFunction, ElementsAre("अ=१", "इ=१, बदलले"));
     EXPECT_EQ(tip.toStdString(), "न = २०");
+    EXPECT_EQ(tipOfCaller.toStdString(), "अ = १");
     EXPECT_THAT(console()->printedLines(), ElementsAre("80"));
 }
 
@@ -324,6 +366,12 @@ class TraceTest : public StepsTest {
         board.scrollTo(index);
         QTest::mouseClick(board.viewport(), Qt::LeftButton, {}, board.visualRect(index).center());
     }
+    static int pixelsAbove(int grey, const QImage& picture) {
+        int count = 0;
+        for (int y = 0; y < picture.height(); ++y)
+            for (int x = 0; x < picture.width(); ++x) count += qGray(picture.pixel(x, y)) > grey ? 1 : 0;
+        return count;
+    }
     PictureBox& past() const { return *console()->findChild<PictureBox*>(QStringLiteral("Past")); }
 };
 
@@ -348,7 +396,9 @@ TEST_F(TraceTest, AnEarlierMomentIsShownAgain) {
     ASSERT_TRUE(past().isVisible());
     const QImage once = past().Image();
     choose(3);
-    EXPECT_NE(past().Image(), once);  // two lines were printed by then
+    const QImage twice = past().Image();
+    EXPECT_LT(pixelsAbove(200, once), pixelsAbove(200, twice));  // two lines were printed by then
+    EXPECT_GT(pixelsAbove(20, once) * 10, pixelsAbove(20, twice) * 8) << "what came later is seen faintly";
     choose(1);
     EXPECT_EQ(past().Image(), once);
     QTest::keyClick(&window().board(), Qt::Key_Escape);
@@ -385,6 +435,35 @@ TEST_F(TraceTest, WhoGuessesFirstSeesValuesWhenAsked) {
                                       state.run.stop();
                                   }}});
     EXPECT_EQ(covered, "२|दाखव इ|? इ=? २|दाखव इ|१ इ=१");
+}
+
+TEST_F(TraceTest, ATypedGuessIsCheckedAndTheNextOneAskedFor) {
+    setProgram("a = 5\na = a * #-1#\ndAkhav a\nb = \"chAMgale\"\nc = 1\n");
+    openTrace();
+    press(Qt::Key_F5);
+    QTest::mouseClick(&window().board(), Qt::LeftButton);
+    choose(0);
+    QTest::mouseClick(window().findChild<QCheckBox*>(QStringLiteral("chkGuess")), Qt::LeftButton, {}, QPoint(8, 12));
+    auto* const box = window().findChild<QLineEdit*>(QStringLiteral("txtGuess"));
+    const auto label = [this](const char* name) {
+        return window().findChild<QLabel*>(QLatin1String(name))->accessibleName().toStdString();
+    };
+    std::vector<std::string> told;
+    for (const char* typed : {"-5", "", "chAMgale", "2"}) {
+        told.push_back(label("lblGuess"));
+        if (*typed == '\0') {
+            EXPECT_FALSE(box->isEnabled());
+            QTest::mouseClick(window().findChild<QPushButton*>(QStringLiteral("cmdUncover")), Qt::LeftButton);
+            continue;
+        }
+        QTest::keyClicks(box, QLatin1String(typed));
+        QTest::keyClick(box, Qt::Key_Return);
+        told.push_back(label("lblAnswer"));
+    }
+    told.push_back(label("lblGuess"));
+    EXPECT_THAT(told, ElementsAre("पुढची किंमत अ", "अगदी बरोबर", "या ओळीत किंमत बदलत नाही", "पुढची किंमत ब", "अगदी बरोबर",
+                                  "पुढची किंमत च", "उत्तर वेगळे आहे", "पुढे एकही ओळ नाही"));
+    EXPECT_EQ(window().model().index(4, 0).data(Qt::AccessibleDescriptionRole).toString().toStdString(), "५ पैकी रांग ५");
 }
 
 TEST_F(StepsTest, TheScriptIsLinkedWithTheProgram) {

@@ -22,6 +22,10 @@ constexpr std::size_t mostKnown = 500;  // rows
 
 }  // namespace
 
+std::string TraceModel::rowText(int row, int rows) {
+    return std::to_string(rows) + std::string(" pEkI ra<g "_deva) + std::to_string(row + 1);
+}
+
 TraceModel::TraceModel(std::function<TraceTable*()> table, QObject* parent)
     : QAbstractTableModel(parent), table_(std::move(table)) {}
 
@@ -100,12 +104,28 @@ void TraceModel::setGuessing(std::optional<std::uint64_t> after) {
     if (rowCount() > 0) emit dataChanged(index(0, 0), index(rowCount() - 1, columnCount() - 1));
 }
 
+std::optional<std::uint64_t> TraceModel::nextCovered() const {
+    if (!covered_ || std::max(*covered_ + 1, first_) >= end_) return std::nullopt;
+    return std::max(*covered_ + 1, first_);
+}
+
+std::optional<TraceModel::Guess> TraceModel::nextGuess() const {
+    TraceTable* const table = table_();
+    const std::optional<std::uint64_t> row = nextCovered();
+    if (!row || table == nullptr) return std::nullopt;
+    const std::vector<TraceTable::Cell> cells = table->cells(*row, shown_);
+    const auto changed =
+        std::find_if(cells.begin(), cells.end(), [](const TraceTable::Cell& cell) { return cell.isChanged; });
+    if (changed == cells.end()) return Guess{};
+    const std::size_t column = shown_[static_cast<std::size_t>(changed - cells.begin())];
+    return Guess{table->columns()[column].word, changed->text};
+}
+
 std::optional<std::uint64_t> TraceModel::uncover() {
-    if (!covered_) return std::nullopt;
-    const std::uint64_t next = std::max(*covered_ + 1, first_);
-    if (next >= end_) return std::nullopt;
-    covered_ = next;
-    const int row = static_cast<int>(next - first_);
+    const std::optional<std::uint64_t> next = nextCovered();
+    if (!next) return std::nullopt;
+    covered_ = *next;
+    const int row = static_cast<int>(*next - first_);
     emit dataChanged(index(row, 0), index(row, columnCount() - 1));
     return next;
 }
@@ -146,6 +166,8 @@ QVariant TraceModel::data(const QModelIndex& index, int role) const {
             const QString text = QString::fromStdString(unicodeOfInternalText(shown.text));
             return shown.isChanged ? text + QStringLiteral(", ") + accessible::unicode(changedText) : text;
         }
+        case Qt::AccessibleDescriptionRole:
+            return accessible::unicode(rowText(index.row(), rowCount()));
         case InternalTextRole:
             return QByteArray::fromStdString(cell(index).text);
         case ChangedRole:

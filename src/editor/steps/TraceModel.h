@@ -47,10 +47,20 @@ class TraceModel : public QAbstractTableModel {
     bool isCovered(std::uint64_t row) const { return covered_ && row > *covered_; }
     // Uncovers the next row; its number, or nothing where there is none yet.
     std::optional<std::uint64_t> uncover();
+    // The first value that the next row changes, among the columns; without a word if it changes none, and nothing
+    // where there is no such row.
+    struct Guess {
+        std::string word;    // of the variable
+        std::string answer;  // in internal text form
+    };
+    std::optional<Guess> nextGuess() const;
 
     std::uint64_t firstRow() const { return first_; }
     std::uint64_t endRow() const { return end_; }
     std::uint64_t recordedRow(int row) const { return first_ + static_cast<std::uint64_t>(row); }
+
+    // "Row 40 of 312", font-encoded.
+    static std::string rowText(int row, int rows);
 
     enum Column : int { LineColumn, TextColumn, firstVariable };
 
@@ -63,6 +73,7 @@ class TraceModel : public QAbstractTableModel {
     void variablesChanged();
 
   private:
+    std::optional<std::uint64_t> nextCovered() const;
     struct Cell {
         std::string text;
         bool isChanged = false;

@@ -5,9 +5,11 @@
 #include "dialogs/WindowFrame.h"
 #include "editor/steps/Cells.h"
 #include "editor/steps/EditorSteps.h"
+#include "platform/devanagariinput/LineEditText.h"
 #include "platform/encoding/Deva.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/UnicodeText.h"
+#include "runtime/host/InputValue.h"
 #include "runtime/host/TraceText.h"
 
 #include <QBoxLayout>
@@ -17,6 +19,7 @@
 #include <QHeaderView>
 #include <QKeyEvent>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
@@ -24,6 +27,8 @@
 #include <QTableView>
 
 #include <algorithm>
+#include <initializer_list>
+#include <memory>
 #include <set>
 
 namespace tolvan {
@@ -73,6 +78,11 @@ class ColumnDelegate : public QStyledItemDelegate {
     }
 };
 
+void setLabel(QLabel& label, std::string_view codes) {
+    label.setText(toQString(codes));
+    label.setAccessibleName(accessible::unicode(codes));
+}
+
 }  // namespace
 
 frmTrace::frmTrace(EditorSteps& steps, std::function<bool(const QKeyEvent&)> takesKey, QWidget* parent)
@@ -83,12 +93,15 @@ frmTrace::frmTrace(EditorSteps& steps, std::function<bool(const QKeyEvent&)> tak
       tblTrace_(new QTableView(this)),
       lstColumns_(new QListWidget(this)),
       chkGuess_(new QCheckBox(look::captionText("AaxI A<daj"_deva), this)),
+      lblGuess_(addLabel("lblGuess")),
+      txtGuess_(new QLineEdit(this)),
+      lblAnswer_(addLabel("lblAnswer")),
       cmdUncover_(addButton("cmdUncover", "%Är daov"_deva)),
       cmdCopy_(addButton("cmdCopy", "àt"_deva)),
       cmdCsv_(addButton("cmdCsv", "saQv"_deva)),
       cmdPrint_(addButton("cmdPrint", "DapŽ Ž Ž "_deva)),
       cmdPdf_(addButton("cmdPdf", "DapIl àt"_deva)),
-      lblRow_(new QLabel(this)) {
+      lblRow_(addLabel("lblRow")) {
     setObjectName(QStringLiteral("frmTrace"));
     auto* const frame = new WindowFrame(*this, WindowFrame::Kind::Resizable);
     frame->setTitle(StyledText("magaeva"_deva, Font::Devanagari));
@@ -97,9 +110,7 @@ frmTrace::frmTrace(EditorSteps& steps, std::function<bool(const QKeyEvent&)> tak
     chkGuess_->setAccessibleName(accessible::unicode("AaxI A<daj"_deva));
     cmdCsv_->setToolTip(QStringLiteral("CSV"));
     cmdPdf_->setToolTip(QStringLiteral("PDF"));
-    lblRow_->setFont(look::controlFont(Font::Devanagari));
-    lblRow_->setTextFormat(Qt::PlainText);
-    lblRow_->setObjectName(QStringLiteral("lblRow"));
+    setUpGuess();
     setUpBoard();
     setUpLayout();
     applyLook();
@@ -136,6 +147,26 @@ QPushButton* frmTrace::addButton(const char* name, std::string_view caption) {
     return button;
 }
 
+QLabel* frmTrace::addLabel(const char* name) {
+    auto* const label = new QLabel(this);
+    label->setObjectName(QLatin1String(name));
+    label->setFont(look::controlFont(Font::Devanagari));
+    label->setTextFormat(Qt::PlainText);
+    return label;
+}
+
+// What is guessed is typed as a running program gets it.
+void frmTrace::setUpGuess() {
+    constexpr int longest = 200;
+    txtGuess_->setObjectName(QStringLiteral("txtGuess"));
+    txtGuess_->setMaxLength(longest);
+    txtGuess_->setFont(look::controlFont(Font::Latin));
+    new DevanagariInput(*txtGuess_, std::make_unique<LineEditText>(*txtGuess_, longest));
+    lblGuess_->setBuddy(txtGuess_);
+    for (QLabel* label : {lblGuess_, lblAnswer_}) label->setWordWrap(true);
+    connect(txtGuess_, &QLineEdit::returnPressed, this, &frmTrace::checkGuess);
+}
+
 void frmTrace::setUpBoard() {
     tblTrace_->setObjectName(QStringLiteral("tblTrace"));
     tblTrace_->setAccessibleName(accessible::unicode("magaeva"_deva));
@@ -162,7 +193,8 @@ void frmTrace::setUpLayout() {
     lstColumns_->setItemDelegate(new ColumnDelegate(lstColumns_));
     auto* const side = new QVBoxLayout;
     side->addWidget(chkGuess_);
-    side->addWidget(cmdUncover_);
+    for (QWidget* part : std::initializer_list<QWidget*>{lblGuess_, txtGuess_, lblAnswer_, cmdUncover_})
+        side->addWidget(part);
     side->addSpacing(look::em(0.5));
     side->addWidget(columns);
     side->addWidget(lstColumns_, 1);
@@ -235,6 +267,7 @@ void frmTrace::refresh() {
     if (wasAtEnd) tblTrace_->scrollToBottom();
     isRefreshing_ = false;
     conceal();
+    askGuess();
     tell();
 }
 
@@ -279,17 +312,50 @@ void frmTrace::chose(const QModelIndex& index) {
 // From the chosen row on, or the last one.
 void frmTrace::guess(bool guessing) {
     cmdUncover_->setEnabled(guessing);
+    lblAnswer_->clear();
     const QModelIndex chosen = tblTrace_->currentIndex();
     const std::uint64_t last = std::max<std::uint64_t>(model_.endRow(), 1) - 1;
     model_.setGuessing(!guessing          ? std::nullopt
                        : chosen.isValid() ? std::optional(model_.recordedRow(chosen.row()))
                                           : std::optional(last));
     conceal();
+    askGuess();
+    if (guessing && txtGuess_->isEnabled()) txtGuess_->setFocus();
+}
+
+void frmTrace::askGuess() {
+    const std::optional<TraceModel::Guess> guess = model_.nextGuess();
+    for (QWidget* part : std::initializer_list<QWidget*>{lblGuess_, txtGuess_, lblAnswer_})
+        part->setVisible(model_.isGuessing());
+    txtGuess_->setEnabled(guess && !guess->word.empty());
+    const std::string question = !guess                ? std::string("puFe @khI Aae¦ nahI"_deva)
+                                 : guess->word.empty() ? std::string("ya Aae¦It ik<mt bdlt nahI"_deva)
+                                                       : std::string("puFcI ik<mt "_deva) + guess->word;
+    setLabel(*lblGuess_, question);
+    txtGuess_->setAccessibleName(lblGuess_->accessibleName());
+}
+
+// Blanks do not count.
+void frmTrace::checkGuess() {
+    const auto plain = [](std::string_view internalText) {
+        std::string text = unicodeOfInternalText(internalText);
+        std::erase(text, ' ');
+        return text;
+    };
+    const std::optional<TraceModel::Guess> guess = model_.nextGuess();
+    if (!guess || txtGuess_->text().trimmed().isEmpty()) return;
+    const bool isRight = plain(inputValue(toFontEncoded(txtGuess_->text()))) == plain(guess->answer);
+    setLabel(*lblAnswer_, isRight ? "AgdI braebr"_deva : "%Är veg¦e Aahe"_deva);
+    txtGuess_->setAccessibleDescription(lblAnswer_->accessibleName());
+    txtGuess_->clear();
+    uncover();
+    if (txtGuess_->isEnabled()) txtGuess_->setFocus();
 }
 
 void frmTrace::uncover() {
     const std::optional<std::uint64_t> row = model_.uncover();
     conceal();
+    askGuess();
     if (!row) return;
     const QModelIndex index = model_.index(static_cast<int>(*row - model_.firstRow()), 0);
     tblTrace_->scrollTo(index);
@@ -303,20 +369,19 @@ void frmTrace::conceal() {
 
 void frmTrace::tell() {
     const QModelIndex chosen = tblTrace_->currentIndex();
-    const auto rows = static_cast<std::uint64_t>(model_.rowCount());
-    QString text = toQString("Aae¦I "_deva) + QString::number(rows);
-    if (chosen.isValid())
-        text = QString::number(rows) + toQString(" pEkI ra<g "_deva) + QString::number(chosen.row() + 1);
-    if (rows == 0) text = toQString("AjUn @khI Aae¦ callI nahI"_deva);
-    if (model_.firstRow() > 0) text += QStringLiteral("   ") + toQString("suévatICya Aae¦I QevleLya nahIt"_deva);
-    lblRow_->setText(text);
-    lblRow_->setAccessibleName(accessible::unicode(text));
+    const int rows = model_.rowCount();
+    std::string text = std::string("Aae¦I "_deva) + std::to_string(rows);
+    if (chosen.isValid()) text = TraceModel::rowText(chosen.row(), rows);
+    if (rows == 0) text = "AjUn @khI Aae¦ callI nahI"_deva;
+    if (model_.firstRow() > 0) text.append("   ").append("suévatICya Aae¦I QevleLya nahIt"_deva);
+    setLabel(*lblRow_, text);
 }
 
 std::string frmTrace::text(bool asCsv) const {
     TraceTable* const table = steps_.trace();
     if (table == nullptr) return {};
-    const TraceText lines(*table, steps_.programText(), asCsv ? TraceText::Form::Csv : TraceText::Form::Tabs);
+    const TraceText lines(*table, steps_.programText(),
+                          asCsv ? TraceText::Form::SpreadsheetCsv : TraceText::Form::Tabs);
     std::string text = lines.head(model_.wantedColumns()) + '\n';
     std::set<int> chosen;
     for (const QModelIndex& index : tblTrace_->selectionModel()->selectedRows()) chosen.insert(index.row());

@@ -12,6 +12,7 @@
 class QCheckBox;
 class QKeyEvent;
 class QLabel;
+class QLineEdit;
 class QListWidget;
 class QPushButton;
 class QTableView;
@@ -48,7 +49,9 @@ class frmTrace : public QWidget {
 
   private:
     QPushButton* addButton(const char* name, std::string_view caption);
+    QLabel* addLabel(const char* name);
     void setUpBoard();
+    void setUpGuess();
     void setUpLayout();
     void applyLook();
     void refresh();
@@ -57,6 +60,8 @@ class frmTrace : public QWidget {
     void chose(const QModelIndex& index);
     void guess(bool guessing);
     void uncover();
+    void askGuess();
+    void checkGuess();
     void conceal();
     void tell();
 
@@ -66,6 +71,9 @@ class frmTrace : public QWidget {
     QTableView* tblTrace_;
     QListWidget* lstColumns_;
     QCheckBox* chkGuess_;
+    QLabel* lblGuess_;
+    QLineEdit* txtGuess_;
+    QLabel* lblAnswer_;
     QPushButton* cmdUncover_;
     QPushButton* cmdCopy_;
     QPushButton* cmdCsv_;
