@@ -1,18 +1,12 @@
 #include "classroom/ReportTexts.h"
 #include "classroom/Reports.h"
+#include "platform/encoding/Csv.h"
 
 namespace tolvan::classroom {
 namespace {
 
-// As RFC 4180 has it. A cell that a spreadsheet would take for a formula begins with an apostrophe.
-std::string cell(const std::string& text) {
-    constexpr std::string_view formulas = "=+-@\t\r";
-    const bool isFormula = !text.empty() && formulas.find(text[0]) != std::string_view::npos;
-    std::string safe = isFormula ? "'" + text : text;
-    if (safe.find_first_of(",\"\r\n") == std::string::npos) return safe;
-    std::string quoted = "\"";
-    for (const char c : safe) quoted.append(c == '"' ? 2U : 1U, c);
-    return quoted + '"';
+std::string cell(std::string_view text) {
+    return csvValue(text, CsvFor::Spreadsheets);
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "runtime/host/TraceText.h"
 
 #include "platform/encoding/Ascii.h"
+#include "platform/encoding/Csv.h"
 #include "platform/richtext/UnicodeText.h"
 #include "translator/Blanks.h"
 
@@ -23,18 +24,16 @@ TraceText::TraceText(TraceTable& table, StyledView program, Form form) : table_(
 }
 
 void TraceText::append(std::string_view field, std::string& row) const {
-    if (!row.empty()) row += form_ == Form::Csv ? ',' : '\t';
-    const bool isQuoted = form_ == Form::Csv && field.find_first_of(",\"\r\n") != std::string_view::npos;
-    if (isQuoted) row += '"';
-    for (const char c : field) {
-        if (c == '"' && isQuoted) row += '"';
-        row += form_ == Form::Tabs && (c == '\t' || c == '\r' || c == '\n') ? ' ' : c;
+    if (form_ != Form::Tabs) {
+        row += (row.empty() ? "" : ",") + csvValue(field, form_ == Form::Csv ? CsvFor::Programs : CsvFor::Spreadsheets);
+        return;
     }
-    if (isQuoted) row += '"';
+    if (!row.empty()) row += '\t';
+    for (const char c : field) row += c == '\t' || c == '\r' || c == '\n' ? ' ' : c;
 }
 
 std::string TraceText::head(std::span<const std::size_t> columns) const {
-    std::string head = form_ == Form::Csv ? "line,text" : "line\ttext";
+    std::string head = form_ == Form::Tabs ? "line\ttext" : "line,text";
     for (const std::size_t column : columns) append(table_.columns()[column].unicodeTitle(), head);
     return head;
 }

@@ -5,6 +5,7 @@
 #include "platform/richtext/StyledText.h"
 #include "runtime/host/TraceTable.h"
 
+#include <cstdint>
 #include <span>
 #include <string>
 #include <string_view>
@@ -14,8 +15,9 @@ namespace tolvan {
 
 class TraceText {
   public:
-    // Values parted by commas and quoted where they need it (RFC 4180), or by tabs, as a clipboard has them.
-    enum class Form : bool { Csv, Tabs };
+    // Values parted by commas, as the program would print them or as a spreadsheet may read them (see Csv.h), or by
+    // tabs, as a clipboard has them.
+    enum class Form : std::uint8_t { Csv, SpreadsheetCsv, Tabs };
 
     // The table must outlive this.
     TraceText(TraceTable& table, StyledView program, Form form);
