@@ -36,7 +36,10 @@ void forEachRegister(std::uint16_t operands, const Instruction* at, Action actio
     const auto list = [&](std::uint32_t first, std::uint32_t count) {
         for (std::uint32_t i = 0; i < count; ++i) action(first + i);
     };
-    const auto length = [at] { return wordsOf(at->op) > 1 ? at[1].word<std::uint32_t>() : std::uint32_t{at->c}; };
+    const auto length = [at] {
+        const bool isCountedByC = at->op == Op::MakeArray || at->op == Op::ReDim;
+        return isCountedByC ? std::uint32_t{at->c} : at[1].word<std::uint32_t>();
+    };
     if (operands & A) action(std::uint32_t{at->a});
     if (operands & B) action(std::uint32_t{at->b});
     if (operands & C) action(std::uint32_t{at->c});

@@ -1,7 +1,9 @@
 #include "platform/script/native/MachineCode.h"
 
+#include "platform/script/Builtin.h"
 #include "platform/script/StringCell.h"
-#include "platform/script/machine/Machine.h"
+#include "platform/script/machine/MachineFrames.h"
+#include "platform/script/native/TemplateTable.h"
 #include "platform/script/native/UnitCompiler.h"
 
 #include <algorithm>
@@ -19,6 +21,10 @@ constexpr std::string_view operationNames[] = {
 #undef X
 };
 constexpr std::size_t operationCount = std::size(operationNames);
+
+constexpr std::size_t numberOf(Op op) {
+    return static_cast<std::size_t>(op);
+}
 
 }  // namespace
 
@@ -70,7 +76,7 @@ struct CodeStore::Data {
     Frame* deepestFrame = nullptr;
     std::uint32_t countdown;
     std::array<std::uint64_t, operationCount> executed{};
-    std::array<std::uint64_t, operationCount> handedBack{};
+    std::array<MachineCodeCount, operationCount> counts{};  // but for `executed`
     std::exception_ptr error;
     int running = 0;
     std::vector<std::shared_ptr<Unit>> replaced;  // that may still be running
@@ -79,6 +85,9 @@ struct CodeStore::Data {
     static std::uint64_t step(Machine* machine, const Instruction* at);
     static std::uint64_t tick(Machine* machine, const Instruction* at);
     static void release(Value* value) { *value = Value(); }
+    static std::uint64_t builtin(Machine* machine, const Instruction* at);
+    static std::uint64_t character(Machine* machine, Value* window, std::int32_t place);
+    static int compareTexts(const Value* left, const Value* right) { return left->view().compare(right->view()); }
     static std::uint64_t append(Machine* machine, Value* text, const Value* tail);
 
     ProcedureCode& codeOf(const Procedure& procedure) {
@@ -100,13 +109,37 @@ struct CodeStore::Data {
 
 std::uint64_t CodeStore::Data::step(Machine* machine, const Instruction* at) {
     machine->top().pc = at;
+    Data& data = *machine->machineCode_->data_;
+    if (data.options.counts) ++data.counts[numberOf(at->op)].helped;
     try {
         machine->execute<Machine::Mode::OneInstruction>();
         return returned;
     } catch (...) {
-        machine->machineCode_->data_->error = std::current_exception();
+        data.error = std::current_exception();
         return failed;
     }
+}
+
+std::uint64_t CodeStore::Data::builtin(Machine* machine, const Instruction* at) {
+    Data& data = *machine->machineCode_->data_;
+    if (data.options.counts) ++data.counts[numberOf(at->op)].helped;
+    try {
+        machine->callBuiltin(*at[1].word<const Builtin*>(), machine->top().base + at->a, at->b);
+        return returned;
+    } catch (...) {
+        machine->top().pc = at;
+        data.error = std::current_exception();
+        return failed;
+    }
+}
+
+std::uint64_t CodeStore::Data::character(Machine* machine, Value* window, std::int32_t place) {
+    if (!window[1].is(Type::String) || window[0].isOneOf(bits(Type::Object, Type::Array, Type::Pin))) return failed;
+    const std::string_view text = window[1].view();
+    if (place < 1 || static_cast<std::size_t>(place) > text.size()) return failed;
+    window[0] = machine->character(static_cast<std::uint8_t>(text[static_cast<std::size_t>(place) - 1]));
+    window[1] = Value();
+    return returned;
 }
 
 std::uint64_t CodeStore::Data::tick(Machine* machine, const Instruction* at) {
@@ -142,6 +175,9 @@ CodeStore::CodeStore(Machine& machine, const MachineCodeOptions& options)
     around.step = &Data::step;
     around.tick = &Data::tick;
     around.release = &Data::release;
+    around.builtin = &Data::builtin;
+    around.character = &Data::character;
+    around.compareTexts = &Data::compareTexts;
     around.append = &Data::append;
     around.longestText = &machine.heap().longestText();
 }
@@ -161,10 +197,12 @@ std::size_t CodeStore::bytes() const {
 }
 
 std::vector<MachineCodeCount> CodeStore::counts() const {
-    std::vector<MachineCodeCount> counts;
-    counts.reserve(operationCount);
-    for (std::size_t i = 0; i < operationCount; ++i)
-        counts.push_back({operationNames[i], data_->executed[i], data_->handedBack[i]});
+    std::vector<MachineCodeCount> counts(data_->counts.begin(), data_->counts.end());
+    for (std::size_t i = 0; i < operationCount; ++i) {
+        counts[i].operation = operationNames[i];
+        counts[i].hasTemplate = TemplateTable::has(static_cast<Op>(i));
+        counts[i].executed = data_->executed[i];
+    }
     return counts;
 }
 
@@ -179,6 +217,8 @@ std::shared_ptr<Unit> CodeStore::Data::compile(const Procedure& procedure, std::
     auto unit = std::make_shared<Unit>(memory);
     UnitCompiler compiler(around, procedure, code, *unit);
     if (!(isLoop ? compiler.compileLoop(head, *range, window) : compiler.compileProcedure(window))) return nullptr;
+    for (const Exit& exit : unit->exits)
+        ++counts[numberOf(procedure.code[exit.pc].op)].made[static_cast<std::size_t>(exit.why)];
     unit->code = memory->add(compiler.code());
     isFull = unit->code == nullptr;
     return isFull ? nullptr : unit;
@@ -205,8 +245,8 @@ CodeStore::Outcome CodeStore::Data::run(Unit& unit, ProcedureCode::Place& place)
 // Learns from an exit what types there are, and whether the code is of any use.
 void CodeStore::Data::noteExit(Exit& exit, Unit& entered, ProcedureCode::Place& place, std::int64_t passes) {
     const Procedure& procedure = *machine.top().procedure;
-    if (options.counts) ++handedBack[static_cast<std::size_t>(procedure.code[exit.pc].op)];
-    if (exit.why == Exit::Why::Done) {
+    if (options.counts) ++counts[numberOf(procedure.code[exit.pc].op)].taken[static_cast<std::size_t>(exit.why)];
+    if (exit.why == Exit::Why::Loop || exit.why == Exit::Why::Pause || exit.why == Exit::Why::Changed) {
         entered.shortRuns = 0;
         return;
     }
@@ -253,8 +293,9 @@ CodeStore::Outcome CodeStore::enterLoop(const Instruction* head) {
     std::shared_ptr<Unit>* stale = nullptr;
     for (auto& unit : place->units) {
         const bool fits = std::all_of(unit->expected.begin(), unit->expected.end(), [&](const Unit::Expected& one) {
-            const std::uint32_t tag = frame.base[one.reg].tag;
-            return one.kind == Kind::Simple ? (tag & Value::heapTypes) == 0 : tag == tagOf(one.kind);
+            Value& value = frame.base[one.reg];
+            if (one.kind == Kind::Simple) return (value.tag & Value::heapTypes) == 0;
+            return one.kind == Kind::Items ? followed(value).is(Type::Array) : value.tag == tagOf(one.kind);
         });
         if (!fits) continue;
         if (!unit->isStale || place->compilations >= mostCompilations) return data.run(*unit, *place);
@@ -287,7 +328,7 @@ CodeStore::Outcome CodeStore::enterProcedure() {
     ProcedureCode& code = data.codeOf(procedure);
     ProcedureCode::Place& place = code.whole;
     CodeOfProcedure& known = procedure.machineCode;
-    const bool isMissing = place.units.empty() || place.units.front()->isStale;
+    const bool isMissing = place.units.empty() || place.units.front() == nullptr || place.units.front()->isStale;
     if (!place.isRefused && isMissing && place.compilations < mostCompilations) {
         ++place.compilations;
         auto made = data.compile(procedure, 0, false, frame.base);

@@ -4,6 +4,7 @@
 
 #include "platform/script/compiler/Opcode.h"
 
+#include <array>
 #include <cstddef>
 #include <cstdint>
 #include <memory>
@@ -22,18 +23,35 @@ struct MachineCodeOptions {
     std::uint32_t hotAfter = 1000;
     // For tests: each guard fails the so-manieth time that one is reached. 0: only when it has to.
     std::uint32_t failEvery = 0;
-    // For tests: counts how often each instruction was executed in machine code, and how often each was left at.
+    // For tests: counts what there is in MachineCodeCount.
     bool counts = false;
 
     // The start value: as the environment variable TOLVAN_MACHINE_CODE says ("off", or a number for hotAfter).
     static MachineCodeOptions fromEnvironment();
 };
 
-// How often machine code executed an operation, and how often it handed one back to the interpreter.
+// Why machine code hands back to the interpreter.
+enum class MachineCodeExit : std::uint8_t {
+    Loop,         // the loop is over
+    Pause,        // a poll asks, the clock is to be looked at, calls are too deep, or a procedure returns out of a loop
+    Interpreter,  // the instruction has no machine code
+    Callee,       // the called procedure has none yet
+    Guard,        // an assumption of the code does not hold
+    Kind,         // the same: a value was of another type
+    Growth,       // a whole number became too big for its type
+    Changed,      // a Class_Terminate that ran within the instruction has put something in the place of an array
+};
+constexpr std::size_t machineCodeExits = 8;
+
+// What machine code did with one operation.
 struct MachineCodeCount {
     std::string_view operation;
-    std::uint64_t executed = 0;
-    std::uint64_t handedBack = 0;
+    bool hasTemplate = false;    // else its code calls the interpreter's, or leaves the instruction to it
+    std::uint64_t executed = 0;  // in machine code
+    std::uint64_t helped = 0;    // of these: by the interpreter's code
+    // By MachineCodeExit: how many exits at such instructions were made, and how often they were taken.
+    std::array<std::uint64_t, machineCodeExits> made{};
+    std::array<std::uint64_t, machineCodeExits> taken{};
 };
 
 namespace native {

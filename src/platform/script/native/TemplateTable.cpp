@@ -5,7 +5,7 @@ namespace tolvan::script::native {
 UnitCompiler::Template TemplateTable::of(Op op) {
     using Code = UnitCompiler;
     switch (op) {
-        // Numbers are copied in registers; texts and the like by the interpreter's code.
+        // Numbers are copied in registers, texts in the window, objects and arrays by the interpreter's code.
         case Op::LoadConstant:
             return &Code::loadConstant;
         case Op::Copy:
@@ -26,7 +26,7 @@ UnitCompiler::Template TemplateTable::of(Op op) {
         case Op::ReferGlobal:
             return &Code::referGlobal;
 
-        // Of numbers; the interpreter's code where an operand is anything else.
+        // Of numbers (comparisons also of texts); the interpreter's code where an operand is anything else.
         case Op::AddRR:
         case Op::AddRK:
             return &Code::add;
@@ -106,6 +106,9 @@ UnitCompiler::Template TemplateTable::of(Op op) {
         case Op::PutIndexMany:
             return &Code::putIndex;
 
+        // Abs, Int, Fix and Sqr of numbers, and single characters; the others are called.
+        case Op::CallBuiltin:
+            return &Code::callBuiltin;
         case Op::CallProcedure:
             return &Code::callProcedure;
         case Op::Return:

@@ -11,6 +11,18 @@ namespace tolvan::script::native {
 
 using namespace asmjit;
 
+namespace {
+
+// Of whole numbers, by UnitCompiler::Relation: where it holds, and where it does not.
+constexpr x86::CondCode conditions[] = {x86::CondCode::kE,  x86::CondCode::kNE, x86::CondCode::kL,
+                                        x86::CondCode::kLE, x86::CondCode::kG,  x86::CondCode::kGE};
+constexpr x86::CondCode opposites[] = {x86::CondCode::kNE, x86::CondCode::kE,  x86::CondCode::kGE,
+                                       x86::CondCode::kG,  x86::CondCode::kLE, x86::CondCode::kL};
+
+constexpr std::int32_t referencesOffset = offsetof(Cell, references);
+
+}  // namespace
+
 // Left to the interpreter ---------------------------------------------------------------------------------------------
 
 void UnitCompiler::interpret() {
@@ -22,7 +34,8 @@ void UnitCompiler::interpret() {
 void UnitCompiler::callHelper() {
     storeAll(kinds_, pc_);
     InvokeNode* call = nullptr;
-    cc_.invoke(&call, imm(reinterpret_cast<std::uintptr_t>(around_.step)),
+    const auto function = at()->op == Op::CallBuiltin ? around_.builtin : around_.step;
+    cc_.invoke(&call, imm(reinterpret_cast<std::uintptr_t>(function)),
                FuncSignatureT<std::uint64_t, void*, const void*>(CallConvId::kHost));
     const Gp status = temporary64();
     call->setArg(0, pointer(around_.machine));
@@ -34,6 +47,7 @@ void UnitCompiler::callHelper() {
 
 void UnitCompiler::helper() {
     callHelper();
+    forgetContents();
     const std::uint16_t writes = useOf(at()->op).writes;
     forEachRegister(writes, at(), [this](std::uint32_t reg) { kinds_[reg] = Kind::Any; });
     if ((writes & (Arguments | AndValue)) != 0)
@@ -65,7 +79,12 @@ void UnitCompiler::loadConstant() {
     const Kind kind = kindOf(value.tag);
     if (kind == Kind::Any) return helper();
     overwrite(target);
-    if (kind == Kind::Double) {
+    if (kind == Kind::Text) {
+        const Gp cell = fixedAddress(value.as.cell);
+        cc_.inc(x86::dword_ptr(cell, referencesOffset));
+        cc_.mov(tagOfSlot(target), bits(Type::String));
+        cc_.mov(payload(target), cell);
+    } else if (kind == Kind::Double) {
         cc_.movsd(real(target), cc_.newDoubleConst(ConstPoolScope::kLocal, value.as.d));
     } else if (isUnboxed(kind)) {
         cc_.mov(whole(target), value.as.i);
@@ -79,13 +98,41 @@ void UnitCompiler::loadConstant() {
 }
 
 void UnitCompiler::copy() {
-    if (!unbox(at()->b, 0)) return helper();
     const std::uint32_t from = at()->b;
+    if (!unbox(from, 0)) {
+        const bool isText = kinds_[from] == Kind::Text || expected(0, window_[from].tag) == bits(Type::String);
+        if (!isText || kinds_[from] == Kind::Items || from == at()->a) return helper();
+        return copyText(slotOf(from), kinds_[from] == Kind::Text, at()->op == Op::Take || at()->op == Op::LetTake);
+    }
     if (from == at()->a) return;
     if (kinds_[from] == Kind::Double)
         setReal(at()->a, real(from));
     else
         setWhole(at()->a, kinds_[from], whole(from));
+}
+
+// What is no text after all is the interpreter's.
+void UnitCompiler::copyText(const Mem& from, bool isKnown, bool isTaken) {
+    const std::uint32_t target = at()->a;
+    Mem tag = from;
+    tag.setSize(4);
+    Mem content = from;
+    content.addOffset(offsetof(Value, as));
+    if (!isKnown) {
+        cc_.cmp(tag, bits(Type::String));
+        cc_.jne(forked([this] { helper(); }));
+    }
+    const Gp cell = temporary64();
+    cc_.mov(cell, content);
+    if (isTaken)
+        cc_.mov(tag, bits(Type::Empty));
+    else
+        cc_.inc(x86::dword_ptr(cell, referencesOffset));
+    overwrite(target);
+    cc_.mov(tagOfSlot(target), bits(Type::String));
+    cc_.mov(payload(target), cell);
+    kinds_[target] = Kind::Text;
+    if (isTaken) kinds_[at()->b] = Kind::Simple;
 }
 
 void UnitCompiler::clear() {
@@ -98,12 +145,18 @@ void UnitCompiler::clear() {
 
 void UnitCompiler::loadFrom(const Gp& variable, std::uint32_t guess) {
     const std::uint32_t tags = expected(0, guess);
+    if (tags == bits(Type::String)) return copyText(x86::ptr(variable), false, false);
     if ((tags & unboxedTags) == 0) return helper();
     const Gp tag = temporary32();
     cc_.mov(tag, x86::dword_ptr(variable));
+    // The variable may be gone when the target's value is released.
     const auto take = [this, variable](Kind kind) {
-        overwrite(at()->a);
-        load(at()->a, kind, x86::ptr(variable, offsetof(Value, as)));
+        const std::uint32_t target = at()->a;
+        const Kind before = kinds_[target];
+        load(target, kind, x86::ptr(variable, offsetof(Value, as)));
+        kinds_[target] = before;
+        overwrite(target);
+        kinds_[target] = kind;
     };
     if (!choose(tag, tags, 0, false, take)) helper();
 }
@@ -111,18 +164,18 @@ void UnitCompiler::loadFrom(const Gp& variable, std::uint32_t guess) {
 // Releasing what the variable has is the interpreter's.
 void UnitCompiler::storeTo(const Gp& variable, const Number& value) {
     const Label back = cc_.newLabel();
+    const Label held = cc_.newLabel();
+    helpAside(held, back);
     cc_.test(x86::dword_ptr(variable), Value::heapTypes);
-    cc_.jne(aside([this, back] {
-        callHelper();
-        cc_.jmp(back);
-    }));
+    cc_.jne(held);
     cc_.mov(x86::dword_ptr(variable), tagOf(value.kind));
-    const Mem payload = x86::ptr(variable, offsetof(Value, as));
-    if (value.kind == Kind::Double) {
-        cc_.movsd(payload, realOf(value));
-    } else {
-        cc_.mov(payload, wholeCopy(value));
-    }
+    const Mem payload = x86::dword_ptr(variable, offsetof(Value, as));
+    if (value.kind == Kind::Double)
+        cc_.movsd(x86::ptr(variable, offsetof(Value, as)), realOf(value));
+    else if (value.isConstant)
+        cc_.mov(payload, value.constant.as.i);
+    else
+        cc_.mov(payload, whole(value.reg));
     cc_.bind(back);
 }
 
@@ -408,10 +461,8 @@ void UnitCompiler::concatenate() {
     if (!isInPlace || (isConstant ? !constant(at()->c).is(Type::String) : kinds_[at()->c] != Kind::Any))
         return helper();
     const Label back = cc_.newLabel();
-    const Label slow = aside([this, back] {
-        callHelper();
-        cc_.jmp(back);
-    });
+    const Label slow = cc_.newLabel();
+    helpAside(slow, back);
     if (isConstant && constant(at()->c).view().size() == 1) {
         const StringCell& any = *constant(at()->c).string();
         const auto offset = [&any](const void* field) {
@@ -521,10 +572,6 @@ UnitCompiler::Comparison UnitCompiler::comparisonOf(Op op) {
 void UnitCompiler::jumpWhere(Relation relation, const Number& left, const Number& right, bool holds,
                              const Label& target) {
     if (!isNumber(left.kind) || (left.isWhole() && right.isWhole())) {
-        constexpr Condition conditions[] = {Condition::kE,  Condition::kNE, Condition::kL,
-                                            Condition::kLE, Condition::kG,  Condition::kGE};
-        constexpr Condition opposites[] = {Condition::kNE, Condition::kE,  Condition::kGE,
-                                           Condition::kG,  Condition::kLE, Condition::kL};
         if (right.isConstant)
             cc_.cmp(whole(left.reg), imm(right.constant.as.i));
         else
@@ -584,7 +631,7 @@ void UnitCompiler::compare() {
     const Comparison comparison = comparisonOf(at()->op);
     Number left;
     Number right;
-    if (!comparable(at()->b, at()->c, comparison.isConstant, left, right)) return helper();
+    if (!comparable(at()->b, at()->c, comparison.isConstant, left, right)) return compareTexts(at()->b, at()->c);
     const Gp result = temporary32();
     const Label done = cc_.newLabel();
     cc_.mov(result, 0);
@@ -594,11 +641,57 @@ void UnitCompiler::compare() {
     setWhole(at()->a, Kind::Boolean, result);
 }
 
+// Of two texts, as far as can be told now; what is none after all is the interpreter's.
+void UnitCompiler::compareTexts(std::uint32_t left, std::uint32_t right) {
+    const Comparison comparison = comparisonOf(at()->op);
+    const auto mayBeText = [this](std::uint32_t reg) { return kinds_[reg] == Kind::Text || kinds_[reg] == Kind::Any; };
+    const bool isText = comparison.isConstant ? constant(right).is(Type::String) : mayBeText(right);
+    if (!isText || !mayBeText(left) ||
+        (kinds_[left] != Kind::Text && (comparison.isConstant || kinds_[right] != Kind::Text)))
+        return helper();
+    const auto check = [this](std::uint32_t reg) {
+        if (kinds_[reg] == Kind::Text) return;
+        cc_.cmp(tagOfSlot(reg), bits(Type::String));
+        cc_.jne(forked([this] { helper(); }));
+    };
+    check(left);
+    if (!comparison.isConstant) check(right);
+    const Gp first = temporary64();
+    cc_.lea(first, slotOf(left));
+    const Gp second = temporary64();
+    if (comparison.isConstant)
+        cc_.mov(second, pointer(&constant(right)));
+    else
+        cc_.lea(second, slotOf(right));
+    const Gp order = temporary32();
+    InvokeNode* call = nullptr;
+    cc_.invoke(&call, imm(reinterpret_cast<std::uintptr_t>(around_.compareTexts)),
+               FuncSignatureT<int, const void*, const void*>(CallConvId::kHost));
+    call->setArg(0, first);
+    call->setArg(1, second);
+    call->setRet(0, order);
+    const auto row = static_cast<std::size_t>(comparison.relation);
+    if (comparison.form != Comparison::Form::Value) {
+        const Label target = place(targetOf(pc_, *jumpOf(at())));
+        cc_.cmp(order, 0);
+        cc_.j(comparison.form == Comparison::Form::JumpIf ? conditions[row] : opposites[row], target);
+        return;
+    }
+    const Gp result = temporary32();
+    const Label done = cc_.newLabel();
+    cc_.mov(result, 0);
+    cc_.cmp(order, 0);
+    cc_.j(opposites[row], done);
+    cc_.mov(result, -1);
+    cc_.bind(done);
+    setWhole(at()->a, Kind::Boolean, result);
+}
+
 void UnitCompiler::compareAndJump() {
     const Comparison comparison = comparisonOf(at()->op);
     Number left;
     Number right;
-    if (!comparable(at()->a, at()->b, comparison.isConstant, left, right)) return helper();
+    if (!comparable(at()->a, at()->b, comparison.isConstant, left, right)) return compareTexts(at()->a, at()->b);
     jumpWhere(comparison.relation, left, right, comparison.form == Comparison::Form::JumpIf,
               place(targetOf(pc_, *jumpOf(at()))));
 }
@@ -615,18 +708,21 @@ void UnitCompiler::jumpOnValue() {
     cc_.j(at()->op == Op::JumpIf ? Condition::kNE : Condition::kE, place(targetOf(pc_, at()->bc())));
 }
 
+// What is counted down too far is put right again, and the interpreter sees to it.
+void UnitCompiler::countDown(const int* number, Condition isOver) {
+    cc_.sub(x86::dword_ptr(address(number)), 1);
+    cc_.j(isOver, aside([this, number] {
+              cc_.add(x86::dword_ptr(address(number)), 1);
+              cc_.jmp(exit(Exit::Why::Pause));
+          }));
+}
+
 void UnitCompiler::tick() {
-    const Gp ticks = address(around_.ticks);
-    cc_.cmp(x86::dword_ptr(ticks), 1);
-    cc_.jle(exit(Exit::Why::Done));
-    cc_.dec(x86::dword_ptr(ticks));
+    countDown(around_.ticks, Condition::kLE);
 }
 
 void UnitCompiler::poll() {
-    const Gp budget = address(at()[1].word<const int*>());
-    cc_.cmp(x86::dword_ptr(budget), 0);
-    cc_.jle(exit(Exit::Why::Done));
-    cc_.dec(x86::dword_ptr(budget));
+    countDown(at()[1].word<const int*>(), Condition::kL);
 }
 
 void UnitCompiler::forPrepare() {

@@ -1,12 +1,15 @@
 // The machine code of instructions that read and write elements of arrays, and that call procedures.
 
 #include "platform/script/ArrayCell.h"
+#include "platform/script/Builtin.h"
 #include "platform/script/compiler/LoadedModule.h"
-#include "platform/script/machine/Machine.h"
+#include "platform/script/machine/MachineFrames.h"
 #include "platform/script/native/UnitCompiler.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <cstring>
+#include <limits>
 
 namespace tolvan::script::native {
 
@@ -53,14 +56,66 @@ const Value* UnitCompiler::arrayNow(std::uint32_t reg) const {
     return isVariable ? &window_[reg] : nullptr;
 }
 
-// The type of the array's first elements as a guess for all.
+// The types of some of the array's elements as a guess for all. Empty ones will have been filled.
 std::uint32_t UnitCompiler::sampleOf(std::uint32_t array) const {
-    constexpr std::size_t looks = 8;
+    constexpr std::size_t looks = 16;
     const Value* now = arrayNow(array);
     if (now == nullptr || !now->is(Type::Array)) return bits(Type::Integer);
-    for (std::size_t i = 0; i < std::min(looks, now->array()->size); ++i)
-        if (!now->array()->items[i].is(Type::Empty)) return now->array()->items[i].tag;
-    return bits(Type::Integer);
+    std::uint32_t tags = 0;
+    const std::size_t size = now->array()->size;
+    for (std::size_t i = 0; i < std::min(looks, size); ++i)
+        tags |= now->array()->items[i * size / std::min(looks, size)].tag;
+    tags &= ~bits(Type::Empty);
+    if (tags == 0) return bits(Type::Integer);
+    return (tags & unboxedTags) != 0 ? tags & unboxedTags : tags;
+}
+
+UnitCompiler::Gp UnitCompiler::cellOf(std::uint32_t array) {
+    if (!cells_[array].isValid()) cells_[array] = cc_.newIntPtr();
+    return cells_[array];
+}
+UnitCompiler::Gp UnitCompiler::itemsOf(std::uint32_t array) {
+    if (!items_[array].isValid()) items_[array] = cc_.newIntPtr();
+    return items_[array];
+}
+
+// Whether it is an array now, or refers to one, and is used as such.
+bool UnitCompiler::startsWithItems(std::uint32_t reg) const {
+    return reg < procedure_.variableCount && isArray_[reg] && followed(window_[reg]).is(Type::Array);
+}
+
+// Brings the addresses of the array's cell and elements. `check` makes sure that the tag is an array's.
+void UnitCompiler::findItems(std::uint32_t array, bool mayBeReference, const std::function<void(const Gp&)>& check) {
+    const Gp holder = temporary64();
+    cc_.lea(holder, slotOf(array));
+    if (mayBeReference) {
+        const Label direct = cc_.newLabel();
+        cc_.cmp(x86::dword_ptr(holder), bits(Type::Reference));
+        cc_.jne(direct);
+        cc_.mov(holder, x86::ptr(holder, offsetof(Value, as)));
+        cc_.bind(direct);
+    }
+    if (check) {
+        const Gp tag = temporary32();
+        cc_.mov(tag, x86::dword_ptr(holder));
+        check(tag);
+    }
+    cc_.mov(cellOf(array), x86::ptr(holder, offsetof(Value, as)));
+    cc_.mov(itemsOf(array), x86::ptr(cellOf(array), arrayOffsets().items));
+    kinds_[array] = Kind::Items;
+}
+
+// After code that may have changed arrays. Where one is an array no more, the interpreter goes on at `otherwise`.
+void UnitCompiler::refreshItems(std::uint32_t otherwise) {
+    if (std::find(kinds_.begin(), kinds_.end(), Kind::Items) == kinds_.end()) return;
+    const Label changed = exitAt(otherwise, Exit::Why::Changed);
+    for (std::uint32_t reg = 0; reg < kinds_.size(); ++reg) {
+        if (kinds_[reg] != Kind::Items) continue;
+        findItems(reg, true, [this, changed](const Gp& tag) {
+            cc_.cmp(tag, bits(Type::Array));
+            cc_.jne(changed);
+        });
+    }
 }
 
 // The address of the element; none where array or indexes are of a kind that the interpreter takes care of. To write,
@@ -75,21 +130,12 @@ std::optional<UnitCompiler::Gp> UnitCompiler::elementOf(std::uint32_t array, std
     if (isUnboxed(kinds_[array]) || (form & ~bits(Type::Array, Type::Reference)) != 0) return std::nullopt;
 
     const ArrayOffsets& offsets = arrayOffsets();
-    const Gp holder = temporary64();
-    cc_.lea(holder, x86::ptr(base_, static_cast<std::int32_t>(array * sizeof(Value))));
-    if ((form & bits(Type::Reference)) != 0) {
-        const Label direct = cc_.newLabel();
-        cc_.cmp(x86::dword_ptr(holder), bits(Type::Reference));
-        cc_.jne(direct);
-        cc_.mov(holder, x86::ptr(holder, offsetof(Value, as)));
-        cc_.bind(direct);
-    }
-    const Gp tag = temporary32();
-    cc_.mov(tag, x86::dword_ptr(holder));
-    cc_.cmp(tag, bits(Type::Array));
-    guard(Condition::kNE, exit(Exit::Why::Kind, 1, &tag));
-    const Gp cell = temporary64();
-    cc_.mov(cell, x86::ptr(holder, offsetof(Value, as)));
+    if (kinds_[array] != Kind::Items)
+        findItems(array, (form & bits(Type::Reference)) != 0, [this](const Gp& tag) {
+            cc_.cmp(tag, bits(Type::Array));
+            guard(Condition::kNE, exit(Exit::Why::Kind, 1, &tag));
+        });
+    const Gp cell = cellOf(array);
     const Label outside = exit(Exit::Why::Guard);
     Gp number = temporary64();
     cc_.mov(number.r32(), whole(firstIndex));
@@ -125,7 +171,7 @@ std::optional<UnitCompiler::Gp> UnitCompiler::elementOf(std::uint32_t array, std
     }
     static_assert(sizeof(Value) == 1u << 4);
     cc_.shl(number, 4);
-    cc_.add(number, x86::qword_ptr(cell, offsets.items));
+    cc_.add(number, itemsOf(array));
     return number;
 }
 
@@ -152,22 +198,92 @@ void UnitCompiler::putIndex() {
         if (!unbox(at()->c, 0)) return helper();
         value = number(at()->c);
     }
-    const Label back = cc_.newLabel();
-    const Label shared = aside([this, back] {
-        callHelper();
-        cc_.jmp(back);
-    });
+    const Label shared = cc_.newLabel();
     const auto element = elementOf(at()->a, at()->b, count, &shared);
-    if (!element) {
-        helper();
-        cc_.bind(back);
-        return;
-    }
+    if (!element) return helper();
+    const Label back = cc_.newLabel();
+    helpAside(shared, back);
     storeTo(*element, value);
     cc_.bind(back);
 }
 
 // Calls ---------------------------------------------------------------------------------------------------------------
+
+void UnitCompiler::callBuiltin() {
+    const std::string_view name = at()[1].word<const Builtin*>()->name;
+    if (at()->b == 1 && numericBuiltin(name)) return;
+    if (at()->b == 3 && name == "Mid" && characterOfText()) return;
+    helper();
+}
+
+// The argument's register holds a number, before and after.
+bool UnitCompiler::numericBuiltin(std::string_view name) {
+    const bool isCut = name == "Int" || name == "Fix";
+    if (!isCut && name != "Abs" && name != "Sqr") return false;
+    const std::uint32_t argument = at()->a + 1u;
+    if (!isNumber(kinds_[argument])) return false;
+    const Number of = number(argument);
+    if (name == "Sqr") {
+        const Xmm result = realCopy(of);
+        const Xmm zero = temporaryReal();
+        cc_.xorps(zero, zero);
+        cc_.ucomisd(result, zero);
+        guard(Condition::kB, exit(Exit::Why::Guard));
+        cc_.sqrtsd(result, result);
+        setReal(at()->a, result);
+    } else if (of.isWhole()) {
+        const Gp result = wholeCopy(of);
+        if (!isCut) {
+            const Label isPositive = cc_.newLabel();
+            cc_.test(result, result);
+            cc_.jns(isPositive);
+            cc_.neg(result);
+            cc_.bind(isPositive);
+            // Of the smallest number of its type there is none.
+            cc_.cmp(result, of.kind == Kind::Integer ? 0x8000 : std::numeric_limits<std::int32_t>::min());
+            guard(Condition::kE, exit(Exit::Why::Guard));
+        }
+        setWhole(at()->a, of.kind, result);
+    } else if (!isCut) {
+        const Xmm result = realCopy(of);
+        constexpr std::uint64_t allButSign[2] = {~(std::uint64_t{1} << 63), 0};
+        cc_.andpd(result, cc_.newConst(ConstPoolScope::kLocal, allButSign, sizeof allButSign));
+        setReal(at()->a, result);
+    } else {
+        if (!CpuInfo::host().features().x86().hasSSE4_1()) return false;
+        constexpr int down = 1 | 8;  // and raise no exception
+        constexpr int towardsZero = 3 | 8;
+        const Xmm result = realCopy(of);
+        cc_.roundsd(result, result, name == "Int" ? down : towardsZero);
+        setReal(at()->a, result);
+    }
+    return true;
+}
+
+// Mid(text, place, 1).
+bool UnitCompiler::characterOfText() {
+    const std::uint32_t result = at()->a;
+    const Kind text = kinds_[result + 1];
+    const bool isOne = isWhole(kinds_[result + 3]) && isWhole(kinds_[result + 2]);
+    if (!isOne || (text != Kind::Text && text != Kind::Any)) return false;
+    cc_.cmp(whole(result + 3), 1);
+    cc_.jne(forked([this] { helper(); }));
+    const Gp window = temporary64();
+    cc_.lea(window, slotOf(result));
+    const Gp status = temporary64();
+    InvokeNode* call = nullptr;
+    cc_.invoke(&call, imm(reinterpret_cast<std::uintptr_t>(around_.character)),
+               FuncSignatureT<std::uint64_t, void*, void*, std::int32_t>(CallConvId::kHost));
+    call->setArg(0, pointer(around_.machine));
+    call->setArg(1, window);
+    call->setArg(2, whole(result + 2));
+    call->setRet(0, status);
+    cc_.test(status, status);
+    cc_.jne(forked([this] { helper(); }));
+    kinds_[result] = Kind::Text;
+    kinds_[result + 1] = Kind::Simple;
+    return true;
+}
 
 // As Machine::enter does. Everything is in the window then, so that the interpreter can go on in any of the procedures.
 void UnitCompiler::callProcedure() {
@@ -190,7 +306,7 @@ void UnitCompiler::callProcedure() {
 
     const std::uint32_t window = at()->a;
     const auto offset = [](std::uint32_t reg) { return static_cast<std::int32_t>(reg * sizeof(Value)); };
-    const Label tooDeep = exit(Exit::Why::Done);
+    const Label tooDeep = exit(Exit::Why::Pause);
     const Gp inner = temporary64();
     cc_.lea(inner, x86::ptr(frame_, sizeof(Frame)));
     cc_.cmp(inner, x86::qword_ptr(address(around_.deepestFrame)));
@@ -237,6 +353,7 @@ void UnitCompiler::callProcedure() {
     cc_.test(status, status);
     cc_.jne(aside([this, status] { cc_.ret(status); }));
 
+    forgetContents();
     // The callee has released its registers, and may have changed what it got by reference.
     kinds_[window] = Kind::Any;
     for (std::uint32_t i = 1; i <= callee->parameterCount; ++i) kinds_[window + i] = Kind::Simple;
@@ -246,9 +363,10 @@ void UnitCompiler::callProcedure() {
 
 void UnitCompiler::returnFromProcedure() {
     if (isLoop_) {
-        cc_.jmp(exit(Exit::Why::Done));
+        cc_.jmp(exit(Exit::Why::Pause));
         return end();
     }
+    forgetContents();
     if (isUnboxed(kinds_[0])) store(0, kinds_[0]);
     for (std::uint32_t reg = 1; reg < procedure_.registerCount; ++reg)
         if (isWritten_[reg] || reg <= procedure_.parameterCount) overwrite(reg);

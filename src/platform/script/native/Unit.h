@@ -23,6 +23,8 @@ namespace tolvan::script::native {
 enum class Kind : std::uint8_t {
     Any,     // in the window, of any type
     Simple,  // in the window, not a text, an array or an object
+    Text,    // in the window, a text
+    Items,   // in the window, an array or a reference to one; registers of the processor say where its elements are
     Integer,
     Long,
     Double,
@@ -59,6 +61,7 @@ constexpr Kind kindOf(std::uint32_t tag) {
     if (tag == bits(Type::Long)) return Kind::Long;
     if (tag == bits(Type::Double)) return Kind::Double;
     if (tag == bits(Type::Boolean)) return Kind::Boolean;
+    if (tag == bits(Type::String)) return Kind::Text;
     return (tag & Value::heapTypes) == 0 ? Kind::Simple : Kind::Any;
 }
 
@@ -78,19 +81,12 @@ class CodeMemory {
 // Where machine code hands back to the interpreter, which goes on at `pc`.
 struct Unit;
 struct Exit {
-    enum class Why : std::uint8_t {
-        Done,         // the loop is over, or a poll asks
-        Interpreter,  // the instruction has no machine code
-        Callee,       // the called procedure has none yet
-        Guard,        // an assumption of the code does not hold
-        Kind,         // the same: a value was of another type, `seen`
-        Growth,       // a whole number became too big for its type; it would have been `seen`
-    };
+    using Why = MachineCodeExit;
     Unit* unit;
     std::uint32_t pc;
     Why why;
-    std::uint8_t slot = 0;  // which of the instruction's values
-    std::uint32_t seen = 0;
+    std::uint8_t slot = 0;   // which of the instruction's values
+    std::uint32_t seen = 0;  // of Kind: the value's type; of Growth: what it would have become
     std::uint32_t count = 0;
     const Procedure* callee = nullptr;
 };

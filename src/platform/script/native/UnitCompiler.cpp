@@ -13,8 +13,9 @@ using namespace asmjit;
 namespace {
 
 constexpr std::uint32_t mostRegisters = 200;
-constexpr std::size_t mostInstructions = 800;  // translated, each version counted: some 10 ms
-constexpr std::size_t mostVersions = 4;        // of one place
+constexpr std::size_t mostInstructions = 800;    // translated, each version counted: some 10 ms
+constexpr std::size_t mostVersions = 4;          // of one place
+constexpr std::size_t versionsWithContents = 2;  // of these: that may tell arrays and texts apart
 
 // Bytes from a pointer to a Value's parts.
 constexpr std::int32_t tagOffset = offsetof(Value, tag);
@@ -36,6 +37,9 @@ UnitCompiler::UnitCompiler(const Surroundings& surroundings, const Procedure& pr
       unit_(unit),
       wholes_(procedure.registerCount),
       reals_(procedure.registerCount),
+      cells_(procedure.registerCount),
+      items_(procedure.registerCount),
+      isArray_(procedure.registerCount),
       isUsed_(procedure.registerCount),
       isWritten_(procedure.registerCount),
       kinds_(procedure.registerCount, Kind::Any) {
@@ -49,6 +53,7 @@ void UnitCompiler::begin() {
     function_ = cc_.addFunc(FuncSignatureT<std::uint64_t, void*, void*>(CallConvId::kHost));
     base_ = cc_.newIntPtr();
     frame_ = cc_.newIntPtr();
+    leaving_ = cc_.newIntPtr();
     function_->setArg(0, base_);
     function_->setArg(1, frame_);
     findRegisters();
@@ -64,6 +69,20 @@ void UnitCompiler::findRegisters() {
         const RegisterUse use = useOf(code_[pc].op);
         forEachRegister(use.reads | use.writes, &code_[pc], [this](std::uint32_t reg) { isUsed_[reg] = true; });
         forEachRegister(use.writes, &code_[pc], [this](std::uint32_t reg) { isWritten_[reg] = true; });
+        switch (code_[pc].op) {
+            case Op::Index:
+            case Op::IndexLet:
+            case Op::IndexMany:
+                isArray_[code_[pc].b] = true;
+                break;
+            case Op::PutIndexR:
+            case Op::PutIndexK:
+            case Op::PutIndexMany:
+                isArray_[code_[pc].a] = true;
+                break;
+            default:
+                break;
+        }
     }
 }
 
@@ -77,9 +96,13 @@ bool UnitCompiler::compileLoop(std::uint32_t head, CodeShape::Range range, Value
         if (!isUsed_[reg]) continue;
         Kind kind = kindOf(window[reg].tag);
         if (isUnboxed(kind) && !shape_.isLive(head, reg)) kind = Kind::Simple;
+        if (kind == Kind::Text) kind = Kind::Any;
+        if (startsWithItems(reg)) kind = Kind::Items;
         if (kind != Kind::Any) unit_.expected.push_back({reg, kind});
         if (isUnboxed(kind))
             load(reg, kind, payload(reg));
+        else if (kind == Kind::Items)
+            findItems(reg, true, {});
         else
             kinds_[reg] = kind;
     }
@@ -105,6 +128,11 @@ bool UnitCompiler::compileProcedure(Value* window) {
     const Label any = place(0);
     for (std::uint32_t reg = 1; reg <= procedure_.parameterCount; ++reg) {
         const Kind kind = kindOf(window[reg].tag);
+        if (startsWithItems(reg))
+            findItems(reg, window[reg].is(Type::Reference), [this, any](const Gp& tag) {
+                cc_.cmp(tag, bits(Type::Array));
+                cc_.jne(any);
+            });
         if (!isUnboxed(kind) || !isUsed_[reg]) continue;
         cc_.cmp(tagOfSlot(reg), tagOf(kind));
         cc_.jne(any);
@@ -131,7 +159,7 @@ void UnitCompiler::write() {
         pc_ = one.pc;
         kinds_ = std::move(one.kinds);
         isEnded_ = isFork_ = false;
-        plainExit_.reset();
+        forgetExits();
         following_ = next();
         usedTemporaries_ = one.temporaries;
         if (one.then) one.then();
@@ -142,7 +170,7 @@ void UnitCompiler::write() {
 void UnitCompiler::instructions() {
     while (!isEnded_) {
         if (++translated_ > mostInstructions) return;
-        plainExit_.reset();
+        forgetExits();
         usedTemporaries_ = {};
         if (around_.executed != nullptr && !isFork_)
             cc_.inc(x86::qword_ptr(address(around_.executed + static_cast<std::size_t>(at()->op))));
@@ -155,14 +183,14 @@ void UnitCompiler::instructions() {
 // Goes on at `next`, in the version for the kinds that there are.
 void UnitCompiler::continueAt(std::uint32_t next) {
     if (!isInside(next)) {
-        cc_.jmp(exitAt(next, Exit::Why::Done));
+        cc_.jmp(exitAt(next, Exit::Why::Loop));
         return end();
     }
     pc_ = next;
     if (!shape_.isJoin(next) && !isFork_) return;
     isFork_ = false;
     forgetUnneeded(next);
-    Version* version = findVersion(next);
+    Version* version = findVersionWithLess(next);
     if (version == nullptr && versions_[next].size() >= mostVersions) {
         boxAll();
         version = findVersion(next);
@@ -182,13 +210,25 @@ void UnitCompiler::continueAt(std::uint32_t next) {
 // Temporaries that are not read any more have no kinds that would tell versions apart.
 void UnitCompiler::forgetUnneeded(std::uint32_t pc) {
     for (std::uint32_t reg = procedure_.variableCount; reg < procedure_.registerCount; ++reg)
-        if (isUnboxed(kinds_[reg]) && !shape_.isLive(pc, reg)) kinds_[reg] = Kind::Simple;
+        if (!shape_.isLive(pc, reg)) kinds_[reg] = isHeld(reg) ? Kind::Any : Kind::Simple;
+}
+
+// What is known of contents of the window.
+void UnitCompiler::forgetContents() {
+    for (Kind& kind : kinds_)
+        if (kind == Kind::Items || kind == Kind::Text) kind = Kind::Any;
+}
+
+// Where there are versions already, one that knows less of the window is good enough.
+UnitCompiler::Version* UnitCompiler::findVersionWithLess(std::uint32_t pc) {
+    Version* const version = findVersion(pc);
+    if (version != nullptr || versions_[pc].size() < versionsWithContents) return version;
+    forgetContents();
+    return findVersion(pc);
 }
 
 UnitCompiler::Version* UnitCompiler::findVersion(std::uint32_t pc) {
-    const auto fits = [](Kind has, Kind wanted) {
-        return has == wanted || (has == Kind::Simple && wanted == Kind::Any);
-    };
+    const auto fits = [](Kind has, Kind wanted) { return has == wanted || (!isUnboxed(has) && wanted == Kind::Any); };
     for (Version& version : versions_[pc])
         if (std::equal(kinds_.begin(), kinds_.end(), version.kinds.begin(), fits)) return &version;
     return nullptr;
@@ -200,10 +240,10 @@ UnitCompiler::Version* UnitCompiler::newVersion(std::uint32_t pc) {
 
 // Where to jump to go on at `target` with the present kinds.
 Label UnitCompiler::place(std::uint32_t target) {
-    if (!isInside(target)) return exitAt(target, Exit::Why::Done);
+    if (!isInside(target)) return exitAt(target, Exit::Why::Loop);
     const Kinds before = kinds_;
     forgetUnneeded(target);
-    Version* version = findVersion(target);
+    Version* version = findVersionWithLess(target);
     if (version == nullptr && versions_[target].size() < mostVersions) {
         version = newVersion(target);
         version->isTranslated = true;
@@ -229,14 +269,38 @@ Label UnitCompiler::later(std::function<void()> then) {
     return label;
 }
 
-// The same for code that is rarely needed, and ends by itself.
+// The instruction in another way, where that is rarely needed.
+Label UnitCompiler::forked(std::function<void()> then) {
+    const Label label = cc_.newLabel();
+    cold_.push_back({label, pc_, kinds_, usedTemporaries_, [this, then = std::move(then)] {
+                         isFork_ = true;
+                         then();
+                         if (!isEnded_) continueAt(following_);
+                     }});
+    return label;
+}
+
+// Code that is rarely needed, and ends by itself.
 Label UnitCompiler::aside(std::function<void()> then) {
     const Label label = cc_.newLabel();
+    aside(label, std::move(then));
+    return label;
+}
+
+void UnitCompiler::aside(const Label& label, std::function<void()> then) {
     cold_.push_back({label, pc_, kinds_, usedTemporaries_, [this, then = std::move(then)] {
                          then();
                          end();
                      }});
-    return label;
+}
+
+// The interpreter's code does the instruction, at `label`; then it goes on at the other label with what is known now.
+void UnitCompiler::helpAside(const Label& label, const Label& back) {
+    aside(label, [this, back] {
+        callHelper();
+        refreshItems(following_);
+        cc_.jmp(back);
+    });
 }
 
 // Leaving -------------------------------------------------------------------------------------------------------------
@@ -266,13 +330,30 @@ void UnitCompiler::writeExit(Exit& exit) {
     cc_.ret(address(&exit));
 }
 
+// Stores everything and leaves with the exit in `leaving_`. As no instruction changes anything before its last guard,
+// all its exits may share it.
+Label UnitCompiler::leave() {
+    if (!leave_)
+        leave_ = aside([this] {
+            storeAll(kinds_, pc_);
+            cc_.mov(x86::qword_ptr(frame_, offsetof(Frame, pc)), address(at()));
+            cc_.ret(leaving_);
+        });
+    return *leave_;
+}
+
 // Hands the instruction back. `seen`: the tag of a value that nobody expected; or what type the result would have.
 Label UnitCompiler::exit(Exit::Why why, std::uint8_t slot, const Gp* seen, std::uint32_t wouldBe) {
     if (why == Exit::Why::Guard && plainExit_) return *plainExit_;
     Exit& made = unit_.exits.emplace_back(Exit{&unit_, pc_, why, slot, wouldBe, 0, nullptr});
-    const Label label = seen == nullptr ? aside([this, &made] { writeExit(made); }) : aside([this, &made, tag = *seen] {
+    const Label leave = this->leave();
+    const auto write = [this, &made, leave] {
+        cc_.mov(leaving_, pointer(&made));
+        cc_.jmp(leave);
+    };
+    const Label label = seen == nullptr ? aside(write) : aside([this, &made, write, tag = *seen] {
         cc_.mov(x86::dword_ptr(address(&made.seen)), tag);
-        writeExit(made);
+        write();
     });
     if (why == Exit::Why::Guard) plainExit_ = label;
     return label;
@@ -330,7 +411,8 @@ UnitCompiler::Gp UnitCompiler::fixedAddress(const void* of) {
 
 // Releases what the window has of a register that is about to get a number.
 void UnitCompiler::overwrite(std::uint32_t reg) {
-    if (kinds_[reg] != Kind::Any) return;
+    if (!isHeld(reg)) return;
+    kinds_[reg] = Kind::Any;
     const Label back = cc_.newLabel();
     cc_.test(tagOfSlot(reg), Value::heapTypes);
     cc_.jne(aside([this, reg, back] {
@@ -340,6 +422,8 @@ void UnitCompiler::overwrite(std::uint32_t reg) {
         cc_.invoke(&call, imm(reinterpret_cast<std::uintptr_t>(around_.release)),
                    FuncSignatureT<void, void*>(CallConvId::kHost));
         call->setArg(0, slot);
+        // What is released may have a Class_Terminate; the instruction has changed nothing else yet.
+        refreshItems(pc_);
         cc_.jmp(back);
     }));
     cc_.bind(back);
@@ -400,6 +484,7 @@ bool UnitCompiler::choose(const Gp& tag, std::uint32_t tags, std::uint8_t slot, 
 // Brings a number or Boolean from the window; false for what is expected to be anything else.
 bool UnitCompiler::unbox(std::uint32_t reg, std::uint8_t slot) {
     if (isUnboxed(kinds_[reg])) return true;
+    if (kinds_[reg] == Kind::Text || kinds_[reg] == Kind::Items) return false;
     const std::uint32_t now = window_[reg].tag;
     const bool isVariable = reg < procedure_.variableCount;
     std::uint32_t guess = bits(Type::Integer);

@@ -35,6 +35,11 @@ struct Surroundings {
     std::uint64_t (*step)(Machine*, const Instruction*) = nullptr;  // does one instruction as the interpreter does
     std::uint64_t (*tick)(Machine*, const Instruction*) = nullptr;  // looks at the clock
     void (*release)(Value*) = nullptr;
+    std::uint64_t (*builtin)(Machine*, const Instruction*) = nullptr;  // calls a built-in function
+    // One character of a text; else it returns `failed` and changes nothing. R[0] is the result, R[1] the text.
+    std::uint64_t (*character)(Machine*, Value* window, std::int32_t place) = nullptr;
+    // Below, at or above 0: as the left text is less than, equal to or greater than the right one.
+    int (*compareTexts)(const Value* left, const Value* right) = nullptr;
     // Appends a text where it fits into the block; else it returns `failed` and changes nothing.
     std::uint64_t (*append)(Machine*, Value* text, const Value* tail) = nullptr;
     const std::size_t* longestText = nullptr;
@@ -97,6 +102,8 @@ class UnitCompiler {
     Version* findVersion(std::uint32_t pc);
     Version* newVersion(std::uint32_t pc);
     void forgetUnneeded(std::uint32_t pc);
+    void forgetContents();
+    Version* findVersionWithLess(std::uint32_t pc);
     bool isInside(std::uint32_t pc) const;
     void store(std::uint32_t reg, Kind kind);
     void storeAll(const Kinds& kinds, std::uint32_t pc);
@@ -104,9 +111,17 @@ class UnitCompiler {
     Label exit(Exit::Why why, std::uint8_t slot = 0, const Gp* seen = nullptr, std::uint32_t wouldBe = 0);
     Label exitAt(std::uint32_t pc, Exit::Why why);
     void writeExit(Exit& exit);
+    void forgetExits() {
+        plainExit_.reset();
+        leave_.reset();
+    }
+    Label leave();
     void guard(Condition fails, const Label& otherwise);
     Label later(std::function<void()> then);
+    Label forked(std::function<void()> then);
     Label aside(std::function<void()> then);
+    void aside(const Label& label, std::function<void()> then);
+    void helpAside(const Label& label, const Label& back);
 
     // Registers (UnitCompiler.cpp).
     Gp whole(std::uint32_t reg);
@@ -123,6 +138,9 @@ class UnitCompiler {
         return fixedAddress(static_cast<const void*>(of));
     }
     static asmjit::Imm pointer(const void* to) { return asmjit::imm(reinterpret_cast<std::uintptr_t>(to)); }
+    bool isHeld(std::uint32_t reg) const {
+        return kinds_[reg] == Kind::Any || kinds_[reg] == Kind::Text || kinds_[reg] == Kind::Items;
+    }
     void overwrite(std::uint32_t reg);
     void setWhole(std::uint32_t reg, Kind kind, const Gp& number);
     void setReal(std::uint32_t reg, const Xmm& number);
@@ -164,6 +182,11 @@ class UnitCompiler {
     // Arrays (TemplatesOfArraysAndCalls.cpp).
     const Value* arrayNow(std::uint32_t reg) const;
     std::uint32_t sampleOf(std::uint32_t array) const;
+    Gp cellOf(std::uint32_t array);
+    Gp itemsOf(std::uint32_t array);
+    void findItems(std::uint32_t array, bool mayBeReference, const std::function<void(const Gp&)>& check);
+    void refreshItems(std::uint32_t otherwise);
+    bool startsWithItems(std::uint32_t reg) const;
     std::optional<Gp> elementOf(std::uint32_t array, std::uint32_t firstIndex, std::uint32_t count,
                                 const Label* shared);
 
@@ -173,6 +196,7 @@ class UnitCompiler {
     void callHelper();
     void loadConstant();
     void copy();
+    void copyText(const Mem& from, bool isKnown, bool isTaken);
     void clear();
     void loadReferred();
     void letReferred();
@@ -198,6 +222,7 @@ class UnitCompiler {
     void compareAndJump();
     void jump();
     void jumpOnValue();
+    void countDown(const int* number, Condition isOver);
     void tick();
     void poll();
     void nothing() {}
@@ -208,6 +233,10 @@ class UnitCompiler {
     void putIndex();
     void callProcedure();
     void returnFromProcedure();
+    void callBuiltin();
+    bool numericBuiltin(std::string_view name);
+    bool characterOfText();
+    void compareTexts(std::uint32_t left, std::uint32_t right);
 
     friend struct TemplateTable;
 
@@ -228,6 +257,9 @@ class UnitCompiler {
     Gp frame_;
     std::vector<Gp> wholes_;
     std::vector<Xmm> reals_;
+    std::vector<Gp> cells_;  // of arrays
+    std::vector<Gp> items_;
+    std::vector<bool> isArray_;  // the register is used as one
     std::vector<Gp> temporaries_;
     std::vector<Xmm> realTemporaries_;
     Temporaries usedTemporaries_;
@@ -242,7 +274,9 @@ class UnitCompiler {
     std::map<std::uint32_t, std::deque<Version>> versions_;
     std::deque<Pending> pending_;
     std::deque<Pending> cold_;
-    std::optional<Label> plainExit_;
+    std::optional<Label> plainExit_;                 // of the instruction
+    std::optional<Label> leave_;                     // what its exits have in common
+    Gp leaving_;                                     // the address of the Exit there
     std::map<std::uint32_t, const Value*> globals_;  // that registers refer to, as far as seen
     std::size_t translated_ = 0;
 };

@@ -1,0 +1,57 @@
+Class Guarded
+Public what
+Private Sub Class_Terminate
+If what = 1 Then kept = 5
+If what = 2 Then Erase kept
+If what = 3 Then ReDim kept(1)
+End Sub
+End Class
+
+Dim kept
+
+Sub Main()
+' A procedure that is too long to be compiled stays interpreted, however often it is called.
+source = "Function long(n)" & vbCrLf & "long = n" & vbCrLf
+For i = 1 To 500 : source = source & "If n > " & i & " Then long = long + n Mod " & (i + 1) & vbCrLf : Next
+ExecuteGlobal source & "End Function"
+sum = 0
+For i = 1 To 4000 : sum = sum + CLng(Eval("long(3)")) : Next
+ExecuteGlobal "Function often(n) : often = 0 : For i = 1 To n : often = often + long(i Mod 3) : Next : End Function"
+PrintString sum & " " & often(4000)      '> 16000 4000
+
+' What an instruction releases may change the array that it works on.
+For what = 1 To 3
+ReDim kept(9)
+For i = 0 To 9 : kept(i) = i : Next
+PrintString what & ": " & released(kept, what)
+Next
+'> 1: 15 error 13
+'> 2: 15 error 9
+'> 3: 15 error 9
+
+' Bounds of arrays are worked out anew in each pass.
+For i = 0 To 40
+ReDim list(i) : ReDim Preserve list(i * 2)
+sum = sum + UBound(list)
+Next
+PrintString sum                          '> 17640
+End Sub
+
+' The array is a parameter; the object goes when its variable gets a number.
+Function released(list, what)
+Dim i, sum, held
+On Error Resume Next
+For i = 0 To 9
+sum = sum + list(i)
+If Err.Number <> 0 Then
+released = sum & " error " & Err.Number
+Exit Function
+End If
+If i = 4 Then
+Set held = New Guarded
+held.what = what
+End If
+If i = 5 Then held = list(5)
+Next
+released = sum
+End Function
