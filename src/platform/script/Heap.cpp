@@ -1,29 +1,11 @@
 #include "platform/script/Heap.h"
 
+#include "platform/process/LargePages.h"
 #include "platform/script/ScriptError.h"
 
-#include <cstdint>
 #include <cstdlib>
-#ifdef __linux__
-#include <sys/mman.h>
-#endif
 
 namespace tolvan::script {
-
-namespace {
-
-// A large array is touched from one end to the other: with large pages that takes a fraction of the time. Where there
-// are none nothing changes.
-void preferLargePages([[maybe_unused]] void* block, [[maybe_unused]] std::size_t bytes) {
-#ifdef __linux__
-    constexpr std::size_t largePage = std::size_t{2} << 20;
-    if (bytes < 4 * largePage) return;
-    const std::size_t before = largePage - reinterpret_cast<std::uintptr_t>(block) % largePage;
-    madvise(static_cast<char*>(block) + before, (bytes - before) / largePage * largePage, MADV_HUGEPAGE);
-#endif
-}
-
-}  // namespace
 
 void Heap::abandon() {
     duringWork_ = nullptr;
