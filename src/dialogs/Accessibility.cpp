@@ -3,6 +3,8 @@
 #include "dialogs/Look.h"
 #include "platform/encoding/Unicode.h"
 #include "platform/fonts/FontEncoding.h"
+#include "platform/richtext/Letters.h"
+#include "platform/richtext/UnicodeText.h"
 
 #include <QAccessibleObject>
 #include <QAction>
@@ -149,11 +151,31 @@ void handOn(QAccessibleEvent& event) {
     QAccessible::installUpdateHandler(handle);
 }
 
+// The codes of a line that are one letter.
+struct DrawnLetter {
+    std::size_t begin = 0;
+    std::size_t end = 0;
+};
+
+std::vector<DrawnLetter> drawnLettersOf(const DrawnLine& line) {
+    std::vector<DrawnLetter> letters;
+    std::size_t begin = 0;
+    for (const StyledView& letter : lettersOf(line.codes)) {
+        letters.push_back({begin, begin + letter.size()});
+        begin += letter.size();
+    }
+    return letters;
+}
+
 }  // namespace
 
 void install() {
     QAccessible::installFactory(ownInterface);
     QAccessible::installUpdateHandler(handle);
+}
+
+int unicodeSize(StyledView codes) {
+    return static_cast<int>(QString::fromStdString(unicodeOf(codes)).size());
 }
 
 QString unicode(std::string_view codes) {
@@ -212,6 +234,37 @@ QString ReadText::text(int start, int end) const {
 
 int ReadText::characterCount() const {
     return static_cast<int>(content().size());
+}
+
+QRect ReadText::characterRect(int offset) const {
+    const std::vector<DrawnLine> lines = drawnLines();
+    const auto after = std::find_if(lines.begin(), lines.end(), [&](const DrawnLine& l) { return l.start > offset; });
+    if (offset < 0 || after == lines.begin()) return {};
+    const DrawnLine& line = *std::prev(after);
+    const int inLine = offset - line.start;
+    const StyledView codes = line.codes;
+    const int size = unicodeSize(codes);
+    if (inLine > size) return {};
+    const auto areaOf = [&](double left, double right) {
+        const QRectF area(left, line.top, std::max(right - left, 1.0), line.height);
+        return area.toAlignedRect().translated(widget()->mapToGlobal(QPoint()));
+    };
+    if (inLine == size) return areaOf(line.edges.back(), line.edges.back());
+    const std::vector<DrawnLetter> letters = drawnLettersOf(line);
+    const auto letter = std::partition_point(letters.begin(), letters.end(), [&](const DrawnLetter& l) {
+        return unicodeSize(codes.substr(0, l.end)) <= inLine;
+    });
+    return areaOf(line.edges[letter->begin], line.edges[letter->end]);
+}
+
+int ReadText::offsetAtPoint(const QPoint& point) const {
+    const QPointF place = widget()->mapFromGlobal(QPointF(point) + QPointF(0.5, 0.5));
+    for (const DrawnLine& line : drawnLines()) {
+        if (place.y() < line.top || place.y() >= line.top + line.height || place.x() < line.edges.front()) continue;
+        for (const auto& [begin, end] : drawnLettersOf(line))
+            if (place.x() < line.edges[end]) return line.start + unicodeSize(line.codes.view().substr(0, begin));
+    }
+    return -1;
 }
 
 QString ReadText::attributes(int, int* start, int* end) const {

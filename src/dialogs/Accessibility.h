@@ -4,10 +4,13 @@
 // interfaces of their own here.
 #pragma once
 
+#include "platform/richtext/StyledText.h"
+
 #include <QAccessibleWidget>
 #include <QString>
 
 #include <string_view>
+#include <vector>
 
 namespace tolvan::accessible {
 
@@ -18,8 +21,20 @@ QString unicode(std::string_view codes);
 // The text of a control in the Devanagari font, as toQString made it of codes.
 QString unicode(const QString& shown);
 
+// How many characters text in codes has in Unicode.
+int unicodeSize(StyledView codes);
+
 // The role of a widget that Qt knows nothing about.
 void setRole(QWidget& widget, QAccessible::Role role);
+
+// A line of a text as its widget draws it; lengths in the widget's coordinates.
+struct DrawnLine {
+    int start = 0;  // of its first character, in the whole text in Unicode
+    StyledText codes;
+    std::vector<double> edges;  // where each code starts, and where the last one ends
+    double top = 0;
+    double height = 0;
+};
 
 // A text that is only read. Positions are those of the Unicode text, from 0.
 class ReadText : public QAccessibleWidget, public QAccessibleTextInterface {
@@ -27,6 +42,8 @@ class ReadText : public QAccessibleWidget, public QAccessibleTextInterface {
     ReadText(QWidget& widget, QAccessible::Role role);
 
     virtual QString content() const = 0;
+    // Those that are in view, from the top down. Characters elsewhere have no place on the screen.
+    virtual std::vector<DrawnLine> drawnLines() const { return {}; }
 
     QString text(QAccessible::Text which) const override;
     QAccessible::State state() const override;
@@ -41,8 +58,9 @@ class ReadText : public QAccessibleWidget, public QAccessibleTextInterface {
     void setCursorPosition(int) override {}
     QString text(int start, int end) const override;
     int characterCount() const override;
-    QRect characterRect(int) const override { return rect(); }
-    int offsetAtPoint(const QPoint&) const override { return -1; }
+    // That of the letter, which may be drawn from several characters.
+    QRect characterRect(int offset) const override;
+    int offsetAtPoint(const QPoint& point) const override;
     void scrollToSubstring(int, int) override {}
     QString attributes(int offset, int* start, int* end) const override;
 };

@@ -82,6 +82,7 @@ class TextInterface : public accessible::ReadText {
     explicit TextInterface(RichTextView& view) : ReadText(view, QAccessible::StaticText), view_(view) {}
     using ReadText::text;
     QString content() const override { return view_.unicodeText().trimmed(); }
+    std::vector<accessible::DrawnLine> drawnLines() const override { return view_.drawnLines(); }
     QString text(QAccessible::Text which) const override {
         return which == QAccessible::Name && view_.accessibleName().isEmpty() ? content() : ReadText::text(which);
     }
@@ -121,11 +122,19 @@ void RichTextView::setTextRtf(std::string_view rtf) {
     lines_.clear();
     paragraphs_.clear();
     QString text = toQString(document.text.text());
-    for (const auto& [position, unit] : document.wide) text[static_cast<qsizetype>(position)] = unit;
+    StyledText codes;
+    for (const auto& [position, unit] : document.wide) {
+        text[static_cast<qsizetype>(position)] = unit;
+        codes.append(document.text.view().substr(codes.size(), position - codes.size()));
+        codes.append("?", Font::Latin);
+    }
+    codes.append(document.text.view().substr(codes.size()));
     for (qsizetype begin = 0; begin <= text.size();) {
         const qsizetype lineEnd = text.indexOf(QLatin1String("\r\n"), begin);
         const qsizetype end = lineEnd < 0 ? text.size() : lineEnd;
-        addParagraph(text.sliced(begin, end - begin), formatsWithin(formats, begin, end));
+        const auto size = static_cast<std::size_t>(end - begin);
+        addParagraph(text.sliced(begin, end - begin), codes.view().substr(static_cast<std::size_t>(begin), size),
+                     formatsWithin(formats, begin, end));
         begin = end + 2;
     }
     layOut();
@@ -165,8 +174,8 @@ void RichTextView::changeEvent(QEvent* event) {
     if (event->type() == QEvent::PaletteChange && !rtf_.empty()) setTextRtf(std::string(rtf_));
 }
 
-void RichTextView::addParagraph(const QString& text, QList<QTextLayout::FormatRange> formats) {
-    Paragraph paragraph{text, std::move(formats), {0}, 0};
+void RichTextView::addParagraph(const QString& text, StyledView codes, QList<QTextLayout::FormatRange> formats) {
+    Paragraph paragraph{text, StyledText(codes), std::move(formats), {0}, 0};
     qsizetype begin = 0;
     do {  // once also for an empty paragraph, which has a height
         const qsizetype end = pieceEnd(paragraph.text, begin);
@@ -201,6 +210,29 @@ std::vector<RichTextView::Line> RichTextView::linesFor(double width) const {
         }
     }
     return lines;
+}
+
+std::vector<accessible::DrawnLine> RichTextView::drawnLines() const {
+    std::vector<accessible::DrawnLine> drawn;
+    const QString whole = unicodeText();
+    const auto isBlank = [](QChar c) { return c.isSpace(); };
+    auto start = static_cast<int>(std::find_if_not(whole.begin(), whole.end(), isBlank) - whole.begin()) * -1;
+    const Paragraph* current = nullptr;
+    for (const auto& [paragraph, range, top] : lines_) {
+        if (current != nullptr && current != paragraph) start += accessible::unicodeSize(current->codes) + 1;
+        current = paragraph;
+        const double y = top - verticalScrollBar()->value();
+        if (y + paragraph->lineHeight <= 0 || y >= viewport()->height()) continue;
+        const auto begin = static_cast<std::size_t>(range.begin);
+        const StyledView before = paragraph->codes.view().substr(0, begin);
+        const StyledView shown = paragraph->codes.view().substr(begin, static_cast<std::size_t>(range.end) - begin);
+        std::vector<double> edges;
+        for (std::size_t i = begin; i <= begin + shown.size(); ++i)
+            edges.push_back(viewport()->x() + paragraph->edges[i] - paragraph->edges[begin]);
+        drawn.push_back({start + accessible::unicodeSize(before), StyledText(shown), std::move(edges),
+                         viewport()->y() + y, paragraph->lineHeight});
+    }
+    return drawn;
 }
 
 int RichTextView::heightFor(double width) const {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "dialogs/LineBreaks.h"
+#include "platform/richtext/StyledText.h"
 
 #include <QAbstractScrollArea>
 #include <QTextLayout>
@@ -15,6 +16,9 @@ class QMimeData;
 
 namespace tolvan {
 
+namespace accessible {
+struct DrawnLine;
+}
 struct RichDocument;
 struct RichFormat;
 
@@ -33,6 +37,8 @@ class RichTextView : public QAbstractScrollArea {
     // The characters shown, paragraphs separated by line feeds.
     QString text() const;
     QString unicodeText() const { return unicode_; }
+    // What is in view of that text, without the blanks around it.
+    std::vector<accessible::DrawnLine> drawnLines() const;
     // The text in Unicode, with its colours for whatever takes them.
     std::unique_ptr<QMimeData> toMimeData() const;
 
@@ -50,6 +56,7 @@ class RichTextView : public QAbstractScrollArea {
   private:
     struct Paragraph {
         QString text;
+        StyledText codes;  // the same, with a Latin one for each character that is none
         QList<QTextLayout::FormatRange> formats;
         std::vector<double> edges;  // of the characters, see breakLines
         double lineHeight = 0;
@@ -62,7 +69,7 @@ class RichTextView : public QAbstractScrollArea {
     };
 
     void addUnicode(const RichDocument& document, std::size_t start, std::size_t length, const RichFormat& format);
-    void addParagraph(const QString& text, QList<QTextLayout::FormatRange> formats);
+    void addParagraph(const QString& text, StyledView codes, QList<QTextLayout::FormatRange> formats);
     static void measure(Paragraph& paragraph, qsizetype begin, qsizetype end);
     std::vector<Line> linesFor(double width) const;
     int heightFor(double width) const;

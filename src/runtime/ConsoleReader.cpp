@@ -1,8 +1,8 @@
 #include "runtime/ConsoleReader.h"
 
-#include "dialogs/Accessibility.h"
 #include "platform/richtext/UnicodeText.h"
 #include "runtime/ConsoleText.h"
+#include "runtime/ScrollBack.h"
 
 #include <algorithm>
 #include <chrono>
@@ -23,6 +23,7 @@ class ConsoleInterface : public accessible::ReadText {
     ConsoleInterface(QWidget& display, const ConsoleReader& reader)
         : ReadText(display, QAccessible::Terminal), reader_(reader) {}
     QString content() const override { return reader_.content(); }
+    std::vector<accessible::DrawnLine> drawnLines() const override { return reader_.drawnLines(); }
     int cursorPosition() const override { return characterCount(); }
 
   private:
@@ -39,8 +40,8 @@ QAccessibleInterface* consoleInterface(const QString& className, QObject* object
 
 }  // namespace
 
-ConsoleReader::ConsoleReader(PictureBox& display, const ConsoleText& text)
-    : QObject(&display), display_(display), text_(text) {
+ConsoleReader::ConsoleReader(PictureBox& display, ConsoleText& text, const ScrollBack& scrollBack)
+    : QObject(&display), display_(display), text_(text), scrollBack_(scrollBack) {
     [[maybe_unused]] static const bool installed = (QAccessible::installFactory(consoleInterface), true);
     timer_.setSingleShot(true);
     timer_.setInterval(together);
@@ -51,12 +52,17 @@ QString ConsoleReader::content() const {
     return contentFrom(0);
 }
 
+std::size_t ConsoleReader::oldestLine() const {
+    const PrintedLines& lines = text_.lines();
+    return lines.end() - std::min(lines.end() - lines.begin(), mostLines);
+}
+
 // Without the lines before `first`.
 QString ConsoleReader::contentFrom(std::size_t first) const {
     const PrintedLines& lines = text_.lines();
-    const std::size_t oldest = lines.end() - std::min(lines.end() - lines.begin(), mostLines);
     QStringList texts;
-    for (std::size_t line = std::max(first, oldest); line < lines.end(); ++line) texts += unicodeOfLine(lines[line]);
+    for (std::size_t line = std::max(first, oldestLine()); line < lines.end(); ++line)
+        texts += unicodeOfLine(lines[line]);
     if (!told_.isEmpty()) texts += told_;
     return texts.join(u'\n');
 }
@@ -64,6 +70,23 @@ QString ConsoleReader::contentFrom(std::size_t first) const {
 QString ConsoleReader::lastLine() const {
     const PrintedLines& lines = text_.lines();
     return lines.empty() ? QString() : unicodeOfLine(lines[lines.end() - 1]);
+}
+
+std::vector<accessible::DrawnLine> ConsoleReader::drawnLines() const {
+    const PrintedLines& lines = text_.lines();
+    std::vector<accessible::DrawnLine> drawn;
+    int start = 0;
+    for (std::size_t line = oldestLine(); line < lines.end(); ++line) {
+        const float top = scrollBack_.isShown() ? scrollBack_.topOf(line) : text_.topOf(line);
+        if (top + text_.LineHeight() > 0 && top < display_.ScaleHeight()) {
+            const std::vector<InternalTextRun> runs = ConsoleText::visibleRuns(lines[line]);
+            std::vector<double> edges;
+            for (const float edge : text_.edges(runs)) edges.push_back(ConsoleText::leftMargin + edge);
+            drawn.push_back({start, styledText(runs), std::move(edges), top, text_.LineHeight()});
+        }
+        start += static_cast<int>(unicodeOfLine(lines[line]).size()) + 1;
+    }
+    return drawn;
 }
 
 void ConsoleReader::printed() {

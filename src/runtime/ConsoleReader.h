@@ -2,6 +2,8 @@
 // that come fast are told together.
 #pragma once
 
+#include "dialogs/Accessibility.h"
+
 #include <QObject>
 #include <QTimer>
 
@@ -12,16 +14,19 @@ namespace tolvan {
 
 class ConsoleText;
 class PictureBox;
+class ScrollBack;
 
 class ConsoleReader : public QObject {
     Q_OBJECT
   public:
-    // Both must outlive it.
-    ConsoleReader(PictureBox& display, const ConsoleText& text);
+    // All must outlive it.
+    ConsoleReader(PictureBox& display, ConsoleText& text, const ScrollBack& scrollBack);
 
     // The last lines, in Unicode, separated by line feeds.
     QString content() const;
     QString lastLine() const;
+    // What of that is in view on the display, or scrolled back to.
+    std::vector<accessible::DrawnLine> drawnLines() const;
 
     // A line was printed, or all lines were erased. Costs nothing where nobody reads.
     void printed();
@@ -30,11 +35,13 @@ class ConsoleReader : public QObject {
     void tell(const std::vector<std::string>& sentences);
 
   private:
+    std::size_t oldestLine() const;
     QString contentFrom(std::size_t first) const;
     void announce();
 
     PictureBox& display_;
-    const ConsoleText& text_;
+    ConsoleText& text_;
+    const ScrollBack& scrollBack_;
     QTimer timer_;
     std::size_t announced_ = 0;  // lines
     QString told_;

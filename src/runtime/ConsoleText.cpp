@@ -49,7 +49,7 @@ void ConsoleText::moveTo(float y) {
 
 void ConsoleText::scrollUp(float distance) {
     display_.ScrollUp(distance);
-    lastLineTop_ -= distance;
+    scrolled_ += distance;
 }
 
 void ConsoleText::makeRoom(float height) {
@@ -85,19 +85,25 @@ void ConsoleText::PrintString(std::string_view text) {
 
 void ConsoleText::ClearScreen() {
     display_.Box(display_.ScaleWidth(), display_.ScaleHeight(), 0, 0, black, Fill::Solid);
-    lastLineTop_ = -lineHeight_;
+    erased_ = lines_.end();
+    erasedAt_ = scrolled_;
+}
+
+float ConsoleText::topOf(std::size_t line) const {
+    if (line >= erased_) return static_cast<float>(lines_.place(line) - scrolled_);
+    return static_cast<float>(erasedAt_ - scrolled_) - lineHeight_ * static_cast<float>(erased_ - line);
 }
 
 void ConsoleText::reset() {
     display_.Cls();
     moveTo(0);
     lines_.clear();
-    lastLineTop_ = -lineHeight_;
+    scrolled_ = erasedAt_ = 0;
+    erased_ = 0;
 }
 
 void ConsoleText::printRuns(std::string_view text) {
-    lines_.add(text.substr(0, longestLine));
-    lastLineTop_ = display_.CurrentY;
+    lines_.add(text.substr(0, longestLine), display_.CurrentY + scrolled_);
     drawRuns(display_, text);
     display_.NewLine(devanagari_);
 }

@@ -30,10 +30,10 @@ class ConsoleText {
     // Everything as before the first line of a run.
     void reset();
 
-    // What has been printed since the last reset, and where the last of it stands: the top of that line, which may have
-    // left the display.
+    // What has been printed since the last reset.
     const PrintedLines& lines() const { return lines_; }
-    float lastLineTop() const { return lastLineTop_; }
+    // Where a line stands: its top, which may have left the display. Erased lines stand above it.
+    float topOf(std::size_t line) const;
 
     // Makes room below the current line: where this height, from the top of the line, would reach over the bottom edge,
     // everything moves up by as many lines as it takes.
@@ -64,7 +64,9 @@ class ConsoleText {
     PictureFont latin_;
     float lineHeight_;
     PrintedLines lines_;
-    float lastLineTop_ = 0;
+    double scrolled_ = 0;     // how far everything has moved up since the last reset
+    std::size_t erased_ = 0;  // lines before this one
+    double erasedAt_ = 0;     // scrolled_ at that time
 };
 
 }  // namespace tolvan

@@ -2,11 +2,11 @@
 
 namespace tolvan {
 
-void PrintedLines::add(std::string_view line) {
-    lines_.emplace_back(line);
+void PrintedLines::add(std::string_view line, double place) {
+    lines_.push_back({std::string(line), place});
     bytes_ += line.size();
     while (lines_.size() > mostLines || (bytes_ > mostBytes && lines_.size() > 1)) {
-        bytes_ -= lines_.front().size();
+        bytes_ -= lines_.front().text.size();
         lines_.pop_front();
         ++begin_;
     }

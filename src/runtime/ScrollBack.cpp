@@ -38,8 +38,9 @@ ScrollBack::ScrollBack(PictureBox& display, ConsoleText& text) : PictureBox(&dis
 
 // The first line (may be negative) with which the lines stand exactly where the display shows them.
 std::ptrdiff_t ScrollBack::topWhenLive() const {
-    const auto above = static_cast<std::ptrdiff_t>(std::floor(text_.lastLineTop() / text_.LineHeight()));
-    return static_cast<std::ptrdiff_t>(text_.lines().end()) - 1 - above;
+    const std::size_t last = text_.lines().end() - 1;
+    const auto above = static_cast<std::ptrdiff_t>(std::floor(text_.topOf(last) / text_.LineHeight()));
+    return static_cast<std::ptrdiff_t>(last) - above;
 }
 
 std::ptrdiff_t ScrollBack::wholeRows() const {
@@ -48,13 +49,19 @@ std::ptrdiff_t ScrollBack::wholeRows() const {
 
 void ScrollBack::enter() {
     const float line = text_.LineHeight();
-    offset_ = text_.lastLineTop() - line * std::floor(text_.lastLineTop() / line);
+    const float lastTop = text_.topOf(text_.lines().end() - 1);
+    offset_ = lastTop - line * std::floor(lastTop / line);
     top_ = static_cast<std::size_t>(std::max<std::ptrdiff_t>(topWhenLive(), 0));
     anchor_ = caret_ = {top_, 0};
     wheel_ = 0;
     setGeometry(display_.rect());
     show();
     raise();
+}
+
+float ScrollBack::topOf(std::size_t line) const {
+    const auto rows = static_cast<std::ptrdiff_t>(line) - static_cast<std::ptrdiff_t>(top_);
+    return offset_ + text_.LineHeight() * static_cast<float>(rows);
 }
 
 void ScrollBack::leave() {
@@ -245,8 +252,7 @@ std::vector<float> ScrollBack::edgesOf(std::size_t line) {
     const std::vector<InternalTextRun> runs = ConsoleText::visibleRuns(text_.lines()[line]);
     std::vector<float> edges = text_.edges(runs);
     for (float& edge : edges) edge += ConsoleText::leftMargin;
-    StyledText text;
-    for (const InternalTextRun& run : runs) text.append(run.text, run.font);
+    const StyledText text = styledText(runs);
     std::size_t start = 0;
     for (const StyledView& letter : lettersOf(text)) {
         const std::size_t end = start + letter.size();

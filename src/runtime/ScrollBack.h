@@ -23,6 +23,8 @@ class ScrollBack : public PictureBox {
     // Hides it: back to the display.
     void leave();
     bool isShown() const { return !isHidden(); }
+    // Where a line stands here, if it is shown: its top.
+    float topOf(std::size_t line) const;
 
     // What the user does on the display or here. True if it was meant for scrolling; any other key leaves it first.
     bool keyPressed(const QKeyEvent& key);

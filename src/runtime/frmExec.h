@@ -142,11 +142,11 @@ class frmExec : public QWidget, public ConsoleOperations {
     ConsoleSize size_;
     PictureBox* display_;
     ConsoleText text_;
-    ConsoleReader* reader_;
     PictureBox* inputBoxTip_;
     InputBox* inputBox_;
     PictureBox* inputNote_;
     ScrollBack* scrollBack_;
+    ConsoleReader* reader_;
     MessageStrip* strip_;
     KeyQueue keys_;
     std::chrono::steady_clock::time_point lastPause_;  // its end

@@ -1,6 +1,8 @@
 #include "dialogs/RichTextView.h"
 #include "platform/encoding/Deva.h"
+#include "platform/richtext/InternalText.h"
 #include "platform/richtext/RtfWriter.h"
+#include "support/LetterPlaces.h"
 
 #include <QImage>
 #include <QScrollBar>
@@ -48,6 +50,20 @@ TEST(RichTextView, DamagedTextsAreShownAsFarAsTheyGo) {
     for (const char* odd : {"{\\rtf1 a}", "{\\rtf1\\f7 a}", "{\\rtf1{\\fonttbl}\\f1 a}"})
         EXPECT_EQ(shown(odd), QStringLiteral("a")) << odd;
     EXPECT_EQ(shown("no rich text"), QStringLiteral("no rich text"));
+}
+
+TEST(RichTextView, AssistiveTechnologyLearnsWhereEachLetterStands) {
+    RichTextView view;
+    view.setTextRtf(rtfDocument("\\f1\\line " + rtfBody(styledText("daov puNha bÏ {#A} ]eÇ"_deva)) +
+                                " \\u2325?\\line\\line " + rtfBody(styledText("kma£ {fi} ze5"_deva))));
+    view.resize(130, 400);
+    view.show();
+    const QString all = expectLettersWhereDrawn(view);
+    EXPECT_EQ(all, QStringLiteral("दाखव पुन्हा बद्ध #A क्षेत्र क\nकमॉ fi शे५"));
+    view.resize(130, 60);
+    view.scrollByKey(Qt::Key_End);
+    const QString seen = expectLettersWhereDrawn(view);
+    EXPECT_TRUE(all.endsWith(seen) && seen.endsWith(u'५') && seen.size() < all.size()) << qPrintable(seen);
 }
 
 // The lines in which the picture of a view has ink, as the number of gaps between them tells.

@@ -3,6 +3,7 @@
 #include "dialogs/Look.h"
 #include "platform/encoding/Deva.h"
 #include "runtime/ScrollBack.h"
+#include "support/LetterPlaces.h"
 
 #include <QClipboard>
 #include <QWheelEvent>
@@ -148,14 +149,26 @@ TEST_F(ScrollBackTest, TheMouseSelectsWholeLettersOnTheDisplay) {
     EXPECT_FALSE(view().isShown());
 }
 
+TEST_F(ScrollBackTest, AssistiveTechnologyLearnsWhereEachLetterStands) {
+    run({R"(PrintString "0 above")", "ClearScreen", R"(PrintString "kmae k{ b} ze5")", "DrawPoint 3, 200",
+         R"(PrintString "{Ab} kae")"});
+    display().ShowNow();
+    const QStringList lines = expectLettersWhereDrawn(display()).split(u'\n');
+    EXPECT_EQ(lines.mid(0, 2), QStringList({QStringLiteral("कमो क b शे५"), QStringLiteral("Ab को")}));
+    run(hundredLines);
+    press(Qt::Key_PageUp);
+    const QString back = expectLettersWhereDrawn(display());
+    EXPECT_TRUE(back.contains(QStringLiteral("\n७९\n८०\n"))) << qPrintable(back);
+}
+
 TEST(PrintedLines, AreAsManyAsFit) {
     PrintedLines lines;
-    for (int i = 0; i < 10'005; ++i) lines.add(std::to_string(i));
+    for (int i = 0; i < 10'005; ++i) lines.add(std::to_string(i), 0);
     EXPECT_EQ(lines.begin(), 5U);
     EXPECT_EQ(lines.end(), 10'005U);
     EXPECT_EQ(lines[5], "5");
     const std::string megabyte(1 << 20, 'x');
-    for (int i = 0; i < 20; ++i) lines.add(megabyte);
+    for (int i = 0; i < 20; ++i) lines.add(megabyte, 0);
     EXPECT_EQ(lines.end() - lines.begin(), 16U);
     lines.clear();
     EXPECT_EQ(lines.end(), 0U);

@@ -86,8 +86,12 @@ std::vector<InternalTextRun> InternalTextRuns(std::string_view text) {
 }
 
 StyledText styledText(std::string_view internalText) {
+    return styledText(InternalTextRuns(internalText));
+}
+
+StyledText styledText(const std::vector<InternalTextRun>& runs) {
     StyledText text;
-    for (const InternalTextRun& run : InternalTextRuns(internalText)) text.append(run.text, run.font);
+    for (const InternalTextRun& run : runs) text.append(run.text, run.font);
     return text;
 }
 

@@ -30,6 +30,7 @@ std::vector<InternalTextRun> InternalTextRuns(std::string_view text);
 
 // The same text with its fonts, whether dropped or not.
 StyledText styledText(std::string_view internalText);
+StyledText styledText(const std::vector<InternalTextRun>& runs);
 
 // The text without its run marks, as for a file name.
 std::string plainText(std::string_view internalText);
