@@ -1,6 +1,6 @@
 #include "dialogs/FramedDialog.h"
 
-#include "dialogs/Accessibility.h"
+#include "dialogs/DevanagariControl.h"
 #include "dialogs/LetterKeys.h"
 #include "dialogs/Look.h"
 #include "dialogs/WindowFrame.h"
@@ -38,10 +38,7 @@ FramedDialog::FramedDialog(std::string_view title, QWidget* parent)
 }
 
 QPushButton* FramedDialog::addButton(const char* name, std::string_view caption) {
-    auto* button = new QPushButton(look::captionText(caption), this);
-    button->setObjectName(QLatin1String(name));
-    button->setAccessibleName(accessible::unicode(caption));
-    button->setFont(look::controlFont(Font::Devanagari));
+    auto* const button = devanagariControl<QPushButton>(caption, QLatin1String(name), this);
     if (buttons_->count() == 1) {  // only the stretch is there
         button->setDefault(true);
         button->setFocus();

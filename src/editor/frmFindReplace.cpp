@@ -1,6 +1,7 @@
 #include "editor/frmFindReplace.h"
 
 #include "dialogs/Accessibility.h"
+#include "dialogs/DevanagariControl.h"
 #include "dialogs/Dialogs.h"
 #include "dialogs/Look.h"
 #include "editor/FindText.h"
@@ -30,15 +31,6 @@ constexpr std::string_view wentOnFromEnd = "suévatIpy¡t ja^n zevqapasUn zaexle
 
 constexpr std::string_view whereCaptions[] = {"suévatIpasUn"_deva, "#wUn puFe"_deva, "#wUn mage"_deva};
 
-template <class Control>
-Control* addDevanagari(std::string_view caption, const QString& name, QWidget* parent) {
-    auto* control = new Control(look::captionText(caption), parent);
-    control->setObjectName(name);
-    control->setAccessibleName(accessible::unicode(caption));
-    control->setFont(look::controlFont(Font::Devanagari));
-    return control;
-}
-
 }  // namespace
 
 frmFindReplace::frmFindReplace(RomanBox& roman, QWidget* parent)
@@ -67,7 +59,7 @@ void frmFindReplace::addTextRow(QGridLayout& grid, const char* name, std::string
     connect(typed, &DevanagariInput::refused, this, [this] { note("he icNh ilihta yet nahI"_deva); });
     auto* shown = new RomanPreview(*box, spelledAsShown);
     shown->setObjectName(QLatin1String(name) + QLatin1String("Devnag"));
-    auto* caption = addDevanagari<QLabel>(label, {}, this);
+    auto* caption = devanagariControl<QLabel>(label, {}, this);
     caption->setBuddy(box);
     box->setAccessibleName(caption->accessibleName());
     grid.addWidget(caption, row, 0);
@@ -80,17 +72,17 @@ void frmFindReplace::addChoices(QGridLayout& grid) {
     choices->setSpacing(look::em(1));
     for (std::size_t index = 0; index < findWhere_.size(); ++index) {
         auto* choice =
-            addDevanagari<QRadioButton>(whereCaptions[index], QStringLiteral("FindWhere%1").arg(index), this);
+            devanagariControl<QRadioButton>(whereCaptions[index], QStringLiteral("FindWhere%1").arg(index), this);
         connect(choice, &QRadioButton::clicked, this, [this] { searched_ = false; });
         choices->addWidget(choice);
         findWhere_[index] = choice;
     }
     findWhere_[FromCaret]->setChecked(true);
     choices->addStretch();
-    sameCase_ = addDevanagari<QCheckBox>("lhan maeQI A]re saroI man"_deva, QStringLiteral("chkSameCase"), this);
+    sameCase_ = devanagariControl<QCheckBox>("lhan maeQI A]re saroI man"_deva, QStringLiteral("chkSameCase"), this);
     const int row = grid.rowCount();
     grid.addLayout(choices, row, 0, 1, 2);
-    lblNote_ = addDevanagari<QLabel>({}, QStringLiteral("lblNote"), this);
+    lblNote_ = devanagariControl<QLabel>({}, QStringLiteral("lblNote"), this);
     grid.addWidget(sameCase_, row + 1, 0, 1, 2);
     grid.addWidget(lblNote_, row + 2, 0, 1, 2);
 }

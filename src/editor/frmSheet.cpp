@@ -1,6 +1,7 @@
 #include "editor/frmSheet.h"
 
 #include "dialogs/Accessibility.h"
+#include "dialogs/DevanagariControl.h"
 #include "dialogs/Look.h"
 #include "platform/encoding/Deva.h"
 #include "platform/settings/Settings.h"
@@ -48,10 +49,8 @@ QLineEdit* frmSheet::addField(QGridLayout& grid, const char* name, std::string_v
     field->setObjectName(QLatin1String(name));
     field->setMaxLength(longestField);
     field->setMinimumWidth(look::em(20));
-    auto* const label = new QLabel(look::captionText(caption), this);
-    label->setFont(look::controlFont(Font::Devanagari));
+    auto* const label = devanagariControl<QLabel>(caption, {}, this);
     label->setBuddy(field);
-    label->setAccessibleName(accessible::unicode(caption));
     field->setAccessibleName(label->accessibleName());
     grid.addWidget(label, row, 0);
     grid.addWidget(field, row, 1);
@@ -59,10 +58,7 @@ QLineEdit* frmSheet::addField(QGridLayout& grid, const char* name, std::string_v
 }
 
 QCheckBox* frmSheet::addChoice(QGridLayout& grid, const char* name, std::string_view caption) {
-    auto* const choice = new QCheckBox(look::captionText(caption), this);
-    choice->setObjectName(QLatin1String(name));
-    choice->setFont(look::controlFont(Font::Devanagari));
-    choice->setAccessibleName(accessible::unicode(caption));
+    auto* const choice = devanagariControl<QCheckBox>(caption, QLatin1String(name), this);
     grid.addWidget(choice, grid.rowCount(), 1);
     return choice;
 }

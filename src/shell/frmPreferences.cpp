@@ -1,6 +1,7 @@
 #include "shell/frmPreferences.h"
 
 #include "dialogs/Accessibility.h"
+#include "dialogs/DevanagariControl.h"
 #include "dialogs/Dialogs.h"
 #include "dialogs/Look.h"
 #include "editor/RecentFiles.h"
@@ -26,11 +27,8 @@ namespace {
 constexpr std::string_view clearQuestion = "\\f1nu®yac vaprleLya )a#lI—cI yadI pusaycI ka\\f0?"_deva;
 
 template <class Control>
-Control* addDevanagari(std::string_view caption, const QString& name, QLayout& layout) {
-    auto* control = new Control(look::captionText(caption));
-    control->setObjectName(name);
-    control->setAccessibleName(accessible::unicode(caption));
-    control->setFont(look::controlFont(Font::Devanagari));
+Control* addControl(std::string_view caption, const QString& name, QLayout& layout) {
+    auto* control = devanagariControl<Control>(caption, name);
     layout.addWidget(control);
     return control;
 }
@@ -68,11 +66,11 @@ QWidget* frmPreferences::runPage() {
     auto* page = new QWidget;
     QVBoxLayout& layout = *addPageLayout(page);
     for (const auto& [key, caption, value] : preferences()) {
-        boxes_ += addDevanagari<QCheckBox>(caption, QLatin1String("chk") + QLatin1String(key), layout);
+        boxes_ += addControl<QCheckBox>(caption, QLatin1String("chk") + QLatin1String(key), layout);
         boxes_.last()->setChecked(editor_.state().*value);
     }
     layout.addStretch();
-    auto* clear = addDevanagari<QPushButton>("nu®ya )a$il<cI yadI pus"_deva, QStringLiteral("cmdClearMRU"), layout);
+    auto* clear = addControl<QPushButton>("nu®ya )a$il<cI yadI pus"_deva, QStringLiteral("cmdClearMRU"), layout);
     clear->setAutoDefault(false);
     layout.setAlignment(clear, Qt::AlignLeft);
     connect(clear, &QPushButton::clicked, this, &frmPreferences::cmdClearMRU);
@@ -82,7 +80,7 @@ QWidget* frmPreferences::runPage() {
 QWidget* frmPreferences::programPage() {
     auto* page = new QWidget;
     QVBoxLayout& layout = *addPageLayout(page);
-    auto* label = addDevanagari<QLabel>("àayaejnace nav"_deva, QStringLiteral("lblCaption"), layout);
+    auto* label = addControl<QLabel>("àayaejnace nav"_deva, QStringLiteral("lblCaption"), layout);
     txtCaption_ = new QLineEdit(page);
     txtCaption_->setObjectName(QStringLiteral("txtCaption"));
     txtCaption_->setFont(look::controlFont(Font::Latin));
@@ -99,10 +97,10 @@ QWidget* frmPreferences::programPage() {
 QWidget* frmPreferences::lookPage() {
     auto* page = new QWidget;
     QVBoxLayout& layout = *addPageLayout(page);
-    addDevanagari<QLabel>("iofKya<ce r<g"_deva, QStringLiteral("lblLook"), layout);
+    addControl<QLabel>("iofKya<ce r<g"_deva, QStringLiteral("lblLook"), layout);
     for (const LookChoice& choice : lookChoices()) {
         looks_ +=
-            addDevanagari<QRadioButton>(choice.caption, QLatin1String("optLook") + QLatin1String(choice.value), layout);
+            addControl<QRadioButton>(choice.caption, QLatin1String("optLook") + QLatin1String(choice.value), layout);
         looks_.last()->setChecked(editor_.state().Look == choice.kind);
     }
     layout.addStretch();

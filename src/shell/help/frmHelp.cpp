@@ -1,6 +1,7 @@
 #include "shell/help/frmHelp.h"
 
 #include "dialogs/Accessibility.h"
+#include "dialogs/DevanagariControl.h"
 #include "dialogs/Look.h"
 #include "dialogs/RichTextView.h"
 #include "dialogs/WindowFrame.h"
@@ -50,6 +51,8 @@ constexpr std::string_view textFormat = "\\cf1\\fs22 ";
 constexpr std::string_view typedFormat = "\\cf3\\fs20 ";
 constexpr std::string_view newLine = "{\\line}";
 
+constexpr std::string_view searchCaption = "zaex"_deva;
+
 // Each line of the example as it is typed, followed by how it is shown.
 std::string exampleBody(const std::vector<std::string>& example) {
     std::string body;
@@ -74,62 +77,19 @@ std::string document(const HelpTopic& topic) {
 frmHelp::frmHelp(std::vector<HelpTopic> topics)
     : topics_(std::move(topics)),
       txtSearch_(new QLineEdit),
-      lblNote_(new QLabel(toQString("kahIhI sapfle nahI"_deva))),
+      lblNote_(devanagariControl<QLabel>("kahIhI sapfle nahI"_deva, QStringLiteral("lblNote"))),
       lstTopics_(new QListWidget),
       txtHelp_(new RichTextView),
-      cmdCopy_(new QPushButton(look::captionText("%dahr[acI àt bnv"_deva))) {
+      cmdCopy_(devanagariControl<QPushButton>("%dahr[acI àt bnv"_deva, QStringLiteral("cmdCopy"))) {
     setObjectName(QStringLiteral("frmHelp"));
     setAttribute(Qt::WA_DeleteOnClose);
     auto* const frame = new WindowFrame(*this, WindowFrame::Kind::Resizable);
     frame->setTitle(StyledText("tolvn beisk   mdt"_deva, Font::Devanagari));
 
-    txtSearch_->setObjectName(QStringLiteral("txtSearch"));
-    txtSearch_->setFont(look::controlFont(Font::Latin));
-    new DevanagariInput(*txtSearch_, std::make_unique<LineEditText>(*txtSearch_, txtSearch_->maxLength()));
-    lblNote_->setObjectName(QStringLiteral("lblNote"));
-    lblNote_->setFont(look::controlFont(Font::Devanagari));
-    lblNote_->setTextFormat(Qt::PlainText);
-    lblNote_->hide();
-    auto* const label = new QLabel(toQString("zaex"_deva));
-    label->setFont(look::controlFont(Font::Devanagari));
-    label->setBuddy(txtSearch_);
-    lstTopics_->setObjectName(QStringLiteral("lstTopics"));
-    lstTopics_->setFont(look::controlFont(Font::Devanagari));
-    for (const HelpTopic& topic : topics_) {
-        auto* const item = new QListWidgetItem(toQString(plainText(topic.title)), lstTopics_);
-        item->setData(Qt::AccessibleTextRole, QString::fromStdString(unicodeOfInternalText(topic.title)));
-    }
-    lstTopics_->setAccessibleName(accessible::unicode("mdt"_deva));
-    txtSearch_->setAccessibleName(accessible::unicode("zaex"_deva));
-    label->setAccessibleName(accessible::unicode("zaex"_deva));
-    lblNote_->setAccessibleName(accessible::unicode(lblNote_->text()));
-    cmdCopy_->setAccessibleName(accessible::unicode(cmdCopy_->text()));
+    setUpSearch();
+    setUpTopics();
     txtHelp_->setObjectName(QStringLiteral("txtHelp"));
-    cmdCopy_->setObjectName(QStringLiteral("cmdCopy"));
-    cmdCopy_->setFont(look::controlFont(Font::Devanagari));
-
-    auto* const page = new QWidget;
-    auto* const column = new QVBoxLayout(page);
-    column->addWidget(txtHelp_, 1);
-    column->addWidget(cmdCopy_, 0, Qt::AlignRight);
-    auto* const splitter = new QSplitter;
-    splitter->setChildrenCollapsible(false);
-    auto* const left = new QWidget;
-    auto* const topicsColumn = new QVBoxLayout(left);
-    topicsColumn->setContentsMargins(0, look::em(0.4), 0, 0);
-    auto* const searchRow = new QHBoxLayout;
-    searchRow->setContentsMargins(look::em(0.4), 0, look::em(0.4), 0);
-    searchRow->addWidget(label);
-    searchRow->addWidget(txtSearch_);
-    topicsColumn->addLayout(searchRow);
-    topicsColumn->addWidget(lblNote_, 0, Qt::AlignHCenter);
-    topicsColumn->addWidget(lstTopics_);
-    splitter->addWidget(left);
-    splitter->addWidget(page);
-    splitter->setSizes({look::em(17), look::em(33)});
-    auto* const layout = new QVBoxLayout(this);
-    layout->setContentsMargins({});
-    layout->addWidget(splitter);
+    setUpLayout();
     resize(QSize(look::em(50), look::em(34)).boundedTo(screen()->availableSize()));
 
     connect(lstTopics_, &QListWidget::currentRowChanged, this, &frmHelp::showCurrent);
@@ -141,12 +101,59 @@ frmHelp::frmHelp(std::vector<HelpTopic> topics)
         txtSearch_->setFocus();
         txtSearch_->selectAll();
     });
-    txtSearch_->installEventFilter(this);
-    lstTopics_->installEventFilter(this);
-    setTabOrder(txtSearch_, lstTopics_);
-    setTabOrder(lstTopics_, cmdCopy_);
     lstTopics_->setCurrentRow(0);
     lstTopics_->setFocus();
+}
+
+void frmHelp::setUpSearch() {
+    txtSearch_->setObjectName(QStringLiteral("txtSearch"));
+    txtSearch_->setAccessibleName(accessible::unicode(searchCaption));
+    txtSearch_->setFont(look::controlFont(Font::Latin));
+    txtSearch_->installEventFilter(this);
+    new DevanagariInput(*txtSearch_, std::make_unique<LineEditText>(*txtSearch_, txtSearch_->maxLength()));
+    lblNote_->setTextFormat(Qt::PlainText);
+    lblNote_->hide();
+}
+
+void frmHelp::setUpTopics() {
+    lstTopics_->setObjectName(QStringLiteral("lstTopics"));
+    lstTopics_->setAccessibleName(accessible::unicode("mdt"_deva));
+    lstTopics_->setFont(look::controlFont(Font::Devanagari));
+    lstTopics_->installEventFilter(this);
+    for (const HelpTopic& topic : topics_) {
+        auto* const item = new QListWidgetItem(toQString(plainText(topic.title)), lstTopics_);
+        item->setData(Qt::AccessibleTextRole, QString::fromStdString(unicodeOfInternalText(topic.title)));
+    }
+}
+
+// The search over the topics at the left, the text over its button at the right.
+void frmHelp::setUpLayout() {
+    auto* const label = devanagariControl<QLabel>(searchCaption, {});
+    label->setBuddy(txtSearch_);
+    auto* const searchRow = new QHBoxLayout;
+    searchRow->setContentsMargins(look::em(0.4), 0, look::em(0.4), 0);
+    searchRow->addWidget(label);
+    searchRow->addWidget(txtSearch_);
+    auto* const left = new QWidget;
+    auto* const topics = new QVBoxLayout(left);
+    topics->setContentsMargins(0, look::em(0.4), 0, 0);
+    topics->addLayout(searchRow);
+    topics->addWidget(lblNote_, 0, Qt::AlignHCenter);
+    topics->addWidget(lstTopics_);
+    auto* const page = new QWidget;
+    auto* const text = new QVBoxLayout(page);
+    text->addWidget(txtHelp_, 1);
+    text->addWidget(cmdCopy_, 0, Qt::AlignRight);
+    auto* const splitter = new QSplitter;
+    splitter->setChildrenCollapsible(false);
+    splitter->addWidget(left);
+    splitter->addWidget(page);
+    splitter->setSizes({look::em(17), look::em(33)});
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins({});
+    layout->addWidget(splitter);
+    setTabOrder(txtSearch_, lstTopics_);
+    setTabOrder(lstTopics_, cmdCopy_);
 }
 
 void frmHelp::changeEvent(QEvent* event) {

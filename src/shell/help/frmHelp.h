@@ -30,6 +30,9 @@ class frmHelp : public QWidget {
     bool eventFilter(QObject* watched, QEvent* event) override;
 
   private:
+    void setUpSearch();
+    void setUpTopics();
+    void setUpLayout();
     const HelpTopic& current() const;
     void search();
     void showCurrent();
