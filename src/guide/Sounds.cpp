@@ -1,5 +1,6 @@
 #include "guide/Sounds.h"
 
+#include "platform/encoding/Ascii.h"
 #include "platform/transliteration/RomanReader.h"
 
 #include <algorithm>
@@ -262,6 +263,26 @@ double distanceToBeginning(std::string_view typed, const Sounds& word, double li
         least = std::min(least, soundDistance(start, beginning, limit));
     }
     return least;
+}
+
+bool mayBeHeardAs(std::string_view typed, const Sounds& word) {
+    constexpr double alike = 0.35;
+    return typed.size() >= lettersToHear && distanceToBeginning(typed, word, alike) <= alike;
+}
+
+std::string looseSpelling(std::string_view roman) {
+    std::string letters;
+    for (const char c : roman) {
+        const char small = lowerLetter(c);
+        const bool doubled = !letters.empty() && letters.back() == small;
+        if (doubled && small == 'e')
+            letters.back() = 'i';
+        else if (doubled && small == 'o')
+            letters.back() = 'u';
+        else if (!doubled || small != 'a')
+            letters += small;
+    }
+    return letters;
 }
 
 }  // namespace tolvan::guide

@@ -24,6 +24,16 @@ double soundDistance(const Sounds& a, const Sounds& b, double limit);
 // The same between the beginning of a word and what was typed of it.
 double distanceToBeginning(std::string_view typed, const Sounds& word, double limit);
 
+// One letter or two sound like the beginning of too many words.
+inline constexpr std::size_t lettersToHear = 3;
+
+// Whether somebody who has typed this much, and enough letters to hear something, may mean the word.
+bool mayBeHeardAs(std::string_view typed, const Sounds& word);
+
+// A spelling without what is easily taken for another: the letter case, and long vowels that are spelled by two letters
+// ("aa", "ee", "oo").
+std::string looseSpelling(std::string_view roman);
+
 // Pairs of sounds that are taken for one another, with their cost; for whoever makes mistakes to measure with.
 struct SoundPair {
     Sound one;

@@ -21,25 +21,6 @@ namespace {
 
 constexpr std::size_t lettersToOpen = 2;
 
-// "aa" is "A", "ee" is "I", "oo" is "U" in the Roman spelling.
-std::string loosely(std::string_view spelling) {
-    std::string letters;
-    for (const char c : spelling) {
-        const char small = lowerLetter(c);
-        const bool doubled = !letters.empty() && letters.back() == small;
-        if (doubled && small == 'e')
-            letters.back() = 'i';
-        else if (doubled && small == 'o')
-            letters.back() = 'u';
-        else if (!doubled || small != 'a')
-            letters += small;
-    }
-    return letters;
-}
-
-// One letter or two sound like the beginning of too many words.
-constexpr std::size_t lettersToHear = 3;
-constexpr double heardAlike = 0.35;
 constexpr double heardTheSame = 0.15;
 
 // What is compared of a word, made once.
@@ -52,7 +33,8 @@ struct Offered {
 template <class Words>
 std::vector<Offered> offered(const Words& words) {
     std::vector<Offered> all;
-    for (const LanguageWord& word : words) all.push_back({&word, loosely(word.roman), guide::soundsOf(word.roman)});
+    for (const LanguageWord& word : words)
+        all.push_back({&word, guide::looseSpelling(word.roman), guide::soundsOf(word.roman)});
     return all;
 }
 
@@ -62,13 +44,10 @@ std::vector<const LanguageWord*> wordsBeginning(std::string_view start) {
     static const std::vector<Offered> ofLanguage = offered(languageWords());
     static const std::vector<Offered> ofLibrary = offered(libraryWords());
     std::vector<const LanguageWord*> words;
-    const std::string loose = loosely(start);
+    const std::string loose = guide::looseSpelling(start);
     const auto add = [&](const std::vector<Offered>& from) {
         for (const Offered& one : from)
-            if (one.loose.starts_with(loose) ||
-                (start.size() >= lettersToHear &&
-                 guide::distanceToBeginning(start, one.sounds, heardAlike) <= heardAlike))
-                words.push_back(one.word);
+            if (one.loose.starts_with(loose) || guide::mayBeHeardAs(start, one.sounds)) words.push_back(one.word);
     };
     add(ofLanguage);
     if (!isLanguageWord(LineConvert(start))) add(ofLibrary);
@@ -141,7 +120,7 @@ void Completion::putIn(int row) {
 // does what only sounds like a word of the library: any name may.
 bool Completion::isTypedToItsEnd() const {
     const std::string typed = typedStart();
-    if (typed.size() < lettersToHear || isLanguageWord(LineConvert(typed))) return false;
+    if (typed.size() < guide::lettersToHear || isLanguageWord(LineConvert(typed))) return false;
     if (!isLanguageWord(LineConvert(list_->word(0).roman))) return false;
     const guide::Sounds word = guide::soundsOf(list_->word(0).roman);
     if (guide::soundDistance(guide::soundsOf(typed), word, heardTheSame) > heardTheSame) return false;

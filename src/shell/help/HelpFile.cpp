@@ -176,23 +176,13 @@ std::string wordTopics(const std::vector<HelpTopic>& topics) {
     return bytes;
 }
 
-// Without the letter case, and "aa" as "A" would be.
-std::string loosely(std::string_view text) {
-    std::string loose;
-    for (const char c : text) {
-        const char small = lowerLetter(c);
-        if (small != 'a' || loose.empty() || loose.back() != 'a') loose += small;
-    }
-    return loose;
-}
-
 enum Rank : std::size_t { Exact, Begins, Sounds, InTitle, InKeys, InText, Nowhere };
 
 struct Needle {
     explicit Needle(std::string_view utf8) : text(utf8) {
         roman = romanOfUnicode(utf8);
         codes = LineConvert(roman);
-        loose = loosely(roman);
+        loose = guide::looseSpelling(roman);
     }
     std::string text;
     std::string roman;
@@ -207,17 +197,13 @@ bool beginsAWord(std::string_view text, std::string_view start) {
 }
 
 Rank rankOf(const HelpTopic& topic, const Needle& needle) {
-    constexpr std::size_t lettersToHear = 3;
-    constexpr double heardAlike = 0.35;
     const std::string& title = topic.keys.empty() ? topic.title : topic.keys[0];
     if (title == needle.roman || plainText(topic.title) == needle.codes) return Exact;
-    if (loosely(title).starts_with(needle.loose)) return Begins;
-    if (needle.roman.size() >= lettersToHear &&
-        guide::distanceToBeginning(needle.roman, guide::soundsOf(title), heardAlike) <= heardAlike)
-        return Sounds;
-    if (beginsAWord(loosely(title), needle.loose)) return InTitle;
+    if (guide::looseSpelling(title).starts_with(needle.loose)) return Begins;
+    if (guide::mayBeHeardAs(needle.roman, guide::soundsOf(title))) return Sounds;
+    if (beginsAWord(guide::looseSpelling(title), needle.loose)) return InTitle;
     for (const std::string& key : topic.keys)
-        if (beginsAWord(loosely(key), needle.loose)) return InKeys;
+        if (beginsAWord(guide::looseSpelling(key), needle.loose)) return InKeys;
     for (const std::string& paragraph : topic.paragraphs)
         if (paragraph.find(needle.codes) != std::string::npos || hasWord(paragraph, needle.text)) return InText;
     return Nowhere;
