@@ -186,7 +186,7 @@ void find::unopened(const Reading& reading, Report& report) {
         if (fault.kind != BlockFault::Kind::Unopened) continue;
         const Line& line = reading.program.line(fault.line);
         const Role role = reading.program.meant(fault.line).statement.role;
-        const Columns whole{line.words.front().roman.from, line.words.back().roman.to};
+        const Columns whole = line.romanOfAll();
         const bool ends = role == Role::EndIf || role == Role::FunctionEnd;
         const Columns place = ends ? whole : line.words[0].roman;
         report.add(fault.line, place, line.words[0].program,
@@ -198,7 +198,7 @@ void find::wrongEnds(const Reading& reading, Report& report) {
     for (const BlockFault& fault : reading.blockFaults) {
         if (fault.kind != BlockFault::Kind::WrongEnd) continue;
         const Line& line = reading.program.line(fault.line);
-        const Columns whole{line.words.front().roman.from, line.words.back().roman.to};
+        const Columns whole = line.romanOfAll();
         const std::string end = endOf(reading.program.meant(fault.opener));
         report.add(fault.line, whole, line.words[0].program,
                    sentence(texts::wrongEnd, {shown(line.slice(whole)), shown(end)}),
@@ -208,7 +208,7 @@ void find::wrongEnds(const Reading& reading, Report& report) {
     for (std::size_t i = 0; i < reading.program.lines().size(); ++i) {
         const Line& line = reading.program.meant(i);
         if (!line.statement.wrongEnd || report.hasError(i)) continue;
-        const Columns whole{line.words.front().roman.from, line.words.back().roman.to};
+        const Columns whole = line.romanOfAll();
         const std::optional<std::size_t> opener = openerAround(reading.program, i);
         const std::string end = opener ? endOf(reading.program.meant(*opener)) : "kar";
         report.add(i, whole, line.words[0].program, sentence(texts::wrongEnd, {shown(line.slice(whole)), shown(end)}),
@@ -254,7 +254,7 @@ void find::missingWords(const Reading& reading, Report& report) {
         if (role == Role::End) {
             const std::optional<std::size_t> opener = openerAround(reading.program, i);
             std::vector<Correction> corrections;
-            const Columns whole{line.words.front().roman.from, line.words.back().roman.to};
+            const Columns whole = line.romanOfAll();
             if (opener && line.words.size() == 1)
                 corrections.push_back({i + 1, whole, endOf(reading.program.meant(*opener)), true});
             report.add(i, whole, line.words[0].program, sentence(texts::endAlone), corrections);

@@ -35,8 +35,8 @@ bool isPlace(const Line& line, std::size_t from, std::size_t to) {
 
 void checkPlace(const Line& line, std::size_t number, std::size_t from, std::size_t to, Report& report) {
     if (from >= to || isPlace(line, from, to)) return;
-    const Columns roman{line.words[from].roman.from, line.words[to - 1].roman.to};
-    const Columns place{line.words[from].program.from, line.words[to - 1].program.to};
+    const Columns roman = line.romanOf(from, to - 1);
+    const Columns place = line.programOf(from, to - 1);
     const auto bracket = [](const Word& word) { return word.isMark('(') || word.isMark(')'); };
     const auto begin = line.words.begin() + static_cast<std::ptrdiff_t>(from);
     const auto end = line.words.begin() + static_cast<std::ptrdiff_t>(to);

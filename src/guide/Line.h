@@ -78,6 +78,14 @@ struct Line {
     }
     const Word* first() const { return words.empty() ? nullptr : &words[0]; }
     const Word* find(std::string_view languageWord) const;
+    // From one of the words to another, or from the first to the last.
+    Columns romanOf(std::size_t first, std::size_t last) const {
+        return {words[first].roman.from, words[last].roman.to};
+    }
+    Columns programOf(std::size_t first, std::size_t last) const {
+        return {words[first].program.from, words[last].program.to};
+    }
+    Columns romanOfAll() const { return romanOf(0, words.size() - 1); }
     std::size_t indentation() const;
 
     std::string roman;

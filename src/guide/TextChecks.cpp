@@ -47,10 +47,6 @@ Columns programOf(const Line& line, Columns roman) {
     return {0, line.program.size()};
 }
 
-StyledText latin(std::string_view text) {
-    return {text, Font::Latin};
-}
-
 bool hasRomanQuote(const Line& line, const Word& word) {
     return word.kind == Word::Kind::Name && line.romanOf(word).find('"') != std::string_view::npos;
 }

@@ -73,6 +73,11 @@ StyledText sentence(std::string_view text, std::initializer_list<StyledText> ins
 // Roman text as it is shown in a program.
 StyledText shown(std::string_view roman);
 
+// Text that stays in Latin letters.
+inline StyledText latin(std::string_view text) {
+    return {text, Font::Latin};
+}
+
 // The message table's text of an error of the script; empty if it has none.
 StyledText messageText(int number);
 

@@ -14,10 +14,6 @@ StyledText digits(std::size_t number) {
     return {std::to_string(number), Font::Devanagari};
 }
 
-StyledText latin(std::string_view text) {
-    return {text, Font::Latin};
-}
-
 // The words of a simple statement after its first one.
 struct Rest {
     std::size_t from;
@@ -208,10 +204,9 @@ void checkSyntax(const Program& program, std::size_t number, Report& report) {
         return report.add(number, *touching,
                           sentence(texts::nothingBetween, {shown(line.romanOf(*touching)), latin("&")}),
                           {insertAt(number, touching->roman.from, "& ", false)});
-    const Columns roman{line.words.front().roman.from, line.words.back().roman.to};
     StyledText text = messageText(error);
     if (text.empty()) text = messageText(1002);
-    report.add(number, roman, {line.words.front().program.from, line.words.back().program.to}, std::move(text));
+    report.add(number, line.romanOfAll(), line.programOf(0, line.words.size() - 1), std::move(text));
 }
 
 }  // namespace

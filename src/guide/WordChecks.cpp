@@ -8,10 +8,6 @@
 namespace tolvan::guide {
 namespace {
 
-StyledText latin(std::string_view text) {
-    return {text, Font::Latin};
-}
-
 // As it is shown and as it is typed.
 StyledText inBothScripts(std::string_view roman) {
     StyledText text = shown(roman);
@@ -136,8 +132,8 @@ void find::misspelt(const Reading& reading, Report& report) {
     for (std::size_t i = 0; i < program.lines().size(); ++i) {
         const Line& line = program.line(i);
         if (!line.statement.splitElseIf) continue;
-        const Columns both{line.words[0].roman.from, line.words[1].roman.to};
-        report.add(i, both, {line.words[0].program.from, line.words[1].program.to},
+        const Columns both = line.romanOf(0, 1);
+        report.add(i, both, line.programOf(0, 1),
                    sentence(texts::splitElseIf, {shown(line.slice(both)), shown("nAhItarajar")}),
                    {{i + 1, both, "nAhItarajar", true}});
     }
@@ -155,12 +151,11 @@ void find::notEqual(const Reading& reading, Report& report) {
         if (report.hasError(i)) continue;
         for (std::size_t word = 1; word < line.words.size(); ++word) {
             if (!line.words[word].is("nAhI") || !line.words[word - 1].isEqualSign()) continue;
-            const Columns place{line.words[word - 1].roman.from, line.words[word].roman.to};
             const std::size_t start = startOfComparison(line, word - 1);
-            const Columns from{line.words[start].roman.from, line.words[word].roman.to};
-            const std::string mended = "nAhI " + std::string(line.slice({from.from, line.words[word - 1].roman.to}));
-            report.add(i, place, {line.words[word - 1].program.from, line.words[word].program.to},
-                       sentence(texts::notEqual), {{i + 1, from, mended, true}});
+            const Columns from = line.romanOf(start, word);
+            const std::string mended = "nAhI " + std::string(line.slice(line.romanOf(start, word - 1)));
+            report.add(i, line.romanOf(word - 1, word), line.programOf(word - 1, word), sentence(texts::notEqual),
+                       {{i + 1, from, mended, true}});
             break;
         }
     }
