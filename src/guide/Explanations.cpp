@@ -1,7 +1,7 @@
 #include "guide/Explanations.h"
 
 #include "guide/Texts.h"
-#include "platform/encoding/Ascii.h"
+#include "platform/encoding/Lines.h"
 #include "platform/richtext/InternalText.h"
 #include "platform/script/ErrorReport.h"
 #include "platform/script/Errors.h"
@@ -267,10 +267,6 @@ static_assert(std::ranges::adjacent_find(table, std::ranges::greater_equal(), &E
               "by number, each once");
 static_assert(std::ranges::none_of(table, &std::string_view::empty, &Explanation::english));
 
-StyledText latin(std::string_view text) {
-    return {text, Font::Latin};
-}
-
 // As `sentence` for texts that are English.
 StyledText englishSentence(std::string_view text, std::initializer_list<StyledText> inserted) {
     StyledText made;
@@ -355,14 +351,9 @@ StyledText example(const Explanation& explanation, StyledText wrong, const Style
     return wrong;
 }
 
-StyledView lineOf(StyledView program, int line) {
-    std::size_t start = 0;
-    for (; line > 1; --line) {
-        const std::size_t end = program.text().find(lineEnd, start);
-        if (end == std::string_view::npos) return {};
-        start = end + lineEnd.size();
-    }
-    return program.substr(start, program.text().find(lineEnd, start) - start);
+StyledView lineOf(StyledView program, int number) {
+    const auto line = linePlace(program.text(), static_cast<std::size_t>(std::max(number, 1) - 1));
+    return line ? program.substr(line->begin, line->size()) : StyledView();
 }
 
 }  // namespace

@@ -1,6 +1,7 @@
 #include "guide/Guide.h"
 
 #include "guide/Checks.h"
+#include "platform/encoding/Lines.h"
 
 #include <algorithm>
 
@@ -51,16 +52,11 @@ std::size_t countLike(const std::vector<Finding>& findings, const Finding& like)
 }  // namespace
 
 std::string corrected(std::string_view roman, const Correction& correction) {
-    std::size_t start = 0;
-    for (std::size_t line = 1; line < correction.line; ++line) {
-        const std::size_t end = roman.find("\r\n", start);
-        if (end == std::string_view::npos) return std::string(roman);
-        start = end + 2;
-    }
-    const std::size_t length = std::min(roman.find("\r\n", start), roman.size()) - start;
-    if (correction.place.from > correction.place.to || correction.place.to > length) return std::string(roman);
+    const auto line = linePlace(roman, correction.line - 1);
     std::string text(roman);
-    return text.replace(start + correction.place.from, correction.place.to - correction.place.from, correction.text);
+    if (!line || correction.place.from > correction.place.to || correction.place.to > line->size()) return text;
+    return text.replace(line->begin + correction.place.from, correction.place.to - correction.place.from,
+                        correction.text);
 }
 
 std::vector<Finding> Guide::check(std::string_view roman) {

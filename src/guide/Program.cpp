@@ -1,7 +1,7 @@
 #include "guide/Program.h"
 
 #include "library/LibraryWords.h"
-#include "platform/encoding/Ascii.h"
+#include "platform/encoding/Lines.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "translator/Keywords.h"
 
@@ -43,11 +43,7 @@ const std::vector<Candidate>& languageCandidates() {
 std::vector<LinePointer> LineStore::read(std::string_view roman) {
     before_ = std::exchange(lines_, {});
     std::vector<LinePointer> lines;
-    for (std::size_t start = 0; start <= roman.size();) {
-        const std::size_t end = std::min(roman.find(lineEnd, start), roman.size());
-        lines.push_back(take(roman.substr(start, end - start)));
-        start = end + lineEnd.size();
-    }
+    for (const LinePlace& line : linePlaces(roman)) lines.push_back(take(roman.substr(line.begin, line.size())));
     return lines;
 }
 

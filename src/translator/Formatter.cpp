@@ -1,6 +1,7 @@
 #include "translator/Formatter.h"
 
 #include "platform/encoding/Ascii.h"
+#include "platform/encoding/Lines.h"
 #include "translator/Blanks.h"
 #include "translator/Keywords.h"
 #include "translator/Scanner.h"
@@ -24,11 +25,8 @@ using Levels = std::vector<std::size_t>;  // of indentation, one number a line
 template <class Text>
 std::vector<Text> splitLines(Text text, std::string_view characters) {
     std::vector<Text> lines;
-    for (std::size_t start = 0; start <= text.size();) {
-        const std::size_t end = std::min(characters.find(lineEnd, start), text.size());
-        lines.push_back(trimBlanks(start < text.size() ? text.substr(start, end - start) : Text()));
-        start = end + lineEnd.size();
-    }
+    for (const LinePlace& line : linePlaces(characters))
+        lines.push_back(trimBlanks(text.substr(line.begin, line.size())));
     return lines;
 }
 

@@ -1,6 +1,7 @@
 #include "translator/Translator.h"
 
 #include "platform/encoding/Ascii.h"
+#include "platform/encoding/Lines.h"
 #include "platform/richtext/InternalText.h"
 #include "translator/Blanks.h"
 #include "translator/Keywords.h"
@@ -40,13 +41,8 @@ void appendLiteral(StyledView content, std::string& script) {
 }
 
 StyledView lineOf(StyledView program, int number) {
-    std::size_t start = 0;
-    for (; number > 1; --number) {
-        const std::size_t end = program.text().find(lineEnd, start);
-        if (end == std::string_view::npos) return {};
-        start = end + lineEnd.size();
-    }
-    return program.substr(start, program.text().find(lineEnd, start) - start);
+    const auto line = linePlace(program.text(), static_cast<std::size_t>(std::max(number, 1) - 1));
+    return line ? program.substr(line->begin, line->size()) : StyledView();
 }
 
 }  // namespace
@@ -84,9 +80,8 @@ std::string Translator::Compile(StyledView program, const Progress& progress) {
     CompileProgress done{0, program.size() + 1};
     ModuleBuilder module(moduleLines_);
     bool inFunctions = false;
-    for (std::size_t start = 0; start <= program.size();) {
-        const std::size_t end = std::min(program.text().find(lineEnd, start), program.size());
-        const StyledView line = program.substr(start, end - start);
+    for (const LinePlace& place : linePlaces(program.text())) {
+        const StyledView line = program.substr(place.begin, place.size());
         ++done.lines;
         if (trimBlanks(line).empty()) {
             // gives nothing
@@ -103,7 +98,6 @@ std::string Translator::Compile(StyledView program, const Progress& progress) {
             appendStatement(line, module);
         }
         if (progress) progress(done);
-        start = end + lineEnd.size();
     }
     if (!inFunctions) module.append("\r\nEnd Sub\r\n", Kind::Frame);
     return module.take();

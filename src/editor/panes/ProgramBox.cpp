@@ -3,6 +3,7 @@
 #include "dialogs/Accessibility.h"
 #include "editor/panes/ShownText.h"
 #include "platform/encoding/Ascii.h"
+#include "platform/encoding/Lines.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/UnicodeText.h"
 
@@ -31,13 +32,10 @@ const ProgramLine* lineOf(const QTextBlock& block) {
 
 std::vector<ProgramLine> linesOf(StyledView text) {
     std::vector<ProgramLine> lines;
-    for (std::size_t start = 0;;) {
-        const std::size_t end = text.text().find(lineEnd, start);
-        lines.push_back({StyledText(text.substr(start, end - start)), Font::Devanagari});
-        if (end == std::string_view::npos) return lines;
-        lines.back().lineEnd = text.font(end);
-        start = end + lineEnd.size();
-    }
+    for (const LinePlace& line : linePlaces(text.text()))
+        lines.push_back({StyledText(text.substr(line.begin, line.size())),
+                         line.end < text.size() ? text.font(line.end) : Font::Devanagari});
+    return lines;
 }
 
 QTextLayout::FormatRange formatRange(std::size_t start, std::size_t length, const QTextCharFormat& format) {

@@ -1,7 +1,7 @@
 #include "runtime/host/TraceText.h"
 
-#include "platform/encoding/Ascii.h"
 #include "platform/encoding/Csv.h"
+#include "platform/encoding/Lines.h"
 #include "platform/richtext/UnicodeText.h"
 #include "translator/Blanks.h"
 
@@ -11,11 +11,8 @@ namespace tolvan {
 
 std::vector<StyledView> trimmedLines(StyledView program) {
     std::vector<StyledView> lines;
-    for (std::size_t start = 0; start <= program.size();) {
-        const std::size_t end = std::min(program.text().find(lineEnd, start), program.size());
-        lines.push_back(trimBlanks(program.substr(start, end - start)));
-        start = end + lineEnd.size();
-    }
+    for (const LinePlace& line : linePlaces(program.text()))
+        lines.push_back(trimBlanks(program.substr(line.begin, line.size())));
     return lines;
 }
 
