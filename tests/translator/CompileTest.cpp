@@ -203,6 +203,14 @@ TEST(UnicodeProgram, EveryExampleComesBack) {
     EXPECT_GT(count, 5);
 }
 
+TEST(ProgramFile, LineEndsOfEveryForm) {
+    for (const char* const bytes : {"a\nb\n\nc\rd\n", "a\r\nb\r\n\r\nc\rd\r\n", "a\r\r\nb\r\r\n\r\r\nc\rd\r\r\n"}) {
+        EXPECT_EQ(readProgramFile(bytes).caption, "a");
+        EXPECT_EQ(readProgramFile(bytes).roman, "b\r\n\r\nc\rd\r\n");
+    }
+    EXPECT_EQ(readProgramFile("a\r\r\nb\r\r\nc\r\n").roman, "b\r\r\nc\r\n") << "not the same ends everywhere";
+}
+
 TEST(UnicodeProgram, FilesOfEveryForm) {
     const std::string utf8 = "नाव\nदाखव १\n";
     std::string little = "\xFF\xFE";
