@@ -32,6 +32,7 @@
 #include "platform/fonts/FontEncoding.h"
 #include "platform/settings/Settings.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
+#include "runtime/StopKeysInDialogs.h"
 #include "runtime/frmExec.h"
 #include "translator/Formatter.h"
 #include "translator/UnicodeProgram.h"
@@ -470,6 +471,7 @@ void frmEditor::HelpHelp() {
 }
 
 void frmEditor::HelpAbout() {
+    const StopKeysInDialogs stopKeys(state_.run);
     showAbout(this);
 }
 

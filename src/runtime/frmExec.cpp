@@ -13,6 +13,7 @@
 #include "runtime/ProgramMarker.h"
 #include "runtime/ProgramRun.h"
 #include "runtime/ScrollBack.h"
+#include "runtime/StopKeysInDialogs.h"
 #include "translator/Blanks.h"
 #include "translator/ProgramText.h"
 
@@ -38,33 +39,6 @@ constexpr SystemItem systemItems[] = {
     {"icÇ saQv"_deva, "SavePicture"},
     {"icÇacI àt bnv"_deva, "CopyPicture"},
     {"tolvn beisk bÎl"_deva, "ShowAbout"},
-};
-
-bool isCtrlC(const QKeyEvent& key) {
-    return key.text() == QStringLiteral("\x03") ||
-           (key.key() == Qt::Key_C && key.modifiers().testFlag(Qt::ControlModifier));
-}
-
-bool isStopKey(const QKeyEvent& key) {
-    return key.key() == Qt::Key_F4 || isCtrlC(key);
-}
-
-// As long as it lives, the stop keys work in dialogs too: they stop the program and close the dialog.
-class StopKeysInDialogs : public QObject {
-  public:
-    explicit StopKeysInDialogs(ProgramRun& run) : run_(run) { qApp->installEventFilter(this); }
-
-    bool eventFilter(QObject* watched, QEvent* event) override {
-        QWidget* const dialog = QApplication::activeModalWidget();
-        if (event->type() != QEvent::KeyPress || dialog == nullptr || !isStopKey(*static_cast<QKeyEvent*>(event)))
-            return QObject::eventFilter(watched, event);
-        run_.stop();
-        dialog->close();
-        return true;
-    }
-
-  private:
-    ProgramRun& run_;
 };
 
 }  // namespace
@@ -256,6 +230,7 @@ void frmExec::CloseForm() {
 }
 
 void frmExec::ShowAbout() {
+    const StopKeysInDialogs stopKeys(run_);
     keepInputFocus_ = false;
     showAbout(this);
     keepInputFocus_ = true;

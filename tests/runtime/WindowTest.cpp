@@ -95,6 +95,13 @@ TEST_F(WindowTest, TheSystemMenuCallsTheConsolesOwnCommands) {
     EXPECT_TRUE(shown);
 }
 
+TEST_F(WindowTest, TheStopKeyWorksInTheAboutBox) {
+    onceDialogIsUp([](QDialog& about) { QTest::keyClick(&about, Qt::Key_F4); });
+    soon([this] { console->ShowAbout(); });
+    run({"Do", "Loop"});
+    EXPECT_EQ(dialog(), nullptr);
+}
+
 // Answers the file dialog with a path.
 void chooseFile(QDialog& dialog, const QString& path) {
     auto* const files = qobject_cast<QFileDialog*>(&dialog);
