@@ -46,8 +46,11 @@ class Page {
         return escaped(filled(text, language_, values));
     }
     std::string number(std::size_t value) const { return shownNumber(value, language_); }
-    void paragraph(const std::string& html, const char* kind = "") {
-        if (!html.empty()) page_ += std::string("<p") + (*kind == 0 ? "" : " class='dim'") + ">" + html + "</p>\n";
+    void paragraph(const std::string& html) {
+        if (!html.empty()) page_ += "<p>" + html + "</p>\n";
+    }
+    void note(const std::string& html) {
+        if (!html.empty()) page_ += "<p class='dim'>" + html + "</p>\n";
     }
 
     void writeHead();
@@ -88,10 +91,10 @@ void Page::writeHead() {
     page_ += "</svg>\n";
     const auto full = std::count_if(result_.handIns.begin(), result_.handIns.end(),
                                     [&](const HandInResult& handIn) { return handIn.points == result_.most; });
-    paragraph(say(texts::summary, {number(result_.handIns.size()), number(static_cast<std::size_t>(full))}), "dim");
+    note(say(texts::summary, {number(result_.handIns.size()), number(static_cast<std::size_t>(full))}));
     if (result_.handIns.size() < result_.handInCount)
         paragraph(say(texts::stopped, {number(result_.handInCount), number(result_.handIns.size())}));
-    for (const Wall wall : result_.missing) paragraph(escaped(shownMissing(wall, language_)), "dim");
+    for (const Wall wall : result_.missing) note(escaped(shownMissing(wall, language_)));
 }
 
 void Page::writeClass() {
@@ -131,7 +134,7 @@ void Page::writeHandIn(const HandInResult& handIn, std::size_t place) {
         if (page_.size() < largeForAPage)
             writeProgram(handIn);
         else
-            paragraph(say(texts::leftOutForSize), "dim");
+            note(say(texts::leftOutForSize));
     }
     page_ += "</details>\n";
 }
@@ -171,7 +174,7 @@ void Page::writeError(const HandInResult& handIn, const CaseResult& one) {
         const ProgramLine& line = lines[static_cast<std::size_t>(one.line) - 1];
         page_ += "<pre>" + escaped(line.devanagari) + "\n<i>" + escaped(line.roman) + "</i></pre>\n";
     }
-    paragraph(escaped(language_ == Language::Marathi ? one.explanation : one.explanationInEnglish), "dim");
+    note(escaped(language_ == Language::Marathi ? one.explanation : one.explanationInEnglish));
 }
 
 std::string Page::cutMark(std::size_t letters) const {
@@ -210,7 +213,7 @@ void Page::writeLines(const std::vector<PrintedLine>& lines) {
 }
 
 void Page::writePrinted(const PrintedExcerpt& printed) {
-    if (printed.first.empty()) return paragraph(say(texts::printedNothing), "dim");
+    if (printed.first.empty()) return note(say(texts::printedNothing));
     page_ += "<details><summary>" + say(texts::allPrinted) + "</summary><pre>";
     writeLines(printed.first);
     if (printed.leftOut > 0)
@@ -252,7 +255,7 @@ void Page::writeProgram(const HandInResult& handIn) {
     }
     page_ += "</table>";
     if (examination.lineCount > examination.lines.size())
-        paragraph(say(texts::linesLeftOut, {number(examination.lineCount - examination.lines.size())}), "dim");
+        note(say(texts::linesLeftOut, {number(examination.lineCount - examination.lines.size())}));
     page_ += "</details>\n";
 }
 
