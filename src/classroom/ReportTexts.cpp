@@ -17,18 +17,18 @@ constexpr Text verdicts[] = {
     {"वेळ संपली", "time"},
     {"छपाई जास्त", "output"},
     {"स्मृती जास्त", "memory"},
-    {"फायलींची मर्यादा", "files"},
+    {"फाइलींची मर्यादा", "files"},
     {"वाचता येत नाही", "unreadable"},
 };
 
 constexpr Text problems[] = {
     {"", ""},
     {"फाइल वाचता आली नाही.", "The file cannot be read."},
-    {"ही दुसऱ्या फायलीकडे नेणारी जोडणी आहे.", "It is a link to another file."},
+    {"ही दुसऱ्या फाइलीकडे नेणारी जोडणी आहे.", "It is a link to another file."},
     {"ही साधी फाइल नाही.", "It is no ordinary file."},
     {"फाइल फार मोठी आहे.", "The file is too large."},
     {"फाइल रिकामी आहे.", "The file is empty."},
-    {"फायलीत प्रायोजन नाही.", "There is no program in the file."},
+    {"फाइलीत प्रायोजन नाही.", "There is no program in the file."},
 };
 
 std::string sentenceOf(const Difference& difference, Language language) {

@@ -28,7 +28,7 @@ inline constexpr Text stopped{"तपास मध्येच थांबव�
 inline constexpr Text noHandIns{"या फोल्डरमध्ये प्रायोजन नाही: {0}", "there is no program in {0}"};
 inline constexpr Text checking{"तपासलेली प्रायोजने: {0} पैकी {1}", "checked {1} of {0}"};
 inline constexpr Text noFileWall{
-    "या संगणकात फायलींचे संरक्षण (Landlock) नाही. प्रायोजन तरीही इतर फायली उघडू शकत नाही.",
+    "या संगणकात फाइलींचे संरक्षण (Landlock) नाही. प्रायोजन तरीही इतर फाइली उघडू शकत नाही.",
     "This system lacks the protection of files (Landlock). The language itself still keeps programs from other files."};
 inline constexpr Text noCallWall{
     "या संगणकात यंत्रणेचे संरक्षण (seccomp) नाही. प्रायोजन तरीही यंत्रणेला बोलावू शकत नाही.",
@@ -72,9 +72,9 @@ inline constexpr Text tooMuchPrinted{"प्रायोजनाने फा�
                                      "The program printed too much and was stopped."};
 inline constexpr Text tooMuchMemory{"प्रायोजनाने फार जास्त स्मृती वापरली, म्हणून ते थांबवले.",
                                     "The program used too much memory and was stopped."};
-inline constexpr Text tooMuchWritten{"प्रायोजनाने फायलींत फार जास्त लिहिले, म्हणून ते थांबवले.",
+inline constexpr Text tooMuchWritten{"प्रायोजनाने फाइलींत फार जास्त लिहिले, म्हणून ते थांबवले.",
                                      "The program wrote too much into files and was stopped."};
-inline constexpr Text otherFiles{"प्रायोजन त्याच्या फोल्डरच्या बाहेरची फायल उघडू पाहत होते, म्हणून ते थांबवले.",
+inline constexpr Text otherFiles{"प्रायोजन त्याच्या फोल्डरच्या बाहेरची फाइल उघडू पाहत होते, म्हणून ते थांबवले.",
                                  "The program reached for a file outside its folder and was stopped."};
 inline constexpr Text leftOutForSize{"पान फार मोठे होऊ नये म्हणून पुढचे वगळले.",
                                      "The rest is left out: the page would be too large."};

@@ -15,7 +15,7 @@ namespace fs = std::filesystem;
 
 Problem cannotWrite(const std::string& path, int error) {
     const std::string reason = path + ": " + std::strerror(error);
-    return {"तात्पुरत्या फायली लिहिता आल्या नाहीत: " + reason, "cannot write temporary files: " + reason};
+    return {"तात्पुरत्या फाइली लिहिता आल्या नाहीत: " + reason, "cannot write temporary files: " + reason};
 }
 
 void writeFile(const fs::path& path, std::string_view content) {

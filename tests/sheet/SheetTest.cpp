@@ -66,7 +66,7 @@ TEST_F(SheetTest, AreMadeOfAWholeClass) {
     EXPECT_EQ(std::system(command.c_str()), 0);
     const std::string text = textOf(made);
     EXPECT_EQ(std::count(text.begin(), text.end(), '\f'), 5) << "a page for each hand-in, the empty one too";
-    for (const char* const part : {"chitrA", "काय छापले", "वेळेत प्रायोजन संपले नाही", "बाहेरची फायल"})
+    for (const char* const part : {"chitrA", "काय छापले", "वेळेत प्रायोजन संपले नाही", "बाहेरची फाइल"})
         EXPECT_THAT(text, HasSubstr(part));
     EXPECT_NE(std::system((programFolder() + "/tvp-sheet " + folder.path() + " " + made + " 2>/dev/null").c_str()), 0);
 }
