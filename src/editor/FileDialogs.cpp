@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QDir>
 #include <QFileDialog>
+#include <QFileIconProvider>
 #include <QFileInfo>
 #include <QHeaderView>
 #include <QPointer>
@@ -20,12 +21,26 @@ QString asFileName(QString name) {
     return name.trimmed();
 }
 
+// Says in Marathi of what kind the files of the dialog's list are; the system knows them in English at best.
+class MarathiTypes : public QFileIconProvider {
+  public:
+    QString type(const QFileInfo& file) const override {
+        if (file.isDir()) return QStringLiteral("फोल्डर");
+        const QString suffix = file.suffix().toLower();
+        if (suffix == QLatin1String("tvp")) return QStringLiteral("प्रायोजन");
+        if (suffix == QLatin1String("task")) return QStringLiteral("प्रश्न");
+        return QStringLiteral("फाइल");
+    }
+};
+
 QString ask(const FileRequest& request, QFileDialog::AcceptMode mode) {
     const QList<FileKind> kinds = QList<FileKind>{{request.kind, request.suffix}} + request.otherKinds;
     QStringList filters;
     for (const FileKind& kind : kinds) filters << QStringLiteral("%1 (*.%2)").arg(kind.name, kind.suffix);
     const QPointer<QFileDialog> dialog =
         new QFileDialog(QApplication::activeWindow(), request.title, request.folder, filters.join(QLatin1String(";;")));
+    static MarathiTypes types;
+    dialog->setIconProvider(&types);
     dialog->setAcceptMode(mode);
     dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);
     dialog->setOption(QFileDialog::DontConfirmOverwrite, !request.asksBeforeReplacing);

@@ -78,11 +78,8 @@ void frmEditor::FileCheck() {
     if (isRunning()) return;
     const QString near = !taskFile_.isEmpty() ? taskFile_ : document_.path();
     const QString folder = near.isEmpty() ? startFolder() : QFileInfo(near).absolutePath();
-    const QString chosen = askOpenFile({QStringLiteral("प्रश्नाची फाइल उघड..."),
-                                        QStringLiteral("Tolvan Basic Task"),
-                                        QStringLiteral("task"),
-                                        folder,
-                                        {}});
+    const QString chosen = askOpenFile(
+        {QStringLiteral("प्रश्नाची फाइल उघड..."), QStringLiteral("तोलवन बेसिक प्रश्न"), QStringLiteral("task"), folder, {}});
     if (chosen.isEmpty()) return;
     taskFile_ = chosen;
     statusBar_->showMessage("tpas calU Aahe"_deva);
