@@ -72,6 +72,7 @@ constexpr const char* styleSheetPattern = R"(
     QToolButton:hover { background: @accentLight; border-color: @line; }
     QToolButton:pressed, QToolButton:checked { background: @captionActive; }
     QToolButton:focus { border-color: @focus; }
+    #qt_toolbar_ext_button { border: none; padding: 0; }
     QStatusBar { background: @footer; border-top: 1px solid @line; }
     QCheckBox::indicator, QRadioButton::indicator {
         position: relative; bottom: @drop; width: 1em; height: 1em;
@@ -118,6 +119,13 @@ constexpr const char* styleSheetPattern = R"(
     QScrollBar::handle:hover { background: @frameActive; }
     QScrollBar::add-line, QScrollBar::sub-line { width: 0; height: 0; }
     QScrollBar::add-page, QScrollBar::sub-page { background: none; }
+    QDialogButtonBox { dialogbuttonbox-buttons-have-icons: 0; }
+    QFileDialog QTreeView, QFileDialog QListView { border: 2px solid @line; }
+    QFileDialog QTreeView:focus, QFileDialog QListView:focus { border-color: @focus; }
+    QGroupBox { border: 2px solid @line; border-radius: 0.3em; margin-top: 0.8em; padding-top: 0.5em; }
+    QGroupBox::title { subcontrol-origin: margin; left: 0.8em; padding: 0 0.3em; }
+    QSplitter::handle:horizontal { border-left: 1px solid @line; }
+    QSplitter::handle:vertical { border-top: 1px solid @line; }
     QToolTip { background: @paper; color: @text; border: 1px solid @line; padding: 0.2em; }
 )";
 

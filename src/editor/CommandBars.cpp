@@ -163,8 +163,10 @@ void CommandBars::addToolBar() {
     toolBar_->setIconSize({iconSize, iconSize});
     toolBar_->setToolButtonStyle(Qt::ToolButtonIconOnly);
     toolBar_->setMovable(false);
-    if (auto* const more = toolBar_->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button")))
+    if (auto* const more = toolBar_->findChild<QToolButton*>(QStringLiteral("qt_toolbar_ext_button"))) {
         more->setAccessibleName(accessible::unicode("Aa[oI"_deva));
+        more->setArrowType(Qt::RightArrow);  // in the colour of text; Qt's own picture is black in every look
+    }
     for (const ToolButton& button : toolButtons()) {
         if (button.key == nullptr) {
             toolBar_->addSeparator();

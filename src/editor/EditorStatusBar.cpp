@@ -72,6 +72,7 @@ EditorStatusBar::EditorStatusBar(QWidget* parent)
     text_->setObjectName(QStringLiteral("panelText"));
     insertWidget(3, text_, 4);
     text_->hide();
+    showPanels();
 }
 
 QLabel* EditorStatusBar::addPanel(const char* name, int stretch) {
@@ -111,6 +112,12 @@ void EditorStatusBar::showDescription(const QString& text) {
     description_->setTextFormat(Qt::PlainText);
     description_->setText(text);
     description_->setAccessibleName(accessible::unicode(text));
+    showPanels();
+}
+
+// What says nothing leaves its room to the message, which a narrow window would cut off.
+void EditorStatusBar::showPanels() {
+    description_->setVisible(!text_->isVisibleTo(this) && !description_->text().isEmpty());
 }
 
 void EditorStatusBar::showLeftOut(const std::string& word) {
@@ -122,11 +129,12 @@ void EditorStatusBar::showLeftOut(const std::string& word) {
                                    QString::fromStdString(word), toQString(readsAsNothing).toHtmlEscaped()));
     description_->setAccessibleName(QString::fromStdString(word) + QLatin1Char(' ') +
                                     accessible::unicode(readsAsNothing));
+    showPanels();
 }
 
 void EditorStatusBar::showText(const StyledText& text) {
-    description_->setVisible(text.empty());
     text_->setText(text);
+    showPanels();
 }
 
 void EditorStatusBar::showProgress(double width) {

@@ -45,6 +45,7 @@ class EditorStatusBar : public QStatusBar {
 
   private:
     QLabel* addPanel(const char* name, int stretch);
+    void showPanels();
 
     QLabel* line_;
     QLabel* message_;

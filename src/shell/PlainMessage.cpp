@@ -1,9 +1,11 @@
 #include "shell/PlainMessage.h"
 
+#include "dialogs/MessageSign.h"
 #include "platform/fonts/Fonts.h"
 #include "platform/process/OwnProgram.h"
 
 #include <QApplication>
+#include <QLabel>
 #include <QMessageBox>
 
 #include <algorithm>
@@ -11,11 +13,18 @@
 namespace tolvan {
 namespace {
 
+// With the sign of the other boxes: the desktop's own is a small picture that blurs on a fine screen.
 void show(QMessageBox::Icon icon, const QString& caption, QString text) {
     if (tellTerminal(text.toStdString())) return;
     text.replace(QLatin1String("\r\n"), QLatin1String("\n"));
     QMessageBox box(icon, caption, text, QMessageBox::Ok);
     box.setTextFormat(Qt::PlainText);
+    if (auto* const picture = box.findChild<QLabel*>(QStringLiteral("qt_msgboxex_icon_label"))) {
+        MessageSign sign(icon == QMessageBox::Critical ? MessageSign::Kind::Error : MessageSign::Kind::Information,
+                         nullptr);
+        sign.resize(sign.sizeHint());
+        picture->setPixmap(sign.grab());
+    }
     box.exec();
 }
 
