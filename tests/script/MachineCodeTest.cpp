@@ -11,6 +11,7 @@
 #include <cstdio>
 #include <cstdlib>
 #include <gtest/gtest.h>
+#include <limits>
 #include <map>
 #include <random>
 #include <utility>
@@ -47,7 +48,7 @@ class Watching : public HostObject {
         return Value::boolean(goesOn);
     }
     void put(int, Arguments&, const Value& value) override {
-        size_ = value.isOneOf(Value::heapTypes) ? Value::number(0.5) : value;
+        size_ = value.isOneOf(Value::heapTypes) ? Value::number(std::numeric_limits<double>::quiet_NaN()) : value;
     }
     int* pollBudget(int member) override { return member == 0 ? &budget_ : nullptr; }
 
@@ -128,6 +129,9 @@ class Writer {
                                          "r(3) = 7",
                                          "c = -a",
                                          "c = +a",
+                                         "c = (8 - i) \\ 3 : c = c + (5 - i) Mod 7",
+                                         "c = (8 - i) * 250000007 \\ 1000",
+                                         "c = (5 - i) Mod 2 : c = c * 10 + (8 - i) \\ 2",
                                          "c = Not a",
                                          "c = Not i",
                                          "c = a + 1 : c = a - 300",

@@ -35,6 +35,25 @@ ReDim list(i) : ReDim Preserve list(i * 2)
 sum = sum + UBound(list)
 Next
 PrintString sum                          '> 17640
+
+' Whole division rounds towards zero; a real that becomes too big is an error.
+list = ""
+For i = -7 To 7 Step 7
+list = list & (i \ 3) & " " & (i Mod 3) & " " & (i \ 2) & " " & (i Mod 10) & ";"
+Next
+n = 2147483645
+For i = 1 To 4
+list = list & " " & (n \ 7)
+n = -n
+Next
+PrintString list                         '> -2 -1 -3 -7;0 0 0 0;2 1 3 7; 306783377 -306783377 306783377 -306783377
+list = ""
+For i = -32766 To -32768 Step -1 : list = list & " " & TypeName(-i) & (-i) : Next
+PrintString list                         '>  Integer32766 Integer32767 Long32768
+On Error Resume Next
+x = 1E300
+For i = 1 To 5 : x = x * 1E5 : Next
+PrintString (x < 2E305) & Err.Number     '> True6
 End Sub
 
 ' The array is a parameter; the object goes when its variable gets a number.

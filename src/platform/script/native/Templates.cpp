@@ -457,9 +457,9 @@ void UnitCompiler::negate() {
 void UnitCompiler::concatenate() {
     const std::uint32_t text = at()->a;
     const bool isConstant = at()->op == Op::ConcatenateRK;
-    const bool isInPlace = text == at()->b && kinds_[text] == Kind::Any;
-    if (!isInPlace || (isConstant ? !constant(at()->c).is(Type::String) : kinds_[at()->c] != Kind::Any))
-        return helper();
+    const auto mayBeText = [this](std::uint32_t reg) { return kinds_[reg] == Kind::Any || kinds_[reg] == Kind::Text; };
+    const bool isInPlace = text == at()->b && mayBeText(text);
+    if (!isInPlace || (isConstant ? !constant(at()->c).is(Type::String) : !mayBeText(at()->c))) return helper();
     const Label back = cc_.newLabel();
     const Label slow = cc_.newLabel();
     helpAside(slow, back);

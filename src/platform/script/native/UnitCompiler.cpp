@@ -416,6 +416,7 @@ void UnitCompiler::overwrite(std::uint32_t reg) {
     const Label back = cc_.newLabel();
     cc_.test(tagOfSlot(reg), Value::heapTypes);
     cc_.jne(aside([this, reg, back] {
+        storeAll(kinds_, pc_);  // a Class_Terminate may poll, and its host look at the variables
         const Gp slot = temporary64();
         cc_.lea(slot, slotOf(reg));
         InvokeNode* call = nullptr;
