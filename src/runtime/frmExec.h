@@ -55,8 +55,8 @@ class frmExec : public QWidget, public ConsoleOperations {
     // console is kept. Once in a run; the recording must outlive that.
     void record(script::Recording& recording);
     // Shows the console as it was after so many calls of the recorded run (see ConsoleObject::callCount), over the
-    // present one; what came later is seen faintly. False if that moment is forgotten.
-    bool showMoment(std::uint64_t calls);
+    // present one; what came later is seen faintly, if it is wanted. False if that moment is forgotten.
+    bool showMoment(std::uint64_t calls, bool withRest);
     void showPresent();
 
     // The program's calls of the console from the next run on.
@@ -96,6 +96,10 @@ class frmExec : public QWidget, public ConsoleOperations {
 
     // Whether the input box takes the keyboard back when it loses it.
     bool KeepInputFocus() const { return keepInputFocus_; }
+
+  signals:
+    // The input box has been shown.
+    void asked();
 
   protected:
     bool eventFilter(QObject* watched, QEvent* event) override;

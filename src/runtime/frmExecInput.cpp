@@ -76,6 +76,7 @@ void frmExec::beginInput() {
     inputBoxTip_->show();
     placeInput();
     inputBox_->setFocus();
+    emit asked();
 }
 
 void frmExec::endInput() {

@@ -71,11 +71,11 @@ void frmExec::bringForward() {
     activateWindow();
 }
 
-bool frmExec::showMoment(std::uint64_t calls) {
+bool frmExec::showMoment(std::uint64_t calls, bool withRest) {
     past_->setGeometry(display_->rect());
     const bool isKnown = log_.draw(calls, *past_, pastText_);
     QImage picture = past_->Image();
-    log_.drawRest(calls, *past_, pastText_);
+    if (withRest) log_.drawRest(calls, *past_, pastText_);
     std::vector<std::string> sentences{std::string("ha magaeva Aahe{:} teVha Ase idst haete"_deva)};
     if (addFaintly(picture, past_->Image())) sentences.emplace_back("i)ke Aahe te n<tr Aale"_deva);
     past_->SetImage(picture);

@@ -401,6 +401,11 @@ TEST_F(TraceTest, AnEarlierMomentIsShownAgain) {
     EXPECT_GT(pixelsAbove(20, once) * 10, pixelsAbove(20, twice) * 8) << "what came later is seen faintly";
     choose(1);
     EXPECT_EQ(past().Image(), once);
+    auto* const guess = window().findChild<QCheckBox*>(QStringLiteral("chkGuess"));
+    guess->click();
+    EXPECT_LT(pixelsAbove(20, past().Image()) * 10, pixelsAbove(20, once) * 8) << "what is guessed is not seen";
+    guess->click();
+    EXPECT_EQ(past().Image(), once);
     QTest::keyClick(&window().board(), Qt::Key_Escape);
     EXPECT_FALSE(past().isVisible());
     EXPECT_EQ(console()->grab().toImage(), end);
@@ -419,6 +424,22 @@ TEST_F(TraceTest, AnEarlierMomentIsShownAgain) {
     toFront();
     type("x");
     EXPECT_EQ(window().model().rowCount(), 0);
+}
+
+TEST_F(TraceTest, WhatHasRunIsSeenWhileTheProgramAsks) {
+    setProgram("a = 5\nghe b\na = 6\n");
+    openTrace();
+    std::string seen;
+    QTimer look;
+    QObject::connect(&look, &QTimer::timeout, [&] {
+        if (window().model().rowCount() == 0) return;
+        seen = std::to_string(window().model().rowCount()) + ' ' + shown(0) + ' ' + shownValues()[0];
+        state.run.stop();
+    });
+    look.start(20);
+    QTimer::singleShot(5000, editor.get(), [this] { state.run.stop(); });
+    press(Qt::Key_F5);
+    EXPECT_EQ(seen, "2 १|अ = ५|५, बदलले| अ=५, बदलले");
 }
 
 TEST_F(TraceTest, WhoGuessesFirstSeesValuesWhenAsked) {

@@ -65,6 +65,7 @@ void EditorSteps::begin(frmExec& console, RunnableProgram program) {
     values_ = std::make_unique<ValueTable>(console.executor(), program_);
     trace_ = std::make_unique<TraceTable>(recording_, program_);
     console.setSteps(&control_);
+    connect(&console, &frmExec::asked, this, &EditorSteps::showAsking, Qt::UniqueConnection);
     emit begun();
 }
 
@@ -87,6 +88,7 @@ void EditorSteps::forget() {
     moment_.reset();
     shown_ = {};
     if (!panel_.model().rows().empty()) panel_.model().show({}, {});
+    panel_.setTitle(std::string(ValuePanel::titleText));
     showLine(0);
     if (console_) console_->showPresent();
     if (hadTrace) emit forgotten();
@@ -136,6 +138,13 @@ void EditorSteps::showHere() {
     emit moved();
 }
 
+// At full speed nobody looked until now.
+void EditorSteps::showAsking() {
+    if (control_.state() != StepControl::State::Running || !mayLook()) return;
+    showValues();
+    emit asked();
+}
+
 void EditorSteps::showLine(int line) {
     for (TextPane* pane : {static_cast<TextPane*>(&roman_), static_cast<TextPane*>(&programBox_)}) {
         pane->setStepLine(line);
@@ -153,7 +162,8 @@ void EditorSteps::showValues() {
         source.assign = [this](std::size_t row, const std::vector<std::uint32_t>& indexes, std::string_view roman) {
             return values_ && values_->assign(row, indexes, roman);
         };
-    panel_.setTitle(std::string(lineText) + std::to_string(control_.line()) + std::string(valuesBefore));
+    const int line = program_.lines.programLine(console_->executor().inspect().line(0));
+    panel_.setTitle(std::string(lineText) + std::to_string(line) + std::string(valuesBefore));
     panel_.model().show(values_->read(mostLevels), std::move(source));
 }
 
@@ -169,7 +179,7 @@ void EditorSteps::showMoment(std::optional<std::uint64_t> row) {
     shown_ = table->moment(*row);
     const int line = table->programLine(*row);
     showLine(line);
-    if (console_) console_->showMoment(table->callsAfter(*row));
+    if (console_) console_->showMoment(table->callsAfter(*row), !panel_.model().isConcealed());
     panel_.setTitle(std::string(lineText) + std::to_string(line) + std::string(valuesAfter));
     panel_.model().show(shown_.values, {[this, at = *row](std::size_t place, std::size_t first, std::size_t most) {
                                             return trace() != nullptr && at >= trace_->firstRow() &&
@@ -181,7 +191,9 @@ void EditorSteps::showMoment(std::optional<std::uint64_t> row) {
 }
 
 void EditorSteps::setConcealed(bool concealed) {
+    const bool wasConcealed = panel_.model().isConcealed();
     panel_.model().setConcealed(concealed);
+    if (moment_ && concealed != wasConcealed) showMoment(moment_);
 }
 
 // Hidden values are not looked for.

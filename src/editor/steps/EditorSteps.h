@@ -55,7 +55,7 @@ class EditorSteps : public QObject {
     // Shows in the panes, the table of values and the console the moment after this recorded line; null: the present.
     void showMoment(std::optional<std::uint64_t> row);
     std::optional<std::uint64_t> moment() const { return moment_; }
-    // Hides the values, for who wants to guess them.
+    // Hides the values, and what the console shows later, for who wants to guess them.
     void setConcealed(bool concealed);
 
   signals:
@@ -64,6 +64,8 @@ class EditorSteps : public QObject {
     void phaseChanged();
     // The program stands before a line, or goes slowly to another one.
     void moved();
+    // The program waits for its user; what it has done can be seen.
+    void asked();
     // Nothing is to be seen any more of a run that is over: the program is being changed.
     void forgotten();
 
@@ -77,6 +79,7 @@ class EditorSteps : public QObject {
     bool mayLook() const { return !console_ || console_->mayLook(); }
     void startRecording();
     void showHere();
+    void showAsking();
     void showOnTheWay();
     void showValues();
     void showLine(int line);

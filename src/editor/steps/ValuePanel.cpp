@@ -17,7 +17,6 @@
 namespace tolvan {
 namespace {
 
-constexpr std::string_view titleText = "ik<mtI"_deva;
 constexpr std::string_view closeText = "b<d kr"_deva;
 
 QHeaderView* preparedHeader(QTreeView& view) {

@@ -2,8 +2,14 @@
 #pragma once
 
 #include "editor/steps/ValueModel.h"
+#include "platform/encoding/Deva.h"
 
 #include <QWidget>
+
+#include <string>
+#include <string_view>
+#include <utility>
+#include <vector>
 
 class QLabel;
 class QTreeView;
@@ -14,6 +20,9 @@ class ValuePanel : public QWidget {
     Q_OBJECT
   public:
     explicit ValuePanel(QWidget* parent);
+
+    // The title as long as nothing is to be seen, font-encoded.
+    static constexpr std::string_view titleText = "ik<mtI"_deva;
 
     ValueModel& model() { return model_; }
     QTreeView& view() { return *treValues_; }

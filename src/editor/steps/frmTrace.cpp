@@ -117,6 +117,7 @@ frmTrace::frmTrace(EditorSteps& steps, std::function<bool(const QKeyEvent&)> tak
     resize(look::em(46), look::em(24));
 
     connect(&steps_, &EditorSteps::moved, this, &frmTrace::refresh);
+    connect(&steps_, &EditorSteps::asked, this, &frmTrace::refresh);
     connect(&steps_, &EditorSteps::forgotten, this, &frmTrace::refresh);
     connect(&steps_, &EditorSteps::begun, this, [this] { model_.begin(steps_.programText()); });
     connect(&model_, &TraceModel::variablesChanged, this, &frmTrace::fillColumnList);
@@ -198,8 +199,8 @@ void frmTrace::setUpLayout() {
     side->addSpacing(look::em(0.5));
     side->addWidget(columns);
     side->addWidget(lstColumns_, 1);
-    for (QPushButton* button : {cmdCopy_, cmdCsv_, cmdPrint_, cmdPdf_}) side->addWidget(button);
     lstColumns_->setFixedWidth(look::em(11));
+    lstColumns_->setMinimumHeight(look::em(3));
     auto* const middle = new QHBoxLayout;
     middle->addWidget(tblTrace_, 1);
     middle->addLayout(side);
@@ -207,7 +208,11 @@ void frmTrace::setUpLayout() {
     layout->setContentsMargins(look::em(0.5), look::em(0.5), look::em(0.5), look::em(0.3));
     layout->setSpacing(look::em(0.3));
     layout->addLayout(middle, 1);
-    layout->addWidget(lblRow_);
+    auto* const foot = new QHBoxLayout;
+    lblRow_->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    foot->addWidget(lblRow_, 1);
+    for (QPushButton* button : {cmdCopy_, cmdCsv_, cmdPrint_, cmdPdf_}) foot->addWidget(button);
+    layout->addLayout(foot);
 }
 
 // A wooden frame would be too much.
