@@ -213,6 +213,9 @@ void frmTrace::setUpLayout() {
     foot->addWidget(lblRow_, 1);
     for (QPushButton* button : {cmdCopy_, cmdCsv_, cmdPrint_, cmdPdf_}) foot->addWidget(button);
     layout->addLayout(foot);
+    const std::initializer_list<QWidget*> order = {tblTrace_, chkGuess_, txtGuess_, cmdUncover_, lstColumns_,
+                                                   cmdCopy_,  cmdCsv_,   cmdPrint_, cmdPdf_};
+    for (const auto* part = order.begin(); part + 1 != order.end(); ++part) setTabOrder(part[0], part[1]);
 }
 
 // A wooden frame would be too much.
