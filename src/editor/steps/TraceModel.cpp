@@ -124,7 +124,7 @@ std::optional<TraceModel::Guess> TraceModel::nextGuess() const {
 std::optional<std::uint64_t> TraceModel::uncover() {
     const std::optional<std::uint64_t> next = nextCovered();
     if (!next) return std::nullopt;
-    covered_ = *next;
+    covered_ = next;
     const int row = static_cast<int>(*next - first_);
     emit dataChanged(index(row, 0), index(row, columnCount() - 1));
     return next;

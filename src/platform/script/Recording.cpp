@@ -50,17 +50,19 @@ bool isSame(const Value& one, const Value& other) {
 const Value nobody;
 
 // How many bytes two texts of one length begin with, or end with, that are the same.
-std::uint32_t sameStart(const char* one, const char* other, std::size_t size) {
+std::uint32_t sameStart(std::string_view one, std::string_view other) {
     std::size_t same = 0;
     for (std::size_t block = 4096; block > 0; block /= 16)
-        while (same + block <= size && std::memcmp(one + same, other + same, block) == 0) same += block;
+        while (same + block <= one.size() && one.substr(same, block) == other.substr(same, block)) same += block;
     return static_cast<std::uint32_t>(same);
 }
-std::uint32_t sameEnd(const char* one, const char* other, std::size_t size) {
+std::uint32_t sameEnd(std::string_view one, std::string_view other) {
     std::size_t same = 0;
+    const auto blockOf = [&same](std::string_view text, std::size_t size) {
+        return text.substr(text.size() - same - size, size);
+    };
     for (std::size_t block = 4096; block > 0; block /= 16)
-        while (same + block <= size && std::memcmp(one + size - same - block, other + size - same - block, block) == 0)
-            same += block;
+        while (same + block <= one.size() && blockOf(one, block) == blockOf(other, block)) same += block;
     return static_cast<std::uint32_t>(same);
 }
 
@@ -69,9 +71,9 @@ std::uint32_t sameEnd(const char* one, const char* other, std::size_t size) {
 Recording::Difference Recording::Difference::between(std::string_view gone, std::string_view now) {
     const std::size_t shorter = std::min(gone.size(), now.size());
     Difference found;
-    found.start = sameStart(gone.data(), now.data(), shorter);
+    found.start = sameStart(gone.substr(0, shorter), now.substr(0, shorter));
     const std::size_t left = shorter - found.start;
-    found.end = sameEnd(gone.data() + gone.size() - left, now.data() + now.size() - left, left);
+    found.end = sameEnd(gone.substr(gone.size() - left), now.substr(now.size() - left));
     found.middle = gone.substr(found.start, gone.size() - found.start - found.end);
     return found;
 }
