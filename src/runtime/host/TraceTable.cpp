@@ -15,18 +15,14 @@ std::string TraceTable::Column::internalTitle() const {
     return function.empty() ? word : function + "{: }" + word;
 }
 
-std::string TraceTable::wordOf(const std::string& scriptName) const {
-    std::string word = program_.wordOf(scriptName);
-    return word.empty() ? "{" + scriptName + "}" : word;
-}
-
 const std::vector<TraceTable::Column>& TraceTable::columns() {
     const auto& procedures = recording_.procedures();
     for (std::size_t i = std::max<std::size_t>(knownProcedures_, 1); i < procedures.size(); ++i) {
         const std::string function = program_.wordOf(procedures[i].name);
-        for (std::size_t place = 0; place < procedures[i].variables.size(); ++place)
-            if (!procedures[i].variables[place].empty())
-                columns_.push_back({wordOf(procedures[i].variables[place]), function, i, place});
+        for (std::size_t place = 0; place < procedures[i].variables.size(); ++place) {
+            std::string word = program_.wordOf(procedures[i].variables[place]);
+            if (!word.empty()) columns_.push_back({std::move(word), function, i, place});
+        }
     }
     knownProcedures_ = procedures.size();
     return columns_;

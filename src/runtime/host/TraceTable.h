@@ -34,7 +34,8 @@ class TraceTable {
         std::string internalTitle() const;
     };
     // The main program's first, then those of functions, in the order in which they were called first. When a function
-    // is called for the first time there are more of them at the end.
+    // is called for the first time there are more of them at the end. What the program has no word for, as the count of a
+    // loop without a name, is left out.
     const std::vector<Column>& columns();
 
     // Rows are numbered from 0, the first that was recorded; those before firstRow are gone.
@@ -69,7 +70,6 @@ class TraceTable {
     std::size_t elementCount(std::uint64_t row, std::size_t column);
 
   private:
-    std::string wordOf(const std::string& scriptName) const;
     const script::Value* find(std::uint64_t row, const Column& column, std::size_t& level);
 
     script::Recording& recording_;

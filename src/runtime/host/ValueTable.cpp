@@ -45,14 +45,15 @@ const std::vector<ValueTable::Row>& ValueTable::read(std::size_t mostLevels) {
         if (level >= mostLevels) level = depth - 1;
         const std::string function = program_.wordOf(inspection.procedure(level));
         for (const script::InspectedVariable& variable : inspection.variables(level)) {
-            Row row{program_.wordOf(variable.name),
-                    function,
-                    kindOf(variable.value),
-                    text_.of(variable.value),
-                    false,
-                    0,
-                    level,
-                    depth - level};
+            std::string word = program_.wordOf(variable.name);
+            if (word.empty()) continue;
+            Row row;
+            row.word = std::move(word);
+            row.function = function;
+            row.kind = kindOf(variable.value);
+            row.text = text_.of(variable.value);
+            row.level = level;
+            row.depth = depth - level;
             if (row.kind == Kind::Array) row.elements = variable.value.array()->size;
             const std::pair place(depth - level, variable.name);
             const auto& seen = now[place] = {inspection.procedure(level) + row.text, fingerprint(variable.value)};

@@ -36,7 +36,7 @@ class ValueTable {
         std::size_t depth = 0;     // of its procedure; 1 is the main program
     };
     // Those of the innermost procedure first; of a deep recursion only so many of these, and the main program. What has
-    // changed is told against the last call.
+    // changed is told against the last call. What the program has no word for is left out, as in TraceTable.
     const std::vector<Row>& read(std::size_t mostLevels = SIZE_MAX);
 
     struct Element {
