@@ -5,6 +5,7 @@
 
 #include <QScreen>
 #include <QSplitter>
+#include <QVariant>
 #include <QWidget>
 
 #include <algorithm>
@@ -18,6 +19,16 @@ const QString heightKey = QStringLiteral("EditorHeight");
 const QString maximizedKey = QStringLiteral("EditorMaximized");
 const QString shareKey = QStringLiteral("EditorRomanPercent");  // of the width, for the left pane
 const QString zoomKey = QStringLiteral("EditorZoom");
+
+// Properties of the editor's window: the size that placeTogether gave it, and what it was before. It counts as the
+// user's choice as long as nobody changes the given one.
+constexpr const char* givenSize = "tolvanGivenSize";
+constexpr const char* ownSize = "tolvanOwnSize";
+constexpr const char* ownMaximized = "tolvanOwnMaximized";
+
+bool hasGivenSize(const QWidget& window) {
+    return window.size() == window.property(givenSize).toSize();
+}
 
 int number(const Settings& settings, const QString& key) {
     return settings.GetSetting(section, key).toInt();
@@ -41,12 +52,17 @@ void restoreWindow(const Settings& settings, QWidget& window, QSplitter& splitte
 }
 
 void rememberWindow(Settings& settings, const QWidget& window, const QSplitter& splitter) {
-    const QSize size = window.isMaximized() ? window.normalGeometry().size() : window.size();
+    QSize size = window.isMaximized() ? window.normalGeometry().size() : window.size();
+    bool isMaximized = window.isMaximized();
+    if (hasGivenSize(window)) {
+        size = window.property(ownSize).toSize();
+        isMaximized = window.property(ownMaximized).toBool();
+    }
     const QList<int> widths = splitter.sizes();
     const int whole = widths.value(0) + widths.value(1);
     settings.SaveSetting(section, widthKey, QString::number(size.width()));
     settings.SaveSetting(section, heightKey, QString::number(size.height()));
-    settings.SaveSetting(section, maximizedKey, settingText(window.isMaximized()));
+    settings.SaveSetting(section, maximizedKey, settingText(isMaximized));
     if (whole > 0) settings.SaveSetting(section, shareKey, QString::number(widths.value(0) * 100 / whole));
 }
 
@@ -55,12 +71,17 @@ void placeTogether(QWidget& editor, QWidget& console, QWidget* below) {
     const int least = std::max(look::em(27), editor.minimumSizeHint().width());
     const int forEditor = screen.width() - console.frameGeometry().width();
     if (forEditor < least || console.isMaximized()) return;
+    if (!hasGivenSize(editor)) {
+        editor.setProperty(ownSize, editor.isMaximized() ? editor.normalGeometry().size() : editor.size());
+        editor.setProperty(ownMaximized, editor.isMaximized());
+    }
     if (editor.isMaximized()) editor.setWindowState(editor.windowState() & ~Qt::WindowMaximized);
     const int width = std::min(editor.width(), forEditor);
     const int height = std::min(editor.height(), screen.height());
     const int left = std::clamp(editor.x(), screen.left(), screen.left() + forEditor - width);
     const int top = std::clamp(editor.y(), screen.top(), screen.top() + screen.height() - height);
     editor.setGeometry(left, top, width, height);
+    editor.setProperty(givenSize, editor.size());
     const int lowest = std::max(screen.top(), screen.top() + screen.height() - console.height());
     console.move(left + width, below != nullptr ? screen.top() : std::clamp(top, screen.top(), lowest));
     if (below == nullptr || below->isMaximized()) return;

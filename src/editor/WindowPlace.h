@@ -11,6 +11,7 @@ class Settings;
 // Where the settings hold nothing sensible, a comfortable size with both panes equally wide; never larger than the
 // screen.
 void restoreWindow(const Settings& settings, QWidget& window, QSplitter& splitter);
+// A size that placeTogether gave it is not the user's: the one before is remembered.
 void rememberWindow(Settings& settings, const QWidget& window, const QSplitter& splitter);
 
 // Puts the console at the right of the editor, so that both are seen, where the screen has the room; the editor becomes

@@ -3,6 +3,7 @@
 #include "editor/Commands.h"
 #include "editor/EditorStatusBar.h"
 #include "editor/FindText.h"
+#include "editor/WindowPlace.h"
 #include "editor/frmFindReplace.h"
 #include "editor/panes/ProgramBox.h"
 #include "platform/encoding/Deva.h"
@@ -191,6 +192,17 @@ TEST_F(WindowTest, SizeAndSplitterAreRemembered) {
     QApplication::processEvents();
     EXPECT_TRUE(editor->close());
     EXPECT_EQ(setting("Settings", "EditorWidth"), QStringLiteral("640"));
+}
+
+TEST_F(WindowTest, TheSizeBesideTheConsoleIsNotRemembered) {
+    QWidget console;
+    console.resize(300, 200);
+    console.show();
+    const int own = editor->width();
+    for (int i = 0; i < 2; ++i) placeTogether(*editor, console);
+    EXPECT_LT(editor->width(), own);
+    EXPECT_TRUE(editor->close());
+    EXPECT_EQ(setting("Settings", "EditorWidth"), QString::number(own));
 }
 
 TEST_F(WindowTest, HelpIsThereIfItsFileIs) {
