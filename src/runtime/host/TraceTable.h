@@ -34,8 +34,8 @@ class TraceTable {
         std::string internalTitle() const;
     };
     // The main program's first, then those of functions, in the order in which they were called first. When a function
-    // is called for the first time there are more of them at the end. What the program has no word for, as the count of a
-    // loop without a name, is left out.
+    // is called for the first time there are more of them at the end. What the program has no word for, as the count of
+    // a loop without a name, is left out.
     const std::vector<Column>& columns();
 
     // Rows are numbered from 0, the first that was recorded; those before firstRow are gone.
