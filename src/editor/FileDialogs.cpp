@@ -37,9 +37,9 @@ QString ask(const FileRequest& request, QFileDialog::AcceptMode mode) {
     const QList<FileKind> kinds = QList<FileKind>{{request.kind, request.suffix}} + request.otherKinds;
     QStringList filters;
     for (const FileKind& kind : kinds) filters << QStringLiteral("%1 (*.%2)").arg(kind.name, kind.suffix);
+    MarathiTypes types;  // outlives the dialog, which does not own it
     const QPointer<QFileDialog> dialog =
         new QFileDialog(QApplication::activeWindow(), request.title, request.folder, filters.join(QLatin1String(";;")));
-    static MarathiTypes types;
     dialog->setIconProvider(&types);
     dialog->setAcceptMode(mode);
     dialog->setFileMode(mode == QFileDialog::AcceptOpen ? QFileDialog::ExistingFile : QFileDialog::AnyFile);

@@ -1,4 +1,5 @@
 #include "platform/encoding/Ascii.h"
+#include "platform/encoding/Csv.h"
 #include "platform/encoding/Deva.h"
 #include "platform/encoding/Utf8.h"
 
@@ -45,6 +46,37 @@ TEST(Utf8, LongerFormsAndHalvesAreNoText) {
     EXPECT_TRUE(isUtf8("a\xC2\x80\xE0\xA0\x80\xF0\x90\x80\x80"));
     for (const char* text : {"\xC0\x80", "\xE0\x80\xAF", "\xF0\x80\x80\xAF", "\xED\xA0\x80"})
         EXPECT_FALSE(isUtf8(text)) << text;
+}
+
+// What a spreadsheet would take for a formula is text there; a number stays one, and programs get everything as it is.
+TEST(Csv, ValuesOfSpreadsheetsAndPrograms) {
+    const struct {
+        const char* value;
+        const char* spreadsheet;
+        const char* program;
+    } cases[] = {
+        {"", "", ""},
+        {"a b", "a b", "a b"},
+        {"=1+1", "'=1+1", "=1+1"},
+        {"+1", "'+1", "+1"},
+        {"@A1", "'@A1", "@A1"},
+        {"\tx", "'\tx", "\tx"},
+        {"\rx", "\"'\rx\"", "\"\rx\""},
+        {"-x", "'-x", "-x"},
+        {"-1-1", "'-1-1", "-1-1"},
+        {"-१,=", "\"'-१,=\"", "\"-१,=\""},
+        {"-12.5", "-12.5", "-12.5"},
+        {"-१.५E-०७", "-१.५E-०७", "-१.५E-०७"},
+        {"a=b", "a=b", "a=b"},
+        {"a,b", "\"a,b\"", "\"a,b\""},
+        {"a\nb", "\"a\nb\"", "\"a\nb\""},
+        {"say \"a\"", "\"say \"\"a\"\"\"", "\"say \"\"a\"\"\""},
+        {"=\"a\"", "\"'=\"\"a\"\"\"", "\"=\"\"a\"\"\""},
+    };
+    for (const auto& [value, spreadsheet, program] : cases) {
+        EXPECT_EQ(csvValue(value, CsvFor::Spreadsheets), spreadsheet);
+        EXPECT_EQ(csvValue(value, CsvFor::Programs), program);
+    }
 }
 
 TEST(DevaLiteral, BytesOfTheFont) {
