@@ -266,7 +266,7 @@ double distanceToBeginning(std::string_view typed, const Sounds& word, double li
 }
 
 bool mayBeHeardAs(std::string_view typed, const Sounds& word) {
-    constexpr double alike = 0.35;
+    constexpr double alike = 0.35 + 1e-6;  // the sum of two costs may be a little more
     return typed.size() >= lettersToHear && distanceToBeginning(typed, word, alike) <= alike;
 }
 

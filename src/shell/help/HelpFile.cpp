@@ -1,6 +1,7 @@
 #include "shell/help/HelpFile.h"
 
 #include "guide/Sounds.h"
+#include "guide/Speller.h"
 #include "library/LibraryWords.h"
 #include "platform/encoding/Ascii.h"
 #include "platform/richtext/InternalText.h"
@@ -209,6 +210,18 @@ Rank rankOf(const HelpTopic& topic, const Needle& needle) {
     return Nowhere;
 }
 
+// What may be meant by a word that stands nowhere.
+std::vector<std::size_t> resembling(const std::vector<HelpTopic>& topics, const Needle& needle) {
+    std::vector<guide::Candidate> candidates;
+    for (const HelpTopic& topic : topics)
+        if (!topic.keys.empty()) candidates.emplace_back(topic.keys[0], guide::place::anywhere);
+    std::vector<std::size_t> numbers;
+    for (const std::string& word : guide::suggestFor(needle.roman, candidates).words)
+        for (std::size_t i = 0; i < topics.size(); ++i)
+            if (!topics[i].keys.empty() && topics[i].keys[0] == word) numbers.push_back(i);
+    return numbers;
+}
+
 }  // namespace
 
 std::string buildHelpFile(std::string_view guide) {
@@ -225,6 +238,7 @@ std::vector<std::size_t> searchHelp(const std::vector<HelpTopic>& topics, std::s
     std::vector<std::pair<Rank, std::size_t>> found;
     for (std::size_t i = 0; i < topics.size(); ++i)
         if (const Rank rank = rankOf(topics[i], needle); rank != Nowhere) found.emplace_back(rank, i);
+    if (found.empty()) return resembling(topics, needle);
     std::sort(found.begin(), found.end());
     std::vector<std::size_t> numbers;
     numbers.reserve(found.size());
