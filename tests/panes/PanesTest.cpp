@@ -204,6 +204,17 @@ TEST_F(PanesTest, showTheProgramInItsFonts) {
     EXPECT_EQ(program.text(), ProgramText(roman.text())) << "it is only read";
 }
 
+TEST_F(PanesTest, showAShortLineFromItsStart) {
+    type("abc");
+    press(Qt::Key_Home);
+    press(Qt::Key_Return);
+    press(Qt::Key_Up);
+    type(std::string(300, 'k').c_str());
+    EXPECT_GT(program.horizontalScrollBar()->value(), 0);
+    press(Qt::Key_Down);
+    EXPECT_EQ(program.horizontalScrollBar()->value(), 0);
+}
+
 TEST_F(PanesTest, takeLargeTexts) {
     std::string line;
     while (line.size() < 100'000) line += "saMkhyA adhik (#x#) ";

@@ -92,10 +92,12 @@ void TextPane::showColumn(int line, std::size_t column) {
     const int x = cursorRect(place).left();
     const int margin = static_cast<int>(lineHeight());
     QScrollBar& bar = *horizontalScrollBar();
+    const int inText = bar.value() + x;
+    const int room = viewport()->width() - margin;
     if (x < margin)
-        bar.setValue(bar.value() + x - margin);
-    else if (x > viewport()->width() - margin)
-        bar.setValue(bar.value() + x - viewport()->width() + margin);
+        bar.setValue(inText <= room ? 0 : inText - margin);  // short lines are seen from their start
+    else if (x > room)
+        bar.setValue(inText - room);
 }
 
 std::size_t TextPane::textSize() const {
