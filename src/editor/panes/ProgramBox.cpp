@@ -47,6 +47,13 @@ QString unicodeOfLine(const QTextBlock& block, std::size_t length = std::string:
     return line ? QString::fromStdString(unicodeOf(line->text.view().substr(0, length))) : QString();
 }
 
+// Without the two blanks that end the last word of a program and that its user never typed.
+std::size_t ownSize(const QTextBlock& block, const StyledText& line) {
+    constexpr std::string_view added = "  ";
+    const bool hasThem = !block.next().isValid() && line.text().ends_with(added);
+    return line.size() - (hasThem ? added.size() : 0);
+}
+
 class ProgramInterface : public accessible::ReadText {
   public:
     explicit ProgramInterface(ProgramBox& box) : ReadText(box, QAccessible::EditableText), box_(box) {}
@@ -275,7 +282,7 @@ QMimeData* ProgramBox::createMimeDataFromSelection() const {
         if (!line) continue;
         const auto from = static_cast<std::size_t>(std::max(textCursor().selectionStart() - block.position(), 0));
         const auto to = static_cast<std::size_t>(std::min(end - block.position(), block.length() - 1));
-        addUnicode(line->text, from, to, plain, html);
+        addUnicode(line->text, from, std::min(to, ownSize(block, line->text)), plain, html);
     }
     selection->setText(plain);
     selection->setHtml(html + QStringLiteral("</pre>"));
