@@ -62,21 +62,22 @@ void make(const ConsoleLog::Call& call, PictureBox& picture, ConsoleText& text) 
 
 void ConsoleLog::beginChapter(Chapter chapter) {
     chapter.bytes = sizeof(Chapter) + static_cast<std::size_t>(chapter.picture.sizeInBytes());
+    for (const ConsoleText::SeenLine& line : chapter.lines) chapter.bytes += sizeof(line) + line.text.size();
     bytes_ += chapter.bytes;
     chapters_.push_back(std::move(chapter));
     for (; bytes_ > mostBytes && chapters_.size() > 1; chapters_.pop_front()) bytes_ -= chapters_.front().bytes;
 }
 
-void ConsoleLog::begin(PictureBox& display, std::uint64_t calls) {
+void ConsoleLog::begin(PictureBox& display, const ConsoleText& text, std::uint64_t calls) {
     chapters_.clear();
     bytes_ = 0;
-    beginChapter({calls, display.Image(), display.CurrentX, display.CurrentY});
+    beginChapter({calls, display.Image(), display.CurrentX, display.CurrentY, text.seenLines()});
 }
 
-void ConsoleLog::add(PictureBox& display, Call call) {
+void ConsoleLog::add(PictureBox& display, const ConsoleText& text, Call call) {
     if (!isKept()) return;
     if (chapters_.back().work > mostWork)
-        beginChapter({call.number - 1, display.Image(), display.CurrentX, display.CurrentY});
+        beginChapter({call.number - 1, display.Image(), display.CurrentX, display.CurrentY, text.seenLines()});
     call.text.resize(std::min(call.text.size(), longestText));
     Chapter& chapter = chapters_.back();
     chapter.work += workOf(call, display);
@@ -118,6 +119,7 @@ bool ConsoleLog::draw(std::uint64_t number, PictureBox& picture, ConsoleText& te
     if (found == chapters_.end()) return false;
     const Chapter& chapter = *found;
     if (!chapter.picture.isNull()) picture.SetImage(chapter.picture);
+    text.setSeenLines(chapter.lines);
     picture.CurrentX = chapter.x;
     picture.CurrentY = chapter.y;
     for (const Call& call : chapter.calls) {

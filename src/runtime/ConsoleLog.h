@@ -5,6 +5,8 @@
 // moment takes little drawing. It is bounded in bytes: the oldest chapters are given up.
 #pragma once
 
+#include "runtime/ConsoleText.h"
+
 #include <QColor>
 #include <QImage>
 
@@ -17,15 +19,12 @@
 
 namespace tolvan {
 
-class ConsoleText;
-class PictureBox;
-
 class ConsoleLog {
   public:
     static constexpr std::size_t mostBytes = std::size_t{48} << 20;
 
     // Forgets everything and keeps what is done from now on.
-    void begin(PictureBox& display, std::uint64_t calls);
+    void begin(PictureBox& display, const ConsoleText& text, std::uint64_t calls);
     // Forgets everything and keeps nothing.
     void stop() { chapters_.clear(); }
     bool isKept() const { return !chapters_.empty(); }
@@ -44,7 +43,7 @@ class ConsoleLog {
         std::string text = {};  // in internal text form
     };
     // A call that is about to be made.
-    void add(PictureBox& display, Call call);
+    void add(PictureBox& display, const ConsoleText& text, Call call);
     // The display is wiped.
     void clear(std::uint64_t number);
 
@@ -61,6 +60,7 @@ class ConsoleLog {
         QImage picture;          // null: empty
         float x = 0;
         float y = 0;
+        std::vector<ConsoleText::SeenLine> lines = {};  // of the picture
         std::vector<Call> calls = {};
         double work = 0;  // about the pixels that are drawn
         std::size_t bytes = 0;

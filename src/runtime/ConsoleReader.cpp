@@ -2,6 +2,7 @@
 
 #include "platform/richtext/UnicodeText.h"
 #include "runtime/ConsoleText.h"
+#include "runtime/MessageStrip.h"
 #include "runtime/ScrollBack.h"
 
 #include <algorithm>
@@ -40,8 +41,9 @@ QAccessibleInterface* consoleInterface(const QString& className, QObject* object
 
 }  // namespace
 
-ConsoleReader::ConsoleReader(PictureBox& display, ConsoleText& text, const ScrollBack& scrollBack)
-    : QObject(&display), display_(display), text_(text), scrollBack_(scrollBack) {
+ConsoleReader::ConsoleReader(PictureBox& display, ConsoleText& text, MessageStrip& strip, const ScrollBack* scrollBack,
+                             const QWidget* cover)
+    : QObject(&display), display_(display), text_(text), strip_(strip), scrollBack_(scrollBack), cover_(cover) {
     [[maybe_unused]] static const bool installed = (QAccessible::installFactory(consoleInterface), true);
     timer_.setSingleShot(true);
     timer_.setInterval(together);
@@ -63,7 +65,7 @@ QString ConsoleReader::contentFrom(std::size_t first) const {
     QStringList texts;
     for (std::size_t line = std::max(first, oldestLine()); line < lines.end(); ++line)
         texts += unicodeOfLine(lines[line]);
-    if (!told_.isEmpty()) texts += told_;
+    if (strip_.isTelling()) texts += strip_.content();
     return texts.join(u'\n');
 }
 
@@ -73,12 +75,16 @@ QString ConsoleReader::lastLine() const {
 }
 
 std::vector<accessible::DrawnLine> ConsoleReader::drawnLines() const {
+    if (cover_ != nullptr && !cover_->isHidden()) return {};
+    const bool isScrolledBack = scrollBack_ != nullptr && scrollBack_->isShown();
+    const bool hasStrip = strip_.isTelling() && !isScrolledBack;
+    const auto bottom = static_cast<float>(hasStrip ? strip_.y() : display_.height());
     const PrintedLines& lines = text_.lines();
     std::vector<accessible::DrawnLine> drawn;
     int start = 0;
     for (std::size_t line = oldestLine(); line < lines.end(); ++line) {
-        const float top = scrollBack_.isShown() ? scrollBack_.topOf(line) : text_.topOf(line);
-        if (top + text_.LineHeight() > 0 && top < display_.ScaleHeight()) {
+        const float top = isScrolledBack ? scrollBack_->topOf(line) : text_.topOf(line);
+        if (top + text_.LineHeight() > 0 && top < bottom) {
             const std::vector<InternalTextRun> runs = ConsoleText::visibleRuns(lines[line]);
             std::vector<double> edges;
             for (const float edge : text_.edges(runs)) edges.push_back(ConsoleText::leftMargin + edge);
@@ -86,22 +92,17 @@ std::vector<accessible::DrawnLine> ConsoleReader::drawnLines() const {
         }
         start += static_cast<int>(unicodeOfLine(lines[line]).size()) + 1;
     }
+    if (!hasStrip) return drawn;
+    for (accessible::DrawnLine& line : strip_.drawnLines()) {
+        line.start += start;
+        drawn.push_back(std::move(line));
+    }
     return drawn;
 }
 
 void ConsoleReader::printed() {
-    if (text_.lines().end() < announced_) {
-        announced_ = 0;
-        told_.clear();
-    }
+    announced_ = text_.lines().end() < announced_ ? 0 : announced_;
     if (accessible::isUsed() && !timer_.isActive()) timer_.start();
-}
-
-void ConsoleReader::tell(const std::vector<std::string>& sentences) {
-    QStringList texts;
-    for (const std::string& sentence : sentences) texts += unicodeOfLine(sentence);
-    told_ = texts.join(u'\n');
-    printed();
 }
 
 void ConsoleReader::announce() {

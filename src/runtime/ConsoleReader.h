@@ -7,32 +7,32 @@
 #include <QObject>
 #include <QTimer>
 
-#include <string>
+#include <cstddef>
 #include <vector>
 
 namespace tolvan {
 
 class ConsoleText;
+class MessageStrip;
 class PictureBox;
 class ScrollBack;
 
 class ConsoleReader : public QObject {
     Q_OBJECT
   public:
-    // All must outlive it.
-    ConsoleReader(PictureBox& display, ConsoleText& text, const ScrollBack& scrollBack);
+    // All must outlive it. `strip` and what may be null, the lines that are scrolled back to and another picture, hide
+    // the display when they are shown.
+    ConsoleReader(PictureBox& display, ConsoleText& text, MessageStrip& strip, const ScrollBack* scrollBack = nullptr,
+                  const QWidget* cover = nullptr);
 
-    // The last lines, in Unicode, separated by line feeds.
+    // The last lines and what the strip says, in Unicode, separated by line feeds.
     QString content() const;
     QString lastLine() const;
     // What of that is in view on the display, or scrolled back to.
     std::vector<accessible::DrawnLine> drawnLines() const;
 
-    // A line was printed, or all lines were erased. Costs nothing where nobody reads.
+    // A line was printed, all lines were erased, or the strip says something. Costs nothing where nobody reads.
     void printed();
-
-    // Sentences of internal text form that are no lines of the program.
-    void tell(const std::vector<std::string>& sentences);
 
   private:
     std::size_t oldestLine() const;
@@ -41,10 +41,11 @@ class ConsoleReader : public QObject {
 
     PictureBox& display_;
     ConsoleText& text_;
-    const ScrollBack& scrollBack_;
+    MessageStrip& strip_;
+    const ScrollBack* scrollBack_;
+    const QWidget* cover_;
     QTimer timer_;
     std::size_t announced_ = 0;  // lines
-    QString told_;
 };
 
 }  // namespace tolvan

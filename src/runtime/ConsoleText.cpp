@@ -102,6 +102,18 @@ void ConsoleText::reset() {
     erased_ = 0;
 }
 
+std::vector<ConsoleText::SeenLine> ConsoleText::seenLines() const {
+    std::vector<SeenLine> seen;
+    for (std::size_t line = std::max(erased_, lines_.begin()); line < lines_.end(); ++line)
+        if (const float top = topOf(line); top + lineHeight_ > 0 && top < display_.ScaleHeight())
+            seen.push_back({lines_[line], top});
+    return seen;
+}
+
+void ConsoleText::setSeenLines(const std::vector<SeenLine>& lines) {
+    for (const SeenLine& line : lines) lines_.add(line.text, line.top + scrolled_);
+}
+
 void ConsoleText::printRuns(std::string_view text) {
     lines_.add(text.substr(0, longestLine), display_.CurrentY + scrolled_);
     drawRuns(display_, text);

@@ -6,6 +6,7 @@
 #include "platform/richtext/InternalText.h"
 #include "runtime/PrintedLines.h"
 
+#include <string>
 #include <string_view>
 #include <vector>
 
@@ -29,6 +30,15 @@ class ConsoleText {
     void ClearScreen();
     // Everything as before the first line of a run.
     void reset();
+
+    // The lines that are in view; and where a picture shows them already, after a reset, the same as if they were
+    // printed.
+    struct SeenLine {
+        std::string text;  // internal text form
+        float top;
+    };
+    std::vector<SeenLine> seenLines() const;
+    void setSeenLines(const std::vector<SeenLine>& lines);
 
     // What has been printed since the last reset.
     const PrintedLines& lines() const { return lines_; }

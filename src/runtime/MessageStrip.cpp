@@ -22,9 +22,7 @@ MessageStrip::MessageStrip(PictureBox& display) : PictureBox(&display), text_(*t
 
 void MessageStrip::tell(std::vector<std::string> sentences) {
     sentences_ = std::move(sentences);
-    std::string together;
-    for (const std::string& sentence : sentences_) together += unicodeOfInternalText(sentence) + '\n';
-    setAccessibleName(QString::fromStdString(together).trimmed());
+    setAccessibleName(content());
     show();
     raise();
     placeAtBottom();
@@ -42,16 +40,48 @@ void MessageStrip::placeAtBottom() {
     draw();
 }
 
+QString MessageStrip::content() const {
+    QStringList texts;
+    for (const std::string& sentence : sentences_)
+        texts += QString::fromStdString(unicodeOfInternalText(sentence)).trimmed();
+    return texts.join(u'\n');
+}
+
+std::vector<accessible::DrawnLine> MessageStrip::drawnLines() {
+    std::vector<accessible::DrawnLine> lines;
+    const std::vector<QPointF> starts = places();
+    int start = 0;
+    for (std::size_t i = 0; i < sentences_.size(); ++i) {
+        const std::vector<InternalTextRun> runs = ConsoleText::visibleRuns(sentences_[i]);
+        std::vector<double> edges;
+        for (const float edge : text_.edges(runs)) edges.push_back(starts[i].x() + edge);
+        const StyledText codes = styledText(runs);
+        lines.push_back({start, codes, std::move(edges), y() + starts[i].y(), text_.LineHeight()});
+        start += accessible::unicodeSize(codes) + 1;
+    }
+    return lines;
+}
+
+// Where each sentence begins.
+std::vector<QPointF> MessageStrip::places() {
+    const bool onOneLine = ScaleHeight() < 2 * text_.LineHeight();
+    std::vector<QPointF> places;
+    QPointF place(ConsoleText::leftMargin, ruler);
+    for (const std::string& sentence : sentences_) {
+        places.push_back(place);
+        place += onOneLine ? QPointF(widthOf(sentence) + gap, 0) : QPointF(0, text_.LineHeight());
+    }
+    return places;
+}
+
 void MessageStrip::draw() {
     Cls();
     Box(0, 0, ScaleWidth(), ruler - 1, look::console::selection, FillStyle::Solid);
-    const bool onOneLine = ScaleHeight() < 2 * text_.LineHeight();
-    CurrentX = ConsoleText::leftMargin;
-    CurrentY = ruler;
-    for (const std::string& sentence : sentences_) {
-        text_.drawRuns(*this, sentence);
-        CurrentX = onOneLine ? CurrentX + gap : ConsoleText::leftMargin;
-        if (!onOneLine) CurrentY += text_.LineHeight();
+    const std::vector<QPointF> starts = places();
+    for (std::size_t i = 0; i < sentences_.size(); ++i) {
+        CurrentX = static_cast<float>(starts[i].x());
+        CurrentY = static_cast<float>(starts[i].y());
+        text_.drawRuns(*this, sentences_[i]);
     }
 }
 

@@ -54,11 +54,11 @@ frmExec::frmExec(ProgramRun& run, ProgramMarker* editor)
       inputBox_(new InputBox(display_)),
       inputNote_(new PictureBox(display_)),
       scrollBack_(new ScrollBack(*display_, text_)),
-      reader_(new ConsoleReader(*display_, text_, *scrollBack_)),
       strip_(new MessageStrip(*display_)),
       past_(new PictureBox(display_)),
       pastText_(*past_),
       pastStrip_(new MessageStrip(*past_)),
+      reader_(new ConsoleReader(*display_, text_, *strip_, scrollBack_, past_)),
       parentForm_(*this) {
     setObjectName(QStringLiteral("frmExec"));
     display_->setObjectName(QStringLiteral("Display"));
@@ -89,6 +89,7 @@ void frmExec::setUpControls() {
 
     inputBox_->hide();
     past_->setObjectName(QStringLiteral("Past"));
+    new ConsoleReader(*past_, pastText_, *pastStrip_);  // the picture owns it, and is to have it before its name
     past_->setAccessibleName(accessible::unicode("magaeva"_deva));
     for (PictureBox* const picture : {inputBoxTip_, inputNote_, past_}) {
         picture->hide();

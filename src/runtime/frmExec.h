@@ -150,13 +150,13 @@ class frmExec : public QWidget, public ConsoleOperations {
     InputBox* inputBox_;
     PictureBox* inputNote_;
     ScrollBack* scrollBack_;
-    ConsoleReader* reader_;
     MessageStrip* strip_;
     KeyQueue keys_;
     std::chrono::steady_clock::time_point lastPause_;  // its end
     PictureBox* past_;                                 // an earlier moment, over the display
     ConsoleText pastText_;
     MessageStrip* pastStrip_;
+    ConsoleReader* reader_;
     ConsoleLog log_;
     StepControl* steps_ = nullptr;
     bool hasStood_ = false;             // the program, in this run

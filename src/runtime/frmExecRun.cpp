@@ -67,8 +67,8 @@ void frmExec::printEnd() {
     const std::vector<std::string> messages = {std::string("he àayaejn wa<blele Aahe"_deva),
                                                std::string("b<d kr\\{yasaQI kae[tehI bq[ daba"_deva)};
     if (hasDrawn_) {
-        reader_->tell(messages);
-        return strip_->tell(messages);
+        strip_->tell(messages);
+        return reader_->printed();
     }
     PrintString(" ");
     PrintString(" ");

@@ -45,7 +45,7 @@ void frmExec::record(script::Recording& recording) {
     recording.clear();
     recording.setOutputCount(parentForm_.callCount());
     executor_.setRecording(&recording);
-    log_.begin(*display_, *parentForm_.callCount());
+    log_.begin(*display_, text_, *parentForm_.callCount());
 }
 
 // What the program has drawn is seen while it stands, and keys and the mouse work as always.
@@ -63,7 +63,7 @@ bool frmExec::StandStill(double mostSeconds) {
 void frmExec::keep(ConsoleLog::Call call) {
     if (!log_.isKept()) return;
     call.number = *parentForm_.callCount();
-    log_.add(*display_, std::move(call));
+    log_.add(*display_, text_, std::move(call));
 }
 
 void frmExec::bringForward() {
@@ -75,9 +75,12 @@ bool frmExec::showMoment(std::uint64_t calls, bool withRest) {
     past_->setGeometry(display_->rect());
     const bool isKnown = log_.draw(calls, *past_, pastText_);
     QImage picture = past_->Image();
+    const std::vector<ConsoleText::SeenLine> lines = pastText_.seenLines();
     if (withRest) log_.drawRest(calls, *past_, pastText_);
     std::vector<std::string> sentences{std::string("ha magaeva Aahe{:} teVha Ase idst haete"_deva)};
     if (addFaintly(picture, past_->Image())) sentences.emplace_back("i)ke Aahe te n<tr Aale"_deva);
+    pastText_.reset();  // what came later was not yet printed then
+    pastText_.setSeenLines(lines);
     past_->SetImage(picture);
     past_->show();
     past_->raise();

@@ -6,6 +6,7 @@
 #include "editor/steps/frmTrace.h"
 #include "platform/picturebox/PictureBox.h"
 #include "runtime/frmExec.h"
+#include "support/LetterPlaces.h"
 
 #include <QApplication>
 #include <QCheckBox>
@@ -394,6 +395,7 @@ TEST_F(TraceTest, AnEarlierMomentIsShownAgain) {
     EXPECT_EQ(editor->txtProgram().stepLine(), 2);
     EXPECT_THAT(shownValues(), ElementsAre("इ=१"));
     ASSERT_TRUE(past().isVisible());
+    EXPECT_EQ(expectLettersWhereDrawn(past()).split(u'\n')[0], QStringLiteral("१")) << "what came later is not read";
     const QImage once = past().Image();
     choose(3);
     const QImage twice = past().Image();
