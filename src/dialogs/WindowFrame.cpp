@@ -2,12 +2,14 @@
 
 #include "dialogs/Look.h"
 #include "dialogs/ResizeGrip.h"
+#include "dialogs/SystemFrame.h"
 #include "dialogs/WindowMover.h"
 #include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/UnicodeText.h"
 
 #include <QEvent>
 #include <QPainter>
+#include <QPointer>
 #include <QShortcut>
 #include <QWidget>
 
@@ -92,7 +94,11 @@ void WindowFrame::addShortcuts() {
     auto* close = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_F4), &window_);
     connect(close, &QShortcut::activated, this, [this] { perform(SystemCommand::Close); });
     auto* menu = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Space), &window_);
-    connect(menu, &QShortcut::activated, this, [this] { menu_->showAt(bar_->mapToGlobal(bar_->rect().bottomLeft())); });
+    connect(menu, &QShortcut::activated, this, &WindowFrame::openSystemMenu);
+}
+
+void WindowFrame::openSystemMenu() {
+    menu_->showAt(bar_->mapToGlobal(bar_->rect().bottomLeft()));
 }
 
 void WindowFrame::addGrips() {
@@ -151,6 +157,14 @@ bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {
         case QEvent::WindowDeactivate:
             bar_->setActive(event->type() == QEvent::WindowActivate);
             window_.update();
+            break;
+        case QEvent::WinIdChange:
+            systemframe::make(window_, kind_ == Kind::Resizable, [frame = QPointer(this)] {
+                if (frame) frame->openSystemMenu();
+            });
+            [[fallthrough]];
+        case QEvent::PaletteChange:
+            systemframe::setDark(window_, look::colours().background.lightness() < 128);
             break;
         case QEvent::WindowStateChange:
             updateMargins();

@@ -53,6 +53,7 @@ class WindowFrame : public QObject {
   private:
     void addShortcuts();
     void addGrips();
+    void openSystemMenu();
     void toggleMaximized();
     int border() const;
     int normalBorder() const;

@@ -71,7 +71,8 @@ void WindowMover::finish() {
 }
 
 // A maximised window that is dragged gets its normal size again, with the pointer over the same share of its caption.
-// By hand, because the window system takes its time to restore it and would start from the wrong place.
+// By hand, because a window manager takes its time to restore it and would start from the wrong place. On Windows it
+// has that place at once, and the system goes on, which can snap it elsewhere.
 void WindowMover::restoreUnder(QPoint pointer) {
     const double share = double(pointer.x() - window_.x()) / std::max(1, window_.width());
     const int below = pointer.y() - window_.y();
@@ -79,6 +80,8 @@ void WindowMover::restoreUnder(QPoint pointer) {
     window_.showNormal();
     const QRect geometry({pointer.x() - static_cast<int>(share * size.width()), pointer.y() - below}, size);
     window_.setGeometry(geometry);
+    if (QGuiApplication::platformName() == QLatin1String("windows") && window_.windowHandle()->startSystemMove())
+        return;
     dragByHand({}, pointer, geometry);
 }
 

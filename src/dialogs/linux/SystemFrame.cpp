@@ -1,0 +1,8 @@
+#include "dialogs/SystemFrame.h"
+
+namespace tolvan {
+
+void systemframe::make(QWidget&, bool, std::function<void()>) {}
+void systemframe::setDark(QWidget&, bool) {}
+
+}  // namespace tolvan
