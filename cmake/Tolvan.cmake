@@ -97,6 +97,10 @@ function(tolvan_test name)
     target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-stringop-overflow)  # as -Wno-restrict above
   endif()
   tolvan_precompile(${name} <gmock/gmock.h>)
+  if(arg_SOURCES MATCHES "support/(Look|Window)Main" AND TARGET Qt6::QOffscreenIntegrationPlugin) # of a static Qt
+    qt_import_plugins(${name} INCLUDE Qt6::QOffscreenIntegrationPlugin)
+    tolvan_link_plugins(${name})
+  endif()
   if(NOT TARGET GTest::gtest_main)
     message(FATAL_ERROR "GoogleTest without its main")
   endif()

@@ -8,22 +8,6 @@
 #include <QDropEvent>
 #include <QMimeData>
 
-#include <cerrno>
-#include <sys/stat.h>
-#include <sys/syscall.h>
-#include <unistd.h>
-
-// A disk that takes a file and then loses its folder's entry.
-static bool foldersCannotSync = false;
-extern "C" int fsync(int file) {
-    struct stat entry {};
-    if (foldersCannotSync && ::fstat(file, &entry) == 0 && S_ISDIR(entry.st_mode)) {
-        errno = EIO;
-        return -1;
-    }
-    return static_cast<int>(::syscall(SYS_fsync, file));
-}
-
 namespace tolvan {
 namespace {
 
@@ -152,20 +136,6 @@ TEST_F(DocumentTest, OldVersionsGoAfterAMonth) {
     EXPECT_TRUE(OldVersions(versions.path()).keepDiscarded({path("b.tvp"), {}, {}, "new"}));
     EXPECT_FALSE(untitled.exists());
     EXPECT_EQ(versions.entryList(QDir::Dirs | QDir::NoDotAndDotDot).size(), 1);
-}
-
-// What a failed save left in the file is not taken for somebody else's.
-TEST_F(DocumentTest, AFailedSaveCanBeRepeated) {
-    ASSERT_TRUE(editor->OpenFile(writeFile("a.tvp", "\r\ndAkhav 1\r\n")));
-    type("x");
-    foldersCannotSync = true;
-    press(Qt::Key_S, Qt::ControlModifier);
-    foldersCannotSync = false;
-    EXPECT_EQ(user.takeTold().size(), 1U);
-    EXPECT_TRUE(editor->document().isDirty());
-    press(Qt::Key_S, Qt::ControlModifier);
-    EXPECT_THAT(user.takeTold(), IsEmpty());
-    EXPECT_FALSE(editor->document().isDirty());
 }
 
 TEST_F(DocumentTest, TheFirstProgramIsLookedForAmongTheExamples) {

@@ -13,9 +13,6 @@
 #include <QScrollBar>
 #include <QTimer>
 
-#include <csignal>
-#include <sys/resource.h>
-
 namespace tolvan {
 namespace {
 
@@ -324,40 +321,6 @@ TEST_F(RunTest, SavesAndFormatsBeforeARunIfThePreferencesSaySo) {
     user.answers = {0};
     press(Qt::Key_F5);
     EXPECT_EQ(contentOf(path("again.tvp")), QByteArray("\nof another"));
-}
-
-// As long as it lives, no file can be written.
-class FullDisk {
-  public:
-    FullDisk() {
-        std::signal(SIGXFSZ, SIG_IGN);
-        ::getrlimit(RLIMIT_FSIZE, &before_);
-        const rlimit none{0, before_.rlim_max};
-        ::setrlimit(RLIMIT_FSIZE, &none);
-    }
-    FullDisk(const FullDisk&) = delete;
-    FullDisk& operator=(const FullDisk&) = delete;
-    ~FullDisk() { ::setrlimit(RLIMIT_FSIZE, &before_); }
-
-  private:
-    rlimit before_{};
-};
-
-// An example of the system cannot be saved, nor need it be as long as it is unchanged.
-TEST_F(RunTest, WhatCannotBeSavedIsToldOnlyWhenItIsChanged) {
-    state.SaveBeforeExecute = true;
-    const QByteArray content = "caption\r\na = 1\r\n";
-    const QString example = writeFile("example.tvp", content);
-    editor->OpenFile(example);
-    const FullDisk fullDisk;
-    press(Qt::Key_F5);
-    EXPECT_TRUE(console()->isVisible());
-    EXPECT_THAT(user.takeTold(), testing::IsEmpty());
-    toFront();
-    type("b");
-    press(Qt::Key_F5);
-    EXPECT_THAT(user.takeTold(), testing::SizeIs(1));
-    EXPECT_EQ(contentOf(example), content);
 }
 
 TEST_F(RunTest, TheOutputIsShownUnderTheCaption) {

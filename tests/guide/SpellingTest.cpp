@@ -5,14 +5,13 @@
 #include "library/LibraryWords.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "platform/transliteration/UnicodeToRoman.h"
+#include "support/SpellingDictionary.h"
 #include "translator/LanguageWords.h"
 
 #include <algorithm>
-#include <array>
 #include <cstdio>
 #include <cstdlib>
 #include <gmock/gmock.h>
-#include <memory>
 #include <random>
 #include <set>
 
@@ -155,12 +154,8 @@ TEST(Spelling, findsTheRightWordFirst) {
 }
 
 TEST(Spelling, leavesOtherWordsAlone) {
-    const std::unique_ptr<FILE, int (*)(FILE*)> dictionary(popen("aspell -l mr dump master 2>/dev/null", "r"), pclose);
     std::vector<std::string> words;
-    std::array<char, 256> line{};
-    while (dictionary != nullptr && std::fgets(line.data(), line.size(), dictionary.get()) != nullptr) {
-        std::string_view word(line.data());
-        word.remove_suffix(word.ends_with('\n') ? 1 : 0);
+    for (const std::string& word : spellingDictionary()) {
         if (std::string roman = romanOfUnicode(word); roman.size() > 2) words.push_back(std::move(roman));
     }
     if (words.size() < 3000) GTEST_SKIP() << "the Marathi dictionary of aspell is not installed: nothing was measured";

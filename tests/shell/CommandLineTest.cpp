@@ -20,15 +20,20 @@ class CommandLineTest : public testing::Test {
     CommandLineTest() {
         std::filesystem::create_directories(folder_ / "Work/My Programs");
         std::filesystem::create_directories(folder_ / "App");
-        for (const char* file : {"Work/Prog.tvp", "Work/same.tvp", "Work/SAME.tvp", "Work/My Programs/First One.tvp",
-                                 "App/shipped.tvp", "App/prog.tvp"})
+        for (const char* file : {"Work/Prog.tvp", "Work/same.tvp",
+#ifndef _WIN32  // where these are two files
+                                 "Work/SAME.tvp",
+#endif
+                                 "Work/My Programs/First One.tvp", "App/shipped.tvp", "App/prog.tvp"})
             folder_.write(file, "");
     }
 
     CommandLine parse(std::string_view line) const {
         return parseCommandLine(line, {folder_ / "Work", folder_ / "App"});
     }
-    std::string work(std::string_view name) const { return folder_ / "Work/" + std::string(name); }
+    std::string work(std::string_view name) const {
+        return folder_ / "Work/" + std::string(name);
+    }
 
     TemporaryFolder folder_;
 };
@@ -41,7 +46,9 @@ TEST_F(CommandLineTest, FindsTheFileAsTheDiskSpellsIt) {
         {"prog.tvp", "Work/Prog.tvp"},
         {"PROG.TVP", "Work/Prog.tvp"},
         {"same.tvp", "Work/same.tvp"},
+#ifndef _WIN32
         {"SAME.tvp", "Work/SAME.tvp"},
+#endif
         {"\"my programs/first one.TVP\"", "Work/My Programs/First One.tvp"},
         {"\"My Programs\\First One.tvp\"", "Work/My Programs/First One.tvp"},
         {"./Prog.tvp", "Work/Prog.tvp"},

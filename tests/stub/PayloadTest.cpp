@@ -96,6 +96,7 @@ TEST(ExecutableExtent, OfTheRuntimeIsItsSizeWhateverStandsBehindIt) {
     EXPECT_EQ(extentOf(runtime + runtime), runtime.size());
 }
 
+#ifndef _WIN32  // with the tools of this system
 // Installed programs are stripped.
 TEST(ExecutableExtent, OfAStrippedRuntimeIsItsSize) {
     const TemporaryFolder folder;
@@ -103,6 +104,7 @@ TEST(ExecutableExtent, OfAStrippedRuntimeIsItsSize) {
     ASSERT_EQ(std::system(("strip -o " + stripped + " " + programFolder() + "/engine.dat").c_str()), 0);
     EXPECT_EQ(extentOf(contentOf(stripped) + "payload"), std::filesystem::file_size(stripped));
 }
+#endif
 
 // A program of Windows in small: its headers, a section that is loaded, one that is not kept, and, unless it is
 // stripped, a symbol and its name.

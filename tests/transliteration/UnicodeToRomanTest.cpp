@@ -1,12 +1,10 @@
 #include "platform/encoding/Deva.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "platform/transliteration/UnicodeToRoman.h"
+#include "support/SpellingDictionary.h"
 #include "transliteration/ReadBack.h"
 
-#include <array>
-#include <cstdio>
 #include <gtest/gtest.h>
-#include <memory>
 
 namespace tolvan {
 namespace {
@@ -101,15 +99,11 @@ TEST(UnicodeToRoman, PairsAndTriplesOfLettersComeBack) {
 
 // What the other direction cannot give back is listed here. Needs Debian's aspell-mr.
 TEST(UnicodeToRoman, EveryWordOfTheSpellingDictionaryComesBack) {
-    const std::unique_ptr<FILE, int (*)(FILE*)> words(popen("aspell -l mr dump master 2>/dev/null", "r"), pclose);
-    std::array<char, 1000> line{};
     int count = 0;
     int candra = 0;
     std::string unspelled;
     std::string changed;
-    while (std::fgets(line.data(), line.size(), words.get()) != nullptr) {
-        std::string word = line.data();
-        word.pop_back();
+    for (std::string& word : spellingDictionary()) {
         ++count;
         std::u32string none;
         romanOfUnicode(word, RomanUse::Conversion, &none);
