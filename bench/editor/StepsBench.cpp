@@ -1,13 +1,11 @@
 // Going through a program in the editor, with its windows and the values shown: what a line takes by the clock (Time)
 // and of the processor (CPU). At the pace of 1,000 lines a second, as fast as it goes, and with a command for each
 // line.
-#include "dialogs/Look.h"
 #include "editor/frmEditor.h"
 #include "editor/steps/EditorSteps.h"
 #include "editor/steps/ValuePanel.h"
 #include "platform/settings/Settings.h"
 
-#include <QApplication>
 #include <QFile>
 #include <QTemporaryDir>
 #include <QTimer>
@@ -75,12 +73,3 @@ BENCHMARK(stepByStep)->Unit(benchmark::kMillisecond)->UseRealTime()->Iterations(
 
 }  // namespace
 }  // namespace tolvan
-
-int main(int argumentCount, char** arguments) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argumentCount, arguments);
-    tolvan::look::apply(application);
-    QApplication::setQuitOnLastWindowClosed(false);
-    benchmark::Initialize(&argumentCount, arguments);
-    benchmark::RunSpecifiedBenchmarks();
-}

@@ -1,6 +1,5 @@
 // How soon the Devanagari pane shows what was typed, with everything that helps in the panes at work: from the key
 // until both panes are painted. The median of many keys counts, and its ratio between a long program and a short one.
-#include "dialogs/Look.h"
 #include "editor/panes/PaneAids.h"
 #include "editor/panes/ProgramBox.h"
 #include "editor/panes/RomanBox.h"
@@ -146,11 +145,3 @@ BENCHMARK(opening)->Arg(5000)->Arg(30'000)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 }  // namespace tolvan
-
-int main(int argumentCount, char** arguments) {
-    if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-    QApplication application(argumentCount, arguments);
-    tolvan::look::apply(application);
-    benchmark::Initialize(&argumentCount, arguments);
-    benchmark::RunSpecifiedBenchmarks();
-}
