@@ -25,15 +25,23 @@ if(TOLVAN_FUZZ)
   target_compile_options(tolvan_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
-# Reads headers that most sources of a target include once for all of them, where it has more than two: reading Qt's or
-# GoogleTest's takes longer than most of our own sources. A source that forgets an include is found by clang-tidy, which
-# reads no precompiled headers.
-function(tolvan_precompile name)
-  get_target_property(sources ${name} SOURCES)
-  list(LENGTH sources count)
-  if(count GREATER 2)
-    target_precompile_headers(${name} PRIVATE ${ARGN})
-  endif()
+# tolvan_headers(NAME LINKS target... HEADERS header... [OPTIONS option...])
+#
+# Headers that are read once for all targets which call tolvan_use_headers(target NAME): reading Qt's or GoogleTest's takes
+# longer than most of our own sources. Those targets must have the same options. A source that forgets an include is found
+# by clang-tidy, which reads no precompiled headers.
+function(tolvan_headers name)
+  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "LINKS;HEADERS;OPTIONS")
+  set(empty ${CMAKE_CURRENT_BINARY_DIR}/${name}.cpp)
+  file(CONFIGURE OUTPUT ${empty} CONTENT "")
+  add_library(${name} STATIC ${empty})
+  target_link_libraries(${name} PRIVATE tolvan_options ${arg_LINKS})
+  target_compile_options(${name} PRIVATE ${arg_OPTIONS})
+  target_precompile_headers(${name} PRIVATE ${arg_HEADERS})
+endfunction()
+
+function(tolvan_use_headers target name)
+  target_precompile_headers(${target} REUSE_FROM ${name})
 endfunction()
 
 # tolvan_library(NAME SOURCES file... [LINKS target...])
@@ -50,9 +58,8 @@ endfunction()
 function(tolvan_qt_library name)
   tolvan_library(${name} ${ARGN})
   set_target_properties(${name} PROPERTIES AUTOMOC ON AUTORCC ON)
-  target_link_libraries(${name} PUBLIC Qt6::Widgets)
-  target_compile_definitions(${name} PUBLIC QT_NO_CAST_FROM_ASCII QT_NO_CAST_TO_ASCII)
-  tolvan_precompile(${name} <QAccessible> <QApplication> <QMainWindow> <QPainter> <QPlainTextEdit> <QTextBlock>)
+  target_link_libraries(${name} PUBLIC tolvan_qt)
+  tolvan_use_headers(${name} tolvan_qt_headers)
 endfunction()
 
 # Where Qt is static, its plugins become part of the program.
@@ -84,23 +91,35 @@ function(tolvan_program_with_windows name description)
   tolvan_link_plugins(${name})
 endfunction()
 
+set(TOLVAN_TEST_OPTIONS -O0)  # tests are compiled more often than they run
+if(NOT WIN32)
+  list(APPEND TOLVAN_TEST_OPTIONS -fPIC)  # Qt asks for it, and all tests share their headers
+endif()
+
 # tolvan_test(NAME SOURCES file... [LINKS target...])
 #
-# A GoogleTest program of one folder; windows are drawn off-screen. Each of its tests is a test of its own in ctest.
+# A GoogleTest program of one folder. Each of its tests is a test of its own in ctest.
 function(tolvan_test name)
-  cmake_parse_arguments(PARSE_ARGV 1 arg "" "" "SOURCES;LINKS")
-  add_executable(${name} ${arg_SOURCES})
-  target_link_libraries(${name} PRIVATE tolvan_options ${arg_LINKS} tolvan_folders tolvan_files GTest::gmock)
-  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
-  target_compile_options(${name} PRIVATE -O1)  # tests are compiled more often than they run
-  if(CMAKE_CXX_COMPILER_ID STREQUAL GNU AND CMAKE_CXX_COMPILER_VERSION VERSION_LESS 13)
-    target_compile_options(${name} PRIVATE -Wno-array-bounds -Wno-stringop-overflow)  # as -Wno-restrict above
-  endif()
-  tolvan_precompile(${name} <gmock/gmock.h>)
-  if(arg_SOURCES MATCHES "support/(Look|Window)Main" AND TARGET Qt6::QOffscreenIntegrationPlugin) # of a static Qt
+  tolvan_add_test(${name} tolvan_test_headers ${ARGN})
+endfunction()
+
+# The same with windows, which are drawn off-screen.
+function(tolvan_window_test name)
+  tolvan_add_test(${name} tolvan_window_test_headers ${ARGN})
+  target_link_libraries(${name} PRIVATE Qt6::Test)
+  if(TARGET Qt6::QOffscreenIntegrationPlugin) # of a static Qt
     qt_import_plugins(${name} INCLUDE Qt6::QOffscreenIntegrationPlugin)
     tolvan_link_plugins(${name})
   endif()
+endfunction()
+
+function(tolvan_add_test name headers)
+  cmake_parse_arguments(PARSE_ARGV 2 arg "" "" "SOURCES;LINKS")
+  add_executable(${name} ${arg_SOURCES})
+  target_link_libraries(${name} PRIVATE tolvan_options ${arg_LINKS} tolvan_folders tolvan_files GTest::gmock)
+  target_include_directories(${name} PRIVATE ${CMAKE_SOURCE_DIR}/tests)
+  target_compile_options(${name} PRIVATE ${TOLVAN_TEST_OPTIONS})
+  tolvan_use_headers(${name} ${headers})
   if(NOT TARGET GTest::gtest_main)
     message(FATAL_ERROR "GoogleTest without its main")
   endif()
