@@ -36,8 +36,19 @@ sum = sum + UBound(list)
 Next
 PrintString sum                          '> 17640
 
+For what = 1 To 2
+ReDim kept(9)
+For i = 0 To 9 : kept(i) = i : Next
+PrintString what & ": " & changed(kept, what)
+Next
+'> 1: 6 error 9
+'> 2: 3 error 9
+numbers
+End Sub
+
+' What is not declared here would be looked up by its name in a procedure that runs source, and not be in a register.
+Sub numbers
 ' Whole division rounds towards zero; a real that becomes too big is an error.
-list = ""
 For i = -7 To 7 Step 7
 list = list & (i \ 3) & " " & (i Mod 3) & " " & (i \ 2) & " " & (i Mod 10) & ";"
 Next
@@ -49,12 +60,33 @@ Next
 PrintString list                         '> -2 -1 -3 -7;0 0 0 0;2 1 3 7; 306783377 -306783377 306783377 -306783377
 list = ""
 For i = -32766 To -32768 Step -1 : list = list & " " & TypeName(-i) & (-i) : Next
-PrintString list                         '>  Integer32766 Integer32767 Long32768
+For i = 2 To 0.5 Step -0.5 : list = list & " " & i : Next
+PrintString list                         '>  Integer32766 Integer32767 Long32768 2 1.5 1 0.5
+list = ""
 On Error Resume Next
+n = -2147483647
+For i = 2 To -1 Step -1
+q = 0 : q = (n - 1) \ i : list = list & q & " " & Err.Number & ";" : Err.Clear
+q = 0 : q = (n - 1) Mod i : list = list & q & " " & Err.Number & ";" : Err.Clear
+Next
+PrintString list                         '> -1073741824 0;0 0;-2147483648 0;0 0;0 11;0 11;0 6;0 0;
 x = 1E300
 For i = 1 To 5 : x = x * 1E5 : Next
 PrintString (x < 2E305) & Err.Number     '> True6
 End Sub
+
+' The variable that the array stands for gets another one.
+Function changed(list, what)
+Dim i, sum
+On Error Resume Next
+For i = 1 To 5
+sum = sum + list(i)
+If i = 3 And what = 1 Then Erase kept
+If i = 2 And what = 2 Then ReDim kept(1)
+If Err.Number <> 0 Then Exit For
+Next
+changed = sum & " error " & Err.Number
+End Function
 
 ' The array is a parameter; the object goes when its variable gets a number.
 Function released(list, what)

@@ -32,10 +32,9 @@ namespace native {
 
 namespace {
 
-constexpr std::size_t mostUnits = 4;       // of one loop
-constexpr int mostCompilations = 12;       // of one loop or procedure
-constexpr std::uint32_t exitsToLearn = 2;  // at one place, until the code is made anew with what they told
-constexpr int mostShortRuns = 64;          // until the code is thought to be of no use
+constexpr std::size_t mostUnits = 4;  // of one loop
+constexpr int mostCompilations = 12;  // of one loop or procedure
+constexpr int mostShortRuns = 64;     // until the code is thought to be of no use
 constexpr int fewPasses = 8;
 // Calls within each other in machine code: they take native stack, at most about 1 KB each.
 constexpr std::size_t deepestCalls = 400;
@@ -256,7 +255,7 @@ void CodeStore::Data::noteExit(Exit& exit, Unit& entered, ProcedureCode::Place& 
     const bool tells = exit.why == Exit::Why::Kind || exit.why == Exit::Why::Growth;
     if (tells) {
         codeOf(procedure).feedback.add(exit.pc, exit.slot, exit.seen);
-        if (exit.count >= exitsToLearn) exit.unit->isStale = true;
+        if (exit.count >= options.learnAfter) exit.unit->isStale = true;
         // Machine code that calls it then leaves that to the interpreter, which has it compiled.
         const auto& whole = codeOf(procedure).whole;
         if (exit.unit->isStale && !whole.units.empty() && whole.units.front().get() == exit.unit &&

@@ -21,6 +21,8 @@ struct MachineCodeOptions {
 
     // Passes of a loop, or calls of a procedure, after which it is compiled.
     std::uint32_t hotAfter = 1000;
+    // Exits at one place that tell of other types, until the code is made anew with what they told.
+    std::uint32_t learnAfter = 2;
     // For tests: each guard fails the so-manieth time that one is reached. 0: only when it has to.
     std::uint32_t failEvery = 0;
     // For tests: counts what there is in MachineCodeCount.
