@@ -214,6 +214,17 @@ void CommandBars::setKeys(bool isBusy, bool isStanding) {
                 item(shortcut.key)->setShortcuts(shortcutsOf(shortcut.key, isBusy, isStanding));
 }
 
+void CommandBars::makeRoomForRun(bool isRunning) {
+    const bool isNarrow = toolBar_->sizeHint().width() > window_.width();
+    bool isAfterButton = false;
+    for (QAction* action : toolBar_->actions()) {
+        const bool isOfRun = action->objectName().startsWith(QLatin1String("Run"));
+        const bool isUseful = !isRunning || action->isEnabled() || isOfRun;
+        if (isNarrow || !isRunning) action->setVisible(action->isSeparator() ? !isRunning || isAfterButton : isUseful);
+        isAfterButton = !action->isSeparator() && (isUseful || isAfterButton);
+    }
+}
+
 QByteArray CommandBars::commandOf(const QKeySequence& keys) const {
     for (const Shortcut& shortcut : shortcuts())
         if (QAction* const action = item(shortcut.key);

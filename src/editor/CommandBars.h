@@ -32,6 +32,9 @@ class CommandBars : public QObject {
     bool isEnabled(const char* key) const;
     // A program is under way, and whether it stands still: gives the commands the keys that they have then.
     void setKeys(bool isBusy, bool isStanding);
+    // Where the toolbar is too narrow, only the buttons that can be used while a program runs stand there; or all
+    // again.
+    void makeRoomForRun(bool isRunning);
     // The command that a key would be for; empty if it is for none, or for one that cannot be done now.
     QByteArray commandOf(const QKeySequence& keys) const;
 

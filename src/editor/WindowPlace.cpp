@@ -90,6 +90,10 @@ void placeTogether(QWidget& editor, QWidget& console, QWidget* below) {
     below->move(console.x(), screen.top() + screen.height() - below->height());
 }
 
+void raiseOver(QWidget& below, const QWidget& console) {
+    if (below.frameGeometry().intersects(console.frameGeometry())) below.raise();
+}
+
 int rememberedZoom(const Settings& settings) {
     const int percent = number(settings, zoomKey);
     return percent > 0 ? percent : 100;

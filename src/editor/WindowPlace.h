@@ -18,6 +18,10 @@ void rememberWindow(Settings& settings, const QWidget& window, const QSplitter& 
 // narrower for it if need be. A third window comes below the console, as far as there is room.
 void placeTogether(QWidget& editor, QWidget& console, QWidget* below = nullptr);
 
+// Where the screen has no room for both, the third window covers the lower part of the console, which most programs
+// need last.
+void raiseOver(QWidget& below, const QWidget& console);
+
 // Percent; 100 where the settings hold nothing.
 int rememberedZoom(const Settings& settings);
 void rememberZoom(Settings& settings, int percent);

@@ -225,6 +225,7 @@ class frmEditor : public QWidget, public ProgramMarker, private DocumentText {
     std::unique_ptr<PaneAids> aids_;
     std::unique_ptr<EditorSteps> steps_;
     bool areTogether_ = false;  // the windows, in this run
+    bool isSeen_ = false;       // the program at a line, in this run
     std::unique_ptr<EditorGuide> guide_;
     std::unique_ptr<WordCorrection> wordCorrection_;
     EditorDocument document_;

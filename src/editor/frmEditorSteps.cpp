@@ -33,6 +33,7 @@
 #include <QToolBar>
 
 #include <chrono>
+#include <utility>
 
 namespace tolvan {
 namespace {
@@ -73,8 +74,10 @@ void frmEditor::setUpSteps() {
 void frmEditor::runChanged() {
     txtRoman_->setLocked(isRunning());
     areTogether_ = areTogether_ && isRunning();
-    if (isRunning() && trace_ != nullptr && trace_->isVisible()) showWindowsTogether();
+    isSeen_ = isSeen_ && isRunning();
+    if (!isRunning()) bars_->makeRoomForRun(false);
     enableCommands();
+    if (isRunning() && trace_ != nullptr && trace_->isVisible()) showWindowsTogether();
 }
 
 // What would change the text is greyed while a program runs.
@@ -255,9 +258,15 @@ void frmEditor::goToLine(int line) {
 void frmEditor::stepsMoved() {
     if (!isRunning()) return;
     if (!areTogether_) showWindowsTogether();
-    if (steps_->control().state() != StepControl::State::Standing) return;
+    const bool isStanding = steps_->control().state() == StepControl::State::Standing;
+    const bool wasSeen = std::exchange(isSeen_, true);
+    if ((isStanding || !wasSeen) && trace_ != nullptr && trace_->isVisible()) raiseOver(*trace_, *console_);
+    if (!isStanding) return;
     Timer1_Tick();
-    if (trace_ == nullptr || !trace_->isActiveWindow()) bringBack();
+    if (isActiveWindow())
+        txtRoman_->setFocus();
+    else if (trace_ == nullptr || !trace_->isActiveWindow())
+        bringBack();
     goToLine(steps_->control().line());
 }
 
@@ -265,6 +274,7 @@ void frmEditor::showWindowsTogether() {
     areTogether_ = true;
     placeTogether(*this, *console_, trace_ != nullptr && trace_->isVisible() ? trace_ : nullptr);
     if (readSetting(settings_.GetSetting(section, valuesKey), true)) showValues(true);
+    bars_->makeRoomForRun(true);
 }
 
 void frmEditor::stepsPhaseChanged() {

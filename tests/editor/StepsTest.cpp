@@ -19,6 +19,7 @@
 #include <QTableView>
 #include <QTextBlock>
 #include <QTimer>
+#include <QToolButton>
 #include <QToolTip>
 #include <QTreeView>
 
@@ -488,6 +489,27 @@ TEST_F(TraceTest, ATypedGuessIsCheckedAndTheNextOneAskedFor) {
     EXPECT_THAT(told, ElementsAre("पुढची किंमत अ", "अगदी बरोबर", "या ओळीत किंमत बदलत नाही", "पुढची किंमत ब", "अगदी बरोबर",
                                   "पुढची किंमत च", "उत्तर वेगळे आहे", "पुढे एकही ओळ नाही"));
     EXPECT_EQ(window().model().index(4, 0).data(Qt::AccessibleDescriptionRole).toString().toStdString(), "५ पैकी रांग ५");
+}
+
+TEST_F(StepsTest, ANarrowToolBarHasTheButtonsForSteps) {
+    setProgram(doubling);
+    editor->resize(460, 600);
+    QApplication::processEvents();
+    const auto seen = [this] {
+        std::string keys;
+        for (const char* key : {"FileNew", "EditCut", "RunEnd", "RunStepInto", "RunStepOut"})
+            keys += editor->findChild<QToolButton*>(QLatin1String(key))->isVisible() ? '1' : '0';
+        return keys;
+    };
+    EXPECT_EQ(seen(), "11100");
+    std::string standing;
+    session("F11 F11 look", {{"look", [&] {
+                                  standing = seen();
+                                  state.run.stop();
+                              }}});
+    EXPECT_EQ(standing, "00111");
+    QApplication::processEvents();
+    EXPECT_EQ(seen(), "11100");
 }
 
 TEST_F(StepsTest, TheScriptIsLinkedWithTheProgram) {

@@ -25,8 +25,8 @@ QHeaderView* preparedHeader(QTreeView& view) {
     header->setDefaultAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     header->setSectionsMovable(false);
     header->setStretchLastSection(true);
-    header->resizeSection(ValueModel::NameColumn, look::em(12));
-    header->resizeSection(ValueModel::KindColumn, look::em(9));
+    header->resizeSection(ValueModel::NameColumn, look::em(9.5));
+    header->resizeSection(ValueModel::KindColumn, look::em(7.5));
     return header;
 }
 

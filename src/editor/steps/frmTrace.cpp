@@ -23,6 +23,7 @@
 #include <QListWidget>
 #include <QPainter>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollBar>
 #include <QTableView>
 
@@ -341,6 +342,16 @@ void frmTrace::askGuess() {
                                                        : std::string("puFcI ik<mt "_deva) + guess->word;
     setLabel(*lblGuess_, question);
     txtGuess_->setAccessibleName(lblGuess_->accessibleName());
+    stayOnScreen();
+}
+
+// The fields for a guess can make the window higher than the room below it.
+void frmTrace::stayOnScreen() {
+    if (!isVisible() || !model_.isGuessing()) return;
+    layout()->activate();
+    const QRect room = screen()->availableGeometry();
+    const int beyond = std::min(geometry().bottom() - room.bottom(), y() - room.top());
+    if (beyond > 0) move(x(), y() - beyond);
 }
 
 // Blanks do not count.

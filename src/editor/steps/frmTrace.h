@@ -61,6 +61,7 @@ class frmTrace : public QWidget {
     void guess(bool guessing);
     void uncover();
     void askGuess();
+    void stayOnScreen();
     void checkGuess();
     void conceal();
     void tell();
