@@ -99,13 +99,16 @@ void EditorStatusBar::showMessage(std::string_view text) {
 
 void EditorStatusBar::showRefused(std::u32string_view characters) {
     constexpr std::size_t most = 20;
-    characters = characters.substr(0, most);
-    const QString shown = QString::fromUcs4(characters.data(), static_cast<qsizetype>(characters.size()));
+    const std::u32string_view first = characters.substr(0, most);
+    QString shown = QString::fromUcs4(first.data(), static_cast<qsizetype>(first.size()));
+    if (characters.size() > most) shown += u'…';
+    const std::string_view text =
+        characters.size() > 1 ? "hI icNhe #we ilihta yet nahIt"_deva : "he icNh #we ilihta yet nahI"_deva;
     message_->setTextFormat(Qt::RichText);
-    message_->setText(QStringLiteral("%1 <span style=\"font-family: '%2'\">%3</span>")
-                          .arg(toQString("he #we ilihta yet nahI"_deva).toHtmlEscaped(),
-                               look::controlFont(Font::Latin).family(), shown.toHtmlEscaped()));
-    message_->setAccessibleName(accessible::unicode("he #we ilihta yet nahI"_deva) + QLatin1Char(' ') + shown);
+    message_->setText(
+        QStringLiteral("%1: <span style=\"font-family: '%2'\">%3</span>")
+            .arg(toQString(text).toHtmlEscaped(), look::controlFont(Font::Latin).family(), shown.toHtmlEscaped()));
+    message_->setAccessibleName(accessible::unicode(text) + QLatin1String(": ") + shown);
 }
 
 void EditorStatusBar::showDescription(const QString& text) {
