@@ -46,8 +46,9 @@ Next
 numbers
 End Sub
 
-' What is not declared here would be looked up by its name in a procedure that runs source, and not be in a register.
+' Only what is declared is sure to be in a register, as this module runs source.
 Sub numbers
+Dim list, i, n, q, x
 ' Whole division rounds towards zero; a real that becomes too big is an error.
 For i = -7 To 7 Step 7
 list = list & (i \ 3) & " " & (i Mod 3) & " " & (i \ 2) & " " & (i Mod 10) & ";"

@@ -244,6 +244,7 @@ class Machine : public Context {
     std::size_t depth_ = 0;
     int nesting_ = 0;
     int ticks_ = 0;
+    std::uint32_t changes_ = 0;  // that C++ may have made: calls of procedures from there, and assignments
     std::chrono::steady_clock::time_point deadline_;
     ErrorTrace trace_;
     bool isWatched_ = false;

@@ -545,12 +545,14 @@ Machine::Left Machine::execute() {
             if (pc->op == Op::Poll) --*WORD(int*);
             STEP(wordsOf(pc->op));
         }
+        if (outcome == native::CodeStore::Outcome::OtherLoop) return Left::Loop;
         REFRESH;
         if (outcome == native::CodeStore::Outcome::Failed) machineCode_->throwError();
         NEXT;
     }
     hotProcedure : {
         const auto outcome = enterHotProcedure();
+        if (outcome == native::CodeStore::Outcome::OtherLoop) return Left::Loop;
         REFRESH;
         if (outcome == native::CodeStore::Outcome::Failed) machineCode_->throwError();
         NEXT;

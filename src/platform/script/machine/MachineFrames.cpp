@@ -40,6 +40,7 @@ Value Machine::invoke(const Procedure& procedure, Object* me, std::span<const Va
     ticks_ -= ticksPerNestedCall;
     if (ticks_ <= 0) slowTick();
     if (nesting_ == deepestNesting || depth_ == deepestCalls || !fits) throw ScriptError(errors::outOfStack);
+    ++changes_;
     for (std::size_t i = 0; i < arguments.size(); ++i) base[i + 1] = arguments[i];
     loadArguments(procedure, base);
     if (me != nullptr) ++me->references;

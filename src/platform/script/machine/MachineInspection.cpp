@@ -81,6 +81,7 @@ bool Machine::assignVariable(std::size_t level, std::string_view name, std::span
     if (level > depth_ || name.empty() || value.isOneOf(bits(Type::Object, Type::Array))) return false;
     Value* const variable = findVariableOf(level, names_.intern(name));
     if (variable == nullptr) return false;
+    ++changes_;
     if (!indexes.empty() && !variable->is(Type::Array)) return false;
     if (recorder_ != nullptr) recorder_->goOn();
     std::vector<Value> places;

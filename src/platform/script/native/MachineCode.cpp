@@ -80,9 +80,11 @@ struct CodeStore::Data {
     int running = 0;
     std::vector<std::shared_ptr<Unit>> replaced;  // that may still be running
     bool isFull = false;
+    bool hasAsked = false;  // the host at a poll, since the code was entered
 
     static std::uint64_t step(Machine* machine, const Instruction* at);
     static std::uint64_t tick(Machine* machine, const Instruction* at);
+    static std::uint64_t ask(Machine* machine, const Instruction* poll);
     static void release(Value* value) { *value = Value(); }
     static std::uint64_t builtin(Machine* machine, const Instruction* at);
     static std::uint64_t character(Machine* machine, Value* window, std::int32_t place);
@@ -152,6 +154,29 @@ std::uint64_t CodeStore::Data::tick(Machine* machine, const Instruction* at) {
     }
 }
 
+// The code is left where the script is to stop or to be recorded, where the next poll asks as well, and where the host
+// has changed variables.
+std::uint64_t CodeStore::Data::ask(Machine* machine, const Instruction* poll) {
+    Frame& frame = machine->top();
+    const Instruction* question = poll + poll->bc();
+    Data& data = *machine->machineCode_->data_;
+    data.hasAsked = true;
+    frame.pc = question + wordsOf(Op::PollHost);
+    try {
+        const std::uint32_t changes = machine->changes_;
+        Value answer;
+        const auto after = machine->pollHost(*question[1].word<const HostMember*>(), answer);
+        const bool isAsBefore = after == Machine::AfterPoll::Same && changes == machine->changes_;
+        if (answer.isTrue() && isAsBefore && *poll[1].word<const int*>() > 0) return returned;
+        frame.base[question->a] = answer;
+        return answered;
+    } catch (...) {
+        frame.pc = question;
+        data.error = std::current_exception();
+        return failed;
+    }
+}
+
 std::uint64_t CodeStore::Data::append(Machine* machine, Value* text, const Value* tail) {
     if (!text->is(Type::String) || !tail->is(Type::String)) return failed;
     const StringCell& cell = *text->string();
@@ -173,6 +198,7 @@ CodeStore::CodeStore(Machine& machine, const MachineCodeOptions& options)
     if (options.counts) around.executed = data_->executed.data();
     around.step = &Data::step;
     around.tick = &Data::tick;
+    around.ask = &Data::ask;
     around.release = &Data::release;
     around.builtin = &Data::builtin;
     around.character = &Data::character;
@@ -229,16 +255,17 @@ CodeStore::Outcome CodeStore::Data::run(Unit& unit, ProcedureCode::Place& place)
     Frame* const frames = machine.frames_.get();
     deepestFrame = frames + std::min(machine.depth_ + room, Machine::deepestCalls);
     const std::int64_t before = *unit.passes;
+    hasAsked = false;
     ++running;
     const std::uint64_t status = unit.entry()(machine.top().base, &machine.top());
     --running;
     deepestFrame = outerLimit;
-    const std::int64_t passes = before - *unit.passes;
+    const std::int64_t passes = hasAsked ? fewPasses : before - *unit.passes;
     if (options.failEvery != 0 && countdown - 1 >= options.failEvery) countdown = options.failEvery;
     if (status == failed) return Outcome::Failed;
     // NOLINTNEXTLINE(performance-no-int-to-ptr): it is the address of an Exit
     if (status != returned) noteExit(*reinterpret_cast<Exit*>(status), unit, place, passes);
-    return Outcome::GoOn;
+    return machine.recorder_ != nullptr ? Outcome::OtherLoop : Outcome::GoOn;
 }
 
 // Learns from an exit what types there are, and whether the code is of any use.

@@ -81,6 +81,7 @@ class CodeStore {
         NotEntered,  // there is no code for what the registers hold: nothing happened
         GoOn,        // the interpreter goes on in the top frame, which may be another one
         Failed,      // the same, with an error, which throwError throws
+        OtherLoop,   // as GoOn, but from now on it is recorded
     };
     // The machine is at the start of a loop, or of the procedure entered last, that has been there often.
     Outcome enterLoop(const Instruction* head);

@@ -721,8 +721,32 @@ void UnitCompiler::tick() {
     countDown(around_.ticks, Condition::kLE);
 }
 
+// Where the budget is used up, the host is asked; with a new budget it goes on here.
 void UnitCompiler::poll() {
-    countDown(at()[1].word<const int*>(), Condition::kL);
+    const int* budget = at()[1].word<const int*>();
+    const Label goesOn = cc_.newLabel();
+    Exit& left = unit_.exits.emplace_back(Exit{&unit_, pc_, Exit::Why::Pause, 0, 0, 0, nullptr});
+    cc_.sub(x86::dword_ptr(address(budget)), 1);
+    cc_.jl(aside([this, budget, goesOn, &left] {
+        cc_.add(x86::dword_ptr(address(budget)), 1);
+        storeAll(kinds_, pc_);
+        InvokeNode* call = nullptr;
+        cc_.invoke(&call, imm(reinterpret_cast<std::uintptr_t>(around_.ask)),
+                   FuncSignatureT<std::uint64_t, void*, const void*>(CallConvId::kHost));
+        const Gp status = temporary64();
+        call->setArg(0, pointer(around_.machine));
+        call->setArg(1, pointer(at()));
+        call->setRet(0, status);
+        cc_.test(status, status);
+        cc_.je(goesOn);
+        const Label hasFailed = cc_.newLabel();
+        cc_.cmp(status, answered);
+        cc_.jne(hasFailed);
+        cc_.mov(status, pointer(&left));
+        cc_.bind(hasFailed);
+        cc_.ret(status);
+    }));
+    cc_.bind(goesOn);
 }
 
 void UnitCompiler::forPrepare() {

@@ -94,6 +94,8 @@ struct Exit {
 // What the code returns: one of the first two, or the address of its Exit.
 constexpr std::uint64_t returned = 0;
 constexpr std::uint64_t failed = 1;
+// What a question to the host may return as well: the code has to be left, and everything is where it belongs.
+constexpr std::uint64_t answered = 2;
 using Entry = std::uint64_t (*)(Value* base, Frame* frame);
 
 struct Unit {

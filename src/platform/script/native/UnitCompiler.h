@@ -34,6 +34,8 @@ struct Surroundings {
     // All return `returned` or `failed`, and throw nothing.
     std::uint64_t (*step)(Machine*, const Instruction*) = nullptr;  // does one instruction as the interpreter does
     std::uint64_t (*tick)(Machine*, const Instruction*) = nullptr;  // looks at the clock
+    std::uint64_t (*ask)(Machine*,
+                         const Instruction*) = nullptr;  // at a Poll; or `answered`: goes on at the frame's pc
     void (*release)(Value*) = nullptr;
     std::uint64_t (*builtin)(Machine*, const Instruction*) = nullptr;  // calls a built-in function
     // One character of a text; else it returns `failed` and changes nothing. R[0] is the result, R[1] the text.
