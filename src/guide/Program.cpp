@@ -1,6 +1,7 @@
 #include "guide/Program.h"
 
 #include "library/LibraryWords.h"
+#include "platform/encoding/Ascii.h"
 #include "platform/encoding/Lines.h"
 #include "platform/transliteration/ReplaceRomanChars.h"
 #include "translator/Keywords.h"
@@ -152,14 +153,28 @@ bool Program::isKnown(const Line& line, std::size_t word) const {
     return found != nullptr && (found->isSet() || found->function != mainProgram);
 }
 
+// Who has learned another language begins a line with its command.
+Suggestion Program::commandInEnglish(std::string_view roman) const {
+    for (const LanguageWord& word : languageWords()) {
+        const bool isMeant = !word.english.empty() && isLetter(word.english[0]) && sameButForCase(word.english, roman);
+        if (isMeant && std::any_of(candidates_.begin(), candidates_.end(), [&](const Candidate& one) {
+                return one.roman == word.roman && (one.places & place::start) != 0;
+            }))
+            return {{std::string(word.roman)}, false};
+    }
+    return {};
+}
+
 const Suggestion& Program::suggest(std::string_view roman, bool starts) {
     static const Suggestion none;
     std::string key(starts ? "^" : " ");
     key += roman;
     if (const auto found = suggestions_.find(key); found != suggestions_.end()) return found->second;
     if (suggestions_.size() >= mostSuggestions) return none;
-    return suggestions_.emplace(key, suggestFor(roman, candidates_, starts ? place::start : place::inner))
-        .first->second;
+    Suggestion suggestion;
+    if (starts) suggestion = commandInEnglish(roman);
+    if (suggestion.empty()) suggestion = suggestFor(roman, candidates_, starts ? place::start : place::inner);
+    return suggestions_.emplace(key, std::move(suggestion)).first->second;
 }
 
 // First the words inside of the lines, then those at their start: whether these are known depends on the others.

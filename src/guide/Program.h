@@ -84,6 +84,7 @@ class Program {
     bool isKnown(const Line& line, std::size_t word) const;
     void findUnknown(LineStore& store);
     void correctLine(std::size_t number, LineStore& store);
+    Suggestion commandInEnglish(std::string_view roman) const;
     const Suggestion& suggest(std::string_view roman, bool starts);
 
     std::vector<LinePointer> lines_;
