@@ -106,7 +106,7 @@ void EditorStatusBar::showRefused(std::u32string_view characters) {
         characters.size() > 1 ? "hI icNhe #we ilihta yet nahIt"_deva : "he icNh #we ilihta yet nahI"_deva;
     message_->setTextFormat(Qt::RichText);
     message_->setText(
-        QStringLiteral("%1: <span style=\"font-family: '%2'\">%3</span>")
+        QStringLiteral("%1<span style=\"font-family: '%2'\">: %3</span>")
             .arg(toQString(text).toHtmlEscaped(), look::controlFont(Font::Latin).family(), shown.toHtmlEscaped()));
     message_->setAccessibleName(accessible::unicode(text) + QLatin1String(": ") + shown);
 }
