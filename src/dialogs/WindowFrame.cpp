@@ -7,10 +7,11 @@
 #include "platform/fonts/FontEncoding.h"
 #include "platform/richtext/UnicodeText.h"
 
-#include <QEvent>
+#include <QCoreApplication>
 #include <QPainter>
 #include <QPointer>
 #include <QShortcut>
+#include <QShortcutEvent>
 #include <QWidget>
 
 #include <algorithm>
@@ -93,12 +94,9 @@ void WindowFrame::perform(SystemCommand command) {
 void WindowFrame::addShortcuts() {
     auto* close = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_F4), &window_);
     connect(close, &QShortcut::activated, this, [this] { perform(SystemCommand::Close); });
-    auto* menu = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Space), &window_);
-    connect(menu, &QShortcut::activated, this, &WindowFrame::openSystemMenu);
-}
-
-void WindowFrame::openSystemMenu() {
-    menu_->showAt(bar_->mapToGlobal(bar_->rect().bottomLeft()));
+    menuShortcut_ = new QShortcut(QKeySequence(Qt::ALT | Qt::Key_Space), &window_);
+    connect(menuShortcut_, &QShortcut::activated, this,
+            [this] { menu_->showAt(bar_->mapToGlobal(bar_->rect().bottomLeft())); });
 }
 
 void WindowFrame::addGrips() {
@@ -159,8 +157,11 @@ bool WindowFrame::eventFilter(QObject* watched, QEvent* event) {
             window_.update();
             break;
         case QEvent::WinIdChange:
-            systemframe::make(window_, kind_ == Kind::Resizable, [frame = QPointer(this)] {
-                if (frame) frame->openSystemMenu();
+            systemframe::make(window_, kind_ == Kind::Resizable, [shortcut = QPointer(menuShortcut_)] {
+                if (!shortcut) return;
+                // By this event a menu bar learns, too, that Alt was not pressed for it.
+                QShortcutEvent pressed(shortcut->key(), 0);
+                QCoreApplication::sendEvent(shortcut, &pressed);
             });
             [[fallthrough]];
         case QEvent::PaletteChange:

@@ -13,6 +13,7 @@
 #include <QMargins>
 #include <QObject>
 
+class QShortcut;
 class QWidget;
 
 namespace tolvan {
@@ -53,7 +54,6 @@ class WindowFrame : public QObject {
   private:
     void addShortcuts();
     void addGrips();
-    void openSystemMenu();
     void toggleMaximized();
     int border() const;
     int normalBorder() const;
@@ -67,6 +67,7 @@ class WindowFrame : public QObject {
     CaptionBar* bar_;
     SystemMenu* menu_;
     WindowMover* mover_;
+    QShortcut* menuShortcut_ = nullptr;
     QList<ResizeGrip*> grips_;  // none on a window of fixed size
 };
 

@@ -33,8 +33,11 @@ class OwnFrames : public QAbstractNativeEventFilter {
                 return true;
             case WM_SYSKEYDOWN:
                 if (message.wParam != VK_SPACE) return false;
-                QMetaObject::invokeMethod(QCoreApplication::instance(), menu->second, Qt::QueuedConnection);
+                std::function<void()>(menu->second)();
                 return true;
+            case WM_SYSCOMMAND:  // for Alt by itself, which opens no menu of the system either
+                *result = 0;
+                return (message.wParam & 0xFFF0) == SC_KEYMENU;
             case WM_NCDESTROY:
                 menus_.erase(menu);
                 return false;
