@@ -1,3 +1,4 @@
+#include "dialogs/Look.h"
 #include "dialogs/RichTextView.h"
 #include "platform/encoding/Deva.h"
 #include "platform/richtext/InternalText.h"
@@ -116,7 +117,7 @@ TEST(RichTextView, TheWholeTextIsInsideTheSizeItAsksFor) {
     // Marks without a width of their own stand at the ends of words here.
     RichTextView view;
     view.setTextRtf(rtfDocument("\\f1tolvn beiskla Aae¦ 17 Cya vaKyrcne mxe gfbf AaF¦lI Aahe"_deva));
-    for (int most = 74; most < 600; most += 7) {  // the widest word fits: parts of one glyph look otherwise
+    for (int most = look::em(6.5); most < 600; most += 7) {  // the widest word fits: parts of one glyph look otherwise
         const QSize size = view.sizeFor({most, 2000});
         view.resize(size);
         const QImage exact = view.grab().toImage();

@@ -85,7 +85,7 @@ int difference(const QImage& left, const QImage& right) {
 // the next. A figure at another place differs in far more than 2 per mille of the pixels.
 TEST_P(DrawingTest, LooksAsKept) {
     traceOfWindow();
-    const std::string file = pictureOfExample(GetParam());
+    const std::string file = pictureOfExample(GetParam()).string();
     const QImage kept(QString::fromStdString(file));
     if (lastDrawing_.size() != kept.size() || difference(lastDrawing_, kept) > 2) {
         const std::string seen = programFolder() + "/" + GetParam() + "-seen.png";
