@@ -7,7 +7,7 @@ If what = 3 Then ReDim kept(1)
 End Sub
 End Class
 
-Dim kept
+Dim kept, sum
 
 Sub Main()
 ' A procedure that is too long to be compiled stays interpreted, however often it is called.
@@ -36,14 +36,8 @@ sum = sum + UBound(list)
 Next
 PrintString sum                          '> 17640
 
-For what = 1 To 2
-ReDim kept(9)
-For i = 0 To 9 : kept(i) = i : Next
-PrintString what & ": " & changed(kept, what)
-Next
-'> 1: 6 error 9
-'> 2: 3 error 9
 numbers
+changes
 End Sub
 
 ' Only what is declared is sure to be in a register, as this module runs source.
@@ -71,23 +65,41 @@ q = 0 : q = (n - 1) \ i : list = list & q & " " & Err.Number & ";" : Err.Clear
 q = 0 : q = (n - 1) Mod i : list = list & q & " " & Err.Number & ";" : Err.Clear
 Next
 PrintString list                         '> -1073741824 0;0 0;-2147483648 0;0 0;0 11;0 11;0 6;0 0;
+n = 0 : list = "" : x = ""
+For i = 1 To 5000
+If i Mod 100 = 0 Then x = list
+list = list & "x"
+n = n + Len(x)
+Next
+PrintString Len(list) & " " & n          '> 5000 12250099
 x = 1E300
 For i = 1 To 5 : x = x * 1E5 : Next
 PrintString (x < 2E305) & Err.Number     '> True6
 End Sub
 
-' The variable that the array stands for gets another one.
-Function changed(list, what)
-Dim i, sum
+' Two names of one array; what it held before is still held.
+Sub changes
+Dim what, i
 On Error Resume Next
-For i = 1 To 5
-sum = sum + list(i)
-If i = 3 And what = 1 Then Erase kept
-If i = 2 And what = 2 Then ReDim kept(1)
-If Err.Number <> 0 Then Exit For
+For what = 1 To 2
+ReDim kept(9)
+For i = 0 To 9 : kept(i) = i : Next
+sum = 0
+change kept, kept, what
+PrintString sum & " error " & Err.Number
 Next
-changed = sum & " error " & Err.Number
-End Function
+'> 28 error 9
+'> 21 error 9
+End Sub
+Sub change(list, same(), what)
+Dim i, held
+held = list
+For i = 1 To 9
+sum = sum + list(i)
+If i = 7 And what = 1 Then Erase same
+If i = 6 And what = 2 Then ReDim same(1)
+Next
+End Sub
 
 ' The array is a parameter; the object goes when its variable gets a number.
 Function released(list, what)
