@@ -138,6 +138,7 @@ class Writer {
             one({"", " : g = w", " : g = e"}));
         put("For i = 0 To 3 : For j = 0 To 4 : m(i, j) = i + j : Next : Next");
         if (hasClass_) put("Set o = New K");
+        if (runsSource_) put("ExecuteGlobal \"Class L : Public p : End Class\"");
         tour(false);
         tour(true);
         loop(0);
@@ -219,6 +220,8 @@ class Writer {
                                          "For k = 1 To 2000 : Next",
                                          "c = i + 1\nif not host.goOn then err.raise 1001\nc = c * 2",
                                          "c = n : n = c",
+                                         "n = i : c = n",
+                                         "n = i + 1 : n = 2.5",
                                          "c = Abs(5 - i)",
                                          "c = Abs(a * -0.5)",
                                          "c = Sqr(i * 0.25) : c = Sqr(i)",
@@ -290,7 +293,8 @@ class Writer {
             for (const char* one : {"c = f(1, 2)", "c = f()", "c = 1 \\ (i - 5)", "w(i) = w(i + 5)", "p a", "f(1) = i"})
                 list.insert(list.begin() + choose(static_cast<unsigned>(list.size())), one);
         if (runsSource_)
-            for (const char* one : {"c = Eval(\"a + 1\")", "Execute \"z = i\" : c = z", "ExecuteGlobal \"u = 3\""})
+            for (const char* one : {"c = Eval(\"a + 1\")", "Execute \"z = i\" : c = z", "ExecuteGlobal \"u = 3\"",
+                                    "Set o = New L", "Set o = New L : o.p = i"})
                 list.insert(list.begin() + choose(static_cast<unsigned>(list.size())), one);
         put("a = 3 : b = 2");
         const unsigned count = isApart ? 4 * statementsPerTour : statementsPerTour;
