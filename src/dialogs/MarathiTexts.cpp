@@ -129,8 +129,8 @@ constexpr Text texts[] = {
     {"Select All", "सर्व निवड"},
 };
 
-// To find out what every font can write takes half of the start on Windows, so the fonts that come with systems are
-// looked for by name first.
+// To find out what every font can write, Windows opens them all, so the fonts that come with systems are looked for by
+// name first.
 bool canWriteDevanagari() {
     for (const char* family : {"Nirmala UI", "Mangal", "Noto Sans Devanagari", "Noto Serif Devanagari"})
         if (QFontDatabase::hasFamily(QLatin1String(family))) return true;

@@ -32,7 +32,8 @@ void forEachWord(std::string_view arguments, const WordCall& word) {
 
 bool isFile(const std::string& path) {
     std::error_code failure;
-    return fs::is_regular_file(filePath(path), failure);
+    // Some systems take a slash at the end of a file's name.
+    return !path.ends_with('/') && fs::is_regular_file(filePath(path), failure);
 }
 
 // Without "." and ".." parts, unless that leads elsewhere (past a link).
