@@ -4,7 +4,7 @@
 // editor, and are recorded for a while now and then, as those that pause.
 //
 // TOLVAN_PROGRAMS=N runs N programs instead of a few, and prints how often each operation and each exit was reached;
-// from 1000 programs on, each has to be reached 1000 times.
+// from 2500 programs on, each has to be reached 1000 times.
 #include "platform/script/ArrayCell.h"
 #include "platform/script/Executor.h"
 #include "platform/script/Recording.h"
@@ -653,6 +653,7 @@ void expectMostReached(Counts& counts) {
 }
 
 constexpr int fewPrograms = 25;
+constexpr int manyPrograms = 2500;
 constexpr int mostTimes = 1000;
 
 int numberIn(const char* variable, int otherwise) {
@@ -692,7 +693,7 @@ TEST(MachineCode, DoesWhatTheInterpreterDoes) {
     if (counts.empty()) GTEST_SKIP() << "no machine code here";
     if (programs == 0) return expectMostReached(counts);
     print(counts);
-    if (programs >= mostTimes) expectAllReached(counts, mostTimes);
+    if (programs >= manyPrograms) expectAllReached(counts, mostTimes);
 }
 
 }  // namespace
