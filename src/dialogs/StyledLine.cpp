@@ -76,9 +76,9 @@ QSizeF styledLineSize(const ControlText& text) {
 
 void drawStyledLine(QPainter& painter, const QRectF& area, const ControlText& text, const QColor& colour) {
     if (text.text.isEmpty() || area.width() <= 0) return;
-    const ControlText fitting = styledLineSize(text).width() > area.width() ? shortened(text, area.width()) : text;
     QTextLayout layout;
-    layOut(layout, fitting, unlimited);
+    layOut(layout, text, unlimited);
+    if (layout.lineAt(0).naturalTextWidth() > area.width()) layOut(layout, shortened(text, area.width()), unlimited);
     painter.save();
     painter.setClipRect(area, Qt::IntersectClip);
     painter.setPen(colour);
