@@ -2,7 +2,7 @@
 
 namespace tolvan {
 
-void systemframe::make(QWidget&, bool, std::function<void()>) {}
+void systemframe::make(QWidget&, bool, const std::function<void()>&) {}
 void systemframe::setDark(QWidget&, bool) {}
 
 }  // namespace tolvan

@@ -60,10 +60,10 @@ HWND handleOf(const QWidget& window) {
 
 }  // namespace
 
-void systemframe::make(QWidget& window, bool resizable, std::function<void()> openMenu) {
+void systemframe::make(QWidget& window, bool resizable, const std::function<void()>& openMenu) {
     if (!isNative(window)) return;
     static OwnFrames frames;
-    frames.add(handleOf(window), std::move(openMenu));
+    frames.add(handleOf(window), openMenu);
     if (!resizable) return;
     SetWindowLongPtrW(handleOf(window), GWL_STYLE, GetWindowLongPtrW(handleOf(window), GWL_STYLE) | WS_THICKFRAME);
     SetWindowPos(handleOf(window), nullptr, 0, 0, 0, 0,
