@@ -19,6 +19,13 @@ For i = 1 To 4000 : sum = sum + CLng(Eval("long(3)")) : Next
 ExecuteGlobal "Function often(n) : often = 0 : For i = 1 To n : often = often + long(i Mod 3) : Next : End Function"
 PrintString sum & " " & often(4000)      '> 16000 4000
 
+' A procedure that is replaced by another one.
+ExecuteGlobal "Function one(n) : one = n : End Function"
+ExecuteGlobal "Function ones(n) : Dim i : ones = 0 : For i = 1 To n : ones = ones + one(i) : Next : End Function"
+before = ones(9) & " " & ones(9)
+ExecuteGlobal "Function one(n) : one = 2 * n : End Function"
+PrintString before & " " & ones(9)       '> 45 45 90
+
 ' What an instruction releases may change the array that it works on.
 For what = 1 To 3
 ReDim kept(9)
@@ -38,6 +45,7 @@ PrintString sum                          '> 17640
 
 numbers
 changes
+elements
 End Sub
 
 ' Only what is declared is sure to be in a register, as this module runs source.
@@ -99,6 +107,24 @@ sum = sum + list(i)
 If i = 7 And what = 1 Then Erase same
 If i = 6 And what = 2 Then ReDim same(1)
 Next
+End Sub
+
+' Beyond the end of one dimension, with another number of dimensions, and an object that is none.
+Sub elements
+Dim cube(3, 3, 3), plane(3, 3), e, i, j, total
+For i = 0 To 3 : For j = 0 To 3 : plane(i, j) = 1 : cube(i, j, 0) = 1 : cube(i, j, 1) = 1 : Next : Next
+total = 0 : e = plane
+On Error Resume Next
+For i = 0 To 9 : total = total + cube(0, i, 0) : Next
+For i = 0 To 9
+total = total + e(1, 1) * 100
+If i = 6 Then e = cube
+Next
+For i = 0 To 9
+total = total + plane(1, 1) * 10000
+Set plane(1, 1) = i
+Next
+PrintString total                        '> 100704
 End Sub
 
 ' The array is a parameter; the object goes when its variable gets a number.
