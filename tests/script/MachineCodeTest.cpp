@@ -293,8 +293,9 @@ class Writer {
             for (const char* one : {"c = f(1, 2)", "c = f()", "c = 1 \\ (i - 5)", "w(i) = w(i + 5)", "p a", "f(1) = i"})
                 list.insert(list.begin() + choose(static_cast<unsigned>(list.size())), one);
         if (runsSource_)
-            for (const char* one : {"c = Eval(\"a + 1\")", "Execute \"z = i\" : c = z", "ExecuteGlobal \"u = 3\"",
-                                    "Set o = New L", "Set o = New L : o.p = i"})
+            for (const char* one :
+                 {"c = Eval(\"a + 1\")", "Execute \"z = i\" : c = z", "c = z", "t = z", "p z, w",
+                  "For z = 1 To 3 : Next", "ExecuteGlobal \"u = 3\"", "Set o = New L", "Set o = New L : o.p = i"})
                 list.insert(list.begin() + choose(static_cast<unsigned>(list.size())), one);
         put("a = 3 : b = 2");
         const unsigned count = isApart ? 4 * statementsPerTour : statementsPerTour;
