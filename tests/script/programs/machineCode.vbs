@@ -46,6 +46,8 @@ PrintString sum                          '> 17640
 numbers
 changes
 elements
+parts
+calls
 End Sub
 
 ' Only what is declared is sure to be in a register, as this module runs source.
@@ -125,6 +127,42 @@ total = total + plane(1, 1) * 10000
 Set plane(1, 1) = i
 Next
 PrintString total                        '> 100704
+End Sub
+
+' Whole parts below zero and beyond Long; texts of other lengths than one.
+Sub parts
+Dim i, big, cut, down, held, s, size, t
+s = "abcdefghijklm"
+For i = 1 To 9
+down = down + Int(i * -0.3)
+cut = cut + Fix(i * -0.3)
+big = big + Int(i * 400000000.5)
+held = t
+t = t & Mid(s, i, 1 + i Mod 2)
+Next
+For i = -32766 To -32768 Step -1 : size = size + Abs(i) : Next
+PrintString down & " " & cut & " " & big & " " & size    '> -18 -9 18000000020 98301
+PrintString held & " " & t               '> abbcddeffghh abbcddeffghhij
+End Sub
+
+' A called procedure changes an array, and a variable's type.
+Sub calls
+Dim i, x, total
+ReDim kept(1)
+kept(1) = 1 : x = 1
+For i = 1 To 9
+total = total + kept(1) + x
+swell x, i
+total = total + kept(1) + x
+Next
+PrintString total                        '> 130.5
+End Sub
+Sub swell(x, n)
+If n = 5 Then
+ReDim kept(3)
+kept(1) = 10
+x = 2.5
+End If
 End Sub
 
 ' The array is a parameter; the object goes when its variable gets a number.
