@@ -30,11 +30,9 @@ void UnitCompiler::interpret() {
     end();
 }
 
-// The interpreter does this one instruction. Whatever it may look at is in the window by then.
-void UnitCompiler::callHelper() {
-    storeAll(kinds_, pc_);
+// Whatever the machine may look at has to be in the window by then. Gives what it returned.
+UnitCompiler::Gp UnitCompiler::callMachine(Surroundings::OfInstruction function) {
     InvokeNode* call = nullptr;
-    const auto function = at()->op == Op::CallBuiltin ? around_.builtin : around_.step;
     cc_.invoke(&call, imm(reinterpret_cast<std::uintptr_t>(function)),
                FuncSignatureT<std::uint64_t, void*, const void*>(CallConvId::kHost));
     const Gp status = temporary64();
@@ -42,6 +40,13 @@ void UnitCompiler::callHelper() {
     call->setArg(1, pointer(at()));
     call->setRet(0, status);
     cc_.test(status, status);
+    return status;
+}
+
+// The interpreter does this one instruction.
+void UnitCompiler::callHelper() {
+    storeAll(kinds_, pc_);
+    const Gp status = callMachine(at()->op == Op::CallBuiltin ? around_.builtin : around_.step);
     cc_.jne(aside([this, status] { cc_.ret(status); }));
 }
 
@@ -709,16 +714,12 @@ void UnitCompiler::jumpOnValue() {
 }
 
 // What is counted down too far is put right again, and the interpreter sees to it.
-void UnitCompiler::countDown(const int* number, Condition isOver) {
-    cc_.sub(x86::dword_ptr(address(number)), 1);
-    cc_.j(isOver, aside([this, number] {
-              cc_.add(x86::dword_ptr(address(number)), 1);
-              cc_.jmp(exit(Exit::Why::Pause));
-          }));
-}
-
 void UnitCompiler::tick() {
-    countDown(around_.ticks, Condition::kLE);
+    cc_.sub(x86::dword_ptr(address(around_.ticks)), 1);
+    cc_.jle(aside([this] {
+        cc_.add(x86::dword_ptr(address(around_.ticks)), 1);
+        cc_.jmp(exit(Exit::Why::Pause));
+    }));
 }
 
 // Where the budget is used up, the host is asked; with a new budget it goes on here.
@@ -730,14 +731,7 @@ void UnitCompiler::poll() {
     cc_.jl(aside([this, budget, goesOn, &left] {
         cc_.add(x86::dword_ptr(address(budget)), 1);
         storeAll(kinds_, pc_);
-        InvokeNode* call = nullptr;
-        cc_.invoke(&call, imm(reinterpret_cast<std::uintptr_t>(around_.ask)),
-                   FuncSignatureT<std::uint64_t, void*, const void*>(CallConvId::kHost));
-        const Gp status = temporary64();
-        call->setArg(0, pointer(around_.machine));
-        call->setArg(1, pointer(at()));
-        call->setRet(0, status);
-        cc_.test(status, status);
+        const Gp status = callMachine(around_.ask);
         cc_.je(goesOn);
         const Label hasFailed = cc_.newLabel();
         cc_.cmp(status, answered);

@@ -321,14 +321,7 @@ void UnitCompiler::callProcedure() {
     cc_.dec(x86::dword_ptr(ticks));
     const Label inTime = cc_.newLabel();
     cc_.jle(aside([this, inTime] {
-        const Gp status = temporary64();
-        InvokeNode* call = nullptr;
-        cc_.invoke(&call, imm(reinterpret_cast<std::uintptr_t>(around_.tick)),
-                   FuncSignatureT<std::uint64_t, void*, const void*>(CallConvId::kHost));
-        call->setArg(0, pointer(around_.machine));
-        call->setArg(1, pointer(at()));
-        call->setRet(0, status);
-        cc_.test(status, status);
+        const Gp status = callMachine(around_.tick);
         cc_.je(inTime);
         cc_.ret(status);
     }));

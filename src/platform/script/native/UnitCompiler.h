@@ -32,12 +32,12 @@ struct Surroundings {
     std::uint32_t* failCountdown = nullptr;  // null unless guards are to fail by force
     std::uint64_t* executed = nullptr;       // by operation; null unless they are counted
     // All return `returned` or `failed`, and throw nothing.
-    std::uint64_t (*step)(Machine*, const Instruction*) = nullptr;  // does one instruction as the interpreter does
-    std::uint64_t (*tick)(Machine*, const Instruction*) = nullptr;  // looks at the clock
-    std::uint64_t (*ask)(Machine*,
-                         const Instruction*) = nullptr;  // at a Poll; or `answered`: goes on at the frame's pc
+    using OfInstruction = std::uint64_t (*)(Machine*, const Instruction*);
+    OfInstruction step = nullptr;     // does one instruction as the interpreter does
+    OfInstruction tick = nullptr;     // looks at the clock
+    OfInstruction ask = nullptr;      // at a Poll; or `answered`: goes on at the frame's pc
+    OfInstruction builtin = nullptr;  // calls a built-in function
     void (*release)(Value*) = nullptr;
-    std::uint64_t (*builtin)(Machine*, const Instruction*) = nullptr;  // calls a built-in function
     // One character of a text; else it returns `failed` and changes nothing. R[0] is the result, R[1] the text.
     std::uint64_t (*character)(Machine*, Value* window, std::int32_t place) = nullptr;
     // Below, at or above 0: as the left text is less than, equal to or greater than the right one.
@@ -195,6 +195,7 @@ class UnitCompiler {
     // Templates.
     void interpret();  // the instruction is left to the interpreter
     void helper();     // it is done by the interpreter's own code, and the machine code goes on
+    Gp callMachine(Surroundings::OfInstruction function);
     void callHelper();
     void loadConstant();
     void copy();
@@ -224,7 +225,6 @@ class UnitCompiler {
     void compareAndJump();
     void jump();
     void jumpOnValue();
-    void countDown(const int* number, Condition isOver);
     void tick();
     void poll();
     void nothing() {}
