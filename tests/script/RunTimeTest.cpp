@@ -48,6 +48,10 @@ TEST(Limits, MemoryThatRunsOutIsAnErrorAndComesBack) {
     const std::pair<const char*, const char*> cases[] = {
         {"s = \"0123456789\"\nDo\ns = s & s\nLoop", "error 7 line 3\n"},
         {"s = String(10000000, \"x\")\nDim a(1000)\nFor i = 1 To 1000\na(i) = s & i\nNext", "error 7 line 4\n"},
+        // There is room behind the text, but it is held twice.
+        {"Sub p\nDim i, s, t\nkept = String(40000000, \"x\")\ns = String(12000000, \"x\")\nFor i = 1 To 3\n"
+         "s = s & \"yy\"\nt = s\nNext\nEnd Sub\np",
+         "error 7 line 6\n"},
         {"Dim a(99999999)", "error 7 line 1\n"},
         {"ReDim a(2147483647)", "error 7 line 1\n"},
         {"ReDim a(1000, 1000, 1000)", "error 7 line 1\n"},

@@ -7,7 +7,7 @@ If what = 3 Then ReDim kept(1)
 End Sub
 End Class
 
-Dim kept, sum
+Dim kept, spare, sum
 
 Sub Main()
 ' A procedure that is too long to be compiled stays interpreted, however often it is called.
@@ -75,6 +75,9 @@ q = 0 : q = (n - 1) \ i : list = list & q & " " & Err.Number & ";" : Err.Clear
 q = 0 : q = (n - 1) Mod i : list = list & q & " " & Err.Number & ";" : Err.Clear
 Next
 PrintString list                         '> -1073741824 0;0 0;-2147483648 0;0 0;0 11;0 11;0 6;0 0;
+list = "" : x = "ab"
+For i = 3 To -1 Step -1 : list = list & Mid(x, i, 1) & Err.Number & ";" : Err.Clear : Next
+PrintString list                         '> 0;b0;a0;
 n = 0 : list = "" : x = ""
 For i = 1 To 5000
 If i Mod 100 = 0 Then x = list
@@ -140,8 +143,10 @@ big = big + Int(i * 400000000.5)
 held = t
 t = t & Mid(s, i, 1 + i Mod 2)
 Next
-For i = -32766 To -32768 Step -1 : size = size + Abs(i) : Next
-PrintString down & " " & cut & " " & big & " " & size    '> -18 -9 18000000020 98301
+For i = -32766 To -32768 Step -1 : size = size & Abs(i) & TypeName(Abs(i)) & " " : Next
+For i = -2147483647 To -2147483648 Step -1 : size = size & Abs(i) & TypeName(Abs(i)) & " " : Next
+PrintString down & " " & cut & " " & big                 '> -18 -9 18000000020
+PrintString size    '> 32766Integer 32767Integer 32768Long 2147483647Long 2147483648Double 
 PrintString held & " " & t               '> abbcddeffghh abbcddeffghhij
 End Sub
 
@@ -156,12 +161,55 @@ swell x, i
 total = total + kept(1) + x
 Next
 PrintString total                        '> 130.5
+ReDim kept(1)
+kept(1) = 1
+PrintString again(kept)                  '> 99
+total = ""
+For i = 1 To 3
+kept = 0
+Set spare = New Guarded
+spare.what = 1
+hold
+total = total & kept
+Next
+PrintString total                        '> 555
+PrintString skipped                      '> 6 error 501
 End Sub
+' An object goes when the procedure returns whose variable holds it.
+Sub hold
+Dim held
+Set held = spare
+Set spare = Nothing
+End Sub
+' What counts the passes is still needed where an error leads to the next statement.
+Function skipped
+Dim i, j
+On Error Resume Next
+For i = 1 To 3
+For j = 1 To i
+skipped = skipped + 1
+hold = 1
+Next
+Next
+skipped = skipped & " error " & Err.Number
+End Function
+' Its parameter is the array that the called procedure changes.
+Function again(list)
+Dim i
+For i = 1 To 9
+again = again + list(1)
+grow i
+again = again + list(1)
+Next
+End Function
 Sub swell(x, n)
+grow n
+If n = 5 Then x = 2.5
+End Sub
+Sub grow(n)
 If n = 5 Then
 ReDim kept(3)
 kept(1) = 10
-x = 2.5
 End If
 End Sub
 
