@@ -13,6 +13,15 @@
 namespace tolvan {
 namespace {
 
+// On Windows the dialog neither appears nor tells anything where there is no printer.
+bool canAsk([[maybe_unused]] const QPrinter& printer) {
+#ifdef Q_OS_WIN
+    return printer.outputFormat() == QPrinter::NativeFormat;
+#else
+    return true;
+#endif
+}
+
 std::vector<int> wantedPages(const QPrinter& printer, int count) {
     const bool isRange = printer.printRange() == QPrinter::PageRange;
     const int first = isRange ? std::max(printer.fromPage(), 1) : 1;
@@ -42,6 +51,7 @@ void printPages(const PaintedPages& pages, const QString& name, QWidget* parent)
     QPrinter printer(QPrinter::HighResolution);
     printer.setFullPage(true);
     printer.setDocName(name.isEmpty() ? QStringLiteral("Tolvan Basic") : name);
+    if (!canAsk(printer)) return ShowMessage(std::string(messages::notPrinted));
     const QPointer<QPrintDialog> dialog = new QPrintDialog(&printer, parent);
     dialog->setMinMax(1, pages.pages());
     dialog->setFromTo(1, pages.pages());

@@ -27,6 +27,14 @@ bool canBeReadByOthers([[maybe_unused]] const QString& file) {
 #endif
 }
 
+bool canBeFollowed([[maybe_unused]] const Section& session) {
+#ifdef _WIN32  // where names of files have no stars
+    return !session.title.starts_with("A star in the name");
+#else
+    return true;
+#endif
+}
+
 class SessionTest : public EditorTest, public testing::WithParamInterface<Section> {
   protected:
     SessionTest() {
@@ -253,6 +261,7 @@ class SessionTest : public EditorTest, public testing::WithParamInterface<Sectio
 };
 
 TEST_P(SessionTest, ShowsWhatItShould) {
+    if (!canBeFollowed(GetParam())) GTEST_SKIP();
     for (const std::string& line : GetParam().lines)
         if (!line.empty()) follow(line);
     EXPECT_TRUE(user.answers.empty() && user.files.empty()) << "questions that were not asked";

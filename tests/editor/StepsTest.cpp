@@ -415,11 +415,17 @@ TEST_F(TraceTest, AnEarlierMomentIsShownAgain) {
     EXPECT_EQ(window().text(true),
               "line,text,इ\n1,इ साठी १ ते २ पर्यंत,१\n2,दाखव इ,१\n3,पुढचा इ,२\n2,दाखव इ,२\n3,पुढचा इ,३\n");
     user.files = {path("trace.csv"), path("trace.pdf")};
-    printInto(path("printed.pdf"));
-    for (const char* button : {"cmdCsv", "cmdPdf", "cmdPrint", "cmdCopy"})
+    const auto press = [this](const char* button) {
         QTest::mouseClick(window().findChild<QPushButton*>(QLatin1String(button)), Qt::LeftButton);
+    };
+    for (const char* button : {"cmdCsv", "cmdPdf", "cmdCopy"}) press(button);
     EXPECT_EQ(contentOf(path("trace.csv")).toStdString(), window().text(true));
-    for (const char* file : {"trace.pdf", "printed.pdf"}) EXPECT_TRUE(contentOf(path(file)).startsWith("%PDF")) << file;
+    EXPECT_TRUE(contentOf(path("trace.pdf")).startsWith("%PDF"));
+#ifndef _WIN32  // whose print dialog is the system's own
+    printInto(path("printed.pdf"));
+    press("cmdPrint");
+    EXPECT_TRUE(contentOf(path("printed.pdf")).startsWith("%PDF"));
+#endif
     EXPECT_EQ(QApplication::clipboard()->text().toStdString(), window().text(false));
     editor->unloadConsole();  // as for another program
     choose(1);
@@ -493,14 +499,16 @@ TEST_F(TraceTest, ATypedGuessIsCheckedAndTheNextOneAskedFor) {
 
 TEST_F(StepsTest, ANarrowToolBarHasTheButtonsForSteps) {
     setProgram(doubling);
-    editor->resize(460, 600);
-    QApplication::processEvents();
     const auto seen = [this] {
         std::string keys;
         for (const char* key : {"FileNew", "EditCut", "RunEnd", "RunStepInto", "RunStepOut"})
             keys += editor->findChild<QToolButton*>(QLatin1String(key))->isVisible() ? '1' : '0';
         return keys;
     };
+    for (int width = 700; width > 300 && seen()[3] == '1'; width -= 10) {  // how wide a button is depends on the font
+        editor->resize(width, 600);
+        QApplication::processEvents();
+    }
     EXPECT_EQ(seen(), "11100");
     std::string standing;
     session("F11 F11 look", {{"look", [&] {
