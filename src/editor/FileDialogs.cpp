@@ -13,10 +13,11 @@
 namespace tolvan {
 namespace {
 
-// A proposed name comes from the user's caption of the program, which may hold anything.
+// A proposed name comes from the user's caption of the program, which may hold anything; Windows and
+// memory sticks refuse these.
 QString asFileName(QString name) {
     for (QChar& character : name)
-        if (character == QLatin1Char('/') || character == QLatin1Char('\\') || character < QLatin1Char(' '))
+        if (QLatin1String("/\\:*?\"<>|").contains(character) || character < QLatin1Char(' '))
             character = QLatin1Char('-');
     return name.trimmed();
 }

@@ -240,13 +240,14 @@ TEST_F(StartTest, AFailureWhileWritingIsToldWithItsReason) {
 }
 
 TEST_F(StartTest, TheMenuWritesAnExecutableBesideTheEditor) {
-    process_.folder().write("Prog.tvp", "n/v\r\ndAkhav 1\r\n");
+    process_.folder().write("Prog.tvp", "n/v?\r\ndAkhav 1\r\n");
     const DrivenResult result = start({"prog.tvp"}, {"frmEditor command FileMakeEXE", "QFileDialog type",
                                                      "frmMMsgbox click cmdOK", "frmEditor close"});
     EXPECT_EQ(result.status, 0) << result.errors;
-    EXPECT_THAT(result.windows, ElementsAre(StartsWith(splash), AllOf(StartsWith(editorWindow), HasSubstr("Prog.tvp")),
-                                            StartsWith("QFileDialog|Make EXE as..."), HasSubstr("tyar Hale: n-v.exe")));
-    EXPECT_GT(fs::file_size(process_.folder() / "n-v.exe"), fs::file_size(programFolder() + "/engine.dat"));
+    EXPECT_THAT(result.windows,
+                ElementsAre(StartsWith(splash), AllOf(StartsWith(editorWindow), HasSubstr("Prog.tvp")),
+                            StartsWith("QFileDialog|Make EXE as..."), HasSubstr("tyar Hale: n-v-.exe")));
+    EXPECT_GT(fs::file_size(process_.folder() / "n-v-.exe"), fs::file_size(programFolder() + "/engine.dat"));
 }
 
 TEST_F(StartTest, TheEndingTellsForWhichSystemTheMenuMakesAnExecutable) {
